@@ -1,0 +1,41 @@
+# One library per folder of src/, one test program per folder of tests/: both take every .cpp file that lies there.
+
+find_program(CCACHE ccache)
+if(CCACHE)
+  set(CMAKE_CXX_COMPILER_LAUNCHER ${CCACHE})
+endif()
+
+add_library(house_options INTERFACE)
+target_compile_options(house_options INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor
+                                               -Woverloaded-virtual -Werror)
+if(MYTESSARON_SANITIZE)
+  target_compile_options(house_options INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=all
+                                                 -fno-omit-frame-pointer)
+  target_link_options(house_options INTERFACE -fsanitize=address,undefined)
+endif()
+if(MYTESSARON_FUZZ)
+  target_compile_options(house_options INTERFACE -fsanitize=fuzzer-no-link,address,undefined
+                                                 -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  target_link_options(house_options INTERFACE -fsanitize=address,undefined)
+endif()
+if(MYTESSARON_COVERAGE)
+  target_compile_options(house_options INTERFACE --coverage)
+  target_link_options(house_options INTERFACE --coverage)
+endif()
+
+# house_library(NAME libraries...): the library of this folder. It exports this folder's headers only, so that a
+# header of a room further up cannot be included.
+function(house_library name)
+  file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp ${CMAKE_CURRENT_SOURCE_DIR}/dialogs/*.cpp)
+  add_library(${name} STATIC ${sources})
+  target_include_directories(${name} PUBLIC ${CMAKE_CURRENT_SOURCE_DIR})
+  target_link_libraries(${name} PUBLIC house_options ${ARGN})
+endfunction()
+
+# house_test(NAME libraries...): the GoogleTest program of this folder, named NAME_tests.
+function(house_test name)
+  file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp)
+  add_executable(${name}_tests ${sources})
+  target_link_libraries(${name}_tests PRIVATE ${ARGN} test_support GTest::gmock GTest::gtest_main)
+  gtest_discover_tests(${name}_tests TEST_PREFIX ${name}. DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 300)
+endfunction()

@@ -1,0 +1,34 @@
+#pragma once
+
+/// The user texts of this folder. Those with placeholders go through fmt.
+namespace FoundationTexts {
+inline constexpr const char* SystemError = "Systemfehler (Fehlercode: {}).\r\n{}";
+inline constexpr const char* FileNotFound = "Das System kann die angegebene Datei nicht finden.";
+inline constexpr const char* PathNotFound = "Das System kann den angegebenen Pfad nicht finden.";
+inline constexpr const char* AccessDenied = "Zugriff verweigert.";
+inline constexpr const char* NotEnoughMemory = "Der Arbeitsspeicher reicht nicht aus.";
+inline constexpr const char* SharingViolation =
+    "Der Prozess kann nicht auf die Datei zugreifen, da sie von einem anderen Prozess verwendet wird.";
+inline constexpr const char* DiskFull = "Auf dem Datenträger ist nicht genügend Speicherplatz vorhanden.";
+
+inline constexpr const char* AssignNotSupported = "Inhaltszweisung wird nicht unterstützt.";
+inline constexpr const char* StaticClass = "Eine Instanz der Klasse \"{}\" darf nicht abgelegt werden.";
+inline constexpr const char* SecondInstance = "Eine zweite Instanz der Klasse \"{}\" ist nicht erlaubt.";
+
+inline constexpr const char* ListIndex = "Listenindex überschreitet das Maximum ({})";
+inline constexpr const char* ListCapacity = "Kapazität der Liste ist erschöpft ({})";
+inline constexpr const char* ListItemNotFound = "Angefordertes Listenelement nicht gefunden.";
+inline constexpr const char* ListDuplicate = "Keine Duplikate in der Liste erlaubt.";
+inline constexpr const char* MapCapacity = "InitialCapacity muss größer oder gleich 0 sein.";
+inline constexpr const char* MapLoadFactor = "LoadFactor muss größer 0 sein.";
+
+inline constexpr const char* ShortRead = "Es konnten nicht alle Daten gelesen werden.";
+inline constexpr const char* ShortWrite = "Es konnten nicht alle Daten geschrieben werden.";
+inline constexpr const char* UuidVersion = "Version must be either 3 or 5.";
+
+inline constexpr const char* NoInteger = "\"{}\" ist keine gültige Ganzzahl.";
+inline constexpr const char* NoFloat = "\"{}\" ist keine gültige Gleitkommazahl.";
+inline constexpr const char* NoDate = "\"{}\" ist kein gültiges Datum.";
+inline constexpr const char* NoGuid = "\"{}\" ist kein gültiger GUID-Wert.";
+inline constexpr const char* VariantKind = "Variante vom Typ {} kann nicht in Typ {} umgewandelt werden.";
+}  // namespace FoundationTexts

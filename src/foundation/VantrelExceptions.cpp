@@ -1,0 +1,64 @@
+#include "VantrelExceptions.h"
+
+#include <fmt/format.h>
+
+#include <cerrno>
+#include <cstring>
+
+#include "FoundationTexts.h"
+
+namespace {
+constexpr std::uint32_t ForeignErrnoBase = 10000;
+}
+
+EVantrelWin32Error::EVantrelWin32Error() : EVantrelWin32Error(CodeOfErrno(errno)) {}
+
+EVantrelWin32Error::EVantrelWin32Error(std::uint32_t code)
+    : EVantrelException(fmt::format(fmt::runtime(FoundationTexts::SystemError), code, TextOf(code))),
+      FErrorCode(code) {}
+
+std::uint32_t EVantrelWin32Error::CodeOfErrno(int error) noexcept {
+  const auto code = [](TVantrelErrorCode known) { return static_cast<std::uint32_t>(known); };
+  switch (error) {
+    case ENOENT:
+      return code(TVantrelErrorCode::FileNotFound);
+    case ENOTDIR:
+    case ENAMETOOLONG:
+    case ELOOP:
+      return code(TVantrelErrorCode::PathNotFound);
+    case EACCES:
+    case EPERM:
+    case EROFS:
+    case EISDIR:
+      return code(TVantrelErrorCode::AccessDenied);
+    case ENOMEM:
+      return code(TVantrelErrorCode::NotEnoughMemory);
+    case EAGAIN:
+    case ETXTBSY:
+    case EBUSY:
+      return code(TVantrelErrorCode::SharingViolation);
+    case ENOSPC:
+    case EDQUOT:
+      return code(TVantrelErrorCode::DiskFull);
+    default:
+      return ForeignErrnoBase + static_cast<std::uint32_t>(error);
+  }
+}
+
+std::string EVantrelWin32Error::TextOf(std::uint32_t code) {
+  switch (static_cast<TVantrelErrorCode>(code)) {
+    case TVantrelErrorCode::FileNotFound:
+      return FoundationTexts::FileNotFound;
+    case TVantrelErrorCode::PathNotFound:
+      return FoundationTexts::PathNotFound;
+    case TVantrelErrorCode::AccessDenied:
+      return FoundationTexts::AccessDenied;
+    case TVantrelErrorCode::NotEnoughMemory:
+      return FoundationTexts::NotEnoughMemory;
+    case TVantrelErrorCode::SharingViolation:
+      return FoundationTexts::SharingViolation;
+    case TVantrelErrorCode::DiskFull:
+      return FoundationTexts::DiskFull;
+  }
+  return code >= ForeignErrnoBase ? std::strerror(static_cast<int>(code - ForeignErrnoBase)) : std::string();
+}

@@ -1,0 +1,83 @@
+#pragma once
+
+#include <cstdint>
+#include <exception>
+#include <string>
+
+/// Root of the program's exceptions. Carries the message that the user reads, in UTF-8.
+class EVantrelException : public std::exception {
+ public:
+  explicit EVantrelException(std::string message) : FMessage(std::move(message)) {}
+
+  const std::string& Message() const noexcept { return FMessage; }
+  const char* what() const noexcept override { return FMessage.c_str(); }
+
+ private:
+  std::string FMessage;
+};
+
+/// Codes of the system errors that the program tells apart, whatever the platform calls them.
+enum class TVantrelErrorCode : std::uint32_t {
+  FileNotFound = 2,
+  PathNotFound = 3,
+  AccessDenied = 5,
+  NotEnoughMemory = 8,
+  SharingViolation = 32,
+  DiskFull = 112,
+};
+
+/// A failed call to the operating system, with its code and the system's text for it.
+class EVantrelWin32Error : public EVantrelException {
+ public:
+  /// Takes the last error of the calling thread (errno).
+  EVantrelWin32Error();
+  explicit EVantrelWin32Error(std::uint32_t code);
+  explicit EVantrelWin32Error(TVantrelErrorCode code) : EVantrelWin32Error(static_cast<std::uint32_t>(code)) {}
+
+  std::uint32_t ErrorCode() const noexcept { return FErrorCode; }
+
+  /// The documented code for an errno value; an errno without one is given as 10000 + errno.
+  static std::uint32_t CodeOfErrno(int error) noexcept;
+  /// The system's text for a code, in German where the code has a name above.
+  static std::string TextOf(std::uint32_t code);
+
+ private:
+  std::uint32_t FErrorCode;
+};
+
+class EVantrelFileSystemError : public EVantrelWin32Error {
+  using EVantrelWin32Error::EVantrelWin32Error;
+};
+class EVantrelFileHandleError : public EVantrelWin32Error {
+  using EVantrelWin32Error::EVantrelWin32Error;
+};
+
+/// Names one direct descendant of EVantrelException.
+#define VANTREL_EXCEPTION(name)                \
+  class name : public EVantrelException {      \
+    using EVantrelException::EVantrelException; \
+  }
+
+VANTREL_EXCEPTION(EVantrelSingletonError);
+VANTREL_EXCEPTION(EVantrelStaticClassError);
+VANTREL_EXCEPTION(EVantrelRTTIError);
+VANTREL_EXCEPTION(EVantrelStreamWriterError);
+VANTREL_EXCEPTION(EVantrelAssignError);
+VANTREL_EXCEPTION(EVantrelPersistentError);
+VANTREL_EXCEPTION(EVantrelCollectionError);
+VANTREL_EXCEPTION(EVantrelMapError);
+VANTREL_EXCEPTION(EVantrelWriterError);
+VANTREL_EXCEPTION(EVantrelReaderError);
+VANTREL_EXCEPTION(EVantrelDateTimeError);
+VANTREL_EXCEPTION(EVantrelDataObjectWriterError);
+VANTREL_EXCEPTION(EVantrelDataObjectReaderError);
+VANTREL_EXCEPTION(EVantrelAesCipherError);
+VANTREL_EXCEPTION(EVantrelSocketError);
+VANTREL_EXCEPTION(EVantrelFileLaunchError);
+
+/// A text that cannot be turned into the number, date or GUID that is asked for; a variant of the wrong kind.
+VANTREL_EXCEPTION(EConvertError);
+/// An argument outside the values that an operation takes.
+VANTREL_EXCEPTION(EArgumentOutOfRangeException);
+
+#undef VANTREL_EXCEPTION
