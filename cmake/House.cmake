@@ -24,9 +24,15 @@ if(MYTESSARON_COVERAGE)
 endif()
 
 # house_library(NAME libraries...): the library of this folder. It exports this folder's headers only, so that a
-# header of a room further up cannot be included.
+# header of a room further up cannot be included. A folder without sources is a library of headers.
 function(house_library name)
   file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp ${CMAKE_CURRENT_SOURCE_DIR}/dialogs/*.cpp)
+  if(NOT sources)
+    add_library(${name} INTERFACE)
+    target_include_directories(${name} INTERFACE ${CMAKE_CURRENT_SOURCE_DIR})
+    target_link_libraries(${name} INTERFACE house_options ${ARGN})
+    return()
+  endif()
   add_library(${name} STATIC ${sources})
   target_include_directories(${name} PUBLIC ${CMAKE_CURRENT_SOURCE_DIR})
   target_link_libraries(${name} PUBLIC house_options ${ARGN})
@@ -35,6 +41,9 @@ endfunction()
 # house_test(NAME libraries...): the GoogleTest program of this folder, named NAME_tests.
 function(house_test name)
   file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp)
+  if(NOT sources)
+    return()
+  endif()
   add_executable(${name}_tests ${sources})
   target_link_libraries(${name}_tests PRIVATE ${ARGN} test_support GTest::gmock GTest::gtest_main)
   gtest_discover_tests(${name}_tests TEST_PREFIX ${name}. DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 300)
