@@ -24,6 +24,7 @@ inline constexpr const char* MapLoadFactor = "LoadFactor muss größer 0 sein.";
 
 inline constexpr const char* ShortRead = "Es konnten nicht alle Daten gelesen werden.";
 inline constexpr const char* ShortWrite = "Es konnten nicht alle Daten geschrieben werden.";
+inline constexpr const char* HashFailed = "Die Prüfsumme konnte nicht gebildet werden.";
 inline constexpr const char* UuidVersion = "Version must be either 3 or 5.";
 
 inline constexpr const char* NoInteger = "\"{}\" ist keine gültige Ganzzahl.";
@@ -31,4 +32,7 @@ inline constexpr const char* NoFloat = "\"{}\" ist keine gültige Gleitkommazahl
 inline constexpr const char* NoDate = "\"{}\" ist kein gültiges Datum.";
 inline constexpr const char* NoGuid = "\"{}\" ist kein gültiger GUID-Wert.";
 inline constexpr const char* VariantKind = "Variante vom Typ {} kann nicht in Typ {} umgewandelt werden.";
+/// In the order of TVariantKind.
+inline constexpr const char* VariantKinds[] = {"Unbelegt",       "Null",  "Wahrheitswert", "Ganzzahl",
+                                               "Gleitkommazahl", "Datum", "Text"};
 }  // namespace FoundationTexts

@@ -1,0 +1,159 @@
+#include "VantrelNumbers.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+#include <cstring>
+#include <limits>
+#include <optional>
+
+#include "FoundationTexts.h"
+#include "VantrelExceptions.h"
+
+namespace {
+constexpr int SignificantDigits = 15;
+constexpr double IntegerLimit = 1e15;
+constexpr int SmallestDecimalExponent = -5;
+
+std::string_view Trimmed(std::string_view text) {
+  const auto isBlank = [](char c) { return static_cast<unsigned char>(c) <= ' '; };
+  while (!text.empty() && isBlank(text.front())) text.remove_prefix(1);
+  while (!text.empty() && isBlank(text.back())) text.remove_suffix(1);
+  return text;
+}
+
+char* Put(std::string_view text, char* out) {
+  std::memcpy(out, text.data(), text.size());
+  return out + text.size();
+}
+
+/// The digits of a value without their trailing zeros, the first of them being worth 10^Exponent.
+struct TDigits {
+  char Text[SignificantDigits];
+  std::size_t Count = SignificantDigits;
+  int Exponent = 0;
+
+  explicit TDigits(double positive) {
+    char buffer[FloatTextCapacity];
+    const auto end =
+        std::to_chars(buffer, buffer + sizeof buffer, positive, std::chars_format::scientific, SignificantDigits - 1);
+    Text[0] = buffer[0];
+    std::memcpy(Text + 1, buffer + 2, SignificantDigits - 1);
+    const char* exponent = buffer + SignificantDigits + 2;
+    if (*exponent == '+') ++exponent;
+    std::from_chars(exponent, end.ptr, Exponent);
+    while (Count > 1 && Text[Count - 1] == '0') --Count;
+  }
+
+  std::string_view Range(std::size_t from, std::size_t to) const { return {Text + from, to - from}; }
+};
+
+char* PutScientific(const TDigits& digits, char* out) {
+  *out++ = digits.Text[0];
+  if (digits.Count > 1) {
+    *out++ = '.';
+    out = Put(digits.Range(1, digits.Count), out);
+  }
+  *out++ = 'E';
+  return std::to_chars(out, out + 5, digits.Exponent).ptr;
+}
+
+char* PutDecimal(const TDigits& digits, char* out) {
+  if (digits.Exponent < 0) {
+    out = Put(std::string_view("0.0000").substr(0, static_cast<std::size_t>(1 - digits.Exponent)), out);
+    return Put(digits.Range(0, digits.Count), out);
+  }
+  const auto whole = static_cast<std::size_t>(digits.Exponent) + 1;
+  out = Put(digits.Range(0, std::min(whole, digits.Count)), out);
+  if (digits.Count <= whole) return std::fill_n(out, whole - digits.Count, '0');
+  *out++ = '.';
+  return Put(digits.Range(whole, digits.Count), out);
+}
+
+/// A text beyond the range of a double: the largest double still counts as itself where 15 digits rounded it up, and
+/// what is too small is 0.
+std::optional<double> OutOfRangeToFloat(std::string_view text) {
+  constexpr double largest = std::numeric_limits<double>::max();
+  long double value = 0;
+  std::from_chars(text.data(), text.data() + text.size(), value);
+  if (std::abs(value) < 1) return 0.0;
+  if (std::abs(value) > largest * (1 + 1e-14L)) return std::nullopt;
+  return value < 0 ? -largest : largest;
+}
+
+std::optional<double> ParseFloat(std::string_view text) {
+  if (text.starts_with('+') && !text.starts_with("+-")) text.remove_prefix(1);
+  double value = 0;
+  const char* const end = text.data() + text.size();
+  const auto [at, error] = std::from_chars(text.data(), end, value);
+  if (at != end || error == std::errc::invalid_argument) return std::nullopt;
+  return error == std::errc::result_out_of_range ? OutOfRangeToFloat(text) : value;
+}
+
+template <class T>
+std::optional<T> ParseWhole(std::string_view digits, int base) {
+  T value = 0;
+  const char* const end = digits.data() + digits.size();
+  const auto [at, error] = std::from_chars(digits.data(), end, value, base);
+  if (at != end || error != std::errc()) return std::nullopt;
+  return value;
+}
+
+std::optional<std::int64_t> ParseInteger(std::string_view text) {
+  text = Trimmed(text);
+  std::string_view digits = text;
+  const bool negative = digits.starts_with('-');
+  if (negative || digits.starts_with('+')) digits.remove_prefix(1);
+  if (digits.empty() || digits.front() == '-') return std::nullopt;
+  const std::size_t prefix = digits.front() == '$' ? 1 : digits.starts_with("0x") || digits.starts_with("0X") ? 2 : 0;
+  if (prefix == 0) return ParseWhole<std::int64_t>(negative ? text : digits, 10);
+  const auto bits = ParseWhole<std::uint64_t>(digits.substr(prefix), 16);
+  if (!bits) return std::nullopt;
+  return static_cast<std::int64_t>(negative ? 0 - *bits : *bits);
+}
+}  // namespace
+
+std::size_t WriteFloatText(double value, char* target) {
+  char* out = target;
+  if (std::abs(value) < IntegerLimit && value == std::trunc(value)) {
+    return static_cast<std::size_t>(std::to_chars(out, out + FloatTextCapacity, static_cast<std::int64_t>(value)).ptr -
+                                    target);
+  }
+  if (std::isnan(value)) return static_cast<std::size_t>(Put("NAN", out) - target);
+  if (value < 0) *out++ = '-';
+  if (std::isinf(value)) return static_cast<std::size_t>(Put("INF", out) - target);
+  const TDigits digits(std::abs(value));
+  const bool decimal = digits.Exponent >= SmallestDecimalExponent && digits.Exponent < SignificantDigits;
+  return static_cast<std::size_t>((decimal ? PutDecimal(digits, out) : PutScientific(digits, out)) - target);
+}
+
+std::string FloatToText(double value) {
+  char buffer[FloatTextCapacity];
+  return {buffer, WriteFloatText(value, buffer)};
+}
+
+double TextToFloat(std::string_view text) {
+  const std::string_view trimmed = Trimmed(text);
+  std::optional<double> value;
+  if (trimmed.find(',') == std::string_view::npos) {
+    value = ParseFloat(trimmed);
+  } else {
+    std::string points(trimmed);
+    std::replace(points.begin(), points.end(), ',', '.');
+    value = ParseFloat(points);
+  }
+  if (!value) throw EConvertError(fmt::format(fmt::runtime(FoundationTexts::NoFloat), text));
+  return *value;
+}
+
+std::int64_t TextToInteger(std::string_view text) {
+  const auto value = ParseInteger(text);
+  if (!value) throw EConvertError(fmt::format(fmt::runtime(FoundationTexts::NoInteger), text));
+  return *value;
+}
+
+std::int64_t TextToIntegerOr(std::string_view text, std::int64_t fallback) {
+  return ParseInteger(text).value_or(fallback);
+}
