@@ -77,7 +77,7 @@ char* PutDecimal(const TDigits& digits, char* out) {
 std::optional<double> OutOfRangeToFloat(std::string_view text) {
   constexpr double largest = std::numeric_limits<double>::max();
   long double value = 0;
-  std::from_chars(text.data(), text.data() + text.size(), value);
+  if (std::from_chars(text.data(), text.data() + text.size(), value).ec != std::errc()) return std::nullopt;
   if (std::abs(value) < 1) return 0.0;
   if (std::abs(value) > largest * (1 + 1e-14L)) return std::nullopt;
   return value < 0 ? -largest : largest;

@@ -1,0 +1,77 @@
+#include "VantrelVariant.h"
+
+#include <gtest/gtest.h>
+
+#include "VantrelExceptions.h"
+
+namespace {
+const TVariant MayThird = TVariant::DateTime(39571.75);
+
+TEST(Variant, ConvertsToNumbersAndText) {
+  const struct {
+    TVariant Value;
+    double Float;
+    std::int32_t Integer;
+    const char* Text;
+  } cases[] = {
+      {TVariant(), 0, 0, ""},        {true, 1, 1, "True"},
+      {false, 0, 0, "False"},        {-7, -7, -7, "-7"},
+      {2.5, 2.5, 2, "2,5"},          {3.5, 3.5, 4, "3,5"},
+      {-2.5, -2.5, -2, "-2,5"},      {MayThird, 39571.75, 39572, "03.05.2008"},
+      {"12,25", 12.25, 12, "12,25"},
+  };
+  for (const auto& [value, asFloat, asInteger, asText] : cases) {
+    EXPECT_EQ(value.AsFloat(), asFloat) << asText;
+    EXPECT_EQ(value.AsInteger(), asInteger) << asText;
+    EXPECT_EQ(value.AsBoolean(), asFloat != 0) << asText;
+    EXPECT_EQ(value.AsText(), asText);
+  }
+  EXPECT_TRUE(TVariant("TRUE").AsBoolean());
+  EXPECT_FALSE(TVariant("false").AsBoolean());
+}
+
+TEST(Variant, RefusesWhatHasNoValue) {
+  const TVariant null = TVariant::Null();
+  EXPECT_THROW(null.AsInteger(), EConvertError);
+  EXPECT_THROW(null.AsFloat(), EConvertError);
+  EXPECT_THROW(null.AsBoolean(), EConvertError);
+  EXPECT_THROW(null.AsText(), EConvertError);
+  EXPECT_EQ(null.AsTextOrEmpty(), "");
+  EXPECT_THROW(TVariant("drei").AsInteger(), EConvertError);
+  EXPECT_THROW(TVariant(2147483648.0).AsInteger(), EConvertError);
+  EXPECT_THROW(TVariant("NAN").AsInteger(), EConvertError);
+  EXPECT_EQ(TVariant(2147483647.4).AsInteger(), 2147483647);
+}
+
+TEST(Variant, ComparesAsADatabaseDoes) {
+  const TVariant null = TVariant::Null();
+  EXPECT_EQ(null, TVariant::Null());
+  EXPECT_EQ(TVariant(), TVariant());
+  EXPECT_EQ(TVariant(2), TVariant(2.0));
+  EXPECT_EQ(TVariant("2,0"), TVariant(2));
+  EXPECT_EQ(TVariant(39571.75), MayThird);
+  EXPECT_EQ(TVariant("a"), TVariant("a"));
+  EXPECT_FALSE(null == TVariant(0));
+  EXPECT_FALSE(null == TVariant());
+  EXPECT_FALSE(TVariant("") == null);
+  EXPECT_FALSE(TVariant("x") == TVariant(0));
+  EXPECT_FALSE(TVariant("2,0") == TVariant("2"));
+  EXPECT_FALSE(TVariant(std::int64_t{1} << 53) == TVariant((std::int64_t{1} << 53) + 1));
+}
+
+TEST(Variant, TextsAreCopiedAndMoved) {
+  TVariant text("ein Text, der länger ist als ein kurzer");
+  TVariant copy(text);
+  const TVariant& same = copy;
+  copy = same;
+  EXPECT_EQ(copy, text);
+  TVariant moved(std::move(copy));
+  EXPECT_EQ(moved, text);
+  text = 5;
+  EXPECT_EQ(text.AsInteger(), 5);
+  text = std::move(moved);
+  EXPECT_EQ(text.Kind(), TVariantKind::Text);
+  text = TVariant::Null();
+  EXPECT_TRUE(text.IsNull());
+}
+}  // namespace
