@@ -1,0 +1,194 @@
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "VantrelVariant.h"
+
+class TVantrelMemTable;
+class TVantrelObject;
+
+enum class TGridValueKind { Text, Integer, Float, Date };
+enum class TGridEditorKind { Plain, Spin, Lookup, List, Date };
+enum class TGridSortOrder { None, Ascending, Descending };
+enum class TGridKey { Enter, Tab, Escape, Delete, Other };
+/// What becomes of a key: the grid deals with it, nobody does, or the focus goes down one row in the same column.
+enum class TGridKeyAction { Pass, Swallow, MoveDown };
+
+/// One entry of a fixed list: what the user sees, and the value that stands for it.
+struct TGridListItem {
+  std::string Text;
+  TVariant Value;
+};
+
+/// Where a lookup editor finds its entries. The drop-down offers the records that pass the table's filter; a cell shows
+/// its entry even when the filter holds it back. The table outlives the column.
+struct TGridLookup {
+  TVantrelMemTable* Table = nullptr;
+  std::string KeyField;
+  std::string ShownField;
+  std::string DescriptionField;
+};
+
+/// A column as the view makes it and as the user left it.
+struct TGridColumn {
+  std::string Id;
+  std::string Caption;
+  TGridValueKind Kind = TGridValueKind::Text;
+  TGridEditorKind Editor = TGridEditorKind::Plain;
+  int Width = 100;  ///< in pixels at scale 1
+  bool Visible = true;
+  bool InChooser = true;  ///< the user may show and hide it
+  bool Editing = true;    ///< false: no editor ever opens, and the veto is not asked
+  std::string Field;      ///< field of a bound table; a custom source goes by ordinal
+  TGridLookup Lookup;
+  std::vector<TGridListItem> Items;
+  double Minimum = 0;
+  double Maximum = 2147483647;
+  int Decimals = 0;  ///< places of a Float column
+  TGridSortOrder SortOrder = TGridSortOrder::None;
+  int SortIndex = -1;   ///< place among the sorted columns
+  int GroupIndex = -1;  ///< place among the grouped columns
+};
+
+/// What a grid lets the user do. The defaults are those of a read-only list.
+struct TGridOptions {
+  bool ReadOnly = true;
+  bool MultiSelect = false;
+  bool IncrementalSearch = true;
+  bool TabMovesCells = false;
+  bool EnterMovesToNextCell = false;
+  bool WrapAtRowEnd = false;
+  bool RowIndicator = false;
+  bool RowsFollowContent = false;
+  bool HeaderFollowsContent = false;
+  bool FillWidth = false;  ///< the last visible column takes the room that is left
+  bool Sorting = true;
+  bool SortedByView = false;  ///< rows stay in the order of the data: the view sorts them when the sort has changed
+  bool CaseSensitive = false;
+  bool Grouping = false;
+  bool Filtering = false;
+  bool Chooser = false;
+  bool MovingColumns = false;
+};
+
+/// Rows that come from objects instead of a table: a plain table model by record and column ordinal.
+class TVantrelGridSource {
+ public:
+  virtual ~TVantrelGridSource() = default;
+  virtual int GetRecordCount() = 0;
+  /// The object behind a row, none where there is no such row. Not owned by the caller.
+  virtual TVantrelObject* GetRecordHandle(int index) = 0;
+  /// Clears `value` to null, then reads it.
+  virtual void GetValue(TVantrelObject* record, int ordinal, TVariant& value) = 0;
+  virtual void SetValue(TVantrelObject* record, int ordinal, const TVariant& value) = 0;
+};
+
+/// One line of a grid as it is shown: a record, or the heading of a group.
+struct TGridShownRow {
+  int Record = -1;  ///< index in the source; -1 for a group
+  int Level = 0;    ///< depth of the group
+  std::string GroupText;
+};
+
+/// What the logic needs of a grid. Records go by their index in the source, columns by their ordinal, which is the
+/// order of their creation. Widgets that show it belong to the window; views hold plain references.
+class TVantrelGrid {
+ public:
+  virtual ~TVantrelGrid() = default;
+
+  /// Events. The grid calls what is set, on the one thread, to its end.
+  std::function<void(int previousRecord, int record)> OnFocusChanged;
+  /// The veto: asked before an editor opens and when a cell is tinted, so it must answer without side effects.
+  std::function<bool(int ordinal)> OnEditing;
+  std::function<void(int ordinal)> OnEditChanged;
+  std::function<TGridKeyAction(int ordinal, TGridKey key)> OnKeyDown;
+  std::function<void(int ordinal)> OnDoubleClick;
+  /// A click on a header, told after the column took its new sort order and before OnSortChanged.
+  std::function<void(int ordinal)> OnHeaderClick;
+  std::function<void()> OnSortChanged;
+  /// Display text instead of the grid's own; nothing keeps the grid's own.
+  std::function<std::optional<std::string>(int ordinal, const TVariant& value)> OnDisplayText;
+
+  virtual void SetOptions(const TGridOptions& options) = 0;
+  /// What a screen reader calls the grid.
+  virtual void SetName(const std::string& name) = 0;
+  virtual void SetEnabled(bool enabled) = 0;
+  virtual void SetFocus() = 0;
+
+  /// Binds the rows; the grid owns neither. Binding the one unbinds the other, none unbinds. No record is focused after
+  /// the binding of a source; with a table the focus is that table's current record, both ways.
+  virtual void BindSource(TVantrelGridSource* source) = 0;
+  virtual void BindTable(TVantrelMemTable* table) = 0;
+  /// The content of the source is another: shows it anew.
+  virtual void DataChanged() = 0;
+  /// A bracket that can be nested, in which the grid shows nothing: one rebuild at its end. Within the bracket the grid
+  /// does not touch its source, which may go and be bound anew.
+  virtual void BeginUpdate() = 0;
+  virtual void EndUpdate() = 0;
+
+  virtual int AddColumn(TGridColumn column) = 0;
+  virtual void ClearColumns() = 0;
+  /// The columns by ordinal, with the width, visibility, sort and group of this moment.
+  virtual const std::vector<TGridColumn>& Columns() const = 0;
+  virtual void ShowColumn(int ordinal, bool visible) = 0;
+  virtual void SetColumnWidth(int ordinal, int width) = 0;
+  virtual void SetColumnSort(int ordinal, TGridSortOrder order, int sortIndex) = 0;
+  virtual void GroupColumn(int ordinal, int groupIndex) = 0;
+
+  /// All records of the source, whatever the filter.
+  virtual int RecordCount() const = 0;
+  virtual TVariant Value(int record, int ordinal) const = 0;
+  virtual std::string DisplayText(int record, int ordinal) const = 0;
+  /// What is shown, from the top, with all groups opened.
+  virtual std::vector<TGridShownRow> ShownRows() const = 0;
+  /// The ordinals of the visible columns from left to right.
+  virtual std::vector<int> ShownColumns() const = 0;
+
+  /// -1 where no record has the focus.
+  virtual int FocusedRecord() const = 0;
+  virtual int FocusedColumn() const = 0;
+  virtual void FocusRecord(int record) = 0;
+  virtual void FocusColumn(int ordinal) = 0;
+  /// Along the records as shown; group headings are skipped.
+  virtual void GotoFirst() = 0;
+  virtual void GotoPrev() = 0;
+  virtual void GotoNext() = 0;
+  virtual void GotoLast() = 0;
+
+  /// Writes the value of the open editor to the source at once; the editor stays open.
+  virtual void PostEdit() = 0;
+  virtual bool IsEditing() const = 0;
+
+  /// Filter: the records whose column equals the value, all items together. It acts only while it is active; the
+  /// display texts are shown below the rows then.
+  virtual void ClearFilter() = 0;
+  virtual void AddFilter(int ordinal, const TVariant& value, const std::string& displayText) = 0;
+  virtual void SetFilterActive(bool active) = 0;
+  /// The filter as one text, for those who keep it.
+  virtual std::string FilterText() const = 0;
+
+  virtual int SelectedCount() const = 0;
+  /// The n-th selected record from the top, -1 if there is none.
+  virtual int SelectedRecord(int index) const = 0;
+  virtual void ClearSelection() = 0;
+  virtual void SelectRecords(const std::vector<int>& records) = 0;
+  /// Deletes the selected records from the bound table.
+  virtual void DeleteSelection() = 0;
+  virtual bool IsGrouped() const = 0;
+  /// The records of the innermost group that the focused row belongs to.
+  virtual std::vector<int> FocusedGroupRecords() const = 0;
+
+  /// The bracket alone leaves the widths as they are.
+  virtual void BeginBestFit() = 0;
+  virtual void BestFitAll() = 0;
+  virtual void EndBestFit() = 0;
+
+  /// Widths, order, visibility, sort and groups by column id as one text, to be stored whole. Restoring ignores columns
+  /// that are not there and a text that is no layout.
+  virtual std::string Layout() const = 0;
+  virtual void RestoreLayout(std::string_view layout) = 0;
+};

@@ -1,0 +1,43 @@
+#pragma once
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "VantrelCommands.h"
+
+/// One line of the list of recent documents: what is shown, and the path that it stands for.
+struct TRecentItem {
+  std::string DisplayText;
+  std::string StoredText;
+};
+
+/// Where a window stands: its normal rectangle in pixels and whether it fills the screen.
+struct TWindowPlacement {
+  int Left = 0, Top = 0, Right = 0, Bottom = 0;
+  bool Maximized = false;
+};
+
+/// The main window as its logic sees it: ribbon, status text and recent documents. What hosts the views is the window's
+/// own matter.
+class TVantrelMainWindow {
+ public:
+  virtual ~TVantrelMainWindow() = default;
+
+  std::function<void()> OnShow;   ///< once, when the window first shows
+  std::function<void()> OnClose;  ///< the window is about to close, and will
+  std::function<void(int index)> OnRecentClick;
+
+  /// Builds the ribbon. The commands outlive the window.
+  virtual void SetRibbon(const TRibbonDescription& description) = 0;
+  /// By the ids of the description; an unknown id is nothing.
+  virtual void SetGroupVisible(const std::string& groupId, bool visible) = 0;
+  virtual void ActivateTab(const std::string& tabId) = 0;
+  virtual void SetRecentItems(const std::vector<TRecentItem>& items) = 0;
+  virtual void SetTitle(const std::string& title) = 0;
+  virtual void SetStatusText(const std::string& text) = 0;
+  virtual TWindowPlacement Placement() const = 0;
+  /// Kept on the screen that is there.
+  virtual void SetPlacement(const TWindowPlacement& placement) = 0;
+  virtual void Close() = 0;
+};
