@@ -1,9 +1,14 @@
 #pragma once
 
+#include <algorithm>
+#include <array>
+#include <bit>
 #include <cstdint>
-#include <memory>
+#include <cstring>
 #include <string>
 #include <string_view>
+#include <type_traits>
+#include <utility>
 #include <vector>
 
 #include "VantrelGuid.h"
@@ -42,6 +47,10 @@ class TVantrelWriter {
   void WriteBinary(TVantrelStream& stream);
   /// The list as one WriteString of its lines, each ended by CR LF.
   void WriteStrings(const std::vector<std::string>& lines);
+
+ private:
+  void WriteCounted(std::string_view bytes);
+  void WriteCount(std::size_t count);
 };
 
 /// The counterpart of TVantrelWriter. A short read raises EVantrelReaderError; a length that is larger than the
@@ -54,17 +63,17 @@ class TVantrelReader {
   /// True if at least `count` bytes are left.
   virtual bool Available(std::int64_t count) const = 0;
 
-  bool ReadBoolean();
-  std::uint8_t ReadByte();
-  std::int8_t ReadShortInt();
-  std::int16_t ReadSmallInt();
-  std::uint16_t ReadWord();
-  char16_t ReadChar();
-  std::int32_t ReadLongInt();
-  std::uint32_t ReadLongWord();
-  std::int64_t ReadInt64();
-  float ReadSingle();
-  double ReadDouble();
+  bool ReadBoolean() { return ReadByte() != 0; }
+  std::uint8_t ReadByte() { return Number<std::uint8_t>(); }
+  std::int8_t ReadShortInt() { return Number<std::int8_t>(); }
+  std::int16_t ReadSmallInt() { return Number<std::int16_t>(); }
+  std::uint16_t ReadWord() { return Number<std::uint16_t>(); }
+  char16_t ReadChar() { return Number<char16_t>(); }
+  std::int32_t ReadLongInt() { return Number<std::int32_t>(); }
+  std::uint32_t ReadLongWord() { return Number<std::uint32_t>(); }
+  std::int64_t ReadInt64() { return Number<std::int64_t>(); }
+  float ReadSingle() { return Number<float>(); }
+  double ReadDouble() { return Number<double>(); }
   long double ReadExtended();
   TGuid ReadGuid();
   std::string ReadString();
@@ -79,11 +88,36 @@ class TVantrelReader {
 
  protected:
   /// `count` bytes in place where the reader has them in memory, consuming them; null where it has not.
-  virtual const std::uint8_t* Take(std::int64_t) { return nullptr; }
+  const std::uint8_t* Take(std::int64_t count) {
+    if (count < 0 || FEnd - FNext < count) return nullptr;
+    return std::exchange(FNext, FNext + count);
+  }
   [[noreturn]] static void RaiseShortRead();
+
+  /// The bytes that a descendant holds in memory and that are not consumed yet.
+  const std::uint8_t* FNext = nullptr;
+  const std::uint8_t* FEnd = nullptr;
+
+ private:
+  template <class T>
+  T Number();
+  std::int64_t ReadCount(std::int64_t unitSize);
 };
 
-/// Writes to a stream, through a buffer of `bufferSize` bytes; a size below 1 means none. The destructor flushes.
+template <class T>
+T TVantrelReader::Number() {
+  std::array<std::uint8_t, sizeof(T)> bytes;
+  if (const auto* source = Take(sizeof(T))) {
+    std::memcpy(bytes.data(), source, sizeof(T));
+  } else {
+    Read(bytes.data(), sizeof(T));
+  }
+  if constexpr (std::is_arithmetic_v<T> && std::endian::native == std::endian::big) std::ranges::reverse(bytes);
+  return std::bit_cast<T>(bytes);
+}
+
+/// Writes to a stream, through a buffer of `bufferSize` bytes; a size below 1 means none. The destructor flushes, but
+/// cannot report a failure: whoever wants to know calls FlushBuffer first.
 class TVantrelStreamWriter final : public TVantrelWriter {
  public:
   TVantrelStreamWriter(TVantrelStream& stream, int bufferSize);
@@ -94,13 +128,15 @@ class TVantrelStreamWriter final : public TVantrelWriter {
   void FlushBuffer();
 
  private:
+  void WriteThrough(const std::uint8_t* source, std::int64_t count);
+
   TVantrelStream& FStream;
   std::vector<std::uint8_t> FBuffer;
   std::size_t FBufPos = 0;
 };
 
 /// Reads from a stream, through a buffer of `bufferSize` bytes; a size below 1 means none. A stream in memory is read
-/// in place. The destructor leaves the stream behind what was consumed.
+/// in place and must not be changed meanwhile. The destructor leaves the stream behind what was consumed.
 class TVantrelStreamReader final : public TVantrelReader {
  public:
   TVantrelStreamReader(TVantrelStream& stream, int bufferSize);
@@ -114,14 +150,11 @@ class TVantrelStreamReader final : public TVantrelReader {
   /// Position of the next byte in the stream.
   std::int64_t Position() const;
 
- protected:
-  const std::uint8_t* Take(std::int64_t count) override;
-
  private:
+  void Fill();
+
   TVantrelStream& FStream;
   std::vector<std::uint8_t> FBuffer;
-  const std::uint8_t* FBufPos = nullptr;
-  const std::uint8_t* FBufEnd = nullptr;
 };
 
 /// RFC 4648 alphabet, "=" padding, no line breaks. Decoding skips every character outside the alphabet.
