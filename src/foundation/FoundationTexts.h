@@ -25,6 +25,7 @@ inline constexpr const char* MapLoadFactor = "LoadFactor muss größer 0 sein.";
 inline constexpr const char* ShortRead = "Es konnten nicht alle Daten gelesen werden.";
 inline constexpr const char* ShortWrite = "Es konnten nicht alle Daten geschrieben werden.";
 inline constexpr const char* HashFailed = "Die Prüfsumme konnte nicht gebildet werden.";
+inline constexpr const char* RandomFailed = "Das System liefert keine Zufallszahlen.";
 inline constexpr const char* UuidVersion = "Version must be either 3 or 5.";
 
 inline constexpr const char* NoInteger = "\"{}\" ist keine gültige Ganzzahl.";

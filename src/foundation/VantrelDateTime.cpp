@@ -2,8 +2,11 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <chrono>
 #include <cmath>
+#include <cstdlib>
+#include <ctime>
 
 #include "FoundationTexts.h"
 #include "VantrelExceptions.h"
@@ -26,6 +29,11 @@ bool IsWithin(int value, int first, int last) {
   return value >= first && value <= last;
 }
 
+std::chrono::year_month_day DateOf(const TDateTimeParts& parts) {
+  return {std::chrono::year(parts.Year), std::chrono::month(static_cast<unsigned>(parts.Month)),
+          std::chrono::day(static_cast<unsigned>(parts.Day))};
+}
+
 /// A text of fixed parts, put together in place.
 class TPartsText {
  public:
@@ -43,7 +51,11 @@ class TPartsText {
   TPartsText& Time(const TDateTimeParts& parts) {
     return Two(parts.Hour).Put(':').Two(parts.Minute).Put(':').Two(parts.Second);
   }
-  TPartsText& ZuluTime(const TDateTimeParts& parts) { return Time(parts).Put('.').Three(parts.Millisecond).Put('Z'); }
+  TPartsText& ExactTime(const TDateTimeParts& parts) { return Time(parts).Put('.').Three(parts.Millisecond); }
+  TPartsText& Offset(int minutes) {
+    Put(minutes < 0 ? '-' : '+');
+    return Two(std::abs(minutes) / 60).Put(':').Two(std::abs(minutes) % 60);
+  }
   TPartsText& GermanDate(const TDateTimeParts& parts) {
     return Two(parts.Day).Put('.').Two(parts.Month).Put('.').Two(parts.Year / 100).Two(parts.Year % 100);
   }
@@ -53,6 +65,20 @@ class TPartsText {
   char FText[32];
   std::size_t FLength = 0;
 };
+
+/// Minutes that the local time is ahead of UTC.
+int LocalOffset(const TDateTimeParts& parts) {
+  std::tm time{};
+  time.tm_year = parts.Year - 1900;
+  time.tm_mon = parts.Month - 1;
+  time.tm_mday = parts.Day;
+  time.tm_hour = parts.Hour;
+  time.tm_min = parts.Minute;
+  time.tm_sec = parts.Second;
+  time.tm_isdst = -1;
+  std::mktime(&time);
+  return static_cast<int>(time.tm_gmtoff / 60);
+}
 
 /// Characters `first` to `first` + `count` - 1, counted from 1, as far as there are any.
 std::string_view Slice(std::string_view text, std::size_t first, std::size_t count) {
@@ -105,9 +131,7 @@ TDateTimeParts ReadParts(std::string_view text) {
 }  // namespace
 
 TDateTime EncodeDateTime(const TDateTimeParts& parts) {
-  const std::chrono::year_month_day date{std::chrono::year(parts.Year),
-                                         std::chrono::month(static_cast<unsigned>(parts.Month)),
-                                         std::chrono::day(static_cast<unsigned>(parts.Day))};
+  const std::chrono::year_month_day date = DateOf(parts);
   if (!IsWithin(parts.Year, 1, 9999) || !IsWithin(parts.Month, 1, 12) || !IsWithin(parts.Day, 1, 31) || !date.ok() ||
       !IsWithin(parts.Hour, 0, 23) || !IsWithin(parts.Minute, 0, 59) || !IsWithin(parts.Second, 0, 59) ||
       !IsWithin(parts.Millisecond, 0, 999)) {
@@ -143,17 +167,45 @@ TDateTimeParts DecodeDateTime(TDateTime value) {
   return parts;
 }
 
+TDateTime CurrentDateTime() {
+  const auto now = std::chrono::floor<std::chrono::milliseconds>(std::chrono::system_clock::now());
+  const std::time_t seconds = std::chrono::system_clock::to_time_t(now);
+  std::tm time{};
+  localtime_r(&seconds, &time);
+  return EncodeDateTime({time.tm_year + 1900, time.tm_mon + 1, time.tm_mday, time.tm_hour, time.tm_min,
+                         std::min(time.tm_sec, 59), static_cast<int>(now.time_since_epoch().count() % 1000)});
+}
+
+TVantrelDayOfWeek DayOfWeek(TDateTime value) {
+  const TDateTimeParts parts = DecodeDateTime(value);
+  return static_cast<TVantrelDayOfWeek>(std::chrono::weekday(sys_days(DateOf(parts))).c_encoding());
+}
+
 std::string DateToText(TDateTime value) {
   return TPartsText().Date(DecodeDateTime(value)).Text();
 }
 
 std::string TimeToText(TDateTime value) {
-  return TPartsText().ZuluTime(DecodeDateTime(value)).Text();
+  return TPartsText().ExactTime(DecodeDateTime(value)).Put('Z').Text();
 }
 
 std::string DateTimeToText(TDateTime value) {
   const TDateTimeParts parts = DecodeDateTime(value);
-  return TPartsText().Date(parts).Put('T').ZuluTime(parts).Text();
+  return TPartsText().Date(parts).Put('T').ExactTime(parts).Put('Z').Text();
+}
+
+std::string TimeToShortText(TDateTime value) {
+  return TPartsText().Time(DecodeDateTime(value)).Text();
+}
+
+std::string TimeToOffsetText(TDateTime value) {
+  const TDateTimeParts parts = DecodeDateTime(value);
+  return TPartsText().ExactTime(parts).Offset(LocalOffset(parts)).Text();
+}
+
+std::string DateTimeToOffsetText(TDateTime value) {
+  const TDateTimeParts parts = DecodeDateTime(value);
+  return TPartsText().Date(parts).Put('T').ExactTime(parts).Offset(LocalOffset(parts)).Text();
 }
 
 TDateTime TextToDateTime(std::string_view text) {

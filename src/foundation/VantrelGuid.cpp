@@ -70,6 +70,20 @@ TGuid SwapFields(TGuid guid) {
   return guid;
 }
 
+/// Random bytes from a store per thread, since asking libcrypto has its price.
+void TakeRandom(std::array<std::uint8_t, 16>& target) {
+  thread_local std::array<std::uint8_t, 256 * 16> store;
+  thread_local std::size_t left = 0;
+  if (left == 0) {
+    if (RAND_bytes(store.data(), static_cast<int>(store.size())) != 1) {
+      throw EVantrelException(FoundationTexts::RandomFailed);
+    }
+    left = store.size();
+  }
+  left -= target.size();
+  std::copy_n(store.begin() + static_cast<std::ptrdiff_t>(left), target.size(), target.begin());
+}
+
 void StampVersion(TGuid& networkOrder, int version) {
   networkOrder.Bytes[6] = static_cast<std::uint8_t>((networkOrder.Bytes[6] & 0x0F) | version << 4);
   networkOrder.Bytes[8] = static_cast<std::uint8_t>((networkOrder.Bytes[8] & 0x3F) | 0x80);
@@ -78,7 +92,7 @@ void StampVersion(TGuid& networkOrder, int version) {
 
 TGuid NewGuid() {
   TGuid guid;
-  if (RAND_bytes(guid.Bytes.data(), static_cast<int>(guid.Bytes.size())) != 1) throw EVantrelWin32Error();
+  TakeRandom(guid.Bytes);
   StampVersion(guid, 4);
   return SwapFields(guid);
 }

@@ -2,9 +2,12 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdlib>
+#include <ctime>
 #include <limits>
 
 #include "VantrelExceptions.h"
+#include "VantrelTimeSpan.h"
 
 namespace {
 TEST(DateTime, TextsOfBothDirectionsMeet) {
@@ -64,5 +67,43 @@ TEST(DateTime, ShorterAndOddTextsAreReadByPosition) {
                            "2008-13-01", "2008-02-30", "0000-01-01", "12:30:00.000Z", "2008-05-03T18:30:15.1234Z"}) {
     EXPECT_THROW(TextToDateTime(text), EConvertError) << text;
   }
+}
+
+TEST(DateTime, OffsetIsThatOfTheTimeZoneThen) {
+  const struct {
+    const char* Zone;
+    double Value;
+    const char* Text;
+  } cases[] = {
+      {"CET-1CEST,M3.5.0,M10.5.0/3", 39571.75, "2008-05-03T18:00:00.000+02:00"},
+      {"CET-1CEST,M3.5.0,M10.5.0/3", 39814.75, "2009-01-01T18:00:00.000+01:00"},
+      {"NST3:30", 39571.75, "2008-05-03T18:00:00.000-03:30"},
+      {"UTC0", 39571.75, "2008-05-03T18:00:00.000+00:00"},
+  };
+  for (const auto& [zone, value, text] : cases) {
+    setenv("TZ", zone, 1);
+    tzset();
+    EXPECT_EQ(DateTimeToOffsetText(value), text);
+    EXPECT_EQ(TimeToOffsetText(value), text + 11);
+  }
+  unsetenv("TZ");
+  tzset();
+}
+
+TEST(DateTime, DaysOfTheWeekGoOnBehindTheEpoch) {
+  EXPECT_EQ(DayOfWeek(39571.75), TVantrelDayOfWeek::Saturday);
+  EXPECT_EQ(DayOfWeek(-6.5), TVantrelDayOfWeek::Sunday);
+  EXPECT_EQ(TimeToShortText(39571.75), "18:00:00");
+  EXPECT_EQ(DateToText(CurrentDateTime()).substr(0, 2), "20");
+}
+
+TEST(TimeSpan, ShowsWhatTheFormatAsksFor) {
+  using enum TVantrelTimeSpanFormat;
+  constexpr std::int64_t span = ((26 * 60 + 3) * 60 + 4) * 1000;
+  EXPECT_EQ(TimeSpanToText(span, tsfMinSec), "1.02:03:04");
+  EXPECT_EQ(TimeSpanToText(span, tsfInterval), "1.02:03:04");
+  EXPECT_EQ(TimeSpanToText(span + 5, tsfInterval), "1.02:03:04:05");
+  EXPECT_EQ(TimeSpanToText(-61'123, tsfMinSecMSec), "-00:01:01:123");
+  EXPECT_EQ(TimeSpanToText(INT64_MIN, tsfMinSec), "-106751991167.07:12:55");
 }
 }  // namespace
