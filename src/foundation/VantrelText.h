@@ -31,6 +31,8 @@ int CompareText(std::string_view a, std::string_view b);
 /// `a`, `separator`, `b` if both are non-empty, else the non-empty one.
 std::string Join(std::string_view a, std::string_view b, std::string_view separator);
 
+/// The text in double quotes, its own quotes doubled.
+std::string QuotedText(std::string_view text);
 /// A list as one text: comma-separated, a field with blanks, commas or quotes (or an empty one alone) in double
 /// quotes, quotes doubled.
 std::string ToDelimitedText(const std::vector<std::string>& lines);

@@ -94,15 +94,6 @@ bool IsBlank(char c) {
   return static_cast<unsigned char>(c) <= ' ';
 }
 
-std::string Quoted(std::string_view field) {
-  std::string result = "\"";
-  for (const char c : field) {
-    if (c == '"') result += c;
-    result += c;
-  }
-  return result += '"';
-}
-
 /// Takes the quoted field that `text` begins with; without a closing quote it goes to the end.
 std::string TakeQuoted(std::string_view& text) {
   std::string field;
@@ -150,6 +141,15 @@ std::string Join(std::string_view a, std::string_view b, std::string_view separa
   return result += b;
 }
 
+std::string QuotedText(std::string_view text) {
+  std::string result = "\"";
+  for (const char c : text) {
+    if (c == '"') result += c;
+    result += c;
+  }
+  return result += '"';
+}
+
 std::string ToDelimitedText(const std::vector<std::string>& lines) {
   if (lines.size() == 1 && lines[0].empty()) return "\"\"";
   std::string result;
@@ -157,7 +157,7 @@ std::string ToDelimitedText(const std::vector<std::string>& lines) {
     if (&line != lines.data()) result += ',';
     const bool plain =
         std::none_of(line.begin(), line.end(), [](char c) { return IsBlank(c) || c == ',' || c == '"'; });
-    result += plain ? line : Quoted(line);
+    result += plain ? line : QuotedText(line);
   }
   return result;
 }
