@@ -1,0 +1,88 @@
+#include "VantrelFileLocks.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+
+#include <array>
+#include <cerrno>
+#include <chrono>
+#include <random>
+#include <thread>
+
+namespace {
+constexpr off_t FirstByte = 0x7FFF'FFFF'FFFF'FF00;
+constexpr off_t ByteCount = 4;
+constexpr int Attempts = 4;
+constexpr int LongestPauseMs = 5;
+
+struct flock LockOf(short type, off_t start, off_t length = 1) {
+  struct flock lock {};
+  lock.l_type = type;
+  lock.l_whence = SEEK_SET;
+  lock.l_start = start;
+  lock.l_len = length;
+  return lock;
+}
+
+bool DeniesReading(TVantrelFileAccessMode access) {
+  return access == TVantrelFileAccessMode::famShareExclusive || access == TVantrelFileAccessMode::famShareDenyRead;
+}
+
+bool DeniesWriting(TVantrelFileAccessMode access) {
+  return access == TVantrelFileAccessMode::famShareExclusive || access == TVantrelFileAccessMode::famShareDenyWrite;
+}
+
+/// True where another handle holds the byte.
+bool HeldByOther(int descriptor, off_t byte) {
+  auto lock = LockOf(F_WRLCK, byte);
+  return ::fcntl(descriptor, F_OFD_GETLK, &lock) == 0 && lock.l_type != F_UNLCK;
+}
+}  // namespace
+
+namespace VantrelFileLocks {
+
+TUse UseOf(TVantrelFileOpenMode openMode) {
+  return {openMode != TVantrelFileOpenMode::fomOpenWrite, openMode != TVantrelFileOpenMode::fomOpenRead};
+}
+
+THold Take(int descriptor, TUse use, TVantrelFileAccessMode access) {
+  // Reading, writing, denying reads, denying writes: the opposite of each is two bytes away.
+  const std::array<bool, ByteCount> wanted{use.Reads, use.Writes, DeniesReading(access), DeniesWriting(access)};
+  for (std::size_t byte = 0; byte < wanted.size(); ++byte) {
+    auto lock = LockOf(F_RDLCK, FirstByte + static_cast<off_t>(byte));
+    if (!wanted[byte] || ::fcntl(descriptor, F_OFD_SETLK, &lock) == 0) continue;
+    const bool refused = errno == EAGAIN || errno == EACCES;
+    Release(descriptor);
+    return refused ? THold::Refused : THold::NoLocks;
+  }
+  for (std::size_t byte = 0; byte < wanted.size(); ++byte) {
+    if (!wanted[byte] || !HeldByOther(descriptor, FirstByte + static_cast<off_t>((byte + 2) % wanted.size()))) continue;
+    Release(descriptor);
+    return THold::Refused;
+  }
+  return THold::Held;
+}
+
+THold TakePatiently(int descriptor, TUse use, TVantrelFileAccessMode access) {
+  auto hold = Take(descriptor, use, access);
+  for (int attempt = 1; attempt < Attempts && hold == THold::Refused; ++attempt) {
+    std::random_device random;
+    std::this_thread::sleep_for(std::chrono::milliseconds(1 + random() % LongestPauseMs));
+    hold = Take(descriptor, use, access);
+  }
+  return hold;
+}
+
+void Release(int descriptor) {
+  auto lock = LockOf(F_UNLCK, FirstByte, ByteCount);
+  ::fcntl(descriptor, F_OFD_SETLK, &lock);
+}
+
+bool IsSameFile(int descriptor, const std::string& fileName) {
+  struct stat held {};
+  struct stat named {};
+  return ::fstat(descriptor, &held) == 0 && ::stat(fileName.c_str(), &named) == 0 && held.st_dev == named.st_dev &&
+         held.st_ino == named.st_ino;
+}
+
+}  // namespace VantrelFileLocks
