@@ -22,6 +22,8 @@ inline constexpr const char* ListDuplicate = "Keine Duplikate in der Liste erlau
 inline constexpr const char* MapCapacity = "InitialCapacity muss größer oder gleich 0 sein.";
 inline constexpr const char* MapLoadFactor = "LoadFactor muss größer 0 sein.";
 
+inline constexpr const char* NotStorable = "Der Wert kann nicht gespeichert werden.";
+
 inline constexpr const char* ShortRead = "Es konnten nicht alle Daten gelesen werden.";
 inline constexpr const char* ShortWrite = "Es konnten nicht alle Daten geschrieben werden.";
 inline constexpr const char* HashFailed = "Die Prüfsumme konnte nicht gebildet werden.";

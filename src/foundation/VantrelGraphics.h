@@ -3,6 +3,7 @@
 #include <compare>
 #include <cstdint>
 #include <string>
+#include <vector>
 
 #include "VantrelStreams.h"
 
@@ -72,3 +73,18 @@ class TVantrelGraphic : public TVantrelObject {
   virtual void LoadFromStream(TVantrelStream& stream, std::int64_t size) = 0;
   virtual void SaveToStream(TVantrelStream& stream) const = 0;
 };
+
+/// A picture that keeps its stream form as it came.
+class TStoredGraphic : public TVantrelGraphic {
+ public:
+  void LoadFromStream(TVantrelStream& stream, std::int64_t size) override;
+  void SaveToStream(TVantrelStream& stream) const override;
+
+  const std::vector<std::uint8_t>& Bytes() const { return FBytes; }
+
+ private:
+  std::vector<std::uint8_t> FBytes;
+};
+
+class TBitmap final : public TStoredGraphic {};
+class TIcon final : public TStoredGraphic {};

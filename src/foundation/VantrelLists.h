@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <list>
 #include <memory>
 
 #include "VantrelClasses.h"
@@ -16,7 +17,8 @@ class TVantrelAbstractCollection : public TVantrelPersistent {
  public:
   explicit TVantrelAbstractCollection(bool itemOwner) : FItemOwner(itemOwner) {}
 
-  /// The collection frees an item that leaves it, and all items when it dies.
+  /// The collection frees an item that leaves it, and all items when it dies. An item that stands in it more than
+  /// once is freed once, with its last place.
   bool ItemOwner() const { return FItemOwner; }
   void SetItemOwner(bool value) { FItemOwner = value; }
 
@@ -32,10 +34,59 @@ class TVantrelAbstractCollection : public TVantrelPersistent {
   bool FItemOwner;
 };
 
-/// A growing list of objects in an array.
-class TVantrelArrayList : public TVantrelAbstractCollection {
+/// A list of objects, in the order of adding or sorted.
+class TVantrelAbstractList : public TVantrelAbstractCollection {
  public:
-  explicit TVantrelArrayList(bool itemOwner = true) : TVantrelAbstractCollection(itemOwner) {}
+  using TVantrelAbstractCollection::TVantrelAbstractCollection;
+
+  /// The item; an index outside the list raises EVantrelCollectionError, here as in all operations.
+  virtual TVantrelObject* Get(int index) const = 0;
+  /// Inserts before `index`, from 0 to Count.
+  virtual void Insert(int index, TVantrelObject* item) = 0;
+  /// Takes the item out and returns it unfreed.
+  virtual TVantrelObject* Extract(int index) = 0;
+  /// By pointer; -1 if absent.
+  virtual int IndexOf(const TVantrelObject* item) const = 0;
+  /// Stable sort by the comparison callback, or by the items' own Compare; null items come first.
+  virtual void Sort() = 0;
+
+  /// Adds at the end or, in a sorted list, at its place. A duplicate (an item that is the same object or compares
+  /// equal in a sorted list) is ignored, accepted or refused with EVantrelCollectionError by Duplicates. Returns the
+  /// index, or that of the item already there; an item that is not taken stays with the caller.
+  int Add(TVantrelObject* item);
+  /// Takes the item out, freeing it if the list owns its items.
+  void Delete(int index);
+  /// As Delete, by pointer; false if absent.
+  bool Remove(const TVantrelObject* item);
+  void Move(int from, int to);
+  bool Contains(const TVantrelObject* item) const { return IndexOf(item) >= 0; }
+
+  TVantrelDuplicates Duplicates() const { return FDuplicates; }
+  void SetDuplicates(TVantrelDuplicates value) { FDuplicates = value; }
+  bool Sorted() const { return FSorted; }
+  /// Setting it sorts the list and keeps it sorted through Add.
+  void SetSorted(bool sorted);
+  /// An empty callback goes back to the items' own Compare.
+  void SetCompare(TVantrelCompare compare);
+
+ protected:
+  void CheckIndex(int index, int count) const;
+  bool IsBelow(const TVantrelObject* a, const TVantrelObject* b) const { return CompareItems(a, b) < 0; }
+
+ private:
+  int CompareItems(const TVantrelObject* a, const TVantrelObject* b) const;
+  int PlaceBehindEquals(const TVantrelObject* item) const;
+  int FindDuplicate(const TVantrelObject* item, int place) const;
+
+  TVantrelDuplicates FDuplicates = TVantrelDuplicates::dupAccept;
+  bool FSorted = false;
+  std::unique_ptr<TVantrelCompare> FCompare;
+};
+
+/// A growing list of objects in an array.
+class TVantrelArrayList final : public TVantrelAbstractList {
+ public:
+  explicit TVantrelArrayList(bool itemOwner = true) : TVantrelAbstractList(itemOwner) {}
   ~TVantrelArrayList() override;
 
   int Count() const override { return FCount; }
@@ -43,42 +94,55 @@ class TVantrelArrayList : public TVantrelAbstractCollection {
   /// Raises EVantrelCollectionError for a value below Count or of 2^27 and more.
   void SetCapacity(int capacity);
 
-  /// The item; an index outside the list raises EVantrelCollectionError.
-  TVantrelObject* Get(int index) const;
-  /// Adds at the end or, in a sorted list, at its place. A duplicate (an item that is the same object or compares
-  /// equal in a sorted list) is ignored, accepted or refused with EVantrelCollectionError by Duplicates. Returns the
-  /// index, or that of the item already there.
-  int Add(TVantrelObject* item);
-  /// Inserts before `index`; below 0 or above Count raises EVantrelCollectionError.
-  void Insert(int index, TVantrelObject* item);
-  /// Takes the item out, freeing it if the list owns its items.
-  void Delete(int index);
-  /// Takes the item out and returns it unfreed.
-  TVantrelObject* Extract(int index);
+  TVantrelObject* Get(int index) const override {
+    CheckIndex(index, FCount);
+    return FItems[index];
+  }
+  void Insert(int index, TVantrelObject* item) override;
+  TVantrelObject* Extract(int index) override;
+  /// Gives the memory back, too.
   void Clear() override;
-  void Move(int from, int to);
-  /// By pointer; -1 if absent.
-  int IndexOf(const TVantrelObject* item) const;
-  bool Contains(const TVantrelObject* item) const { return IndexOf(item) >= 0; }
-  /// Stable sort by the comparison callback, or by the items' own Compare.
-  void Sort();
+  int IndexOf(const TVantrelObject* item) const override;
+  void Sort() override;
 
-  TVantrelDuplicates Duplicates() const { return FDuplicates; }
-  void SetDuplicates(TVantrelDuplicates value) { FDuplicates = value; }
-  bool Sorted() const { return FSorted; }
-  /// Setting it sorts the list and keeps it sorted through Add.
-  void SetSorted(bool sorted);
-  void SetCompare(TVantrelCompare compare);
+  TVantrelObject* const* begin() const { return FItems.get(); }
+  TVantrelObject* const* end() const { return FItems.get() + FCount; }
 
  private:
-  void CheckIndex(int index) const;
   void Grow();
-  int CompareItems(const TVantrelObject* a, const TVantrelObject* b) const;
 
-  TVantrelDuplicates FDuplicates = TVantrelDuplicates::dupAccept;
-  bool FSorted = false;
   int FCapacity = 0;
   int FCount = 0;
   std::unique_ptr<TVantrelObject*[]> FItems;
-  std::unique_ptr<TVantrelCompare> FCompare;
+};
+
+/// Base of the lists that are walked from item to item.
+class TVantrelAbstractSequencedList : public TVantrelAbstractList {
+ public:
+  using TVantrelAbstractList::TVantrelAbstractList;
+
+  /// Both raise EVantrelCollectionError for an empty list.
+  TVantrelObject* First() const;
+  TVantrelObject* Last() const;
+};
+
+/// A doubly linked list of objects.
+class TVantrelLinkedList final : public TVantrelAbstractSequencedList {
+ public:
+  explicit TVantrelLinkedList(bool itemOwner = true) : TVantrelAbstractSequencedList(itemOwner) {}
+  ~TVantrelLinkedList() override;
+
+  int Count() const override { return static_cast<int>(FItems.size()); }
+  TVantrelObject* Get(int index) const override;
+  void Insert(int index, TVantrelObject* item) override;
+  TVantrelObject* Extract(int index) override;
+  void Clear() override;
+  int IndexOf(const TVantrelObject* item) const override;
+  void Sort() override;
+
+  auto begin() const { return FItems.begin(); }
+  auto end() const { return FItems.end(); }
+
+ private:
+  std::list<TVantrelObject*> FItems;
 };
