@@ -293,14 +293,16 @@ void TVantrelAesCipher::Encrypt(const std::uint8_t* in, std::uint8_t* out, std::
   static constexpr TOperation operations[] = {&TVantrelAesCipher::EncryptCBC, &TVantrelAesCipher::EncryptCFB8bit,
                                               &TVantrelAesCipher::EncryptCFBblock, &TVantrelAesCipher::EncryptOFB,
                                               &TVantrelAesCipher::EncryptCTR};
-  (this->*operations[static_cast<std::size_t>(FCipherMode)])(in, out, size);
+  const TOperation operation = operations[static_cast<std::size_t>(FCipherMode)];
+  (this->*operation)(in, out, size);
 }
 
 void TVantrelAesCipher::Decrypt(const std::uint8_t* in, std::uint8_t* out, std::uint32_t size) {
   static constexpr TOperation operations[] = {&TVantrelAesCipher::DecryptCBC, &TVantrelAesCipher::DecryptCFB8bit,
                                               &TVantrelAesCipher::DecryptCFBblock, &TVantrelAesCipher::DecryptOFB,
                                               &TVantrelAesCipher::DecryptCTR};
-  (this->*operations[static_cast<std::size_t>(FCipherMode)])(in, out, size);
+  const TOperation operation = operations[static_cast<std::size_t>(FCipherMode)];
+  (this->*operation)(in, out, size);
 }
 
 std::uint64_t TVantrelAesCipher::EncryptStream(TVantrelStream& inStream, TVantrelStream& outStream,
