@@ -1,0 +1,46 @@
+#include "CommandActions.h"
+
+#include <QWidget>
+
+#include "DesktopLook.h"
+#include "DesktopTexts.h"
+#include "QtText.h"
+
+namespace {
+void ShowState(const TVantrelCommand& command, QAction& action) {
+  action.setEnabled(command.Enabled());
+  action.setVisible(command.Visible());
+  action.setChecked(command.Checked());
+}
+}  // namespace
+
+TCommandActions::~TCommandActions() {
+  for (auto& [command, action] : FActions) {
+    command->OnChanged = nullptr;
+    delete action;
+  }
+}
+
+QAction* TCommandActions::ActionOf(TVantrelCommand& command) {
+  auto& action = FActions[&command];
+  if (action != nullptr) return action;
+  const auto& info = command.Info();
+  action = new QAction(ThemeIcon(info.Icon), FromUtf8(info.Caption), &FWindow);
+  const QString hint = FromUtf8(command.Hint());
+  action->setIconText(hint);
+  action->setToolTip(hint);
+  if (!info.Shortcut.empty()) {
+    action->setShortcut(QKeySequence(FromUtf8(info.Shortcut), QKeySequence::PortableText));
+    action->setToolTip(
+        QString(DesktopTexts::HintWithShortcut).arg(hint, action->shortcut().toString(QKeySequence::NativeText)));
+  }
+  action->setCheckable(!info.RadioGroup.empty());
+  ShowState(command, *action);
+  QObject::connect(action, &QAction::triggered, action, [&command, &state = *action] {
+    command.Execute();
+    ShowState(command, state);
+  });
+  command.OnChanged = [&command, &state = *action] { ShowState(command, state); };
+  FWindow.addAction(action);
+  return action;
+}

@@ -1,0 +1,131 @@
+#include "DesktopMainWindow.h"
+
+#include <QAbstractItemView>
+#include <QApplication>
+#include <QBoxLayout>
+#include <QCloseEvent>
+#include <QLabel>
+#include <QScreen>
+#include <QShortcut>
+#include <QStatusBar>
+#include <algorithm>
+
+#include "ApplicationMenu.h"
+#include "DesktopLook.h"
+#include "DesktopTexts.h"
+#include "QtText.h"
+#include "Ribbon.h"
+
+namespace {
+constexpr QSize toldMinimum(1280, 800);
+constexpr QSize designSize(1463, 1216);
+}  // namespace
+
+TDesktopMainWindow::TDesktopMainWindow() : FHost(new QWidget(this)), FStatus(new QLabel(this)) {
+  FActions = std::make_unique<TCommandActions>(*this);
+  auto* layout = new QVBoxLayout(FHost);
+  layout->setContentsMargins(0, 0, 0, 0);
+  setCentralWidget(FHost);
+  statusBar()->addWidget(FStatus, 1);
+  statusBar()->setAccessibleName(DesktopTexts::StatusBar);
+  FStatus->setFocusPolicy(Qt::TabFocus);
+  FStatus->setTextFormat(Qt::PlainText);
+  FStatus->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+  for (const int step : {1, -1}) {
+    auto* shortcut = new QShortcut(step > 0 ? QKeySequence(Qt::Key_F6) : QKeySequence(Qt::SHIFT | Qt::Key_F6), this);
+    connect(shortcut, &QShortcut::activated, this, [this, step] { GotoRegion(step); });
+  }
+  const QSize room = screen()->availableSize();
+  setMinimumSize(toldMinimum.boundedTo(room - QSize(0, 40)));
+  resize(designSize.boundedTo(room - QSize(0, 40)));
+  move(screen()->availableGeometry().center() - rect().center());
+}
+
+TDesktopMainWindow::~TDesktopMainWindow() = default;
+
+void TDesktopMainWindow::SetRibbon(const TRibbonDescription& description) {
+  FRibbon = new TRibbon(description, *FActions, *this);
+  FRibbon->Menu().OnRecentClick = [this](int index) {
+    if (OnRecentClick) OnRecentClick(index);
+  };
+  setMenuWidget(FRibbon);
+}
+
+void TDesktopMainWindow::SetGroupVisible(const std::string& groupId, bool visible) {
+  FRibbon->SetGroupVisible(groupId, visible);
+}
+
+void TDesktopMainWindow::ActivateTab(const std::string& tabId) {
+  FRibbon->ActivateTab(tabId);
+}
+
+void TDesktopMainWindow::SetRecentItems(const std::vector<TRecentItem>& items) {
+  FRibbon->Menu().SetRecentItems(items);
+}
+
+void TDesktopMainWindow::SetTitle(const std::string& title) {
+  setWindowTitle(FromUtf8(title));
+}
+
+void TDesktopMainWindow::SetStatusText(const std::string& text) {
+  FStatus->setText(FromUtf8(text));
+  FStatus->setToolTip(FStatus->text());
+}
+
+TWindowPlacement TDesktopMainWindow::Placement() const {
+  const QRect normal = isMaximized() ? normalGeometry() : geometry();
+  return {normal.left(), normal.top(), normal.left() + normal.width(), normal.top() + normal.height(), isMaximized()};
+}
+
+void TDesktopMainWindow::SetPlacement(const TWindowPlacement& placement) {
+  QRect wanted(placement.Left, placement.Top, placement.Right - placement.Left, placement.Bottom - placement.Top);
+  const QScreen* target = QApplication::screenAt(wanted.center());
+  const QRect room = (target != nullptr ? target : screen())->availableGeometry();
+  wanted.setSize(wanted.size().boundedTo(room.size()).expandedTo(minimumSize()));
+  wanted.moveLeft(std::clamp(wanted.left(), room.left(), std::max(room.left(), room.right() + 1 - wanted.width())));
+  wanted.moveTop(std::clamp(wanted.top(), room.top(), std::max(room.top(), room.bottom() + 1 - wanted.height())));
+  setGeometry(wanted);
+  if (placement.Maximized) setWindowState(windowState() | Qt::WindowMaximized);
+}
+
+void TDesktopMainWindow::SetHosted(QWidget* view) {
+  while (auto* item = FHost->layout()->takeAt(0)) {
+    if (item->widget() != nullptr) item->widget()->setParent(nullptr);
+    delete item;
+  }
+  if (view == nullptr) return;
+  FHost->layout()->addWidget(view);
+  view->show();
+}
+
+void TDesktopMainWindow::showEvent(QShowEvent* event) {
+  QMainWindow::showEvent(event);
+  if (std::exchange(FShown, true)) return;
+  if (OnShow) OnShow();
+}
+
+void TDesktopMainWindow::closeEvent(QCloseEvent* event) {
+  if (OnClose) OnClose();
+  event->accept();
+}
+
+void TDesktopMainWindow::changeEvent(QEvent* event) {
+  QMainWindow::changeEvent(event);
+  if (event->type() == QEvent::PaletteChange) FollowPalette(palette());
+}
+
+void TDesktopMainWindow::GotoRegion(int step) {
+  std::vector<QWidget*> regions;
+  if (FRibbon != nullptr) regions.push_back(&FRibbon->Tabs());
+  for (auto* grid : FHost->findChildren<QAbstractItemView*>())
+    if (grid->isVisible() && grid->focusPolicy() != Qt::NoFocus) regions.push_back(grid);
+  regions.push_back(FStatus);
+  const auto* focus = QApplication::focusWidget();
+  const auto at = std::find_if(regions.begin(), regions.end(), [focus, this](const QWidget* region) {
+    return region == focus || region->isAncestorOf(focus) ||
+           (FRibbon != nullptr && region == &FRibbon->Tabs() && FRibbon->isAncestorOf(focus));
+  });
+  const int count = static_cast<int>(regions.size());
+  const int next = at == regions.end() ? 0 : (static_cast<int>(at - regions.begin()) + step + count) % count;
+  regions[static_cast<std::size_t>(next)]->setFocus(Qt::TabFocusReason);
+}

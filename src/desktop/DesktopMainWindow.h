@@ -1,0 +1,45 @@
+#pragma once
+
+#include <QMainWindow>
+#include <memory>
+
+#include "CommandActions.h"
+#include "VantrelMainWindow.h"
+
+class QLabel;
+class TRibbon;
+
+/// The main window: ribbon, the view that is on show, status bar. F6 and Shift+F6 go round its regions.
+class TDesktopMainWindow : public QMainWindow, public TVantrelMainWindow {
+ public:
+  TDesktopMainWindow();
+  ~TDesktopMainWindow() override;
+
+  void SetRibbon(const TRibbonDescription& description) override;
+  void SetGroupVisible(const std::string& groupId, bool visible) override;
+  void ActivateTab(const std::string& tabId) override;
+  void SetRecentItems(const std::vector<TRecentItem>& items) override;
+  void SetTitle(const std::string& title) override;
+  void SetStatusText(const std::string& text) override;
+  TWindowPlacement Placement() const override;
+  void SetPlacement(const TWindowPlacement& placement) override;
+  void Close() override { close(); }
+
+  /// Fills the client area with the view; none empties it. The widget stays its owner's.
+  void SetHosted(QWidget* view);
+  TRibbon& Ribbon() { return *FRibbon; }
+
+ protected:
+  void showEvent(QShowEvent* event) override;
+  void closeEvent(QCloseEvent* event) override;
+  void changeEvent(QEvent* event) override;
+
+ private:
+  void GotoRegion(int step);
+
+  std::unique_ptr<TCommandActions> FActions;
+  TRibbon* FRibbon = nullptr;
+  QWidget* FHost;
+  QLabel* FStatus;
+  bool FShown = false;
+};

@@ -1,0 +1,33 @@
+#pragma once
+
+/// The user texts of this folder. "%1" is filled by QString::arg.
+namespace DesktopTexts {
+inline constexpr const char* FoldRibbon = "Menüband ein- oder ausklappen (Strg+F1)";
+inline constexpr const char* Ribbon = "Menüband";
+inline constexpr const char* StatusBar = "Statusleiste";
+inline constexpr const char* HintWithShortcut = "%1 (%2)";
+
+inline constexpr const char* SortAscending = "Aufsteigend sortieren";
+inline constexpr const char* SortDescending = "Absteigend sortieren";
+inline constexpr const char* SortOff = "Sortierung aufheben";
+inline constexpr const char* GroupBy = "Nach dieser Spalte gruppieren";
+inline constexpr const char* Ungroup = "Gruppierung aufheben";
+inline constexpr const char* FilterByCell = "Nach „%1“ filtern";
+inline constexpr const char* FilterOff = "Filter aufheben";
+inline constexpr const char* FilterItem = "%1: %2";
+inline constexpr const char* HideColumn = "Spalte ausblenden";
+inline constexpr const char* ChooseColumns = "Spalten auswählen...";
+inline constexpr const char* ColumnChooser = "Spalten auswählen";
+inline constexpr const char* BestFit = "Spaltenbreite anpassen";
+inline constexpr const char* BestFitAll = "Alle Spaltenbreiten anpassen";
+inline constexpr const char* GroupHeading = "%1: %2 (%3)";
+inline constexpr const char* EmptyValue = "(leer)";
+inline constexpr const char* Search = "Suche: %1";
+
+inline constexpr const char* LookupToken = "Kürzel";
+inline constexpr const char* LookupDescription = "Beschreibung";
+inline constexpr const char* OpenList = "Liste öffnen";
+inline constexpr const char* OpenCalendar = "Kalender öffnen";
+inline constexpr const char* Today = "Heute";
+inline constexpr const char* ClearDate = "Leeren";
+}  // namespace DesktopTexts

@@ -1,0 +1,115 @@
+#include "KeyTips.h"
+
+#include <QApplication>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QWidget>
+
+QStringList AssignKeyTips(const QStringList& captions) {
+  QStringList letters(captions.size());
+  for (qsizetype i = 0; i < captions.size(); ++i) {
+    const auto mark = captions[i].indexOf('&');
+    const QString letter = mark < 0 ? QString() : captions[i].mid(mark + 1, 1).toUpper();
+    if (!letters.contains(letter)) letters[i] = letter;
+  }
+  for (qsizetype i = 0; i < captions.size(); ++i) {
+    if (!letters[i].isEmpty()) continue;
+    QString candidates;
+    for (const QChar c : captions[i].toUpper())
+      if (c.isLetter()) candidates += c;
+    for (const QChar c : candidates + "123456789ABCDEFGHIJKLMNOPQRSTUVWXYZ") {
+      if (letters.contains(QString(c))) continue;
+      letters[i] = c;
+      break;
+    }
+  }
+  return letters;
+}
+
+TKeyTips::TKeyTips(QWidget& window, TTargets firstTargets, TTargets nextTargets)
+    : QObject(&window), FWindow(window), FFirst(std::move(firstTargets)), FNext(std::move(nextTargets)) {
+  qApp->installEventFilter(this);
+}
+
+void TKeyTips::Hide() {
+  for (auto* label : FLabels) label->deleteLater();
+  FLabels.clear();
+  FLetters.clear();
+  FTargets.clear();
+}
+
+void TKeyTips::Show(const TTargets& targets, bool first) {
+  Hide();
+  FAtFirst = first;
+  FTargets = targets();
+  QStringList captions;
+  for (const auto& target : FTargets) captions << target.Caption;
+  FLetters = AssignKeyTips(captions);
+  for (std::size_t i = 0; i < FTargets.size(); ++i) {
+    auto* label = new QLabel(FLetters[static_cast<qsizetype>(i)], &FWindow);
+    label->setAutoFillBackground(true);
+    label->setBackgroundRole(QPalette::ToolTipBase);
+    label->setForegroundRole(QPalette::ToolTipText);
+    label->setFrameShape(QFrame::Box);
+    label->setMargin(2);
+    label->adjustSize();
+    const auto& [widget, caption, choose, leadsOn, place] = FTargets[i];
+    const QRect area = place.isEmpty() ? widget->rect() : place;
+    const QPoint foot = widget->mapTo(&FWindow, QPoint(area.center().x(), area.bottom()));
+    label->move(foot.x() - label->width() / 2, foot.y() - label->height() * 2 / 3);
+    label->raise();
+    label->show();
+    FLabels.push_back(label);
+  }
+}
+
+bool TKeyTips::TakeKey(int key, const QString& text) {
+  if (key == Qt::Key_Escape) {
+    if (FAtFirst)
+      Hide();
+    else
+      Show(FFirst, true);
+    return true;
+  }
+  const auto at = FLetters.indexOf(text.toUpper());
+  if (text.isEmpty() || at < 0) {
+    Hide();
+    return false;
+  }
+  const auto target = FTargets[static_cast<std::size_t>(at)];
+  Hide();
+  target.Choose();
+  if (target.LeadsOn) Show(FNext, false);
+  return true;
+}
+
+bool TKeyTips::eventFilter(QObject* watched, QEvent* event) {
+  const auto type = event->type();
+  if (type == QEvent::MouseButtonPress || type == QEvent::WindowDeactivate) {
+    FAltAlone = false;
+    if (IsShown()) Hide();
+  }
+  if (type != QEvent::KeyPress && type != QEvent::KeyRelease && type != QEvent::ShortcutOverride) return false;
+  const auto* widget = qobject_cast<QWidget*>(watched);
+  if (widget == nullptr || widget->window() != &FWindow) return false;
+  const auto* key = static_cast<QKeyEvent*>(event);
+  if (type == QEvent::ShortcutOverride) {
+    if (IsShown()) event->accept();
+    return false;
+  }
+  if (key->key() == Qt::Key_Alt) {
+    if (type == QEvent::KeyPress) {
+      FAltAlone = !key->isAutoRepeat() || FAltAlone;
+    } else if (FAltAlone) {
+      FAltAlone = false;
+      if (IsShown())
+        Hide();
+      else
+        Show(FFirst, true);
+      return true;
+    }
+    return false;
+  }
+  FAltAlone = false;
+  return type == QEvent::KeyPress && IsShown() && TakeKey(key->key(), key->text());
+}
