@@ -10,6 +10,7 @@
 
 #include "FoundationTexts.h"
 #include "VantrelExceptions.h"
+#include "VantrelI18n.h"
 #include "VantrelNumbers.h"
 
 namespace {
@@ -22,7 +23,7 @@ constexpr int FirstDay = (sys_days(std::chrono::year(1) / 1 / 1) - Epoch).count(
 constexpr int LastDay = (sys_days(std::chrono::year(9999) / 12 / 31) - Epoch).count();
 
 [[noreturn]] void RaiseNoDate(TDateTime value) {
-  throw EVantrelDateTimeError(fmt::format(fmt::runtime(FoundationTexts::NoDate), FloatToText(value)));
+  throw EVantrelDateTimeError(FormatText(FoundationTexts::NoDate, FloatToText(value)));
 }
 
 bool IsWithin(int value, int first, int last) {
@@ -98,7 +99,7 @@ bool ReadDigits(std::string_view text, int& value) {
 int RequiredNumber(std::string_view text, std::size_t first, std::size_t count) {
   int value = 0;
   if (ReadDigits(Slice(text, first, count), value)) return value;
-  throw EConvertError(fmt::format(fmt::runtime(FoundationTexts::NoDate), text));
+  throw EConvertError(FormatText(FoundationTexts::NoDate, text));
 }
 
 int NumberOrZero(std::string_view text) {
@@ -135,10 +136,9 @@ TDateTime EncodeDateTime(const TDateTimeParts& parts) {
   if (!IsWithin(parts.Year, 1, 9999) || !IsWithin(parts.Month, 1, 12) || !IsWithin(parts.Day, 1, 31) || !date.ok() ||
       !IsWithin(parts.Hour, 0, 23) || !IsWithin(parts.Minute, 0, 59) || !IsWithin(parts.Second, 0, 59) ||
       !IsWithin(parts.Millisecond, 0, 999)) {
-    throw EVantrelDateTimeError(
-        fmt::format(fmt::runtime(FoundationTexts::NoDate),
-                    fmt::format("{:04}-{:02}-{:02} {:02}:{:02}:{:02}.{:03}", parts.Year, parts.Month, parts.Day,
-                                parts.Hour, parts.Minute, parts.Second, parts.Millisecond)));
+    throw EVantrelDateTimeError(FormatText(
+        FoundationTexts::NoDate, fmt::format("{:04}-{:02}-{:02} {:02}:{:02}:{:02}.{:03}", parts.Year, parts.Month,
+                                             parts.Day, parts.Hour, parts.Minute, parts.Second, parts.Millisecond)));
   }
   const double day = (sys_days(date) - Epoch).count();
   const int milliseconds = ((parts.Hour * 60 + parts.Minute) * 60 + parts.Second) * 1000 + parts.Millisecond;
@@ -216,7 +216,7 @@ TDateTime TextToDateTime(std::string_view text) {
   try {
     return EncodeDateTime(parts);
   } catch (const EVantrelDateTimeError&) {
-    throw EConvertError(fmt::format(fmt::runtime(FoundationTexts::NoDate), text));
+    throw EConvertError(FormatText(FoundationTexts::NoDate, text));
   }
 }
 

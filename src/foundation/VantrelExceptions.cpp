@@ -1,11 +1,10 @@
 #include "VantrelExceptions.h"
 
-#include <fmt/format.h>
-
 #include <cerrno>
 #include <cstring>
 
 #include "FoundationTexts.h"
+#include "VantrelI18n.h"
 
 namespace {
 constexpr std::uint32_t ForeignErrnoBase = 10000;
@@ -14,8 +13,7 @@ constexpr std::uint32_t ForeignErrnoBase = 10000;
 EVantrelWin32Error::EVantrelWin32Error() : EVantrelWin32Error(CodeOfErrno(errno)) {}
 
 EVantrelWin32Error::EVantrelWin32Error(std::uint32_t code)
-    : EVantrelException(fmt::format(fmt::runtime(FoundationTexts::SystemError), code, TextOf(code))),
-      FErrorCode(code) {}
+    : EVantrelException(FormatText(FoundationTexts::SystemError, code, TextOf(code))), FErrorCode(code) {}
 
 std::uint32_t EVantrelWin32Error::CodeOfErrno(int error) noexcept {
   const auto code = [](TVantrelErrorCode known) { return static_cast<std::uint32_t>(known); };
@@ -48,17 +46,17 @@ std::uint32_t EVantrelWin32Error::CodeOfErrno(int error) noexcept {
 std::string EVantrelWin32Error::TextOf(std::uint32_t code) {
   switch (static_cast<TVantrelErrorCode>(code)) {
     case TVantrelErrorCode::FileNotFound:
-      return FoundationTexts::FileNotFound;
+      return ResourceText(FoundationTexts::FileNotFound);
     case TVantrelErrorCode::PathNotFound:
-      return FoundationTexts::PathNotFound;
+      return ResourceText(FoundationTexts::PathNotFound);
     case TVantrelErrorCode::AccessDenied:
-      return FoundationTexts::AccessDenied;
+      return ResourceText(FoundationTexts::AccessDenied);
     case TVantrelErrorCode::NotEnoughMemory:
-      return FoundationTexts::NotEnoughMemory;
+      return ResourceText(FoundationTexts::NotEnoughMemory);
     case TVantrelErrorCode::SharingViolation:
-      return FoundationTexts::SharingViolation;
+      return ResourceText(FoundationTexts::SharingViolation);
     case TVantrelErrorCode::DiskFull:
-      return FoundationTexts::DiskFull;
+      return ResourceText(FoundationTexts::DiskFull);
   }
   return code >= ForeignErrnoBase ? std::strerror(static_cast<int>(code - ForeignErrnoBase)) : std::string();
 }

@@ -9,6 +9,7 @@
 
 #include "FoundationTexts.h"
 #include "VantrelExceptions.h"
+#include "VantrelI18n.h"
 
 namespace {
 /// Where the default text shows the bytes, in the order of the text.
@@ -76,7 +77,7 @@ void TakeRandom(std::array<std::uint8_t, 16>& target) {
   thread_local std::size_t left = 0;
   if (left == 0) {
     if (RAND_bytes(store.data(), static_cast<int>(store.size())) != 1) {
-      throw EVantrelException(FoundationTexts::RandomFailed);
+      throw EVantrelException(ResourceText(FoundationTexts::RandomFailed));
     }
     left = store.size();
   }
@@ -125,7 +126,7 @@ TGuid TextToGuid(std::string_view text) {
       guid.Bytes[place.Byte] = static_cast<std::uint8_t>(high << 4 | low);
     }
   }
-  if ((faults & NoDigit) != 0) throw EConvertError(fmt::format(fmt::runtime(FoundationTexts::NoGuid), text));
+  if ((faults & NoDigit) != 0) throw EConvertError(FormatText(FoundationTexts::NoGuid, text));
   return guid;
 }
 
@@ -138,7 +139,7 @@ TGuid GuidNamespaceOid() {
 }
 
 TGuid NameBasedGuid(const TGuid& nameSpace, std::string_view name, int version) {
-  if (version != 3 && version != 5) throw EArgumentOutOfRangeException(FoundationTexts::UuidVersion);
+  if (version != 3 && version != 5) throw EArgumentOutOfRangeException(ResourceText(FoundationTexts::UuidVersion));
   const TGuid head = SwapFields(nameSpace);
   std::string input(head.Bytes.begin(), head.Bytes.end());
   input += name;
@@ -146,7 +147,7 @@ TGuid NameBasedGuid(const TGuid& nameSpace, std::string_view name, int version) 
   std::array<unsigned char, EVP_MAX_MD_SIZE> hash;
   const EVP_MD* const kind = version == 5 ? EVP_sha1() : EVP_md5();
   if (EVP_Digest(input.data(), input.size(), hash.data(), nullptr, kind, nullptr) != 1) {
-    throw EVantrelException(FoundationTexts::HashFailed);
+    throw EVantrelException(ResourceText(FoundationTexts::HashFailed));
   }
   TGuid guid;
   std::copy_n(hash.begin(), guid.Bytes.size(), guid.Bytes.begin());

@@ -1,7 +1,5 @@
 #include "VantrelNumbers.h"
 
-#include <fmt/format.h>
-
 #include <algorithm>
 #include <charconv>
 #include <cmath>
@@ -11,6 +9,7 @@
 
 #include "FoundationTexts.h"
 #include "VantrelExceptions.h"
+#include "VantrelI18n.h"
 
 namespace {
 constexpr int SignificantDigits = 15;
@@ -83,13 +82,21 @@ std::optional<double> OutOfRangeToFloat(std::string_view text) {
   return value < 0 ? -largest : largest;
 }
 
-std::optional<double> ParseFloat(std::string_view text) {
+std::optional<double> ParsePointFloat(std::string_view text) {
   if (text.starts_with('+') && !text.starts_with("+-")) text.remove_prefix(1);
   double value = 0;
   const char* const end = text.data() + text.size();
   const auto [at, error] = std::from_chars(text.data(), end, value);
   if (at != end || error == std::errc::invalid_argument) return std::nullopt;
   return error == std::errc::result_out_of_range ? OutOfRangeToFloat(text) : value;
+}
+
+std::optional<double> ParseFloat(std::string_view text) {
+  const std::string_view trimmed = Trimmed(text);
+  if (trimmed.find(',') == std::string_view::npos) return ParsePointFloat(trimmed);
+  std::string points(trimmed);
+  std::replace(points.begin(), points.end(), ',', '.');
+  return ParsePointFloat(points);
 }
 
 template <class T>
@@ -135,22 +142,18 @@ std::string FloatToText(double value) {
 }
 
 double TextToFloat(std::string_view text) {
-  const std::string_view trimmed = Trimmed(text);
-  std::optional<double> value;
-  if (trimmed.find(',') == std::string_view::npos) {
-    value = ParseFloat(trimmed);
-  } else {
-    std::string points(trimmed);
-    std::replace(points.begin(), points.end(), ',', '.');
-    value = ParseFloat(points);
-  }
-  if (!value) throw EConvertError(fmt::format(fmt::runtime(FoundationTexts::NoFloat), text));
+  const auto value = ParseFloat(text);
+  if (!value) throw EConvertError(FormatText(FoundationTexts::NoFloat, text));
   return *value;
+}
+
+double TextToFloatOr(std::string_view text, double fallback) {
+  return ParseFloat(text).value_or(fallback);
 }
 
 std::int64_t TextToInteger(std::string_view text) {
   const auto value = ParseInteger(text);
-  if (!value) throw EConvertError(fmt::format(fmt::runtime(FoundationTexts::NoInteger), text));
+  if (!value) throw EConvertError(FormatText(FoundationTexts::NoInteger, text));
   return *value;
 }
 

@@ -15,6 +15,8 @@ inline constexpr std::size_t FloatTextCapacity = 32;
 std::size_t WriteFloatText(double value, char* target);
 /// Surrounding blanks are passed over; "," counts as "."; raises EConvertError for anything that is no number.
 double TextToFloat(std::string_view text);
+/// As TextToFloat, with `fallback` in place of the exception.
+double TextToFloatOr(std::string_view text, double fallback);
 /// Decimal, or hexadecimal behind "$" or "0x"; surrounding blanks are passed over; raises EConvertError for anything
 /// that is no integer or does not fit.
 std::int64_t TextToInteger(std::string_view text);

@@ -1,7 +1,5 @@
 #include "VantrelVariant.h"
 
-#include <fmt/format.h>
-
 #include <algorithm>
 #include <cmath>
 #include <limits>
@@ -10,6 +8,7 @@
 #include "FoundationTexts.h"
 #include "VantrelDateTime.h"
 #include "VantrelExceptions.h"
+#include "VantrelI18n.h"
 #include "VantrelNumbers.h"
 #include "VantrelText.h"
 
@@ -19,15 +18,11 @@ constexpr const char* FalseText = "False";
 
 [[noreturn]] void RaiseKind(TVariantKind from, TVariantKind to) {
   const auto name = [](TVariantKind kind) { return FoundationTexts::VariantKinds[static_cast<std::size_t>(kind)]; };
-  throw EConvertError(fmt::format(fmt::runtime(FoundationTexts::VariantKind), name(from), name(to)));
+  throw EConvertError(FormatText(FoundationTexts::VariantKind, name(from), name(to)));
 }
 
 bool ReadsAs(std::string_view text, double number) {
-  try {
-    return TextToFloat(text) == number;
-  } catch (const EConvertError&) {
-    return false;
-  }
+  return TextToFloatOr(text, std::numeric_limits<double>::quiet_NaN()) == number;
 }
 }  // namespace
 
@@ -86,7 +81,7 @@ std::int32_t TVariant::AsInteger() const {
   if (FKind == TVariantKind::Null) RaiseKind(FKind, TVariantKind::Integer);
   const double rounded = std::nearbyint(AsFloat());
   if (!(rounded >= TLimits::min() && rounded <= TLimits::max())) {
-    throw EConvertError(fmt::format(fmt::runtime(FoundationTexts::NoInteger), AsText()));
+    throw EConvertError(FormatText(FoundationTexts::NoInteger, AsText()));
   }
   return static_cast<std::int32_t>(rounded);
 }
