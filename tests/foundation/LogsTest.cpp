@@ -1,0 +1,127 @@
+#include "VantrelLogs.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+#include <map>
+#include <sstream>
+
+#include "VantrelExceptions.h"
+
+namespace {
+using enum TVantrelLogEventType;
+
+constexpr TDateTime Evening = 39571.75;
+
+std::string Content(const std::string& name) {
+  std::ostringstream text;
+  text << std::ifstream(name, std::ios::binary).rdbuf();
+  return text.str();
+}
+
+class TMemoryLog final : public TVantrelAbstractLog {
+ public:
+  explicit TMemoryLog(std::string& lines) : FLines(lines) {}
+
+ protected:
+  void WriteEntry(const TVantrelLogEntry& entry) override {
+    if (entry.EventText == "fail") throw EVantrelException("kaputt");
+    FLines += entry.EventText + ';';
+  }
+  void WriteLimitReached() override { FLines += "full;"; }
+
+ private:
+  std::string& FLines;
+};
+
+class TFakePreferences final : public TVantrelLogPreferences {
+ public:
+  std::map<std::string, std::map<std::string, std::string>, std::less<>> Keys;
+
+  bool OpenKey(std::string_view path) override {
+    FKey = Keys.find(path);
+    return FKey != Keys.end();
+  }
+  int ReadInteger(std::string_view name) override { return std::atoi(ReadString(name).c_str()); }
+  bool ReadBoolean(std::string_view name) override { return ReadInteger(name) != 0; }
+  std::string ReadString(std::string_view name) override { return FKey->second[std::string(name)]; }
+  std::vector<std::string> GetValueNames() override {
+    std::vector<std::string> names;
+    for (const auto& [name, value] : FKey->second) names.push_back(name);
+    return names;
+  }
+
+ private:
+  decltype(Keys)::iterator FKey;
+};
+
+TEST(Logs, TargetsTakeWhatTheyAreSetTo) {
+  std::string lines;
+  TMemoryLog log(lines);
+  log.SetEntryLimit(2);
+  log.AddEntry({letDebugInfo, "hidden", "", Evening, ""});
+  log.SetEnabled(false);
+  log.AddEntry({letError, "off", "", Evening, ""});
+  log.SetEnabled(true);
+  log.SetShowDebugInfo(true);
+  for (const char* text : {"a", "b", "c"}) log.AddEntry({letDebugInfo, text, "", Evening, ""});
+  EXPECT_EQ(lines, "a;b;full;");
+}
+
+TEST(Logs, ManagerPassesKnownNamespacesToEveryTarget) {
+  std::string first;
+  std::string second;
+  std::string errors;
+  TVantrelLogManager manager;
+  manager.AddLog(CreateVantrel<TMemoryLog>(first));
+  manager.AddLog(CreateVantrel<TMemoryLog>(second));
+  manager.SetOnError([&](const std::string& message) { errors += message; });
+  manager.AddEntry(letInfo, "nobody listens", "Projekt");
+  manager.AddNamespace("projekt");
+  manager.AddEntry(letInfo, "a", "PROJEKT");
+  manager.AddEntry(letInfo, "b", "Sitzung");
+  manager.AddEntry(letInfo, "fail", "Projekt");
+  EXPECT_EQ(first, "a;");
+  EXPECT_EQ(second, "a;");
+  EXPECT_EQ(errors, "kaputtkaputt");
+}
+
+TEST(Logs, TextFileHasLinesAndAnEnd) {
+  TVantrelTextLog log(testing::TempDir() + "lines.log", 0);
+  EXPECT_TRUE(log.FileName().ends_with(".log"));
+  log.SetEntryLimit(2);
+  for (const char* text : {"gelöscht", "zwei", "drei"}) {
+    log.AddEntry({letAuditFailure, text, "Projekt", Evening, "beck"});
+  }
+  EXPECT_EQ(Content(log.FileName()),
+            "03.05.2008 18:00.00 - [Projekt] [beck] [AUDIT FAILURE] gelöscht\r\n"
+            "03.05.2008 18:00.00 - [Projekt] [beck] [AUDIT FAILURE] zwei\r\n*** Log limit reached ***\r\n");
+  std::filesystem::remove(log.FileName());
+}
+
+TEST(Logs, ConfigurationMakesTargetsAndNamespaces) {
+  const std::string folder = testing::TempDir() + "logs/";
+  std::filesystem::remove_all(folder);
+  std::filesystem::create_directory(folder);
+  TFakePreferences preferences;
+  preferences.Keys["\\Logs\\CSVLog"] = {{"FileName", folder + "rows.csv"}, {"EntryLimit", "2"}};
+  preferences.Keys["\\Logs\\TextLog"] = {{"FileName", folder + "lines.log"}, {"BufferLimit", "5"}};
+  preferences.Keys["\\Namespaces"] = {{"Projekt", ""}};
+  TVantrelLogManager manager;
+  manager.SelfConfiguration(preferences);
+  for (const char* text : {"eins", "zw;ei", "drei"}) manager.AddEntry(letWarning, text, "Projekt", Evening, "beck");
+
+  const auto find = [&](const char* extension) {
+    for (const auto& file : std::filesystem::directory_iterator(folder)) {
+      if (file.path().extension() == extension) return Content(file.path());
+    }
+    return std::string("no file");
+  };
+  EXPECT_EQ(find(".csv"),
+            "03.05.2008;18:00:00;Projekt;beck;WARNING;eins\r\n03.05.2008;18:00:00;Projekt;beck;WARNING;\"zw;ei\"");
+  EXPECT_EQ(find(".log"), "");
+  manager.ClearLogs();
+  EXPECT_NE(find(".log").find("[WARNING] drei"), std::string::npos);
+}
+}  // namespace
