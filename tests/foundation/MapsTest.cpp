@@ -1,0 +1,120 @@
+#include "VantrelMaps.h"
+
+#include <gmock/gmock.h>
+
+#include <memory>
+
+#include "VantrelExceptions.h"
+#include "VantrelSets.h"
+#include "VantrelTypes.h"
+
+namespace {
+using ::testing::ElementsAre;
+using ::testing::UnorderedElementsAre;
+
+TEST(ElfHash, KnownValues) {
+  EXPECT_EQ(TVantrelELFHash().GetHash(), 0);
+  EXPECT_EQ(TVantrelELFHash("a").GetHash(), 0x61);
+  EXPECT_EQ(TVantrelELFHash("printf").GetHash(), 0x077905A6);
+  EXPECT_GE(ElfHash("\xFF\xFF\xFF\xFF\xFF\xFF\xFF\xFF\xFF"), 0);
+}
+
+TEST(HashMap, SizesOfBuckets) {
+  struct TCase {
+    int Capacity, Buckets, Threshold;
+  };
+  for (const auto& [capacity, buckets, threshold] :
+       {TCase{0, 1, 0}, {1, 1, 0}, {3, 4, 3}, {16, 16, 12}, {17, 32, 24}}) {
+    const TVantrelHashMap map(capacity, 0.75, false, false);
+    EXPECT_EQ(map.BucketCount(), buckets) << capacity;
+    EXPECT_EQ(map.Threshold(), threshold) << capacity;
+  }
+  EXPECT_THROW(TVantrelHashMap(-1, 0.75, false, false), EVantrelMapError);
+  EXPECT_THROW(TVantrelHashMap(16, 0, false, false), EVantrelMapError);
+}
+
+TEST(HashMap, ThirteenthEntryDoubles) {
+  TVantrelHashMap map(false, true);
+  for (std::int32_t key = 1; key <= 12; ++key) map.Put(key * 16, nullptr);
+  EXPECT_EQ(map.BucketCount(), 16);
+  map.Put(std::int32_t{12} * 16, nullptr);
+  EXPECT_EQ(map.BucketCount(), 16);
+  map.Put(std::int32_t{13} * 16, nullptr);
+  EXPECT_EQ(map.BucketCount(), 32);
+  EXPECT_EQ(map.Threshold(), 24);
+  for (std::int32_t key = 1; key <= 13; ++key) EXPECT_TRUE(map.ContainsKey(key * 16)) << key;
+  EXPECT_FALSE(map.ContainsKey(std::int32_t{14} * 16));
+}
+
+TEST(HashMap, PlainValuesStandForKeyObjectsOfTheirClass) {
+  const TGuid guid = GuidNamespaceDns();
+  TVantrelString text("ein längerer Schlüssel"), utf8("ein längerer Schlüssel");
+  TVantrelHashMap map(false, true);
+  map.Put("ein längerer Schlüssel", &text);
+  map.Put(guid, &utf8);
+  map.Put(std::int32_t{7}, &text);
+  EXPECT_EQ(map.Get(&text), &text);
+  EXPECT_EQ(map.Get("ein längerer Schlüssel"), &text);
+  EXPECT_EQ(map.Get(std::make_unique<TVantrelGuid>(guid).get()), &utf8);
+  EXPECT_EQ(map.Get(GuidToText(guid)), nullptr);
+  EXPECT_FALSE(map.ContainsKey(std::int64_t{7}));
+  EXPECT_EQ(map.Remove(guid), &utf8);
+  EXPECT_EQ(map.Remove(guid), nullptr);
+  EXPECT_EQ(map.Put(std::int32_t{7}, &utf8), &text);
+  EXPECT_THAT(map.Items(), UnorderedElementsAre(&text, &utf8));
+}
+
+TEST(HashMap, EqualKeyReplacesItemAndFreesNewKey) {
+  TVantrelString first("1"), second("2");
+  TVantrelHashMap map(false, true);
+  auto* const key = new TVantrelString("k");
+  EXPECT_EQ(map.Put(key, &first), nullptr);
+  EXPECT_EQ(map.Put(new TVantrelString("k"), &second), &first);
+  EXPECT_EQ(map.Put(key, &first), &second);
+  EXPECT_EQ(map.Put(static_cast<TVantrelObject*>(nullptr), &second), nullptr);
+  EXPECT_EQ(map.Get(static_cast<const TVantrelObject*>(nullptr)), &second);
+  EXPECT_EQ(map.Count(), 2);
+}
+
+class TProbe final : public TVantrelObject {
+ public:
+  TProbe(int& freed, TVantrelHashMap& home, std::string key) : FFreed(freed), FHome(home), FKey(std::move(key)) {}
+  ~TProbe() override {
+    ++FFreed;
+    FHome.Remove(FKey);
+  }
+
+ private:
+  int& FFreed;
+  TVantrelHashMap& FHome;
+  std::string FKey;
+};
+
+TEST(HashMap, FreesRepeatedItemOnceAndSurvivesItemsThatTakeThemselvesOut) {
+  int freed = 0;
+  TVantrelHashMap map(true, true);
+  for (const char* key : {"a", "b", "c"}) map.Put(key, new TProbe(freed, map, key));
+  map.Put("d", map.Get("a"));
+  auto* const itsOwnKey = new TVantrelString("e");
+  map.Put(itsOwnKey, itsOwnKey);
+  map.Clear();
+  EXPECT_EQ(freed, 3);
+  EXPECT_TRUE(map.IsEmpty());
+  EXPECT_FALSE(map.ContainsKey("d"));
+}
+
+TEST(HashSet, HoldsEqualItemsOnce) {
+  TVantrelHashSet set;
+  auto* const held = new TVantrelString("x");
+  EXPECT_TRUE(set.Add(held));
+  EXPECT_FALSE(set.Add(held));
+  EXPECT_FALSE(set.Add(new TVantrelString("x")));
+  EXPECT_TRUE(set.Add(new TVantrelUtf8String("x")));
+  const TVantrelString wanted("x");
+  EXPECT_EQ(set.Extract(&wanted), held);
+  EXPECT_FALSE(set.Remove(&wanted));
+  EXPECT_TRUE(set.Add(held));
+  EXPECT_TRUE(set.Remove(&wanted));
+  EXPECT_EQ(set.Count(), 1);
+}
+}  // namespace
