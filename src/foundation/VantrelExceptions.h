@@ -52,9 +52,21 @@ class EVantrelFileHandleError : public EVantrelWin32Error {
   using EVantrelWin32Error::EVantrelWin32Error;
 };
 
+/// A file or address that could not be handed to the program for it, with the system's code.
+class EVantrelFileLaunchError : public EVantrelException {
+ public:
+  EVantrelFileLaunchError(std::uint32_t code, std::string message)
+      : EVantrelException(std::move(message)), FErrorCode(code) {}
+
+  std::uint32_t ErrorCode() const noexcept { return FErrorCode; }
+
+ private:
+  std::uint32_t FErrorCode;
+};
+
 /// Names one direct descendant of EVantrelException.
-#define VANTREL_EXCEPTION(name)                \
-  class name : public EVantrelException {      \
+#define VANTREL_EXCEPTION(name)                 \
+  class name : public EVantrelException {       \
     using EVantrelException::EVantrelException; \
   }
 
@@ -73,7 +85,6 @@ VANTREL_EXCEPTION(EVantrelDataObjectWriterError);
 VANTREL_EXCEPTION(EVantrelDataObjectReaderError);
 VANTREL_EXCEPTION(EVantrelAesCipherError);
 VANTREL_EXCEPTION(EVantrelSocketError);
-VANTREL_EXCEPTION(EVantrelFileLaunchError);
 
 /// A text that cannot be turned into the number, date or GUID that is asked for; a variant of the wrong kind.
 VANTREL_EXCEPTION(EConvertError);

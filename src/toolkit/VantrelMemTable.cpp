@@ -109,7 +109,7 @@ TVantrelField* TVantrelMemTable::FindField(std::string_view name) const {
 
 TVantrelField& TVantrelMemTable::FieldByName(std::string_view name) const {
   TVantrelField* field = FindField(name);
-  if (field == nullptr) throw EVantrelException(fmt::format(ToolkitTexts::FieldNotFound, name));
+  if (field == nullptr) throw EVantrelException(fmt::format(fmt::runtime(ToolkitTexts::FieldNotFound), name));
   return *field;
 }
 
