@@ -17,7 +17,7 @@ namespace {
 using std::chrono::days;
 using std::chrono::sys_days;
 
-constexpr std::int64_t MillisecondsPerDay = 24 * 60 * 60 * 1000;
+constexpr std::int64_t MillisecondsPerDay = 86'400'000;
 constexpr sys_days Epoch = std::chrono::year(1899) / 12 / 30;
 constexpr int FirstDay = (sys_days(std::chrono::year(1) / 1 / 1) - Epoch).count();
 constexpr int LastDay = (sys_days(std::chrono::year(9999) / 12 / 31) - Epoch).count();

@@ -73,7 +73,7 @@ TGuid SwapFields(TGuid guid) {
 
 /// Random bytes from a store per thread, since asking libcrypto has its price.
 void TakeRandom(std::array<std::uint8_t, 16>& target) {
-  thread_local std::array<std::uint8_t, 256 * 16> store;
+  thread_local std::array<std::uint8_t, 4096> store;
   thread_local std::size_t left = 0;
   if (left == 0) {
     if (RAND_bytes(store.data(), static_cast<int>(store.size())) != 1) {

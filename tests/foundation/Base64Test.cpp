@@ -5,8 +5,7 @@
 namespace {
 TEST(Base64, GoesBothWays) {
   const std::pair<std::string, std::string> cases[] = {
-      {"", ""}, {"f", "Zg=="}, {"fo", "Zm8="}, {"foo", "Zm9v"}, {"foobar", "Zm9vYmFy"}, {"\xFB\xFF\xFE", "+//+"},
-  };
+      {"", ""}, {"f", "Zg=="}, {"fo", "Zm8="}, {"foo", "Zm9v"}, {"foobar", "Zm9vYmFy"}, {"\xFB\xFF\xFE", "+//+"}};
   for (const auto& [bytes, text] : cases) {
     EXPECT_EQ(EncodeBase64(bytes.data(), bytes.size()), text);
     EXPECT_EQ(DecodeBase64(text), std::vector<std::uint8_t>(bytes.begin(), bytes.end()));

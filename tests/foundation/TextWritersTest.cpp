@@ -30,8 +30,7 @@ TEST(TextWriter, EncodesBehindThePreamble) {
   const std::pair<TVantrelTextEncoding, std::string> cases[] = {
       {TVantrelTextEncoding::teAnsi, "\xFC\x80"},
       {TVantrelTextEncoding::teUtf8, "\xEF\xBB\xBFü€"},
-      {TVantrelTextEncoding::teUtf16, "\xFF\xFE\xFC\0\xAC\x20"s},
-  };
+      {TVantrelTextEncoding::teUtf16, "\xFF\xFE\xFC\0\xAC\x20"s}};
   for (const auto& [encoding, bytes] : cases) {
     TVantrelMemoryStream stream;
     { TVantrelTextWriter(stream, 16, true, encoding).Write("ü€"); }
