@@ -11,6 +11,7 @@
 #include "FoundationTexts.h"
 #include "ProjectTexts.h"
 #include "VantrelExceptions.h"
+#include "VantrelI18n.h"
 #include "VantrelIO.h"
 #include "VantrelText.h"
 
@@ -28,7 +29,7 @@ constexpr TKeyKind KeyKinds[] = {{16, EVP_aes_128_ecb, EVP_aes_128_cbc},
                                  {32, EVP_aes_256_ecb, EVP_aes_256_cbc}};
 
 void Check(int result) {
-  if (result != 1) throw EVantrelAesCipherError(ProjectTexts::CipherLibrary);
+  if (result != 1) throw EVantrelAesCipherError(ResourceText(ProjectTexts::CipherLibrary));
 }
 
 void Start(EVP_CIPHER_CTX* context, const EVP_CIPHER* cipher, const std::uint8_t* key, const std::uint8_t* vector,
@@ -107,7 +108,7 @@ bool TVantrelAesCipher::SelfTest() {
 void TVantrelAesCipher::Init(const std::uint8_t* key, std::uint32_t size, const std::uint8_t* initVector) {
   if (FInitialized) Burn();
   if (size == 0 || size % 4 != 0 || size > GetMaxKeySize())
-    throw EVantrelAesCipherError(ProjectTexts::CipherInvalidKeySize);
+    throw EVantrelAesCipherError(ResourceText(ProjectTexts::CipherInvalidKeySize));
   SetKey(key, size / 8);
   FInitialized = true;
   if (initVector == nullptr) {
@@ -141,7 +142,7 @@ void TVantrelAesCipher::Init(std::string_view key, const std::uint8_t*) {
     Init(digest.data(), std::min<std::uint32_t>(length, GetMaxKeySize()), nullptr);
     for (std::uint8_t& byte : digest) static_cast<volatile std::uint8_t&>(byte) = 0xFF;
   } catch (const std::exception&) {
-    throw EVantrelAesCipherError(ProjectTexts::CipherDigest);
+    throw EVantrelAesCipherError(ResourceText(ProjectTexts::CipherDigest));
   }
 }
 
@@ -170,7 +171,7 @@ void TVantrelAesCipher::GetIV(TBlock& value) const {
 }
 
 void TVantrelAesCipher::RequireInitialized() const {
-  if (!FInitialized) throw EVantrelAesCipherError(ProjectTexts::CipherNotInitialized);
+  if (!FInitialized) throw EVantrelAesCipherError(ResourceText(ProjectTexts::CipherNotInitialized));
 }
 
 void TVantrelAesCipher::EncryptECB(const std::uint8_t* in, std::uint8_t* out) {
@@ -330,7 +331,8 @@ std::uint64_t TVantrelAesCipher::RunStream(TOperation operation, TVantrelStream&
       (this->*operation)(window.data(), buffer, static_cast<std::uint32_t>(count));
       inStream.SetPosition(inStream.Position() + count);
     }
-    if (outStream.Write(buffer, count) != count) throw EVantrelStreamWriterError(FoundationTexts::ShortWrite);
+    if (outStream.Write(buffer, count) != count)
+      throw EVantrelStreamWriterError(ResourceText(FoundationTexts::ShortWrite));
     result += static_cast<std::uint64_t>(count);
   }
   return result;

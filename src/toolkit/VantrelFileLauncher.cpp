@@ -1,13 +1,12 @@
 #include "VantrelFileLauncher.h"
 
-#include <fmt/format.h>
-
 #include <mutex>
 #include <thread>
 #include <utility>
 
 #include "ToolkitTexts.h"
 #include "VantrelExceptions.h"
+#include "VantrelI18n.h"
 #include "VantrelXdgOpener.h"
 
 namespace {
@@ -21,7 +20,7 @@ constexpr std::pair<std::uint32_t, const char*> Texts[] = {
 
 std::string TextOf(std::uint32_t code) {
   for (const auto& [known, text] : Texts)
-    if (known == code) return text;
+    if (known == code) return ResourceText(text);
   return EVantrelWin32Error::TextOf(code);
 }
 
@@ -54,8 +53,7 @@ bool TVantrelFileLauncher::Launch(std::string_view operation, std::function<void
   FLaunch.Operation = operation;
   const std::uint32_t code = opener.Open(FLaunch, wait);
   if (code > 32) return true;
-  if (FThrowException)
-    throw EVantrelFileLaunchError(code, fmt::format(fmt::runtime(ToolkitTexts::LaunchError), code, TextOf(code)));
+  if (FThrowException) throw EVantrelFileLaunchError(code, FormatText(ToolkitTexts::LaunchError, code, TextOf(code)));
   return false;
 }
 

@@ -1,13 +1,12 @@
 #include "VantrelMemTable.h"
 
-#include <fmt/format.h>
-
 #include <algorithm>
 #include <limits>
 #include <utility>
 
 #include "ToolkitTexts.h"
 #include "VantrelExceptions.h"
+#include "VantrelI18n.h"
 #include "VantrelText.h"
 
 namespace {
@@ -58,7 +57,7 @@ TVariant TVantrelField::Value() const {
 }
 
 void TVantrelField::SetValue(const TVariant& value) {
-  if (!FTable.InEdit()) throw EVantrelException(ToolkitTexts::TableNotInEdit);
+  if (!FTable.InEdit()) throw EVantrelException(ResourceText(ToolkitTexts::TableNotInEdit));
   FTable.FBuffer[static_cast<std::size_t>(FIndex)] = Convert(value);
   FTable.FModified = true;
 }
@@ -89,13 +88,13 @@ TVariant TVantrelField::Convert(const TVariant& value) const {
 
 TVantrelField& TVantrelMemTable::AddField(std::string_view name, TVantrelFieldType type, int size,
                                           std::string_view label) {
-  if (Active()) throw EVantrelException(ToolkitTexts::TableOpen);
+  if (Active()) throw EVantrelException(ResourceText(ToolkitTexts::TableOpen));
   const int index = static_cast<int>(FFields.size());
   return *FFields.emplace_back(std::make_unique<TVantrelField>(*this, index, name, type, size, label));
 }
 
 void TVantrelMemTable::ClearFields() {
-  if (Active()) throw EVantrelException(ToolkitTexts::TableOpen);
+  if (Active()) throw EVantrelException(ResourceText(ToolkitTexts::TableOpen));
   FFields.clear();
   FSortField = -1;
   FOnFilterRecord = nullptr;
@@ -109,7 +108,7 @@ TVantrelField* TVantrelMemTable::FindField(std::string_view name) const {
 
 TVantrelField& TVantrelMemTable::FieldByName(std::string_view name) const {
   TVantrelField* field = FindField(name);
-  if (field == nullptr) throw EVantrelException(fmt::format(fmt::runtime(ToolkitTexts::FieldNotFound), name));
+  if (field == nullptr) throw EVantrelException(FormatText(ToolkitTexts::FieldNotFound, name));
   return *field;
 }
 
@@ -132,7 +131,7 @@ void TVantrelMemTable::Close() {
 }
 
 void TVantrelMemTable::RequireActive() const {
-  if (!Active()) throw EVantrelException(ToolkitTexts::TableClosed);
+  if (!Active()) throw EVantrelException(ResourceText(ToolkitTexts::TableClosed));
 }
 
 void TVantrelMemTable::LeaveEdit() {
@@ -153,13 +152,13 @@ void TVantrelMemTable::Append() {
 void TVantrelMemTable::Edit() {
   RequireActive();
   if (InEdit()) return;
-  if (FCursor < 0) throw EVantrelException(ToolkitTexts::TableNoRecord);
+  if (FCursor < 0) throw EVantrelException(ResourceText(ToolkitTexts::TableNoRecord));
   FBuffer = *CurrentRow();
   FState = TVantrelTableState::tsEdit;
 }
 
 void TVantrelMemTable::Post() {
-  if (!InEdit()) throw EVantrelException(ToolkitTexts::TableNotInEdit);
+  if (!InEdit()) throw EVantrelException(ResourceText(ToolkitTexts::TableNotInEdit));
   const bool isNew = FState == TVantrelTableState::tsInsert;
   FState = TVantrelTableState::tsBrowse;
   FModified = false;
@@ -211,7 +210,7 @@ void TVantrelMemTable::Cancel() {
 void TVantrelMemTable::Delete() {
   RequireActive();
   if (FState == TVantrelTableState::tsInsert) return Cancel();
-  if (FCursor < 0) throw EVantrelException(ToolkitTexts::TableNoRecord);
+  if (FCursor < 0) throw EVantrelException(ResourceText(ToolkitTexts::TableNoRecord));
   FState = TVantrelTableState::tsBrowse;
   FModified = false;
   const auto place = FView.begin() + FCursor;

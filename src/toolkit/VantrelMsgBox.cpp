@@ -65,7 +65,7 @@ TVantrelMsgBoxResult ShowBox(TVantrelMsgBoxIcon icon, TVantrelMsgBoxBtns buttons
 }  // namespace
 
 void MsgBoxError(std::string_view text, TVantrelMsgBoxParent parent) {
-  ShowBox(mbiError, mbbOK, ToolkitTexts::MsgBoxError, text, parent);
+  ShowBox(mbiError, mbbOK, ResourceText(ToolkitTexts::MsgBoxError), text, parent);
 }
 
 void MsgBoxWarning(std::string_view caption, std::string_view text, TVantrelMsgBoxParent parent) {

@@ -9,6 +9,7 @@
 
 #include "ToolkitTexts.h"
 #include "VantrelClasses.h"
+#include "VantrelI18n.h"
 
 enum class TVantrelMsgBoxIcon { mbiQuestion, mbiExclamation, mbiInformation, mbiError };
 enum class TVantrelMsgBoxBtns { mbbOK, mbbOKCancel, mbbYesNo, mbbYesNoCancel, mbbRetryCancel, mbbAbortRetryIgnore };
@@ -67,7 +68,7 @@ class TVantrelMsgBox : public TVantrelObject {
   static TVantrelMsgBoxPort* FPort;
 
   TVantrelMsgBoxBtns FButtons = TVantrelMsgBoxBtns::mbbOK;
-  std::string FCaption = ToolkitTexts::MsgBoxError;
+  std::string FCaption = ResourceText(ToolkitTexts::MsgBoxError);
   int FDefaultButton = 1;
   bool FHelpButton = false;
   int FHelpContext = 0;
