@@ -32,10 +32,9 @@ bool DeniesWriting(TVantrelFileAccessMode access) {
   return access == TVantrelFileAccessMode::famShareExclusive || access == TVantrelFileAccessMode::famShareDenyWrite;
 }
 
-/// True where another handle holds the byte.
-bool HeldByOther(int descriptor, off_t byte) {
-  auto lock = LockOf(F_WRLCK, byte);
-  return ::fcntl(descriptor, F_OFD_GETLK, &lock) == 0 && lock.l_type != F_UNLCK;
+/// Reading, writing, denying reads, denying writes: the opposite of each is two bytes away.
+std::array<bool, ByteCount> BytesOf(VantrelFileLocks::TUse use, TVantrelFileAccessMode access) {
+  return {use.Reads, use.Writes, DeniesReading(access), DeniesWriting(access)};
 }
 }  // namespace
 
@@ -46,8 +45,7 @@ TUse UseOf(TVantrelFileOpenMode openMode) {
 }
 
 THold Take(int descriptor, TUse use, TVantrelFileAccessMode access) {
-  // Reading, writing, denying reads, denying writes: the opposite of each is two bytes away.
-  const std::array<bool, ByteCount> wanted{use.Reads, use.Writes, DeniesReading(access), DeniesWriting(access)};
+  const auto wanted = BytesOf(use, access);
   for (std::size_t byte = 0; byte < wanted.size(); ++byte) {
     auto lock = LockOf(F_RDLCK, FirstByte + static_cast<off_t>(byte));
     if (!wanted[byte] || ::fcntl(descriptor, F_OFD_SETLK, &lock) == 0) continue;
@@ -55,12 +53,19 @@ THold Take(int descriptor, TUse use, TVantrelFileAccessMode access) {
     Release(descriptor);
     return refused ? THold::Refused : THold::NoLocks;
   }
+  if (!ConflictsWithOthers(descriptor, use, access)) return THold::Held;
+  Release(descriptor);
+  return THold::Refused;
+}
+
+bool ConflictsWithOthers(int descriptor, TUse use, TVantrelFileAccessMode access) {
+  const auto wanted = BytesOf(use, access);
   for (std::size_t byte = 0; byte < wanted.size(); ++byte) {
-    if (!wanted[byte] || !HeldByOther(descriptor, FirstByte + static_cast<off_t>((byte + 2) % wanted.size()))) continue;
-    Release(descriptor);
-    return THold::Refused;
+    const auto opposite = static_cast<off_t>((byte + wanted.size() / 2) % wanted.size());
+    auto lock = LockOf(F_WRLCK, FirstByte + opposite);
+    if (wanted[byte] && ::fcntl(descriptor, F_OFD_GETLK, &lock) == 0 && lock.l_type != F_UNLCK) return true;
   }
-  return THold::Held;
+  return false;
 }
 
 THold TakePatiently(int descriptor, TUse use, TVantrelFileAccessMode access) {

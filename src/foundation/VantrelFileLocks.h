@@ -29,6 +29,9 @@ THold Take(int descriptor, TUse use, TVantrelFileAccessMode access);
 /// for a moment.
 THold TakePatiently(int descriptor, TUse use, TVantrelFileAccessMode access);
 
+/// True where another handle denies `use` or does what `access` denies.
+bool ConflictsWithOthers(int descriptor, TUse use, TVantrelFileAccessMode access);
+
 void Release(int descriptor);
 
 /// False where `fileName` no longer leads to the file of `descriptor`.

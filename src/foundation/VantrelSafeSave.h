@@ -23,4 +23,15 @@ class TVantrelSafeSave {
   static std::unique_ptr<TVantrelFileHandle> Write(const std::string& fileName, std::span<const std::uint8_t> bytes,
                                                    TVantrelFileAccessMode access,
                                                    std::unique_ptr<TVantrelFileHandle>* own = nullptr);
+
+ private:
+  /// By a temporary file. Null where the file must be written in place, or has come into being meanwhile.
+  static std::unique_ptr<TVantrelFileHandle> Replace(const std::string& target, std::span<const std::uint8_t> bytes,
+                                                     TVantrelFileAccessMode access, const TVantrelFileHandle* old);
+  /// In place, with the hold passing from `own` to the new handle once the bytes are written.
+  static std::unique_ptr<TVantrelFileHandle> OverwriteOwn(const std::string& target,
+                                                          std::span<const std::uint8_t> bytes,
+                                                          TVantrelFileAccessMode access, const TVantrelFileHandle& own);
+  static std::unique_ptr<TVantrelFileHandle> HandleOn(const std::string& target, TVantrelFileAccessMode access,
+                                                      int descriptor);
 };

@@ -1,0 +1,109 @@
+#include "VantrelTempFile.h"
+
+#include <fcntl.h>
+#include <fmt/format.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <cstdio>
+#include <filesystem>
+
+#include "VantrelExceptions.h"
+#include "VantrelFileLocks.h"
+
+namespace {
+using VantrelFileLocks::THold;
+
+constexpr const char* Marker = ".mytessaron-";
+constexpr const char* Ending = ".tmp";
+constexpr std::size_t LongestNumbers = 24;
+constexpr long UsualNameMax = 255;
+constexpr int Attempts = 1000;
+
+std::filesystem::path FolderOf(const std::string& target) {
+  const auto folder = std::filesystem::path(target).parent_path();
+  return folder.empty() ? "." : folder;
+}
+
+/// What the names of all temporary files of the target begin with. A long name is cut between two characters.
+std::string PrefixOf(const std::string& target) {
+  auto name = std::filesystem::path(target).filename().string();
+  const auto folderMax = ::pathconf(FolderOf(target).c_str(), _PC_NAME_MAX);
+  const auto nameMax = static_cast<std::size_t>(folderMax > 0 ? folderMax : UsualNameMax);
+  const auto added =
+      1 + std::char_traits<char>::length(Marker) + LongestNumbers + std::char_traits<char>::length(Ending);
+  if (name.size() + added > nameMax) {
+    auto end = nameMax > added ? nameMax - added : 0;
+    while (end > 0 && (static_cast<unsigned char>(name[end]) & 0xC0) == 0x80) --end;
+    name.resize(end);
+  }
+  return "." + name + Marker;
+}
+
+bool ForbidsFiles(int error) {
+  return error == EACCES || error == EPERM || error == EROFS;
+}
+
+/// True if nobody holds the file; on a file system without locks nobody can tell.
+bool IsAbandoned(const std::string& name) {
+  const int descriptor = ::open(name.c_str(), O_RDWR | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK);
+  if (descriptor < 0) return false;
+  const bool abandoned =
+      VantrelFileLocks::Take(descriptor, {true, true}, TVantrelFileAccessMode::famShareExclusive) == THold::Held;
+  ::close(descriptor);
+  return abandoned;
+}
+}  // namespace
+
+std::optional<TVantrelTempFile> TVantrelTempFile::Create(const std::string& target, TVantrelFileAccessMode access,
+                                                         unsigned permissions) {
+  const auto prefix = (FolderOf(target) / PrefixOf(target)).string();
+  for (int number = 1; number <= Attempts; ++number) {
+    const auto name = fmt::format("{}{}-{}{}", prefix, ::getpid(), number, Ending);
+    const int descriptor = ::open(name.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, permissions);
+    if (descriptor < 0 && errno == EEXIST) continue;
+    if (descriptor < 0 && ForbidsFiles(errno)) return std::nullopt;
+    if (descriptor < 0) throw EVantrelFileHandleError();
+    TVantrelTempFile file(name, descriptor);
+    // Between the two calls another save may have taken the file for a left-over.
+    if (VantrelFileLocks::Take(descriptor, {true, true}, access) != THold::Refused &&
+        VantrelFileLocks::IsSameFile(descriptor, name)) {
+      return file;
+    }
+  }
+  throw EVantrelFileHandleError(TVantrelErrorCode::SharingViolation);
+}
+
+void TVantrelTempFile::RemoveLeftOvers(const std::string& target) noexcept {
+  try {
+    const auto prefix = PrefixOf(target);
+    for (const auto& entry : std::filesystem::directory_iterator(FolderOf(target))) {
+      const auto name = entry.path().filename().string();
+      if (!name.starts_with(prefix) || !name.ends_with(Ending)) continue;
+      if (entry.is_regular_file() && IsAbandoned(entry.path())) ::unlink(entry.path().c_str());
+    }
+  } catch (const std::exception&) {
+    // A folder that cannot be listed keeps what lies there.
+  }
+}
+
+TVantrelTempFile::~TVantrelTempFile() {
+  if (FDescriptor < 0) return;
+  ::unlink(FName.c_str());
+  ::close(FDescriptor);
+}
+
+bool TVantrelTempFile::TakePlaceOf(const std::string& target, bool expectMissing, int& descriptor) {
+  int result = -1;
+  if (expectMissing) {
+    result = ::renameat2(AT_FDCWD, FName.c_str(), AT_FDCWD, target.c_str(), RENAME_NOREPLACE);
+    if (result != 0 && errno == EEXIST) return false;
+  }
+  const bool refusesTheFlag = expectMissing && result != 0 && (errno == EINVAL || errno == ENOSYS);
+  if (!expectMissing || refusesTheFlag) result = ::rename(FName.c_str(), target.c_str());
+  if (result != 0) throw EVantrelFileHandleError();
+  descriptor = std::exchange(FDescriptor, -1);
+  return true;
+}
