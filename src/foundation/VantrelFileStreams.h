@@ -53,6 +53,11 @@ class TVantrelFileStream final : public TVantrelStream {
   void SetSize(std::int64_t size) override;
 
   const TVantrelFileHandle& Handle() const { return *FHandle; }
+  /// Lets `replace` take the handle (by reference) and give the one that the stream goes on with, at position 0.
+  template <class TReplace>
+  void Exchange(TReplace replace) {
+    FHandle = replace(FHandle);
+  }
 
  private:
   std::unique_ptr<TVantrelFileHandle> FHandle;
