@@ -1,0 +1,59 @@
+#include "VantrelDataRegistry.h"
+
+#include <string>
+
+namespace {
+class TVantrelDataClassRegistryEntry final : public TVantrelObject {
+ public:
+  explicit TVantrelDataClassRegistryEntry(const TVantrelDataClass& dataClass) : FClass(dataClass) {}
+  const TVantrelDataClass& FClass;
+};
+
+std::string KeyOf(std::string_view storageClass, std::string_view name) {
+  return std::string(storageClass).append(".").append(name);
+}
+}  // namespace
+
+TVantrelDataClassRegistry& TVantrelDataClassRegistry::Instance() {
+  static TVantrelDataClassRegistry registry;
+  return registry;
+}
+
+void TVantrelDataClassRegistry::AddClass(std::string_view storageClass, const TVantrelDataClass& dataClass) {
+  const auto key = KeyOf(storageClass, dataClass.Name);
+  if (!FEntries.ContainsKey(key)) FEntries.Put(key, CreateVantrel<TVantrelDataClassRegistryEntry>(dataClass).release());
+}
+
+void TVantrelDataClassRegistry::RemoveClass(std::string_view storageClass, const TVantrelDataClass& dataClass) {
+  TVantrelDeleter()(FEntries.Remove(KeyOf(storageClass, dataClass.Name)));
+}
+
+bool TVantrelDataClassRegistry::ContainsClass(std::string_view storageClass, const TVantrelDataClass& dataClass) const {
+  return FEntries.ContainsKey(KeyOf(storageClass, dataClass.Name));
+}
+
+const TVantrelDataClass* TVantrelDataClassRegistry::GetClass(std::string_view storageClass,
+                                                             std::string_view storedName) const {
+  const auto* entry = FEntries.Get(KeyOf(storageClass, storedName));
+  return entry == nullptr ? nullptr : &static_cast<const TVantrelDataClassRegistryEntry*>(entry)->FClass;
+}
+
+void TVantrelDataObjectRegistry::AddObject(TVantrelDataObject& object) {
+  if (GetObject(object.ID()) == nullptr) FObjects.Put(&object.FKey, &object);
+}
+
+void TVantrelDataObjectRegistry::RemoveObject(const TVantrelDataObject& object) {
+  if (GetObject(object.ID()) == &object) FObjects.Remove(&object.FKey);
+}
+
+TVantrelDataObject* TVantrelDataObjectRegistry::GetObject(const TGuid& id) const {
+  const TVantrelDataObjectKey key(id);
+  return static_cast<TVantrelDataObject*>(FObjects.Get(&key));
+}
+
+std::vector<TVantrelDataObject*> TVantrelDataObjectRegistry::Unclaimed() const {
+  std::vector<TVantrelDataObject*> found;
+  for (auto* item : FObjects.Items())
+    if (auto* object = static_cast<TVantrelDataObject*>(item); object->FUnclaimed) found.push_back(object);
+  return found;
+}

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <string_view>
+#include <vector>
+
+#include "VantrelDataObjects.h"
+#include "VantrelMaps.h"
+
+/// Which stored class names a kind of document knows. One instance for the process; each document kind is registered
+/// at program start.
+class TVantrelDataClassRegistry {
+ public:
+  static TVantrelDataClassRegistry& Instance();
+
+  /// Ignored if the name is present.
+  void AddClass(std::string_view storageClass, const TVantrelDataClass& dataClass);
+  void RemoveClass(std::string_view storageClass, const TVantrelDataClass& dataClass);
+  bool ContainsClass(std::string_view storageClass, const TVantrelDataClass& dataClass) const;
+  /// Null if unknown.
+  const TVantrelDataClass* GetClass(std::string_view storageClass, std::string_view storedName) const;
+
+ private:
+  TVantrelHashMap FEntries{true, true};
+};
+
+/// The objects of one document by GUID. Owns none of them.
+class TVantrelDataObjectRegistry {
+ public:
+  /// Ignored if the GUID is present.
+  void AddObject(TVantrelDataObject& object);
+  /// Only if this very object is the one that is registered.
+  void RemoveObject(const TVantrelDataObject& object);
+  bool ContainsObject(const TVantrelDataObject& object) const { return GetObject(object.ID()) != nullptr; }
+  /// Null if unknown.
+  TVantrelDataObject* GetObject(const TGuid& id) const;
+  int Count() const { return FObjects.Count(); }
+  /// The objects that a reader made and nobody took.
+  std::vector<TVantrelDataObject*> Unclaimed() const;
+
+ private:
+  TVantrelHashMap FObjects{false, false};
+};

@@ -1,0 +1,108 @@
+#pragma once
+
+#include <libxml/tree.h>
+
+#include <memory>
+#include <span>
+
+#include "VantrelDataTextIO.h"
+#include "VantrelExceptions.h"
+#include "VantrelStreams.h"
+
+struct TXmlDocumentDeleter {
+  void operator()(xmlDoc* document) const { xmlFreeDoc(document); }
+};
+using TXmlDocument = std::unique_ptr<xmlDoc, TXmlDocumentDeleter>;
+
+/// Parses a document from memory. No network, no external entities, no entity expansion, no document type; bounded
+/// depth. Ill-formed text raises EVantrelXmlError with the parser's own text.
+TXmlDocument ParseXml(std::span<const std::uint8_t> bytes);
+
+/// Ill-formed XML text.
+class EVantrelXmlError : public EVantrelException {
+ public:
+  EVantrelXmlError(std::string message, int line) : EVantrelException(std::move(message)), FLine(line) {}
+  int Line() const { return FLine; }
+
+ private:
+  int FLine;
+};
+
+/// Builds the document as a tree of elements and puts it into the stream when it is finished. Characters that XML
+/// cannot hold are left out.
+class TVantrelDataObjectXMLWriter final : public TVantrelDataObjectTextWriter {
+ public:
+  TVantrelDataObjectXMLWriter(TVantrelDataStorage& storage, TVantrelStream& stream);
+
+  void Finish() override;
+  using TVantrelDataObjectTextWriter::WriteString;
+  void WriteString(std::string_view name, std::string_view value) override;
+  void WriteVCLGraphic(std::string_view name, const TVantrelGraphic* value) override;
+  void WriteDataList(std::string_view name, const TVantrelDataList& list) override;
+  void WriteDataObject(std::string_view name, const TVantrelDataObject* object) override;
+  void WriteDataObjectRef(std::string_view name, const TVantrelDataObject* object) override;
+
+ protected:
+  void WriteText(std::string_view name, std::string_view text) override;
+  void Enter(std::string_view name) override { FCursor = AddElement(name); }
+  void Leave() override { FCursor = FCursor->parent; }
+
+ private:
+  xmlNode* AddElement(std::string_view name);
+  void AddTextTo(xmlNode* element, std::string_view text);
+  void EnterObject(std::string_view name, const TVantrelDataObject& object);
+
+  TVantrelStream& FStream;
+  TXmlDocument FDocument;
+  xmlNode* FCursor;
+};
+
+/// Reads a document from the tree that the parser makes of the whole stream. Elements are asked for by name: what
+/// nobody asks for is passed over.
+class TVantrelDataObjectXMLReader final : public TVantrelDataObjectTextReader {
+ public:
+  TVantrelDataObjectXMLReader(TVantrelDataStorage& storage, TVantrelStream& stream)
+      : TVantrelDataObjectTextReader(storage), FStream(stream) {}
+
+  /// Parses the stream, to its end, and reads the version.
+  void Open();
+
+  std::string Place() const override;
+  TVantrelPtr<TVantrelGraphic> ReadVCLGraphic(std::string_view name, TVantrelGraphicFactory graphicClass,
+                                              TVantrelPtr<TVantrelGraphic> existing) override;
+  void ReadDataList(std::string_view name, TVantrelDataList& list) override;
+  TVantrelDataObject* ReadDataObject(std::string_view name, TVantrelDataObject* existing) override;
+  TVantrelDataObject* ReadDataObjectRef(std::string_view name) override;
+
+ protected:
+  std::optional<std::string_view> FindText(std::string_view name) override;
+  bool Enter(std::string_view name) override;
+  void Leave() override;
+  [[noreturn]] void RaiseTagExpected(std::string_view name) const override;
+  char16_t CharOr(std::string_view text, char16_t fallback) const override;
+
+ private:
+  /// The element whose children are being read. Children are mostly asked for in their order, so the search begins
+  /// behind the last hit; FNames from NamesBegin on are the names before that place.
+  struct TLevel {
+    xmlNode* Element;
+    xmlNode* Next;
+    std::size_t NamesBegin;
+  };
+
+  void ReadVersion();
+  xmlNode* Find(std::string_view name);
+  std::string_view TextOf(const xmlNode* element);
+  std::string RequireAttribute(const xmlNode* element, const char* name) const;
+  TVantrelDataObject* ObjectAt(const xmlNode* element);
+  void ReadItems(TVantrelDataList& list);
+  void EnterElement(xmlNode* element);
+  std::string PathOfCursor() const;
+
+  TVantrelStream& FStream;
+  TXmlDocument FDocument;
+  int FErrorLine = 0;
+  std::vector<TLevel> FLevels;
+  std::vector<const xmlChar*> FNames;
+  std::string FText;
+};
