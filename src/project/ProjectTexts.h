@@ -2,6 +2,15 @@
 
 /// The user texts of this folder. Those with placeholders go through fmt.
 namespace ProjectTexts {
+inline constexpr const char* GradeTypeValue = "Noten";
+inline constexpr const char* GradeTypePoints = "Punkte";
+inline constexpr const char* GradeTypeFill = "Text";
+
+inline constexpr const char* CourseWithoutStudent = "Der Kurs {} ({}) hat in der Datei keinen Schüler.";
+inline constexpr const char* PasswordNotStorable =
+    "Das Kennwort der Datei enthält Zeichen, die das XML-Format nicht aufnehmen kann. Die Datei wurde nicht "
+    "gespeichert, weil sie sich danach nicht mehr öffnen ließe.";
+
 inline constexpr const char* CipherNotInitialized = "Cipher not initialized";
 inline constexpr const char* CipherInvalidKeySize = "Invalid key size";
 inline constexpr const char* CipherDigest = "Unable to allocate sufficient memory for hash digest";

@@ -1,0 +1,103 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "VantrelDataList.h"
+#include "VantrelMemTable.h"
+
+/// What the grades of a class are, and what a grade entry is for. Kept as the byte of the file.
+enum class TGradeTypes : std::uint8_t { gtValue = 0, gtPoints = 1, gtFill = 2 };
+
+/// "Noten", "Punkte" or "Text"; null for a byte that is no grade type.
+TVariant GetGradeTypeName(TGradeTypes gradeType);
+
+/// Token and text of a catalogue.
+class TCatalog : public TVantrelDataClassOf<TCatalog> {
+ public:
+  static constexpr std::string_view ClassName = "TCatalog";
+  using TVantrelDataClassOf::TVantrelDataClassOf;
+
+  std::string Token;
+  std::string Description;
+
+  void DoCreate() override;
+  void DoClear() override;
+  void Assign(const TVantrelObject& source) override;
+  void ReadData(TVantrelDataObjectReader& reader) override;
+  void WriteData(TVantrelDataObjectWriter& writer) const override;
+};
+
+class TCatalogs : public TVantrelDataListOf<TCatalog> {
+ public:
+  using TVantrelDataListOf::TVantrelDataListOf;
+
+  TCatalog* AddCatalog(std::string_view token, std::string_view description);
+  /// Closes and opens the table and appends a row "Token", "Description" per item.
+  void Populate(TVantrelMemTable& memData) const;
+  /// The first entry with that token, or null.
+  TCatalog* FindToken(std::string_view token) const;
+};
+
+/// A certificate remark, known by its object id.
+class TCertificateComment : public TVantrelDataClassOf<TCertificateComment, TCatalog> {
+ public:
+  static constexpr std::string_view ClassName = "TCertificateComment";
+  using TVantrelDataClassOf::TVantrelDataClassOf;
+
+  std::string Attribute;
+  std::int32_t Position = 0;
+
+  void DoClear() override;
+  void Assign(const TVantrelObject& source) override;
+  void ReadData(TVantrelDataObjectReader& reader) override;
+  void WriteData(TVantrelDataObjectWriter& writer) const override;
+};
+
+class TCertificateComments : public TVantrelDataListOf<TCertificateComment> {
+ public:
+  using TVantrelDataListOf::TVantrelDataListOf;
+
+  /// Appends a remark with a new GUID.
+  TCertificateComment* AddCertificateComment(std::string_view token, std::string_view description,
+                                             std::string_view attribute, std::int32_t position);
+  /// Closes and opens the table and appends a row "ID", "Token", "Description", "Attribute", "Position" per item.
+  void Populate(TVantrelMemTable& memData) const;
+};
+
+/// An entry of the grade catalogue. Courses refer to it by TessaronId.
+class TGrade : public TVantrelDataClassOf<TGrade, TCatalog> {
+ public:
+  static constexpr std::string_view ClassName = "TGrade";
+  using TVantrelDataClassOf::TVantrelDataClassOf;
+
+  std::int32_t TessaronId = -1;
+  float GradeValue = -1.0F;
+
+  TGradeTypes GradeType() const { return static_cast<TGradeTypes>(FGradeType); }
+  void SetGradeType(TGradeTypes value) { FGradeType = static_cast<std::uint8_t>(value); }
+
+  void DoClear() override;
+  void Assign(const TVantrelObject& source) override;
+  void ReadData(TVantrelDataObjectReader& reader) override;
+  void WriteData(TVantrelDataObjectWriter& writer) const override;
+
+ private:
+  static constexpr auto FieldTable();
+  std::uint8_t FGradeType = 0;
+};
+
+class TGrades : public TVantrelDataListOf<TGrade> {
+ public:
+  using TVantrelDataListOf::TVantrelDataListOf;
+
+  TGrade* AddNote(std::int32_t tessaronId, std::string_view token, std::string_view description, float gradeValue,
+                  TGradeTypes gradeType);
+  /// The first grade with that id; null for a negative id.
+  TGrade* Find(std::int32_t tessaronId) const;
+  /// Closes and opens the table and appends a row "Token", "Description", "ID", "GradeValue", "GradeType" per grade of
+  /// the given types; no types means all.
+  void Populate(TVantrelMemTable& memData, const std::vector<TGradeTypes>& gradeTypeFilter) const;
+};

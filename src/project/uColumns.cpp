@@ -1,0 +1,93 @@
+#include "uColumns.h"
+
+#include "VantrelText.h"
+#include "uFields.h"
+
+constexpr auto TColumn::FieldTable() {
+  using namespace Fields;
+  return std::tuple(String("Fieldname", &TColumn::Fieldname), String("Displayname", &TColumn::Displayname),
+                    String("Customname", &TColumn::FCustomname), Byte("Customization", &TColumn::Customization),
+                    Boolean("Editable", &TColumn::Editable), Boolean("Visible", &TColumn::Visible),
+                    Boolean("GridColumn", &TColumn::GridColumn));
+}
+
+void TColumn::DoClear() {
+  const bool gridColumn = GridColumn;
+  Fields::ClearAll(FieldTable(), *this);
+  GridColumn = gridColumn;
+}
+
+void TColumn::Assign(const TVantrelObject& source) {
+  Fields::AssignAll(FieldTable(), *this, source);
+}
+
+void TColumn::ReadData(TVantrelDataObjectReader& reader) {
+  TVantrelDataClassOf::ReadData(reader);
+  Fields::ReadAll(FieldTable(), *this, reader);
+}
+
+void TColumn::WriteData(TVantrelDataObjectWriter& writer) const {
+  Fields::WriteAll(FieldTable(), *this, writer);
+}
+
+TColumn* TColumns::Find(std::string_view fieldname) const {
+  for (int i = 0; i < Count(); ++i)
+    if (SameText(GetItem(i)->Fieldname, fieldname)) return GetItem(i);
+  return nullptr;
+}
+
+bool TColumns::IsEditable(std::string_view fieldname) const {
+  const auto* column = Find(fieldname);
+  return column != nullptr && column->Editable;
+}
+
+bool TColumns::IsVisible(std::string_view fieldname) const {
+  const auto* column = Find(fieldname);
+  return column != nullptr && column->Visible;
+}
+
+TVantrelPtr<TColumns> TColumns::ItemsBy(bool gridColumn) const {
+  auto items = CreateVantrel<TColumns>(false);
+  for (int i = 0; i < Count(); ++i)
+    if (GetItem(i)->GridColumn == gridColumn) items->Add(GetItem(i));
+  return items;
+}
+
+TColumn* TColumns::AddColumn(std::string_view fieldname, std::string_view displayname, bool editable, bool visible,
+                             bool gridColumn, std::uint8_t customization) {
+  auto* column = AddNew();
+  column->Fieldname = fieldname;
+  column->Displayname = displayname;
+  column->Editable = editable;
+  column->Visible = visible;
+  column->GridColumn = gridColumn;
+  column->Customization = customization;
+  return column;
+}
+
+void TColumns::AssignFromData(TVantrelMemTable& dataSet) {
+  if (!dataSet.Active() || dataSet.RecordCount() == 0) return;
+  for (dataSet.First(); !dataSet.Eof(); dataSet.Next()) {
+    const auto value = [&](std::string_view field) { return dataSet.FieldByName(field).Value(); };
+    AddColumn(value("Fieldname").AsTextOrEmpty(), value("Customname").AsTextOrEmpty(), value("Editable").AsBoolean(),
+              value("Visible").AsBoolean(), value("GridColumn").AsBoolean(),
+              static_cast<std::uint8_t>(value("Customization").AsInteger()));
+  }
+}
+
+void TColumns::Populate(TVantrelMemTable& memData) const {
+  memData.Close();
+  memData.Open();
+  for (int i = 0; i < Count(); ++i) {
+    const auto* column = GetItem(i);
+    memData.Append();
+    memData.FieldByName("Fieldname").SetValue(column->Fieldname);
+    memData.FieldByName("Displayname").SetValue(column->Displayname);
+    memData.FieldByName("Customname").SetValue(column->Displayname);
+    memData.FieldByName("Visible").SetValue(column->Visible);
+    memData.FieldByName("Editable").SetValue(column->Editable);
+    memData.FieldByName("GridColumn").SetValue(column->GridColumn);
+    memData.FieldByName("Customization").SetValue(std::int32_t{column->Customization});
+    memData.Post();
+  }
+}

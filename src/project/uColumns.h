@@ -1,0 +1,63 @@
+#pragma once
+
+#include "VantrelDataList.h"
+#include "VantrelMemTable.h"
+
+/// Bits of TColumn::Customization.
+enum TColumnCustomizationType : std::uint8_t { ccVisibility = 0, ccEditability = 1 };
+
+/// What the central system says of one data field: caption, visibility, editability.
+class TColumn : public TVantrelDataClassOf<TColumn> {
+ public:
+  static constexpr std::string_view ClassName = "TColumn";
+  using TVantrelDataClassOf::TVantrelDataClassOf;
+
+  std::string Fieldname;
+  std::string Displayname;
+  /// Set of TColumnCustomizationType as one byte; only carried.
+  std::uint8_t Customization = 0;
+  bool Editable = false;
+  bool Visible = false;
+  /// A column of an achievement grid; otherwise a field of the certificate data page.
+  bool GridColumn = false;
+
+  /// The caption given by the school, or else the standard one.
+  const std::string& Customname() const { return FCustomname.empty() ? Displayname : FCustomname; }
+  void SetCustomname(std::string value) { FCustomname = std::move(value); }
+  bool IsCustomizable(TColumnCustomizationType what) const { return (Customization >> what & 1) != 0; }
+
+  void DoCreate() override { DoClear(); }
+  void DoClear() override;
+  void Assign(const TVantrelObject& source) override;
+  void ReadData(TVantrelDataObjectReader& reader) override;
+  void WriteData(TVantrelDataObjectWriter& writer) const override;
+
+ private:
+  static constexpr auto FieldTable();
+
+  std::string FCustomname;
+};
+
+class TColumns : public TVantrelDataListOf<TColumn> {
+ public:
+  using TVantrelDataListOf::Find;
+  using TVantrelDataListOf::TVantrelDataListOf;
+
+  /// The first column of that field name without regard to case, or null.
+  TColumn* Find(std::string_view fieldname) const;
+  /// False also for a field that has no column.
+  bool IsEditable(std::string_view fieldname) const;
+  bool IsVisible(std::string_view fieldname) const;
+  /// New lists that do not own their items.
+  TVantrelPtr<TColumns> GridItems() const { return ItemsBy(true); }
+  TVantrelPtr<TColumns> NonGridItems() const { return ItemsBy(false); }
+  TColumn* AddColumn(std::string_view fieldname, std::string_view displayname, bool editable, bool visible,
+                     bool gridColumn, std::uint8_t customization);
+  /// Appends a column per row of an open table; the row's "Customname" becomes the Displayname.
+  void AssignFromData(TVantrelMemTable& dataSet);
+  /// Closes and opens the table and appends a row per column; "Customname" receives the Displayname.
+  void Populate(TVantrelMemTable& memData) const;
+
+ private:
+  TVantrelPtr<TColumns> ItemsBy(bool gridColumn) const;
+};

@@ -1,0 +1,170 @@
+#include "uProject.h"
+
+#include <array>
+
+#include "VantrelDataRegistry.h"
+#include "VantrelText.h"
+#include "uFields.h"
+#include "uTessaron.h"
+
+constexpr auto TDataOptions::FieldTable() {
+  return std::tuple(Fields::Byte("AbsenceBehaviour", &TDataOptions::FAbsenceBehaviour),
+                    Fields::DataList("Columns", &TDataOptions::FColumns));
+}
+
+void TDataOptions::DoCreate() {
+  FColumns = CreateVantrel<TColumns>(this, true);
+  DoClear();
+}
+
+void TDataOptions::DoDestroy() {
+  FColumns.reset();
+}
+
+void TDataOptions::DoClear() {
+  Fields::ClearAll(FieldTable(), *this);
+}
+
+void TDataOptions::Assign(const TVantrelObject& source) {
+  Fields::AssignAll(FieldTable(), *this, source);
+}
+
+void TDataOptions::ReadData(TVantrelDataObjectReader& reader) {
+  TVantrelDataClassOf::ReadData(reader);
+  Fields::ReadAll(FieldTable(), *this, reader);
+}
+
+void TDataOptions::WriteData(TVantrelDataObjectWriter& writer) const {
+  Fields::WriteAll(FieldTable(), *this, writer);
+}
+
+// The order of the two tables is the file format: "Version", these, then "DataOptions".
+constexpr auto TMyTessaronProject::HeaderFields() {
+  using namespace Fields;
+  using T = TMyTessaronProject;
+  return std::tuple(Boolean("PasswordProtected", &T::PasswordProtected), String("Password", &T::Password),
+                    LongInt("TenantId", &T::TenantId), LongInt("TeacherId", &T::TeacherId),
+                    LongInt("TermId", &T::TermId), String("TeacherToken", &T::TeacherToken),
+                    String("TeacherName", &T::TeacherName), String("TermName", &T::TermName),
+                    String("Description", &T::Description));
+}
+
+constexpr auto TMyTessaronProject::ListFields() {
+  using Fields::DataList;
+  using T = TMyTessaronProject;
+  return std::tuple(
+      DataList("Abschluesse", &T::FAbschluesse), DataList("Abschlussarten", &T::FAbschlussarten),
+      DataList("Empfehlungen", &T::FEmpfehlungen), DataList("Fachstati", &T::FFachstati),
+      DataList("Niveaus", &T::FNiveaus), DataList("Noten", &T::FNoten),
+      DataList("Unterrichtsarten", &T::FUnterrichtsarten), DataList("Versetzungsarten", &T::FVersetzungsarten),
+      DataList("Zeugnisbeurteilungen", &T::FZeugnisbeurteilungen), DataList("Leistungsarten", &T::FLeistungsarten),
+      DataList("CertificateComments", &T::FCertificateComments), DataList("Classes", &T::FClasses),
+      DataList("Courses", &T::FCourses), DataList("Students", &T::FStudents));
+}
+
+void TMyTessaronProject::RegisterClasses() {
+  auto& registry = TVantrelDataClassRegistry::Instance();
+  for (const auto* dataClass : {&TCatalog::Class(), &TCertificateComment::Class(), &TGrade::Class(), &TClass::Class(),
+                                &TStudent::Class(), &TCourse::Class(), &TDataOptions::Class(), &TColumn::Class()})
+    registry.AddClass(StorageName, *dataClass);
+}
+
+void TMyTessaronProject::DoCreate() {
+  TVantrelDataStorage::DoCreate();
+  FProductVersion = ::ProductVersion;
+  std::apply(
+      [this](const auto&... field) {
+        const auto create = [this]<class TList>(TVantrelPtr<TList>& list) { list = CreateVantrel<TList>(this, true); };
+        (create(this->*field.Member), ...);
+      },
+      ListFields());
+  FOptions = CreateVantrel<TDataOptions>(this);
+  DoClear();
+}
+
+void TMyTessaronProject::DoDestroy() {
+  std::apply([this](const auto&... field) { ((this->*field.Member).reset(), ...); }, ListFields());
+  FOptions.reset();
+  FExclusiveFileStream.reset();
+  TVantrelDataStorage::DoDestroy();
+}
+
+void TMyTessaronProject::DoClear() {
+  TVantrelDataStorage::DoClear();
+  Fields::ClearAll(HeaderFields(), *this);
+  Fields::ClearAll(ListFields(), *this);
+  FOptions->DoClear();
+}
+
+void TMyTessaronProject::ReadData(TVantrelDataObjectReader& reader) {
+  TVantrelDataStorage::ReadData(reader);
+  FProductVersion = reader.ReadString("Version", FProductVersion);
+  Fields::ReadAll(HeaderFields(), *this, reader);
+  Fields::ReadAll(ListFields(), *this, reader);
+  reader.ReadOwnedObject("DataOptions", FOptions);
+}
+
+void TMyTessaronProject::WriteData(TVantrelDataObjectWriter& writer) const {
+  TVantrelDataStorage::WriteData(writer);
+  writer.WriteString("Version", FProductVersion);
+  Fields::WriteAll(HeaderFields(), *this, writer);
+  Fields::WriteAll(ListFields(), *this, writer);
+  writer.WriteDataObject("DataOptions", FOptions.get());
+}
+
+int TMyTessaronProject::ProductEdition() const {
+  const char first = FProductVersion.empty() ? '\0' : FProductVersion.front();
+  return first >= '0' && first <= '9' ? first - '0' : -1;
+}
+
+bool TMyTessaronProject::CheckPassword(std::string_view enteredPassword) const {
+  auto entered = Utf8ToUtf16(enteredPassword);
+  for (auto& unit : entered) unit = static_cast<char16_t>(~unit);
+  return !entered.empty() && entered == Utf8ToUtf16(Password);
+}
+
+void TMyTessaronProject::SetModified(bool isModified) {
+  SetModifiedFlag(isModified);
+  if (OnModified) OnModified();
+}
+
+template <class TPredicate>
+TVantrelPtr<TCourses> TMyTessaronProject::CoursesWhere(TPredicate predicate) const {
+  auto found = CreateVantrel<TCourses>(false);
+  for (int i = 0; i < FCourses->Count(); ++i)
+    if (predicate(*FCourses->GetItem(i))) found->Add(FCourses->GetItem(i));
+  return found;
+}
+
+TVantrelPtr<TCourses> TMyTessaronProject::CoursesByClass(const TVariant& classId) const {
+  return CoursesWhere([&](const TCourse& course) { return course.RequireStudent().ClassId.Value == classId; });
+}
+
+TVantrelPtr<TCourses> TMyTessaronProject::CoursesByStudent(const TVariant& studentId) const {
+  return CoursesWhere([&](const TCourse& course) { return course.RequireStudent().TessaronId.Value == studentId; });
+}
+
+TVantrelPtr<TCourses> TMyTessaronProject::CoursesBySubject(const TVariant& subjectId) const {
+  return CoursesWhere([&](const TCourse& course) { return course.SubjectId.Value == subjectId; });
+}
+
+bool TMyTessaronProject::EditableColumn(std::string_view columnName) const {
+  for (const std::string_view prefix : {"col_student_course_", "col_subject_course_"}) {
+    if (!SameText(columnName.substr(0, prefix.size()), prefix)) continue;
+    columnName.remove_prefix(prefix.size());
+    break;
+  }
+  return FOptions->Columns().IsEditable(columnName);
+}
+
+void TMyTessaronProject::PopulateClassSubjects(TVantrelMemTable& memData, const TClass& schoolClass) const {
+  memData.Close();
+  memData.Open();
+  FCourses->PopulateClassSubjects(memData, schoolClass);
+}
+
+void TMyTessaronProject::PopulateSubjects(TVantrelMemTable& memData) const {
+  memData.Close();
+  memData.Open();
+  FCourses->PopulateSubjects(memData);
+}

@@ -1,0 +1,167 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+
+#include "VantrelDataStorage.h"
+#include "uCatalogs.h"
+#include "uClasses.h"
+#include "uColumns.h"
+#include "uCourses.h"
+#include "uHelper.h"
+#include "uStudents.h"
+
+enum class TFileLoadTimeType { lfBefore, lfAfter };
+enum class TProjectFileKind { pfkUnknown, pfkBinary, pfkEncryptedXml, pfkPlainXml };
+/// Comes from the central system and goes back to it unchanged.
+enum class TAbsenceBehaviour : std::uint8_t { abNone, abUpdate, abSummarize };
+
+/// By the extension, told apart by case: "kvr" and "kvr7", "kvrx", "kvrxr".
+TProjectFileKind GetProjectFileKind(std::string_view fileName);
+/// Empty for pfkUnknown; pfkBinary leaves the extension as it is.
+void GetProjectFileExtension(TProjectFileKind kind, std::string& extension);
+
+/// What the teacher sees and may change, as the central system decided it.
+class TDataOptions : public TVantrelDataClassOf<TDataOptions> {
+ public:
+  static constexpr std::string_view ClassName = "TDataOptions";
+  using TVantrelDataClassOf::TVantrelDataClassOf;
+
+  TColumns& Columns() const { return *FColumns; }
+  TAbsenceBehaviour AbsenceBehaviour() const { return static_cast<TAbsenceBehaviour>(FAbsenceBehaviour); }
+  void SetAbsenceBehaviour(TAbsenceBehaviour value) { FAbsenceBehaviour = static_cast<std::uint8_t>(value); }
+
+  void DoCreate() override;
+  void DoDestroy() override;
+  void DoClear() override;
+  void Assign(const TVantrelObject& source) override;
+  void ReadData(TVantrelDataObjectReader& reader) override;
+  void WriteData(TVantrelDataObjectWriter& writer) const override;
+
+ private:
+  static constexpr auto FieldTable();
+
+  std::uint8_t FAbsenceBehaviour = 0;
+  TVantrelPtr<TColumns> FColumns;
+};
+
+class TMyTessaronProject;
+using TOnMyTessaronLoadFile = std::function<void(TMyTessaronProject& project, TFileLoadTimeType firedOn)>;
+using TOnMyTessaronModified = std::function<void()>;
+
+/// The one document that the program edits: what one teacher needs for one term. Nothing tracks changes by itself:
+/// what edits calls SetModified.
+class TMyTessaronProject final : public TVantrelDataStorage {
+ public:
+  using TVantrelDataStorage::TVantrelDataStorage;
+
+  static constexpr std::string_view StorageName = "TMyTessaronProject";
+  /// Makes the domain classes known to the readers. To be called once at program start.
+  static void RegisterClasses();
+
+  bool PasswordProtected = false;
+  /// In stored form: every UTF-16 unit of the clear text complemented.
+  std::string Password;
+  TMyTessaronInteger TenantId;
+  TMyTessaronInteger TeacherId;
+  TMyTessaronInteger TermId;
+  std::string TeacherToken;
+  std::string TeacherName;
+  std::string TermName;
+  std::string Description;
+
+  /// Called before and after a file is opened, also when the load failed.
+  TOnMyTessaronLoadFile OnLoadFile;
+  /// Called at every SetModified.
+  TOnMyTessaronModified OnModified;
+
+  TCatalogs& Abschluesse() const { return *FAbschluesse; }
+  TCatalogs& Abschlussarten() const { return *FAbschlussarten; }
+  TCatalogs& Empfehlungen() const { return *FEmpfehlungen; }
+  TCatalogs& Fachstati() const { return *FFachstati; }
+  TCatalogs& Niveaus() const { return *FNiveaus; }
+  TGrades& Noten() const { return *FNoten; }
+  TCatalogs& Unterrichtsarten() const { return *FUnterrichtsarten; }
+  TCatalogs& Versetzungsarten() const { return *FVersetzungsarten; }
+  TCatalogs& Zeugnisbeurteilungen() const { return *FZeugnisbeurteilungen; }
+  TCatalogs& Leistungsarten() const { return *FLeistungsarten; }
+  TCertificateComments& CertificateComments() const { return *FCertificateComments; }
+  TClasses& Classes() const { return *FClasses; }
+  TCourses& Courses() const { return *FCourses; }
+  TStudents& Students() const { return *FStudents; }
+  TDataOptions& Options() const { return *FOptions; }
+
+  /// Version of the program that wrote the file.
+  const std::string& ProductVersion() const { return FProductVersion; }
+  /// For documents that are made and not loaded.
+  void SetProductVersion(std::string version) { FProductVersion = std::move(version); }
+  /// Its first character as a number; -1 where that is no digit.
+  int ProductEdition() const;
+
+  /// Opens a file for editing, by the kind that its extension tells; an empty name means FileName. The file stays held.
+  /// An unknown kind: nothing is read. Which failures raise, show a box or pass in silence goes by the kind:
+  /// a missing or locked .kvrx and a locked file of the other kinds raise EVantrelFileHandleError; a damaged .kvrx
+  /// shows an error box and leaves FileName empty; a missing or damaged file of the other kinds passes in silence
+  /// (see LoadDamage).
+  void LoadFile(const std::string& fileName);
+  /// Reads a file without holding it, with writing denied to others meanwhile; raises whatever goes wrong. An unknown
+  /// kind is not read and answers false.
+  bool LoadForReading(const std::string& fileName);
+  /// Writes the file in its kind; an empty name means FileName. An unknown kind: nothing is written. Failures go to the
+  /// caller, Modified then stays. A password that XML cannot hold raises EVantrelException for an XML kind.
+  void SaveFile(const std::string& fileName);
+  /// False for an empty entry, an empty stored password, and any difference.
+  bool CheckPassword(std::string_view enteredPassword) const;
+  /// Sets the flag and calls OnModified, whether it changed or not.
+  void SetModified(bool isModified);
+
+  void AddCourse(TVantrelPtr<TCourse> course) { FCourses->AddCourse(std::move(course)); }
+  /// New lists that do not own their courses, in the order of Courses.
+  TVantrelPtr<TCourses> CoursesByClass(const TVariant& classId) const;
+  TVantrelPtr<TCourses> CoursesByStudent(const TVariant& studentId) const;
+  TVantrelPtr<TCourses> CoursesBySubject(const TVariant& subjectId) const;
+  /// The one rule for whether a grid cell may be edited: by the field name that the column's name has behind the prefix
+  /// of either grid.
+  bool EditableColumn(std::string_view columnName) const;
+  /// Empty the table and fill it (see TCourses).
+  void PopulateClassSubjects(TVantrelMemTable& memData, const TClass& schoolClass) const;
+  void PopulateSubjects(TVantrelMemTable& memData) const;
+
+  std::string_view StorageClassName() const override { return StorageName; }
+  int GetVersion() const override { return 1000; }
+  void DoCreate() override;
+  void DoDestroy() override;
+  void DoClear() override;
+  void ReadData(TVantrelDataObjectReader& reader) override;
+  void WriteData(TVantrelDataObjectWriter& writer) const override;
+  void BeforeOpenFile() override;
+  void AfterOpenFile() override;
+  void BeforeStoreFile() override;
+  void AfterStoreFile() override;
+
+ private:
+  static constexpr auto HeaderFields();
+  static constexpr auto ListFields();
+  template <class TPredicate>
+  TVantrelPtr<TCourses> CoursesWhere(TPredicate predicate) const;
+  void LoadEncryptedXml(const std::string& fileName);
+  void SaveEncryptedXml(const std::string& fileName);
+  void ReadEnciphered(const std::string& fileName);
+  void RequireStorablePassword() const;
+  void HoldFile();
+
+  std::unique_ptr<TVantrelFileStream> FExclusiveFileStream;
+  std::string FProductVersion;
+  TVantrelPtr<TCatalogs> FAbschluesse, FAbschlussarten, FEmpfehlungen, FFachstati, FNiveaus;
+  TVantrelPtr<TGrades> FNoten;
+  TVantrelPtr<TCatalogs> FUnterrichtsarten, FVersetzungsarten, FZeugnisbeurteilungen, FLeistungsarten;
+  TVantrelPtr<TCertificateComments> FCertificateComments;
+  TVantrelPtr<TClasses> FClasses;
+  TVantrelPtr<TCourses> FCourses;
+  TVantrelPtr<TStudents> FStudents;
+  TVantrelPtr<TDataOptions> FOptions;
+};
+
+/// The open project, or null: the only one that views and records see. Owned by the main window.
+inline TMyTessaronProject* CurrentProject = nullptr;

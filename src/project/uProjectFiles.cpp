@@ -1,0 +1,185 @@
+// The project and its files: which kind is opened and saved how, and how an open file is held.
+
+#include "ProjectTexts.h"
+#include "VantrelAesCipher.h"
+#include "VantrelExceptions.h"
+#include "VantrelI18n.h"
+#include "VantrelMsgBox.h"
+#include "VantrelPaths.h"
+#include "VantrelSafeSave.h"
+#include "VantrelText.h"
+#include "uProject.h"
+
+using enum TVantrelFileAccessMode;
+using enum TVantrelFileOpenMode;
+using enum TProjectFileKind;
+
+namespace {
+
+constexpr const char* PassPhrase = "9t4w7?k8e=6JRn!m5H2ydF]>z-3{ub1XC";
+
+/// Runs both, and raises what the first one raised, or else the second.
+template <class TFirst, class TSecond>
+void RunBoth(TFirst first, TSecond second) {
+  std::exception_ptr error;
+  try {
+    first();
+  } catch (...) {
+    error = std::current_exception();
+  }
+  try {
+    second();
+  } catch (...) {
+    if (error == nullptr) error = std::current_exception();
+  }
+  if (error != nullptr) std::rethrow_exception(error);
+}
+
+}  // namespace
+
+TProjectFileKind GetProjectFileKind(std::string_view fileName) {
+  const auto extension = TVantrelFilePath::GetExtension(fileName);
+  if (extension == "kvr" || extension == "kvr7") return pfkBinary;
+  if (extension == "kvrx") return pfkEncryptedXml;
+  if (extension == "kvrxr") return pfkPlainXml;
+  return pfkUnknown;
+}
+
+void GetProjectFileExtension(TProjectFileKind kind, std::string& extension) {
+  if (kind == pfkBinary) return;
+  extension = kind == pfkEncryptedXml ? "kvrx" : kind == pfkPlainXml ? "kvrxr" : "";
+}
+
+void TMyTessaronProject::LoadFile(const std::string& fileName) {
+  const std::string name = fileName.empty() ? FileName() : fileName;
+  switch (GetProjectFileKind(name)) {
+    case pfkBinary:
+      OpenFileExclusive(name, TVantrelDataStorageFormat::dsfBinary);
+      break;
+    case pfkPlainXml:
+      OpenFileExclusive(name, TVantrelDataStorageFormat::dsfXml);
+      break;
+    case pfkEncryptedXml:
+      LoadEncryptedXml(name);
+      break;
+    case pfkUnknown:
+      break;
+  }
+  SetModified(false);
+}
+
+bool TMyTessaronProject::LoadForReading(const std::string& fileName) {
+  const auto kind = GetProjectFileKind(fileName);
+  if (kind == pfkUnknown) return false;
+  if (kind == pfkEncryptedXml) {
+    ReadEnciphered(fileName);
+  } else {
+    TVantrelFileStream stream(fileName, famShareDenyWrite, fomOpenRead);
+    LoadFromStream(stream,
+                   kind == pfkBinary ? TVantrelDataStorageFormat::dsfBinary : TVantrelDataStorageFormat::dsfXml);
+  }
+  SetFileName(fileName);
+  return true;
+}
+
+void TMyTessaronProject::ReadEnciphered(const std::string& fileName) {
+  TVantrelMemoryStream plain;
+  {
+    TVantrelFileStream enciphered(fileName, famShareDenyWrite, fomOpenRead);
+    TVantrelAesCipher cipher;
+    cipher.Init(PassPhrase, nullptr);
+    cipher.DecryptStream(enciphered, plain, enciphered.Size());
+  }
+  plain.SetPosition(0);
+  LoadFromXmlStream(plain);
+}
+
+void TMyTessaronProject::LoadEncryptedXml(const std::string& fileName) {
+  BeforeOpenFile();
+  RunBoth(
+      [&] {
+        try {
+          ReadEnciphered(fileName);
+          SetFileName(fileName);
+        } catch (const EVantrelFileHandleError&) {
+          throw;
+        } catch (const std::exception& error) {
+          NoteDamagedFile(fileName);
+          MsgBoxError(error.what(), TVantrelMsgBoxParent::mbpActiveWindow);
+        }
+      },
+      [&] { AfterOpenFile(); });
+}
+
+void TMyTessaronProject::SaveFile(const std::string& fileName) {
+  const std::string name = fileName.empty() ? FileName() : fileName;
+  switch (GetProjectFileKind(name)) {
+    case pfkBinary:
+      StoreFile(name, TVantrelDataStorageFormat::dsfBinary);
+      break;
+    case pfkPlainXml:
+      RequireStorablePassword();
+      StoreFile(name, TVantrelDataStorageFormat::dsfXml);
+      break;
+    case pfkEncryptedXml:
+      RequireStorablePassword();
+      SaveEncryptedXml(name);
+      break;
+    case pfkUnknown:
+      break;
+  }
+  SetModified(false);
+}
+
+void TMyTessaronProject::SaveEncryptedXml(const std::string& fileName) {
+  BeforeStoreFile();
+  RunBoth(
+      [&] {
+        TVantrelMemoryStream plain;
+        TVantrelMemoryStream enciphered;
+        SaveToXmlStream(plain);
+        plain.SetPosition(0);
+        TVantrelAesCipher cipher;
+        cipher.Init(PassPhrase, nullptr);
+        cipher.EncryptStream(plain, enciphered, plain.Size());
+        KeepDamagedOriginal(fileName);
+        TVantrelSafeSave::Write(fileName, enciphered.Bytes(), famShareExclusive);
+      },
+      [&] { AfterStoreFile(); });
+}
+
+void TMyTessaronProject::RequireStorablePassword() const {
+  for (const char16_t unit : Utf8ToUtf16(Password)) {
+    const bool control = unit < 0x20 && unit != u'\t' && unit != u'\n' && unit != u'\r';
+    const bool surrogate = unit >= 0xD800 && unit < 0xE000;
+    if (control || surrogate || unit >= 0xFFFE)
+      throw EVantrelException(ResourceText(ProjectTexts::PasswordNotStorable));
+  }
+}
+
+void TMyTessaronProject::HoldFile() {
+  FExclusiveFileStream = std::make_unique<TVantrelFileStream>(FileName(), famShareExclusive, fomOpenRead);
+}
+
+void TMyTessaronProject::BeforeOpenFile() {
+  FExclusiveFileStream.reset();
+  if (OnLoadFile) OnLoadFile(*this, TFileLoadTimeType::lfBefore);
+}
+
+void TMyTessaronProject::AfterOpenFile() {
+  const auto hold = [&] {
+    const auto kind = GetProjectFileKind(FileName());
+    if (!FileName().empty() && kind != pfkBinary && kind != pfkPlainXml) HoldFile();
+  };
+  RunBoth(hold, [&] {
+    if (OnLoadFile) OnLoadFile(*this, TFileLoadTimeType::lfAfter);
+  });
+}
+
+void TMyTessaronProject::BeforeStoreFile() {
+  FExclusiveFileStream.reset();
+}
+
+void TMyTessaronProject::AfterStoreFile() {
+  if (!IsFileOpen()) HoldFile();
+}

@@ -1,0 +1,140 @@
+#include "uStudents.h"
+
+#include <fmt/format.h>
+
+#include "uProject.h"
+
+// The order of this table is the file format. "Zuzgang" has that spelling there.
+constexpr auto TStudent::FieldTable() {
+  using namespace Fields;
+  return std::tuple(
+      LongInt("StudentId", &TStudent::TessaronId), LongInt("StudentTermId", &TStudent::StudentTermId),
+      LongInt("ClassId", &TStudent::ClassId), String("Lastname", &TStudent::Nachname),
+      String("Firstname", &TStudent::Vorname), Char("Gender", &TStudent::Geschlecht, u'M'),
+      Date("Birthday", &TStudent::Geburtsdatum), String("Personalnr", &TStudent::Personalnummer),
+      DataList("CertificateComments", &TStudent::CertificateComments),
+      LongInt("Ausbildungsjahr", &TStudent::Ausbildungsjahr), LongInt("Schulbesuchsjahr", &TStudent::Schulbesuchsjahr),
+      Date("Zuzgang", &TStudent::Zugang), Date("Abgang", &TStudent::Abgang),
+      Date("Schulformeintritt", &TStudent::Schulformeintritt), Date("Zeugnisdatum", &TStudent::Zeugnisdatum),
+      Date("Zeugniskonferenz", &TStudent::ZeugniskonferenzAm), LongInt("Fehlstunden", &TStudent::Fehlstunden),
+      LongInt("FehlstundenU", &TStudent::FehlstundenU), LongInt("Fehltage", &TStudent::Fehltage),
+      LongInt("FehltageU", &TStudent::FehltageU), LongInt("FehltagePraktikum", &TStudent::FehltagePraktikum),
+      LongInt("FehltagePraktikumU", &TStudent::FehltagePraktikumU), LongInt("Versaeumnisse", &TStudent::Versaeumnisse),
+      String("Versetzt", &TStudent::Versetzt), String("Versetzungsart", &TStudent::Versetzungsart),
+      String("Abschluss1", &TStudent::Abschluss1), String("Abschluss1Art", &TStudent::Abschluss1Art),
+      Date("Abschluss1Datum", &TStudent::Abschluss1Datum), Single("Abschluss1Note", &TStudent::Abschluss1Note),
+      String("Abschluss2", &TStudent::Abschluss2), String("Abschluss2Art", &TStudent::Abschluss2Art),
+      Date("Abschluss2Datum", &TStudent::Abschluss2Datum), Single("Abschluss2Note", &TStudent::Abschluss2Note),
+      LongInt("MitarbeitGradeId", &TStudent::MitarbeitGradeId),
+      LongInt("VerhaltenGradeId", &TStudent::VerhaltenGradeId), Byte("TeacherType", &TStudent::FLehrerTyp, 255),
+      Boolean("TeilnahmeAnZusatzangebot", &TStudent::TeilnahmeAnZusatzangebot),
+      LongInt("Unterrichtstage", &TStudent::Unterrichtstage), Boolean("VonSportBefreit", &TStudent::VonSportBefreit),
+      String("Empfehlung", &TStudent::Empfehlung), String("Leistungsanforderung", &TStudent::Leistungsanforderung));
+}
+
+void TStudent::DoCreate() {
+  CertificateComments = CreateVantrel<TCertificateComments>(this, true);
+  DoClear();
+}
+
+void TStudent::DoDestroy() {
+  CertificateComments.reset();
+}
+
+void TStudent::DoClear() {
+  Fields::ClearAll(FieldTable(), *this);
+}
+
+void TStudent::Assign(const TVantrelObject& source) {
+  Fields::AssignAll(FieldTable(), *this, source);
+}
+
+void TStudent::ReadData(TVantrelDataObjectReader& reader) {
+  TVantrelDataClassOf::ReadData(reader);
+  Fields::ReadAll(FieldTable(), *this, reader);
+}
+
+void TStudent::WriteData(TVantrelDataObjectWriter& writer) const {
+  Fields::WriteAll(FieldTable(), *this, writer);
+}
+
+void TStudent::VisitFields(const Fields::TVisitor& visitor) const {
+  Fields::VisitAll(FieldTable(), *this, visitor);
+}
+
+std::string TStudent::DisplayName() const {
+  const auto name = Join(Vorname, Nachname, " ");
+  if (name.empty() || Geburtsdatum.IsNull()) return name;
+  return Join(name, fmt::format("({})", Geburtsdatum.ToString()), " ");
+}
+
+std::string TStudent::ViewDisplayName() const {
+  const auto name = Join(Vorname, Nachname, " ");
+  const auto* schoolClass = CurrentProject->Classes().Find(ClassId.Value);
+  return schoolClass == nullptr || schoolClass->Token.empty() ? name : fmt::format("{} ({})", name, schoolClass->Token);
+}
+
+TCertificateComment* TStudent::AddCertificateComment(std::int32_t position, std::string_view attribute,
+                                                     std::string_view description) {
+  auto* comment = CertificateComments->AddCertificateComment({}, description, attribute, position);
+  CurrentProject->SetModified(true);
+  return comment;
+}
+
+void TStudent::EditCertificateComment(const TGuid& id, std::int32_t position, std::string_view attribute,
+                                      std::string_view description) {
+  auto* comment = static_cast<TCertificateComment*>(CertificateComments->Find(id));
+  if (comment == nullptr) return;
+  comment->Position = position;
+  comment->Attribute = attribute;
+  comment->Description = description;
+  CurrentProject->SetModified(true);
+}
+
+void TStudent::DeleteCertificateComment(const TGuid& id) {
+  const int index = CertificateComments->IndexOf(id);
+  if (index < 0) return;
+  CertificateComments->Delete(index);
+  CurrentProject->SetModified(true);
+}
+
+void TStudent::DeleteAllCertificateComments() {
+  CertificateComments->Clear();
+  CurrentProject->SetModified(true);
+}
+
+TStudent* TStudents::Find(const TVariant& tessaronId) const {
+  for (int i = 0; i < Count(); ++i)
+    if (tessaronId == TVariant(GetItem(i)->TessaronId.AsInt())) return GetItem(i);
+  return nullptr;
+}
+
+void TStudents::Populate(TVantrelMemTable& memData) const {
+  memData.Close();
+  memData.Open();
+  for (int i = 0; i < Count(); ++i) {
+    const auto* student = GetItem(i);
+    memData.Append();
+    memData.FieldByName("ID").SetValue(student->TessaronId.Value);
+    memData.FieldByName("Vorname").SetValue(student->Vorname);
+    memData.FieldByName("Nachname").SetValue(student->Nachname);
+    memData.FieldByName("Geburtsdatum").SetValue(student->Geburtsdatum.Value);
+    memData.FieldByName("Klasse").SetValue(student->ClassId.Value);
+    memData.Post();
+  }
+}
+
+void TStudents::PopulateClasses(TVantrelMemTable& memData) const {
+  memData.Close();
+  memData.Open();
+  for (int i = 0; i < Count(); ++i) {
+    const auto& classId = GetItem(i)->ClassId.Value;
+    const auto* schoolClass = CurrentProject->Classes().Find(classId);
+    if (schoolClass == nullptr || memData.Locate("ID", classId)) continue;
+    memData.Append();
+    memData.FieldByName("ID").SetValue(schoolClass->TessaronId);
+    memData.FieldByName("Token").SetValue(schoolClass->Token);
+    memData.FieldByName("GradeType").SetValue(static_cast<std::int32_t>(schoolClass->GradeType()));
+    memData.Post();
+  }
+}

@@ -1,0 +1,103 @@
+#pragma once
+
+#include "uCatalogs.h"
+#include "uFields.h"
+#include "uHelper.h"
+
+/// One student of the term: identity, dates, absences, promotion and school-leaving data, remarks. Created by the
+/// reader only.
+class TStudent : public TVantrelDataClassOf<TStudent> {
+ public:
+  static constexpr std::string_view ClassName = "TStudent";
+  using TVantrelDataClassOf::TVantrelDataClassOf;
+
+  TMyTessaronInteger TessaronId;
+  TMyTessaronInteger StudentTermId;
+  TMyTessaronInteger ClassId;
+  std::string Vorname;
+  std::string Nachname;
+  char16_t Geschlecht = u'M';
+  TMyTessaronDateTime Geburtsdatum;
+  std::string Personalnummer;
+  TVantrelPtr<TCertificateComments> CertificateComments;
+  TMyTessaronInteger Ausbildungsjahr;
+  TMyTessaronInteger Schulbesuchsjahr;
+  TMyTessaronDateTime Zugang;
+  TMyTessaronDateTime Abgang;
+  TMyTessaronDateTime Schulformeintritt;
+  TMyTessaronInteger Fehlstunden;
+  TMyTessaronInteger FehlstundenU;
+  TMyTessaronInteger Fehltage;
+  TMyTessaronInteger FehltageU;
+  TMyTessaronInteger FehltagePraktikum;
+  TMyTessaronInteger FehltagePraktikumU;
+  TMyTessaronInteger MitarbeitGradeId;
+  TMyTessaronInteger VerhaltenGradeId;
+  TMyTessaronInteger Versaeumnisse;
+  TMyTessaronDateTime Zeugnisdatum;
+  TMyTessaronDateTime ZeugniskonferenzAm;
+  std::string Versetzt;
+  std::string Versetzungsart;
+  std::string Abschluss1;
+  std::string Abschluss1Art;
+  TMyTessaronDateTime Abschluss1Datum;
+  TMyTessaronFloat Abschluss1Note;
+  std::string Abschluss2;
+  std::string Abschluss2Art;
+  TMyTessaronDateTime Abschluss2Datum;
+  TMyTessaronFloat Abschluss2Note;
+  std::string Empfehlung;
+  std::string Leistungsanforderung;
+  bool TeilnahmeAnZusatzangebot = false;
+  TMyTessaronInteger Unterrichtstage;
+  bool VonSportBefreit = false;
+
+  /// First name, surname, and the date of birth in parentheses; empty without a name.
+  std::string DisplayName() const;
+  /// First name, surname, and the token of the class in CurrentProject in parentheses.
+  std::string ViewDisplayName() const;
+
+  /// The four remark operations mark CurrentProject as modified. Adding gives the new remark, with an empty token.
+  TCertificateComment* AddCertificateComment(std::int32_t position, std::string_view attribute,
+                                             std::string_view description);
+  /// An unknown id: nothing. The token stays as it was.
+  void EditCertificateComment(const TGuid& id, std::int32_t position, std::string_view attribute,
+                              std::string_view description);
+  /// An unknown id: nothing.
+  void DeleteCertificateComment(const TGuid& id);
+  void DeleteAllCertificateComments();
+
+  /// Key and value of each stored field, in the order of the file.
+  void VisitFields(const Fields::TVisitor& visitor) const;
+
+  std::string GetDisplayText() const override { return DisplayName(); }
+  void DoCreate() override;
+  void DoDestroy() override;
+  void DoClear() override;
+  void Assign(const TVantrelObject& source) override;
+  void ReadData(TVantrelDataObjectReader& reader) override;
+  void WriteData(TVantrelDataObjectWriter& writer) const override;
+
+ private:
+  static constexpr auto FieldTable();
+
+  std::uint8_t FLehrerTyp = 255;
+};
+
+class TStudents : public TVantrelDataListOf<TStudent> {
+ public:
+  using TVantrelDataListOf::Find;
+  using TVantrelDataListOf::TVantrelDataListOf;
+
+  /// The first student whose id, -1 for null, equals the variant; null if there is none.
+  TStudent* Find(const TVariant& tessaronId) const;
+  bool Exists(const TVariant& tessaronId) const { return Find(tessaronId) != nullptr; }
+  /// True also for another object with the same id.
+  bool Exists(const TStudent& student) const { return Exists(TVariant(student.TessaronId.AsInt())); }
+  /// Closes and opens the table and appends a row "ID", "Vorname", "Nachname", "Geburtsdatum", "Klasse" (the class's
+  /// id) per student.
+  void Populate(TVantrelMemTable& memData) const;
+  /// Closes and opens the table and appends a row "ID", "Token", "GradeType" per class of CurrentProject that a student
+  /// is in, in the order of first appearance.
+  void PopulateClasses(TVantrelMemTable& memData) const;
+};

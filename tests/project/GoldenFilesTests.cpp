@@ -1,0 +1,133 @@
+#include <gtest/gtest.h>
+#include <libxml/parser.h>
+#include <libxml/tree.h>
+#include <unistd.h>
+
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+
+#include "VantrelDataXml.h"
+#include "VantrelExceptions.h"
+#include "uProject.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+using TBytes = std::vector<std::uint8_t>;
+
+TBytes FileBytes(const fs::path& path) {
+  std::ifstream file(path, std::ios::binary);
+  return TBytes(std::istreambuf_iterator<char>(file), {});
+}
+
+/// Element names, attributes and texts of a tree; blanks between elements do not count.
+void Flatten(const xmlNode* node, std::string& into) {
+  for (; node != nullptr; node = node->next) {
+    if (node->type == XML_TEXT_NODE && xmlIsBlankNode(node) == 0) into += reinterpret_cast<const char*>(node->content);
+    if (node->type != XML_ELEMENT_NODE) continue;
+    into += "<" + std::string(reinterpret_cast<const char*>(node->name));
+    for (const auto* attribute = node->properties; attribute != nullptr; attribute = attribute->next)
+      into += std::string(" ") + reinterpret_cast<const char*>(attribute->name) + "=" +
+              reinterpret_cast<const char*>(attribute->children->content);
+    into += ">";
+    Flatten(node->children, into);
+    into += "</>\n";
+  }
+}
+
+std::string XmlContent(const TBytes& bytes) {
+  std::string content;
+  Flatten(xmlDocGetRootElement(ParseXml(bytes).get()), content);
+  return content;
+}
+
+TVantrelPtr<TMyTessaronProject> Load(const fs::path& path) {
+  auto project = CreateVantrel<TMyTessaronProject>();
+  EXPECT_TRUE(project->LoadForReading(path));
+  return project;
+}
+
+class GoldenFilesTest : public testing::Test {
+ protected:
+  void SetUp() override {
+    TMyTessaronProject::RegisterClasses();
+    fs::create_directories(FFolder);
+  }
+  void TearDown() override { fs::remove_all(FFolder); }
+
+  const fs::path FFolder = fs::temp_directory_path() / ("golden-" + std::to_string(getpid()));
+};
+
+class GoldenPairsTest : public GoldenFilesTest,
+                        public testing::WithParamInterface<std::tuple<const char*, const char*, const char*>> {};
+
+/// Every document in every kind, through every other kind and back.
+TEST_P(GoldenPairsTest, ConvertsAndComesBackWithoutADifference) {
+  const auto& [document, from, to] = GetParam();
+  const fs::path original = fs::path(FIXTURES) / (std::string(document) + "." + from);
+  const fs::path there = FFolder / (std::string("there.") + to);
+  const fs::path back = FFolder / (std::string("back.") + from);
+
+  for (const auto& [source, target] : {std::pair(original, there), std::pair(there, back)}) {
+    auto project = Load(source);
+    project->SetFileName(target);
+    project->SaveFile({});
+    EXPECT_FALSE(project->Modified());
+  }
+
+  if (std::string_view(from).starts_with("kvr7")) {
+    EXPECT_EQ(FileBytes(back), FileBytes(original));
+  } else {
+    const fs::path plainOriginal = fs::path(FIXTURES) / (std::string(document) + ".kvrxr");
+    const fs::path plainBack = FFolder / "plain.kvrxr";
+    auto project = Load(back);
+    project->SetFileName(plainBack);
+    project->SaveFile({});
+    EXPECT_EQ(XmlContent(FileBytes(plainBack)), XmlContent(FileBytes(plainOriginal)));
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(All, GoldenPairsTest,
+                         testing::Combine(testing::Values("small", "protected", "empty"),
+                                          testing::Values("kvr7", "kvrx", "kvrxr"),
+                                          testing::Values("kvr", "kvr7", "kvrx", "kvrxr")),
+                         [](const auto& param) {
+                           return std::string(std::get<0>(param.param)) + "_" + std::get<1>(param.param) + "_" +
+                                  std::get<2>(param.param);
+                         });
+
+TEST_F(GoldenFilesTest, ValuesOfTheSmallDocument) {
+  for (const char* extension : {"kvr7", "kvrx", "kvrxr"}) {
+    const auto project = Load(fs::path(FIXTURES) / (std::string("small.") + extension));
+    EXPECT_EQ(project->ProductVersion(), "10.2.1");
+    EXPECT_EQ(project->TeacherName, "Müller, Jürgen");
+    EXPECT_EQ(project->Description, "Beschreibung\nmit zwei Zeilen");
+    EXPECT_EQ(project->TenantId.AsInt(), 7);
+    EXPECT_TRUE(project->TermId.IsNull());
+    EXPECT_EQ(project->Students().Count(), 12);
+    EXPECT_EQ(project->Classes().Count(), 5);
+    EXPECT_EQ(project->Noten().Count(), 34);
+    ASSERT_EQ(project->Courses().Count(), 60);
+    const auto* student = project->Students().GetItem(0);
+    EXPECT_EQ(student->Nachname, "von-der-Heide");
+    EXPECT_EQ(student->Geschlecht, u'D');
+    EXPECT_TRUE(student->Geburtsdatum.IsNull());
+    const auto* course = project->Courses().GetItem(0);
+    EXPECT_EQ(course->SubjectToken, "Fr");
+    EXPECT_EQ(course->Faktor.AsFloat(), 0.5F);
+    EXPECT_EQ(course->Mahnung.AsInt(), 1);
+    EXPECT_EQ(GuidToText(course->Student->ID()), "{08216B65-B8FE-4F4B-A915-53A98BA56D34}");
+    EXPECT_GE(project->Students().IndexOf(course->Student), 0);
+  }
+}
+
+TEST_F(GoldenFilesTest, PasswordOfTheProtectedDocument) {
+  const auto project = Load(fs::path(FIXTURES) / "protected.kvrx");
+  EXPECT_TRUE(project->PasswordProtected);
+  EXPECT_EQ(project->ProductEdition(), 8);
+  EXPECT_TRUE(project->CheckPassword("Geheim-Ä1"));
+  for (const char* wrong : {"", "geheim-Ä1", "Geheim-Ä1 ", "Geheim-Ä"}) EXPECT_FALSE(project->CheckPassword(wrong));
+}
+
+}  // namespace
