@@ -5,6 +5,7 @@
 
 #include "FoundationTexts.h"
 #include "VantrelExceptions.h"
+#include "VantrelI18n.h"
 #include "VantrelText.h"
 
 namespace {
@@ -80,7 +81,7 @@ void TVantrelWriter::WriteGuid(const TGuid& value) {
 }
 
 void TVantrelWriter::WriteCount(std::size_t count) {
-  if (count > std::numeric_limits<std::int32_t>::max()) throw EVantrelWriterError(FoundationTexts::ShortWrite);
+  if (count > std::numeric_limits<std::int32_t>::max()) throw EVantrelWriterError(ResourceText(FoundationTexts::ShortWrite));
   WriteLongInt(static_cast<std::int32_t>(count));
 }
 
@@ -123,7 +124,7 @@ void TVantrelWriter::WriteStrings(const std::vector<std::string>& lines) {
 }
 
 void TVantrelReader::RaiseShortRead() {
-  throw EVantrelReaderError(FoundationTexts::ShortRead);
+  throw EVantrelReaderError(ResourceText(FoundationTexts::ShortRead));
 }
 
 std::int64_t TVantrelReader::ReadCount(std::int64_t unitSize) {

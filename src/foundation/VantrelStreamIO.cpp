@@ -1,5 +1,6 @@
 #include "FoundationTexts.h"
 #include "VantrelExceptions.h"
+#include "VantrelI18n.h"
 #include "VantrelIO.h"
 
 TVantrelStreamWriter::TVantrelStreamWriter(TVantrelStream& stream, int bufferSize)
@@ -14,7 +15,7 @@ TVantrelStreamWriter::~TVantrelStreamWriter() {
 }
 
 void TVantrelStreamWriter::WriteThrough(const std::uint8_t* source, std::int64_t count) {
-  if (FStream.Write(source, count) != count) throw EVantrelWriterError(FoundationTexts::ShortWrite);
+  if (FStream.Write(source, count) != count) throw EVantrelWriterError(ResourceText(FoundationTexts::ShortWrite));
 }
 
 void TVantrelStreamWriter::Write(const void* source, std::int64_t count) {
@@ -33,7 +34,7 @@ void TVantrelStreamWriter::Write(const void* source, std::int64_t count) {
 void TVantrelStreamWriter::FlushBuffer() {
   if (FBufPos == 0) return;
   const auto count = static_cast<std::int64_t>(std::exchange(FBufPos, 0));
-  if (FStream.Write(FBuffer.data(), count) != count) throw EVantrelStreamWriterError(FoundationTexts::ShortWrite);
+  if (FStream.Write(FBuffer.data(), count) != count) throw EVantrelStreamWriterError(ResourceText(FoundationTexts::ShortWrite));
 }
 
 TVantrelStreamReader::TVantrelStreamReader(TVantrelStream& stream, int bufferSize)

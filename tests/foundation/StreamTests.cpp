@@ -1,0 +1,162 @@
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+
+#include "TempFolder.h"
+#include "VantrelExceptions.h"
+#include "VantrelFileStreams.h"
+#include "VantrelIO.h"
+
+namespace {
+using enum TVantrelFileAccessMode;
+using enum TVantrelFileOpenMode;
+
+/// A stream that takes only so much and counts its reads.
+class TSmallStream final : public TVantrelStream {
+ public:
+  explicit TSmallStream(std::int64_t capacity) : FCapacity(capacity) {}
+  std::int64_t Read(void* target, std::int64_t count) override { return FInner.Read(target, count); }
+  std::int64_t Write(const void* source, std::int64_t count) override {
+    return FInner.Write(source, std::min(count, FCapacity - FInner.Size()));
+  }
+  std::int64_t Position() const override { return FInner.Position(); }
+  void SetPosition(std::int64_t position) override { FInner.SetPosition(position); }
+  std::int64_t Size() const override { return FInner.Size(); }
+  void SetSize(std::int64_t size) override { FInner.SetSize(size); }
+
+ private:
+  TVantrelMemoryStream FInner;
+  std::int64_t FCapacity;
+};
+
+void WriteAllKinds(TVantrelWriter& writer) {
+  writer.WriteBoolean(true);
+  writer.WriteShortInt(-2);
+  writer.WriteSmallInt(-300);
+  writer.WriteChar(u'ß');
+  writer.WriteLongInt(-70000);
+  writer.WriteInt64(std::numeric_limits<std::int64_t>::min());
+  writer.WriteSingle(0.5F);
+  writer.WriteDouble(-1.25);
+  writer.WriteString("Grüße 😀 \xED\xA0\x80");
+  writer.WriteString("");
+  writer.WriteAnsiString("ä€");
+  writer.WriteUtf8String("ä€");
+  writer.WriteSignature("KVR");
+  writer.WriteStrings({"eins", "", "drei"});
+  TVantrelMemoryStream block({1, 2, 3});
+  block.SetPosition(2);
+  writer.WriteBinary(block);
+  writer.WriteGuid(TGuid{{0xFF, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16}});
+}
+
+void ExpectAllKinds(TVantrelReader& reader) {
+  EXPECT_TRUE(reader.ReadBoolean());
+  EXPECT_EQ(reader.ReadShortInt(), -2);
+  EXPECT_EQ(reader.ReadSmallInt(), -300);
+  EXPECT_EQ(reader.ReadChar(), u'ß');
+  EXPECT_EQ(reader.ReadLongInt(), -70000);
+  EXPECT_EQ(reader.ReadInt64(), std::numeric_limits<std::int64_t>::min());
+  EXPECT_EQ(reader.ReadSingle(), 0.5F);
+  EXPECT_EQ(reader.ReadDouble(), -1.25);
+  EXPECT_EQ(reader.ReadString(), "Grüße 😀 \xED\xA0\x80");
+  EXPECT_EQ(reader.ReadString(), "");
+  EXPECT_EQ(reader.ReadAnsiString(), "ä€");
+  EXPECT_EQ(reader.ReadUtf8String(), "ä€");
+  EXPECT_TRUE(reader.ReadSignature("KVR"));
+  EXPECT_EQ(reader.ReadStrings(), (std::vector<std::string>{"eins", "", "drei"}));
+  EXPECT_EQ(reader.ReadBinary()->Bytes(), (std::vector<std::uint8_t>{1, 2, 3}));
+  EXPECT_EQ(reader.ReadGuid().Bytes[0], 0xFF);
+}
+
+TEST(Streams, ReadBackWhatWasWrittenWithAnyBuffer) {
+  const TempFolder folder;
+  for (const int bufferSize : {0, 1, 7, 4096}) {
+    SCOPED_TRACE(bufferSize);
+    TVantrelMemoryStream memory;
+    TVantrelFileStream file(folder / "f", famShareExclusive, fomCreate);
+    for (TVantrelStream* stream : {static_cast<TVantrelStream*>(&memory), static_cast<TVantrelStream*>(&file)}) {
+      {
+        TVantrelStreamWriter writer(*stream, bufferSize);
+        WriteAllKinds(writer);
+        writer.WriteByte(9);
+      }
+      stream->SetPosition(0);
+      {
+        TVantrelStreamReader reader(*stream, bufferSize);
+        ExpectAllKinds(reader);
+        EXPECT_EQ(reader.Position(), stream->Size() - 1);
+        EXPECT_TRUE(reader.CanRead());
+        EXPECT_FALSE(reader.Available(2));
+      }
+      EXPECT_EQ(stream->Position(), stream->Size() - 1);
+    }
+    file.SetPosition(0);
+    EXPECT_EQ(file.ReadAll(), memory.Bytes());
+  }
+}
+
+TEST(Streams, BytesOfTheFormat) {
+  TVantrelMemoryStream stream;
+  TVantrelStreamWriter writer(stream, 0);
+  writer.WriteLongWord(0x01020304);
+  writer.WriteString("ä");
+  writer.WriteExtended(-1.5L);
+  EXPECT_EQ(stream.Bytes(),
+            (std::vector<std::uint8_t>{4, 3, 2, 1, 1, 0, 0, 0, 0xE4, 0, 0, 0, 0, 0, 0, 0, 0, 0xC0, 0xFF, 0xBF}));
+}
+
+TEST(Streams, ExtendedKeepsEveryValue) {
+  using TLimits = std::numeric_limits<long double>;
+  for (const auto value : {0.0L, -0.0L, 1.0L, 3.14159265358979323846L, TLimits::max(), TLimits::min(),
+                           TLimits::denorm_min(), TLimits::infinity(), -TLimits::infinity()}) {
+    TVantrelMemoryStream stream;
+    TVantrelStreamWriter(stream, 0).WriteExtended(value);
+    stream.SetPosition(0);
+    const auto read = TVantrelStreamReader(stream, 0).ReadExtended();
+    EXPECT_EQ(read, value);
+    EXPECT_EQ(std::signbit(read), std::signbit(value));
+  }
+}
+
+TEST(Streams, ShortReadsAndAbsurdLengthsRaise) {
+  const TempFolder folder;
+  const std::vector<std::vector<std::uint8_t>> texts{
+      {1, 0, 0}, {2, 0, 0, 0, 'a'}, {0xFF, 0xFF, 0xFF, 0x7F, 'a', 0}, {0xFF, 0xFF, 0xFF, 0xFF, 'a', 0}};
+  for (const auto& bytes : texts) {
+    TVantrelMemoryStream memory(bytes);
+    TVantrelFileStream file(folder / "f", famShareExclusive, fomCreate);
+    file.Write(bytes.data(), std::ssize(bytes));
+    for (const int bufferSize : {0, 64}) {
+      file.SetPosition(0);
+      memory.SetPosition(0);
+      EXPECT_THROW(TVantrelStreamReader(file, bufferSize).ReadString(), EVantrelReaderError);
+      EXPECT_THROW(TVantrelStreamReader(memory, bufferSize).ReadString(), EVantrelReaderError);
+      memory.SetPosition(0);
+      EXPECT_THROW(TVantrelStreamReader(memory, bufferSize).ReadBinary(), EVantrelReaderError);
+    }
+  }
+}
+
+TEST(Streams, ShortWritesRaise) {
+  TSmallStream direct(3);
+  EXPECT_THROW(TVantrelStreamWriter(direct, 0).WriteLongInt(1), EVantrelWriterError);
+  TSmallStream buffered(3);
+  TVantrelStreamWriter writer(buffered, 100);
+  writer.WriteLongInt(1);
+  EXPECT_THROW(writer.FlushBuffer(), EVantrelStreamWriterError);
+}
+
+TEST(Streams, MemoryGrowsAndIsCut) {
+  TVantrelMemoryStream stream({1, 2, 3});
+  stream.SetPosition(5);
+  EXPECT_TRUE(stream.Window().empty());
+  stream.Write("\x09", 1);
+  EXPECT_EQ(stream.Bytes(), (std::vector<std::uint8_t>{1, 2, 3, 0, 0, 9}));
+  stream.SetSize(2);
+  EXPECT_EQ(stream.Position(), 2);
+  stream.Clear();
+  EXPECT_EQ(stream.Size(), 0);
+}
+}  // namespace
