@@ -11,6 +11,14 @@ inline constexpr const char* SharingViolation =
     "Der Prozess kann nicht auf die Datei zugreifen, da sie von einem anderen Prozess verwendet wird.";
 inline constexpr const char* DiskFull = "Auf dem Datenträger ist nicht genügend Speicherplatz vorhanden.";
 
+inline constexpr const char* NotSupported = "Die Anforderung wird nicht unterstützt.";
+inline constexpr const char* NoRegistryPaths = "Auf diesem System stehen keine Pfade in einer Registrierung.";
+inline constexpr const char* NoDriveLetters = "Auf diesem System gibt es keine Laufwerksbuchstaben.";
+inline constexpr const char* NoVolumeLabels = "Auf diesem System lässt sich der Name eines Datenträgers nicht ändern.";
+inline constexpr const char* NoDeletionAtReboot =
+    "Auf diesem System lässt sich keine Datei zum Löschen beim nächsten Start vormerken.";
+inline constexpr const char* NoCreationTime = "Auf diesem System lässt sich die Erstellungszeit nicht ändern.";
+
 inline constexpr const char* AssignNotSupported = "Inhaltszweisung wird nicht unterstützt.";
 inline constexpr const char* StaticClass = "Eine Instanz der Klasse \"{}\" darf nicht abgelegt werden.";
 inline constexpr const char* SecondInstance = "Eine zweite Instanz der Klasse \"{}\" ist nicht erlaubt.";

@@ -15,6 +15,11 @@ EVantrelWin32Error::EVantrelWin32Error() : EVantrelWin32Error(CodeOfErrno(errno)
 EVantrelWin32Error::EVantrelWin32Error(std::uint32_t code)
     : EVantrelException(FormatText(FoundationTexts::SystemError, code, TextOf(code))), FErrorCode(code) {}
 
+EVantrelWin32Error::EVantrelWin32Error(TVantrelErrorCode code, std::string_view builtIn)
+    : EVantrelException(
+          FormatText(FoundationTexts::SystemError, static_cast<std::uint32_t>(code), ResourceText(builtIn))),
+      FErrorCode(static_cast<std::uint32_t>(code)) {}
+
 std::uint32_t EVantrelWin32Error::CodeOfErrno(int error) noexcept {
   const auto code = [](TVantrelErrorCode known) { return static_cast<std::uint32_t>(known); };
   switch (error) {
@@ -55,6 +60,8 @@ std::string EVantrelWin32Error::TextOf(std::uint32_t code) {
       return ResourceText(FoundationTexts::NotEnoughMemory);
     case TVantrelErrorCode::SharingViolation:
       return ResourceText(FoundationTexts::SharingViolation);
+    case TVantrelErrorCode::NotSupported:
+      return ResourceText(FoundationTexts::NotSupported);
     case TVantrelErrorCode::DiskFull:
       return ResourceText(FoundationTexts::DiskFull);
   }

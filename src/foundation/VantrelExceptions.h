@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <exception>
 #include <string>
+#include <string_view>
 
 /// Root of the program's exceptions. Carries the message that the user reads, in UTF-8.
 class EVantrelException : public std::exception {
@@ -23,6 +24,7 @@ enum class TVantrelErrorCode : std::uint32_t {
   AccessDenied = 5,
   NotEnoughMemory = 8,
   SharingViolation = 32,
+  NotSupported = 50,
   DiskFull = 112,
 };
 
@@ -33,6 +35,8 @@ class EVantrelWin32Error : public EVantrelException {
   EVantrelWin32Error();
   explicit EVantrelWin32Error(std::uint32_t code);
   explicit EVantrelWin32Error(TVantrelErrorCode code) : EVantrelWin32Error(static_cast<std::uint32_t>(code)) {}
+  /// With a text of the program's own in place of the system's, fetched by ResourceText.
+  EVantrelWin32Error(TVantrelErrorCode code, std::string_view builtIn);
 
   std::uint32_t ErrorCode() const noexcept { return FErrorCode; }
 

@@ -1,17 +1,32 @@
 #include "VantrelFileSystem.h"
 
-#include <filesystem>
+#include <sys/stat.h>
+
+#include <cerrno>
 
 #include "VantrelExceptions.h"
+#include "VantrelPaths.h"
+
+namespace {
+constexpr unsigned NewDirectoryMode = 0777;
+
+bool StatusOf(const std::string& path, struct stat& status) {
+  return ::stat(path.c_str(), &status) == 0;
+}
+}  // namespace
 
 bool TVantrelFileSystem::Exists(const std::string& path) {
-  std::error_code error;
-  return !path.empty() && std::filesystem::exists(std::filesystem::symlink_status(path, error));
+  struct stat status {};
+  return ::lstat(path.c_str(), &status) == 0;
 }
 
 void TVantrelFileSystem::CreateDirectory(const std::string& path) {
-  if (path.empty() || path.back() == ':') return;
-  std::error_code error;
-  std::filesystem::create_directories(path, error);
-  if (error) throw EVantrelFileSystemError(EVantrelWin32Error::CodeOfErrno(error.value()));
+  if (path.empty() || path.ends_with(':') || TVantrelFilePath::IsRoot(path)) return;
+  struct stat status {};
+  if (StatusOf(path, status) && S_ISDIR(status.st_mode)) return;
+  CreateDirectory(TVantrelFilePath::GetDirectoryName(path));
+  if (::mkdir(path.c_str(), NewDirectoryMode) == 0) return;
+  const int error = errno;
+  if (error == EEXIST && StatusOf(path, status) && S_ISDIR(status.st_mode)) return;
+  throw EVantrelFileSystemError(EVantrelWin32Error::CodeOfErrno(error));
 }

@@ -2,14 +2,13 @@
 
 #include <string>
 
-/// Operations on files and folders. Failures raise EVantrelFileSystemError with the system's code.
+/// What the program does with files and directories as a whole. Failures raise EVantrelFileSystemError.
 class TVantrelFileSystem {
  public:
   TVantrelFileSystem() = delete;
 
-  /// False for an empty path; a directory counts too.
+  /// True for a file, a directory or a symbolic link, wherever that leads; false for an empty path.
   static bool Exists(const std::string& path);
-  /// Creates the folder with its parents. A root, an empty path and a drive name (ending in a colon) are left alone; an
-  /// existing folder is no error.
+  /// Makes the directory and its missing parents. A root, a drive name and a directory that exists are left alone.
   static void CreateDirectory(const std::string& path);
 };

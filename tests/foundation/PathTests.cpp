@@ -1,0 +1,99 @@
+#include <gtest/gtest.h>
+
+#include "TempFolder.h"
+#include "VantrelExceptions.h"
+#include "VantrelFileSystem.h"
+#include "VantrelPaths.h"
+
+namespace {
+using TPath = TVantrelFilePath;
+
+TEST(FilePath, TakesPathsApart) {
+  struct TCase {
+    const char *Path, *Directory, *Name, *Stem, *Extension;
+  };
+  const TCase cases[] = {{"C:\\dir.x\\f", "C:\\dir.x", "f", "f", ""},
+                         {"C:\\f.a.kvr", "C:\\", "f.a.kvr", "f.a", "kvr"},
+                         {"C:f.kvr", "C:", "f.kvr", "f", "kvr"},
+                         {"\\\\server\\share\\f.", "\\\\server\\share", "f.", "f", ""},
+                         {"/home/x.y/f.kvrx", "/home/x.y", "f.kvrx", "f", "kvrx"},
+                         {"/f", "/", "f", "f", ""},
+                         {"dir/", "dir", "", "", ""},
+                         {"f", "", "f", "f", ""},
+                         {"", "", "", "", ""}};
+  for (const auto& [path, directory, name, stem, extension] : cases) {
+    SCOPED_TRACE(path);
+    EXPECT_EQ(TPath::GetDirectoryName(path), directory);
+    EXPECT_EQ(TPath::GetFileName(path), name);
+    EXPECT_EQ(TPath::GetFileNameWithoutExtension(path), stem);
+    EXPECT_EQ(TPath::GetExtension(path), extension);
+  }
+}
+
+TEST(FilePath, Combines) {
+  const char* cases[][3] = {{"", "b", "b"},
+                            {"a", "", "a"},
+                            {"a", "b", "a/b"},
+                            {"a/", "b", "a/b"},
+                            {"C:\\a", "b", "C:\\a\\b"},
+                            {"C:\\a\\", "\\b", "C:\\a\\b"},
+                            {"C:\\a", "D:\\b", "D:\\b"},
+                            {"/a", "/b", "/b"},
+                            {"/a", "\\\\s\\b", "\\\\s\\b"}};
+  for (const auto& [path1, path2, combined] : cases) EXPECT_EQ(TPath::Combine(path1, path2), combined);
+}
+
+TEST(FilePath, ChangesParts) {
+  EXPECT_EQ(TPath::ChangeExtension("/a.b/f", "kvr"), "/a.b/f.kvr");
+  EXPECT_EQ(TPath::ChangeExtension("f.old.kvr", ""), "f.old");
+  EXPECT_EQ(TPath::AddExtension("", "kvr"), "");
+  EXPECT_EQ(TPath::ForceExtension("f.KVR", "kvr"), "f.KVR");
+  EXPECT_EQ(TPath::ForceExtension("f.x", "kvr"), "f.x.kvr");
+  EXPECT_EQ(TPath::ChangeFileName("C:\\f", "g"), "C:\\g");
+  EXPECT_EQ(TPath::ChangeDirectoryName("/a/f", "/b"), "/b/f");
+  EXPECT_EQ(TPath::ChangeDriveLetter("C:\\f", 'D'), "D:\\f");
+  EXPECT_EQ(TPath::GetDriveName("\\\\s\\t\\f"), "\\\\s\\t");
+  EXPECT_EQ(TPath::GetDisplayName("/a/b/"), "b");
+}
+
+TEST(FilePath, RelativePaths) {
+  const char* cases[][3] = {{"/a/b", "/a/c/f", "../c/f"}, {"C:\\A", "c:\\a\\f", "f"}, {"/a", "/a", "."},
+                            {"C:\\a", "D:\\a", "D:\\a"},  {"/a/b/c", "/a", "../.."},  {"/a", "b", "b"}};
+  for (const auto& [base, path, relative] : cases) EXPECT_EQ(TPath::GetRelativePath(base, path), relative);
+}
+
+TEST(FilePath, FullAndEqualPaths) {
+  EXPECT_EQ(TPath::GetFullPath("C:\\..\\f"), "C:\\..\\f");
+  EXPECT_EQ(TPath::GetFullPath("./a/../f"), (std::filesystem::current_path() / "f").string());
+  EXPECT_THROW(TPath::GetFullPath(std::string(262, 'x')), EVantrelFileSystemError);
+  EXPECT_TRUE(TPath::IsPathEqual("f/", (std::filesystem::current_path() / "f").string()));
+  EXPECT_TRUE(TPath::IsPathEqual("C:\\A", "c:\\a"));
+  EXPECT_FALSE(TPath::IsPathEqual("/A", "/a"));
+  EXPECT_THROW(TPath::GetPathFromRegistry("a", "b"), EVantrelFileSystemError);
+}
+
+TEST(FilePath, StampsAndUniqueNames) {
+  const auto time = EncodeDateTime({2024, 3, 15, 14, 5, 9, 0});
+  EXPECT_EQ(TPath::GetTimeStampedFileName("/a/f.log", time), "/a/f-2024-03-15-Fr-14-05-09.log");
+  EXPECT_EQ(TPath::GetDateStampedFileName("f", time), "f-2024-03-15-Fr");
+  const TempFolder folder;
+  EXPECT_EQ(TPath::GetUniqueFileName(folder / "f.x"), folder / "f.x");
+  WriteFileText(folder / "f.x", "");
+  WriteFileText(folder / "f (2).x", "");
+  EXPECT_EQ(TPath::GetUniqueFileName(folder / "f.x"), folder / "f (3).x");
+  EXPECT_TRUE(TVantrelFileSystem::Exists(TPath::GetTempFileName(folder.Path().string(), "x")));
+}
+
+TEST(FileSystem, CreatesDirectoriesWithTheirParents) {
+  const TempFolder folder;
+  for (const auto& path : {folder / "a/b/c/", folder / "a/b/c", std::string("/"), std::string("C:")}) {
+    EXPECT_NO_THROW(TVantrelFileSystem::CreateDirectory(path));
+  }
+  EXPECT_TRUE(TVantrelFileSystem::Exists(folder / "a/b/c"));
+  EXPECT_FALSE(TVantrelFileSystem::Exists("C:"));
+  EXPECT_FALSE(TVantrelFileSystem::Exists(""));
+  WriteFileText(folder / "f", "");
+  EXPECT_THROW(TVantrelFileSystem::CreateDirectory(folder / "f"), EVantrelFileSystemError);
+  EXPECT_THROW(TVantrelFileSystem::CreateDirectory(folder / "f/d"), EVantrelFileSystemError);
+}
+}  // namespace
