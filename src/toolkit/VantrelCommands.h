@@ -10,11 +10,11 @@ class TVantrelCommands;
 
 /// What a command is from its birth on.
 struct TCommandInfo {
-  std::string Caption;   ///< with "&" before the access key
-  std::string Icon;      ///< name in the icon theme; empty for none
-  std::string Shortcut;  ///< as in "Ctrl+Shift+S"; empty for none
-  std::function<void()> OnExecute;
-  std::string RadioGroup;  ///< commands of one name: exactly one of them is down once one was
+  std::string Caption;        ///< with "&" before the access key
+  std::string Icon = {};      ///< name in the icon theme; empty for none
+  std::string Shortcut = {};  ///< as in "Ctrl+Shift+S"; empty for none
+  std::function<void()> OnExecute = {};
+  std::string RadioGroup = {};  ///< commands of one name: exactly one of them is down once one was
   bool Visible = true;
 };
 
@@ -69,12 +69,12 @@ struct TRibbonButton {
 struct TRibbonGroup {
   std::string Id;
   std::string Caption;
-  std::vector<TRibbonButton> Buttons;
+  std::vector<TRibbonButton> Buttons = {};
 };
 struct TRibbonTab {
   std::string Id;
   std::string Caption;
-  std::vector<TRibbonGroup> Groups;
+  std::vector<TRibbonGroup> Groups = {};
 };
 /// The ribbon of a window: application button with its menu and side pane, then the tabs. The first tab is active.
 struct TRibbonDescription {

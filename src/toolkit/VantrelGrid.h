@@ -41,11 +41,11 @@ struct TGridColumn {
   TGridEditorKind Editor = TGridEditorKind::Plain;
   int Width = 100;  ///< in pixels at scale 1
   bool Visible = true;
-  bool InChooser = true;  ///< the user may show and hide it
-  bool Editing = true;    ///< false: no editor ever opens, and the veto is not asked
-  std::string Field;      ///< field of a bound table; a custom source goes by ordinal
-  TGridLookup Lookup;
-  std::vector<TGridListItem> Items;
+  bool InChooser = true;   ///< the user may show and hide it
+  bool Editing = true;     ///< false: no editor ever opens, and the veto is not asked
+  std::string Field = {};  ///< field of a bound table; a custom source goes by ordinal
+  TGridLookup Lookup = {};
+  std::vector<TGridListItem> Items = {};
   double Minimum = 0;
   double Maximum = 2147483647;
   int Decimals = 0;  ///< places of a Float column

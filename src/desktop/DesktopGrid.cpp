@@ -1,0 +1,250 @@
+#include "DesktopGrid.h"
+
+#include <QApplication>
+#include <QBoxLayout>
+#include <QHeaderView>
+#include <QLabel>
+#include <QScrollBar>
+#include <algorithm>
+
+#include "DesktopTexts.h"
+#include "QtText.h"
+
+TDesktopGrid::TDesktopGrid(QWidget* parent)
+    : QWidget(parent), FModel(*this), FView(new TGridView(FModel, *this)), FInfo(new QLabel) {
+  auto* layout = new QVBoxLayout(this);
+  layout->setContentsMargins(0, 0, 0, 0);
+  layout->setSpacing(0);
+  layout->addWidget(FView);
+  layout->addWidget(FInfo);
+  FInfo->setMargin(3);
+  FInfo->setTextFormat(Qt::PlainText);
+  FInfo->hide();
+  setFocusProxy(FView);
+  FView->OnSearch = [this] { ShowInfo(); };
+  FView->OnRowsChange = [this] { Rebuild(); };
+  FView->OnCurrent = [this](const QModelIndex& current) { Current(current); };
+  FView->OnMenu = [this](const QPoint& place) { ShowMenu(place); };
+  auto* header = FView->horizontalHeader();
+  connect(header, &QHeaderView::sectionClicked, this, [this](int ordinal) {
+    ClickHeader(ordinal, (QApplication::keyboardModifiers() & Qt::ControlModifier) != 0);
+  });
+  connect(header, &QHeaderView::sectionResized, this, [this](int ordinal, int, int width) {
+    if (FApplying || width == 0 || FModel.Options().FillWidth) return;
+    FModel.Data().Column(ordinal).Width = width;
+    FView->FitRows();
+  });
+  header->setContextMenuPolicy(Qt::CustomContextMenu);
+  connect(header, &QHeaderView::customContextMenuRequested, this, [this, header](const QPoint& place) {
+    FocusColumn(header->logicalIndexAt(place));
+    ShowMenu(QPoint(place.x(), 0));
+  });
+}
+
+TDesktopGrid::~TDesktopGrid() {
+  if (FModel.Data().Table() != nullptr) FModel.Data().Table()->RemoveListener(this);
+  FView->OnCurrent = nullptr;
+  // The view goes before the model that it shows.
+  delete FView;
+}
+
+void TDesktopGrid::SetOptions(const TGridOptions& options) {
+  FModel.Options() = options;
+  FView->ApplyOptions();
+  Rebuild();
+}
+
+void TDesktopGrid::SetName(const std::string& name) {
+  FView->setAccessibleName(FromUtf8(name));
+  setAccessibleName(FromUtf8(name));
+}
+
+void TDesktopGrid::BindSource(TVantrelGridSource* source) {
+  BeginUpdate();
+  if (FModel.Data().Table() != nullptr) FModel.Data().Table()->RemoveListener(this);
+  FModel.Data().BindSource(source);
+  FKeepsFocus = false;
+  EndUpdate();
+}
+
+void TDesktopGrid::BindTable(TVantrelMemTable* table) {
+  BeginUpdate();
+  if (FModel.Data().Table() != nullptr) FModel.Data().Table()->RemoveListener(this);
+  FModel.Data().BindTable(table);
+  if (table != nullptr) table->AddListener(this);
+  FKeepsFocus = false;
+  EndUpdate();
+}
+
+void TDesktopGrid::DataChanged() {
+  Rebuild();
+}
+
+void TDesktopGrid::RecordMoved() {
+  if (FUpdates == 0 && !FRestoring) FocusRecord(FModel.Data().Table()->RecNo() - 1);
+}
+
+void TDesktopGrid::BeginUpdate() {
+  if (FUpdates++ > 0) return;
+  FOldRow = FView->currentIndex().row();
+  FRestoring = true;
+  FModel.Suspend();
+}
+
+void TDesktopGrid::EndUpdate() {
+  if (--FUpdates > 0) return;
+  FModel.Resume();
+  FApplying = true;
+  FView->ApplyColumns();
+  FView->FitRows();
+  FApplying = false;
+  const auto* table = FModel.Data().Table();
+  int wanted = FKeepsFocus ? FFocused : -1;
+  if (table != nullptr) wanted = table->RecNo() - 1;
+  const int row = FModel.RowOf(wanted);
+  // A record that has gone or is hidden hands the focus to the one in its place.
+  if (row >= 0 || wanted < 0)
+    RestoreFocus(row);
+  else
+    RestoreFocus(std::min(FOldRow, FModel.rowCount() - 1));
+  FKeepsFocus = true;
+  FRestoring = false;
+  ShowInfo();
+  SetFocused(FModel.RecordAt(FView->currentIndex().row()));
+}
+
+void TDesktopGrid::RestoreFocus(int row) {
+  if (row >= 0) FView->GotoCell(row, FFocusedColumn);
+}
+
+void TDesktopGrid::SetFocused(int record) {
+  if (record == FFocused) return;
+  const int previous = std::exchange(FFocused, record);
+  auto* table = FModel.Data().Table();
+  if (table != nullptr && record >= 0 && table->RecNo() != record + 1) table->SetRecNo(record + 1);
+  if (OnFocusChanged) OnFocusChanged(previous, record);
+}
+
+void TDesktopGrid::Current(const QModelIndex& current) {
+  if (current.isValid()) FFocusedColumn = current.column();
+  if (!FRestoring) SetFocused(FModel.RecordAt(current.row()));
+}
+
+int TDesktopGrid::AddColumn(TGridColumn column) {
+  BeginUpdate();
+  FModel.Data().Columns.push_back(std::move(column));
+  EndUpdate();
+  return FModel.Data().ColumnCount() - 1;
+}
+
+void TDesktopGrid::ClearColumns() {
+  BeginUpdate();
+  FModel.Data().Columns.clear();
+  FModel.Filter.clear();
+  EndUpdate();
+}
+
+void TDesktopGrid::ShowColumn(int ordinal, bool visible) {
+  FModel.Data().Column(ordinal).Visible = visible;
+  if (FUpdates > 0) return;
+  FApplying = true;
+  FView->ApplyColumns();
+  FView->FitRows();
+  FApplying = false;
+  if (FView->currentIndex().isValid()) FView->GotoCell(FView->currentIndex().row(), FFocusedColumn);
+}
+
+void TDesktopGrid::SetColumnWidth(int ordinal, int width) {
+  FModel.Data().Column(ordinal).Width = width;
+  if (FUpdates == 0) FView->setColumnWidth(ordinal, width);
+}
+
+void TDesktopGrid::SetColumnSort(int ordinal, TGridSortOrder order, int sortIndex) {
+  BeginUpdate();
+  auto& column = FModel.Data().Column(ordinal);
+  column.SortOrder = order;
+  column.SortIndex = order == TGridSortOrder::None ? -1 : std::max(sortIndex, 0);
+  EndUpdate();
+}
+
+void TDesktopGrid::GroupColumn(int ordinal, int groupIndex) {
+  BeginUpdate();
+  FModel.Data().Column(ordinal).GroupIndex = groupIndex;
+  EndUpdate();
+}
+
+void TDesktopGrid::ClickHeader(int ordinal, bool adds) {
+  if (!FModel.Options().Sorting) return;
+  const bool turns = FModel.Data().Column(ordinal).SortOrder == TGridSortOrder::Ascending;
+  SortBy(ordinal, turns ? TGridSortOrder::Descending : TGridSortOrder::Ascending, adds);
+}
+
+void TDesktopGrid::SortBy(int ordinal, TGridSortOrder order, bool adds) {
+  auto& columns = FModel.Data().Columns;
+  const int places = static_cast<int>(ColumnsInOrder(columns, &TGridColumn::SortIndex).size());
+  const int ownPlace = FModel.Data().Column(ordinal).SortIndex;
+  BeginUpdate();
+  for (int i = 0; i < FModel.Data().ColumnCount() && !adds; ++i) SetColumnSort(i, TGridSortOrder::None, -1);
+  SetColumnSort(ordinal, order, !adds ? 0 : ownPlace >= 0 ? ownPlace : places);
+  EndUpdate();
+  if (OnHeaderClick) OnHeaderClick(ordinal);
+  if (OnSortChanged) OnSortChanged();
+}
+
+std::string TDesktopGrid::DisplayText(int record, int ordinal) const {
+  return ToUtf8(FModel.Data().DisplayText(record, ordinal));
+}
+
+std::vector<TGridShownRow> TDesktopGrid::ShownRows() const {
+  std::vector<TGridShownRow> rows;
+  for (const auto& row : FModel.AllRows()) rows.push_back({row.Record, row.Level, ToUtf8(row.Text)});
+  return rows;
+}
+
+std::vector<int> TDesktopGrid::ShownColumns() const {
+  std::vector<int> ordinals;
+  const auto* header = FView->horizontalHeader();
+  for (int visual = 0; visual < header->count(); ++visual)
+    if (const int ordinal = header->logicalIndex(visual); FModel.Data().Column(ordinal).Visible)
+      ordinals.push_back(ordinal);
+  return ordinals;
+}
+
+void TDesktopGrid::FocusRecord(int record) {
+  const int row = FModel.RowOf(record);
+  if (row >= 0 && row != FView->currentIndex().row()) FView->GotoCell(row, FFocusedColumn);
+}
+
+void TDesktopGrid::FocusColumn(int ordinal) {
+  if (ordinal < 0) return;
+  FFocusedColumn = ordinal;
+  if (FView->currentIndex().isValid()) FView->GotoCell(FView->currentIndex().row(), ordinal);
+}
+
+void TDesktopGrid::GotoFirst() {
+  const auto rows = FModel.rowCount();
+  for (int row = 0; row < rows; ++row)
+    if (FModel.RecordAt(row) >= 0) return FView->GotoCell(row, FFocusedColumn);
+}
+
+void TDesktopGrid::GotoPrev() {
+  FView->MoveRow(-1);
+}
+
+void TDesktopGrid::GotoNext() {
+  FView->MoveRow(1);
+}
+
+void TDesktopGrid::GotoLast() {
+  for (int row = FModel.rowCount() - 1; row >= 0; --row)
+    if (FModel.RecordAt(row) >= 0) return FView->GotoCell(row, FFocusedColumn);
+}
+
+void TDesktopGrid::ShowInfo() {
+  QStringList parts;
+  if (!FView->SearchText().isEmpty()) parts << QString(DesktopTexts::Search).arg(FView->SearchText());
+  if (FModel.FilterActive)
+    for (const auto& item : FModel.Filter) parts << item.DisplayText;
+  FInfo->setText(parts.join(", "));
+  FInfo->setVisible(!parts.isEmpty());
+}

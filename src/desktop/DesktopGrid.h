@@ -1,0 +1,107 @@
+#pragma once
+
+#include <QWidget>
+
+#include "GridModel.h"
+#include "GridView.h"
+#include "VantrelMemTable.h"
+
+class QLabel;
+
+/// The grid of the port as a widget: the view, and below it a line that tells search and filter.
+class TDesktopGrid : public QWidget, public TVantrelGrid, private TVantrelTableListener {
+ public:
+  explicit TDesktopGrid(QWidget* parent = nullptr);
+  ~TDesktopGrid() override;
+
+  TGridView& View() { return *FView; }
+  const TGridOptions& Options() const { return FModel.Options(); }
+
+  void SetOptions(const TGridOptions& options) override;
+  void SetName(const std::string& name) override;
+  void SetEnabled(bool enabled) override { setEnabled(enabled); }
+  void SetFocus() override { FView->setFocus(); }
+
+  void BindSource(TVantrelGridSource* source) override;
+  void BindTable(TVantrelMemTable* table) override;
+  void DataChanged() override;
+  void BeginUpdate() override;
+  void EndUpdate() override;
+
+  int AddColumn(TGridColumn column) override;
+  void ClearColumns() override;
+  const std::vector<TGridColumn>& Columns() const override { return FModel.Data().Columns; }
+  void ShowColumn(int ordinal, bool visible) override;
+  void SetColumnWidth(int ordinal, int width) override;
+  void SetColumnSort(int ordinal, TGridSortOrder order, int sortIndex) override;
+  void GroupColumn(int ordinal, int groupIndex) override;
+
+  int RecordCount() const override { return FModel.Data().RecordCount(); }
+  TVariant Value(int record, int ordinal) const override { return FModel.Data().Value(record, ordinal); }
+  std::string DisplayText(int record, int ordinal) const override;
+  std::vector<TGridShownRow> ShownRows() const override;
+  std::vector<int> ShownColumns() const override;
+
+  int FocusedRecord() const override { return FFocused; }
+  int FocusedColumn() const override { return FFocusedColumn; }
+  void FocusRecord(int record) override;
+  void FocusColumn(int ordinal) override;
+  void GotoFirst() override;
+  void GotoPrev() override;
+  void GotoNext() override;
+  void GotoLast() override;
+
+  void PostEdit() override { FView->PostEditor(); }
+  bool IsEditing() const override { return FView->IsEditing(); }
+
+  void ClearFilter() override;
+  void AddFilter(int ordinal, const TVariant& value, const std::string& displayText) override;
+  void SetFilterActive(bool active) override;
+  std::string FilterText() const override;
+
+  int SelectedCount() const override;
+  int SelectedRecord(int index) const override;
+  void ClearSelection() override;
+  void SelectRecords(const std::vector<int>& records) override;
+  void DeleteSelection() override;
+  bool IsGrouped() const override;
+  std::vector<int> FocusedGroupRecords() const override;
+
+  void BeginBestFit() override;
+  void BestFitAll() override;
+  void EndBestFit() override;
+  void BestFit(int ordinal);
+
+  std::string Layout() const override;
+  void RestoreLayout(std::string_view layout) override;
+
+  /// A click on the header of a column: turns its sort order, beside the sorted columns if `adds`, else alone.
+  void ClickHeader(int ordinal, bool adds);
+  /// Sorts by a column alone; None takes it out of the sort.
+  void SortBy(int ordinal, TGridSortOrder order, bool adds);
+  /// The menu of a cell, also by key.
+  void ShowMenu(const QPoint& place);
+
+ private:
+  void RecordMoved() override;
+  void Rebuild() { BeginUpdate(), EndUpdate(); }
+  void RestoreFocus(int row);
+  void SetFocused(int record);
+  void Current(const QModelIndex& current);
+  void ShowInfo();
+  void AddSortActions(QMenu& menu, int ordinal);
+  void AddFilterActions(QMenu& menu, int ordinal);
+  void AddColumnActions(QMenu& menu, int ordinal);
+  std::vector<int> SelectedRecords() const;
+
+  TGridModel FModel;
+  TGridView* FView;
+  QLabel* FInfo;
+  int FUpdates = 0;
+  int FOldRow = -1;
+  int FFocused = -1;
+  int FFocusedColumn = -1;
+  bool FKeepsFocus = true;
+  bool FRestoring = false;
+  bool FApplying = false;
+};

@@ -1,0 +1,179 @@
+#include "GridData.h"
+
+#include <QCollator>
+#include <algorithm>
+
+#include "DesktopTexts.h"
+#include "QtText.h"
+#include "VantrelMemTable.h"
+
+void TGridData::BindSource(TVantrelGridSource* source) {
+  FSource = source;
+  FTable = nullptr;
+}
+
+void TGridData::BindTable(TVantrelMemTable* table) {
+  FTable = table;
+  FSource = nullptr;
+}
+
+int TGridData::RecordCount() const {
+  if (FSource != nullptr) return FSource->GetRecordCount();
+  return FTable != nullptr && FTable->Active() ? FTable->RecordCount() : 0;
+}
+
+TVariant TGridData::Value(int record, int ordinal) const {
+  TVariant value = TVariant::Null();
+  if (record < 0 || record >= RecordCount()) return value;
+  if (FSource != nullptr) {
+    FSource->GetValue(FSource->GetRecordHandle(record), ordinal, value);
+  } else if (FTable != nullptr) {
+    if (const auto* field = FTable->FindField(Column(ordinal).Field)) return FTable->ValueAt(record, field->Index());
+  }
+  return value;
+}
+
+void TGridData::SetValue(int record, int ordinal, const TVariant& value) {
+  if (FSource != nullptr) {
+    FSource->SetValue(FSource->GetRecordHandle(record), ordinal, value);
+  } else if (FTable != nullptr) {
+    FTable->SetRecNo(record + 1);
+    FTable->Edit();
+    FTable->FieldByName(Column(ordinal).Field).SetValue(value);
+    FTable->Post();
+  }
+}
+
+QString TGridData::DisplayText(int record, int ordinal) const {
+  return DisplayTextOf(Column(ordinal), ordinal, Value(record, ordinal));
+}
+
+QString TGridData::DisplayTextOf(const TGridColumn& column, int ordinal, const TVariant& value) const {
+  if (FEvents.OnDisplayText) {
+    if (const auto text = FEvents.OnDisplayText(ordinal, value)) return FromUtf8(*text);
+  }
+  const bool isLookup = column.Editor == TGridEditorKind::Lookup && column.Lookup.Table != nullptr;
+  if (isLookup && !value.IsEmpty()) {
+    const TVariant shown = column.Lookup.Table->Lookup(column.Lookup.KeyField, value, column.Lookup.ShownField);
+    // A value that the table does not know: a token still says something, a number would pass for a grade.
+    if (!shown.IsEmpty() || column.Kind != TGridValueKind::Text) return FromUtf8(shown.AsTextOrEmpty());
+  }
+  if (column.Editor == TGridEditorKind::List) {
+    for (const auto& item : column.Items)
+      if (item.Value == value) return FromUtf8(item.Text);
+  }
+  if (FTable != nullptr) {
+    if (const auto* field = FTable->FindField(column.Field)) return FromUtf8(field->DisplayTextOf(value));
+  }
+  return FromUtf8(value.AsTextOrEmpty());
+}
+
+std::vector<int> ColumnsInOrder(const std::vector<TGridColumn>& columns, int TGridColumn::*index) {
+  std::vector<int> ordinals;
+  for (std::size_t i = 0; i < columns.size(); ++i)
+    if (columns[i].*index >= 0) ordinals.push_back(static_cast<int>(i));
+  std::stable_sort(ordinals.begin(), ordinals.end(), [&](int a, int b) {
+    return columns[static_cast<std::size_t>(a)].*index < columns[static_cast<std::size_t>(b)].*index;
+  });
+  return ordinals;
+}
+
+namespace {
+/// What a record is sorted by in one column. Numbers and dates go by value, all else by what the user reads.
+struct TSortKey {
+  bool Empty = true;
+  double Number = 0;
+  QString Text;
+};
+
+class TRowBuilder {
+ public:
+  TRowBuilder(const TGridData& data, const TGridOptions& options, const std::set<QString>& closed)
+      : FData(data), FOptions(options), FClosed(closed) {
+    FCollator.setCaseSensitivity(options.CaseSensitive ? Qt::CaseSensitive : Qt::CaseInsensitive);
+    FCollator.setNumericMode(true);
+    FGroups = ColumnsInOrder(data.Columns, &TGridColumn::GroupIndex);
+  }
+
+  std::vector<TGridRow> Build(const std::vector<TGridFilterItem>& filter) {
+    std::vector<int> records;
+    for (int record = 0; record < FData.RecordCount(); ++record) {
+      if (std::all_of(filter.begin(), filter.end(),
+                      [&](const auto& item) { return FData.Value(record, item.Ordinal) == item.Value; }))
+        records.push_back(record);
+    }
+    Sort(records);
+    AddRows(records.begin(), records.end(), 0, {});
+    return std::move(FRows);
+  }
+
+ private:
+  using TIterator = std::vector<int>::const_iterator;
+
+  TSortKey KeyOf(int record, int ordinal) const {
+    const auto& column = FData.Column(ordinal);
+    const TVariant value = FData.Value(record, ordinal);
+    if (value.IsEmpty()) return {};
+    const bool byText = column.Kind == TGridValueKind::Text || column.Editor == TGridEditorKind::Lookup ||
+                        column.Editor == TGridEditorKind::List || value.Kind() == TVariantKind::Text;
+    if (!byText) return {false, value.AsFloat(), {}};
+    const QString text = FData.DisplayTextOf(column, ordinal, value);
+    return {text.isEmpty(), 0, text};
+  }
+
+  int Compare(const TSortKey& a, const TSortKey& b) const {
+    if (a.Empty || b.Empty) return static_cast<int>(b.Empty) - static_cast<int>(a.Empty);
+    if (a.Number != b.Number) return a.Number < b.Number ? -1 : 1;
+    return FCollator.compare(a.Text, b.Text);
+  }
+
+  void Sort(std::vector<int>& records) const {
+    std::vector<int> by = FGroups;
+    if (!FOptions.SortedByView)
+      for (const int ordinal : ColumnsInOrder(FData.Columns, &TGridColumn::SortIndex)) by.push_back(ordinal);
+    for (auto ordinal = by.rbegin(); ordinal != by.rend(); ++ordinal) {
+      std::vector<TSortKey> keys(static_cast<std::size_t>(FData.RecordCount()));
+      for (const int record : records) keys[static_cast<std::size_t>(record)] = KeyOf(record, *ordinal);
+      const bool descending = FData.Column(*ordinal).SortOrder == TGridSortOrder::Descending;
+      std::stable_sort(records.begin(), records.end(), [&](int a, int b) {
+        const int order = Compare(keys[static_cast<std::size_t>(a)], keys[static_cast<std::size_t>(b)]);
+        return descending ? order > 0 : order < 0;
+      });
+    }
+  }
+
+  void AddRows(TIterator begin, TIterator end, std::size_t level, const QString& parentKey) {
+    const int depth = static_cast<int>(level);
+    if (level == FGroups.size()) {
+      for (auto record = begin; record != end; ++record) FRows.push_back({*record, depth, {}, {}});
+      return;
+    }
+    const int ordinal = FGroups[level];
+    while (begin != end) {
+      const QString text = FData.DisplayText(*begin, ordinal);
+      const auto groupEnd =
+          std::find_if(begin, end, [&](int record) { return FData.DisplayText(record, ordinal) != text; });
+      const QString key = parentKey + QChar('\n') + text;
+      FRows.push_back({-1, depth,
+                       QString(DesktopTexts::GroupHeading)
+                           .arg(FromUtf8(FData.Column(ordinal).Caption),
+                                text.isEmpty() ? DesktopTexts::EmptyValue : text, QString::number(groupEnd - begin)),
+                       key});
+      if (!FClosed.contains(key)) AddRows(begin, groupEnd, level + 1, key);
+      begin = groupEnd;
+    }
+  }
+
+  const TGridData& FData;
+  const TGridOptions& FOptions;
+  const std::set<QString>& FClosed;
+  QCollator FCollator;
+  std::vector<int> FGroups;
+  std::vector<TGridRow> FRows;
+};
+}  // namespace
+
+std::vector<TGridRow> BuildGridRows(const TGridData& data, const TGridOptions& options,
+                                    const std::vector<TGridFilterItem>& filter, const std::set<QString>& closed) {
+  return TRowBuilder(data, options, closed).Build(filter);
+}

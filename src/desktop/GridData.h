@@ -1,0 +1,56 @@
+#pragma once
+
+#include <QString>
+#include <set>
+#include <vector>
+
+#include "VantrelGrid.h"
+
+/// The columns of a grid over its rows, whichever they come from: a source of objects or a table in memory.
+class TGridData {
+ public:
+  explicit TGridData(const TVantrelGrid& events) : FEvents(events) {}
+
+  void BindSource(TVantrelGridSource* source);
+  void BindTable(TVantrelMemTable* table);
+  TVantrelMemTable* Table() const { return FTable; }
+
+  int RecordCount() const;
+  TVariant Value(int record, int ordinal) const;
+  void SetValue(int record, int ordinal, const TVariant& value);
+  /// What the user reads in a cell.
+  QString DisplayText(int record, int ordinal) const;
+  QString DisplayTextOf(const TGridColumn& column, int ordinal, const TVariant& value) const;
+
+  TGridColumn& Column(int ordinal) { return Columns[static_cast<std::size_t>(ordinal)]; }
+  const TGridColumn& Column(int ordinal) const { return Columns[static_cast<std::size_t>(ordinal)]; }
+  int ColumnCount() const { return static_cast<int>(Columns.size()); }
+
+  std::vector<TGridColumn> Columns;
+
+ private:
+  const TVantrelGrid& FEvents;
+  TVantrelGridSource* FSource = nullptr;
+  TVantrelMemTable* FTable = nullptr;
+};
+
+struct TGridFilterItem {
+  int Ordinal = 0;
+  TVariant Value;
+  QString DisplayText;
+};
+
+/// A row as shown: a record, or the heading of a group with the key by which it stays closed.
+struct TGridRow {
+  int Record = -1;
+  int Level = 0;
+  QString Text;
+  QString Key;
+};
+
+/// Filters, sorts and groups the records. Groups in `closed` show their heading only.
+std::vector<TGridRow> BuildGridRows(const TGridData& data, const TGridOptions& options,
+                                    const std::vector<TGridFilterItem>& filter, const std::set<QString>& closed);
+
+/// The ordinals of the columns that have the index (&TGridColumn::SortIndex or GroupIndex), in its order.
+std::vector<int> ColumnsInOrder(const std::vector<TGridColumn>& columns, int TGridColumn::*index);

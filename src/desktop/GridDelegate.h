@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QStyledItemDelegate>
+
+class TGridModel;
+class TGridView;
+
+/// Paints the cells and makes their editors. Keys of an open editor go to the view first.
+class TGridDelegate : public QStyledItemDelegate {
+ public:
+  explicit TGridDelegate(TGridView& view);
+
+  void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
+  QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override;
+  QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
+  void setEditorData(QWidget* editor, const QModelIndex& index) const override;
+  void setModelData(QWidget* editor, QAbstractItemModel* model, const QModelIndex& index) const override;
+  void updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem& option,
+                            const QModelIndex& index) const override;
+
+  /// Commits unless `revert`, and closes.
+  void Finish(QWidget* editor, bool revert);
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  TGridModel& Model() const;
+
+  TGridView& FView;
+};

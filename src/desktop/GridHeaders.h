@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QHeaderView>
+
+class TGridModel;
+
+/// Column headers: centred, with the arrows of all sorted columns.
+class TGridHeader : public QHeaderView {
+ public:
+  TGridHeader(const TGridModel& model, QWidget* parent);
+  /// Room for the captions in as many lines as they need.
+  void FitHeight();
+
+ protected:
+  void initStyleOptionForIndex(QStyleOptionHeader* option, int section) const override;
+
+ private:
+  const TGridModel& FModel;
+};
+
+/// The row indicator: an arrow at the focused row.
+class TGridIndicator : public QHeaderView {
+ public:
+  explicit TGridIndicator(QWidget* parent);
+
+ protected:
+  void paintSection(QPainter* painter, const QRect& rect, int section) const override;
+  QSize sectionSizeFromContents(int section) const override;
+};

@@ -1,0 +1,89 @@
+#include "GridModel.h"
+
+#include <QApplication>
+#include <QFontMetrics>
+#include <algorithm>
+
+#include "QtText.h"
+
+namespace {
+constexpr int cellPadding = 8;
+
+QVariant TipIfCut(const QString& text, int width) {
+  const QFontMetrics metrics(QApplication::font());
+  const bool cut = metrics.horizontalAdvance(text) > width - cellPadding || text.contains('\n');
+  return cut ? QVariant(text) : QVariant();
+}
+}  // namespace
+
+Qt::Alignment AlignmentOf(const TGridColumn& column) {
+  return Qt::AlignVCenter | (column.Kind == TGridValueKind::Text ? Qt::AlignLeft : Qt::AlignHCenter);
+}
+
+void TGridModel::Suspend() {
+  beginResetModel();
+  FRows.clear();
+}
+
+void TGridModel::Resume() {
+  FRows = BuildGridRows(FData, FOptions, ActiveFilter(), FClosed);
+  endResetModel();
+}
+
+std::vector<TGridFilterItem> TGridModel::ActiveFilter() const {
+  return FilterActive ? Filter : std::vector<TGridFilterItem>();
+}
+
+int TGridModel::RecordAt(int row) const {
+  return row < 0 || row >= rowCount() ? -1 : Row(row).Record;
+}
+
+int TGridModel::RowOf(int record) const {
+  if (record < 0) return -1;
+  const auto at = std::find_if(FRows.begin(), FRows.end(), [record](const auto& row) { return row.Record == record; });
+  return at == FRows.end() ? -1 : static_cast<int>(at - FRows.begin());
+}
+
+void TGridModel::SetClosed(int row, bool closed) {
+  const QString key = Row(row).Key;
+  if (closed)
+    FClosed.insert(key);
+  else
+    FClosed.erase(key);
+}
+
+int TGridModel::rowCount(const QModelIndex& parent) const {
+  return parent.isValid() ? 0 : static_cast<int>(FRows.size());
+}
+
+int TGridModel::columnCount(const QModelIndex& parent) const {
+  return parent.isValid() ? 0 : FData.ColumnCount();
+}
+
+QVariant TGridModel::data(const QModelIndex& index, int role) const {
+  const auto& row = Row(index.row());
+  if (role != Qt::DisplayRole && role != Qt::ToolTipRole && role != Qt::AccessibleTextRole) return {};
+  const QString text = row.Record < 0 ? row.Text : FData.DisplayText(row.Record, index.column());
+  if (role == Qt::ToolTipRole) return row.Record < 0 ? QVariant() : TipIfCut(text, FData.Column(index.column()).Width);
+  return text;
+}
+
+QVariant TGridModel::headerData(int section, Qt::Orientation orientation, int role) const {
+  if (orientation == Qt::Vertical || section >= columnCount()) return {};
+  const auto& column = FData.Column(section);
+  if (role == Qt::DisplayRole) return FromUtf8(column.Caption);
+  if (role == Qt::ToolTipRole) return TipIfCut(FromUtf8(column.Caption), column.Width);
+  return {};
+}
+
+Qt::ItemFlags TGridModel::flags(const QModelIndex& index) const {
+  Qt::ItemFlags flags = Qt::ItemIsEnabled | Qt::ItemIsSelectable;
+  if (IsGroup(index)) return flags;
+  if (!FOptions.ReadOnly && FData.Column(index.column()).Editing) flags |= Qt::ItemIsEditable;
+  return flags;
+}
+
+void TGridModel::Write(const QModelIndex& index, const TVariant& value) {
+  FData.SetValue(RecordAt(index.row()), index.column(), value);
+  emit dataChanged(this->index(index.row(), 0), this->index(index.row(), columnCount() - 1));
+}

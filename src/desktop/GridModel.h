@@ -1,0 +1,55 @@
+#pragma once
+
+#include <QAbstractTableModel>
+#include <set>
+
+#include "GridData.h"
+
+/// The rows of a grid for Qt's table view: filtered, sorted and grouped. Sections are column ordinals.
+class TGridModel : public QAbstractTableModel {
+ public:
+  explicit TGridModel(const TVantrelGrid& events) : FData(events) {}
+
+  TGridData& Data() { return FData; }
+  const TGridData& Data() const { return FData; }
+  TGridOptions& Options() { return FOptions; }
+  const TGridOptions& Options() const { return FOptions; }
+
+  /// From Suspend on there are no rows and nothing is read; Resume builds them anew.
+  void Suspend();
+  void Resume();
+
+  const TGridRow& Row(int row) const { return FRows[static_cast<std::size_t>(row)]; }
+  /// -1 for a group and where there is no such row.
+  int RecordAt(int row) const;
+  /// -1 where the record is not shown.
+  int RowOf(int record) const;
+  bool IsGroup(const QModelIndex& index) const { return index.isValid() && RecordAt(index.row()) < 0; }
+  bool IsClosed(int row) const { return FClosed.contains(Row(row).Key); }
+  void SetClosed(int row, bool closed);
+
+  std::vector<TGridFilterItem> Filter;
+  bool FilterActive = false;
+  /// The rows with all groups opened.
+  std::vector<TGridRow> AllRows() const { return BuildGridRows(FData, FOptions, ActiveFilter(), {}); }
+
+  int rowCount(const QModelIndex& parent = {}) const override;
+  int columnCount(const QModelIndex& parent = {}) const override;
+  QVariant data(const QModelIndex& index, int role) const override;
+  QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
+  Qt::ItemFlags flags(const QModelIndex& index) const override;
+  /// Writes to the source and lets the row be painted anew. The order of the rows stays.
+  void Write(const QModelIndex& index, const TVariant& value);
+  TVariant Read(const QModelIndex& index) const { return FData.Value(RecordAt(index.row()), index.column()); }
+
+ private:
+  std::vector<TGridFilterItem> ActiveFilter() const;
+
+  TGridData FData;
+  TGridOptions FOptions;
+  std::vector<TGridRow> FRows;
+  std::set<QString> FClosed;
+};
+
+/// Texts stand on the left, all else in the middle.
+Qt::Alignment AlignmentOf(const TGridColumn& column);

@@ -1,0 +1,163 @@
+// Filter, selection, best fit and layout of the grid.
+#include <QHeaderView>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <algorithm>
+
+#include "DesktopGrid.h"
+#include "QtText.h"
+
+void TDesktopGrid::ClearFilter() {
+  BeginUpdate();
+  FModel.Filter.clear();
+  EndUpdate();
+}
+
+void TDesktopGrid::AddFilter(int ordinal, const TVariant& value, const std::string& displayText) {
+  BeginUpdate();
+  FModel.Filter.push_back({ordinal, value, FromUtf8(displayText)});
+  EndUpdate();
+}
+
+void TDesktopGrid::SetFilterActive(bool active) {
+  BeginUpdate();
+  FModel.FilterActive = active;
+  EndUpdate();
+}
+
+std::string TDesktopGrid::FilterText() const {
+  QJsonArray items;
+  for (const auto& item : FModel.Filter)
+    items.append(QJsonObject{{"id", FromUtf8(FModel.Data().Column(item.Ordinal).Id)},
+                             {"value", FromUtf8(item.Value.AsTextOrEmpty())},
+                             {"text", item.DisplayText}});
+  return QJsonDocument(QJsonObject{{"active", FModel.FilterActive}, {"items", items}})
+      .toJson(QJsonDocument::Compact)
+      .toStdString();
+}
+
+std::vector<int> TDesktopGrid::SelectedRecords() const {
+  std::vector<int> rows;
+  for (const auto& index : FView->selectionModel()->selectedRows(FView->VisibleColumn(-1))) rows.push_back(index.row());
+  std::sort(rows.begin(), rows.end());
+  std::vector<int> records;
+  for (const int row : rows)
+    if (const int record = FModel.RecordAt(row); record >= 0) records.push_back(record);
+  return records;
+}
+
+int TDesktopGrid::SelectedCount() const {
+  return static_cast<int>(SelectedRecords().size());
+}
+
+int TDesktopGrid::SelectedRecord(int index) const {
+  const auto records = SelectedRecords();
+  return index < 0 || index >= static_cast<int>(records.size()) ? -1 : records[static_cast<std::size_t>(index)];
+}
+
+void TDesktopGrid::ClearSelection() {
+  FView->selectionModel()->clearSelection();
+}
+
+void TDesktopGrid::SelectRecords(const std::vector<int>& records) {
+  if (!FModel.Options().MultiSelect && (records.size() > 1 || !FModel.Options().ReadOnly)) return;
+  QItemSelection selection;
+  for (const int record : records)
+    if (const int row = FModel.RowOf(record); row >= 0) selection.select(FModel.index(row, 0), FModel.index(row, 0));
+  FView->selectionModel()->select(selection, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+}
+
+void TDesktopGrid::DeleteSelection() {
+  auto* table = FModel.Data().Table();
+  if (table == nullptr) return;
+  const auto records = SelectedRecords();
+  BeginUpdate();
+  table->DisableControls();
+  for (auto record = records.rbegin(); record != records.rend(); ++record) {
+    table->SetRecNo(*record + 1);
+    table->Delete();
+  }
+  table->EnableControls();
+  EndUpdate();
+}
+
+bool TDesktopGrid::IsGrouped() const {
+  return !ColumnsInOrder(Columns(), &TGridColumn::GroupIndex).empty();
+}
+
+std::vector<int> TDesktopGrid::FocusedGroupRecords() const {
+  std::vector<int> group;
+  bool found = false;
+  for (const auto& row : FModel.AllRows()) {
+    if (row.Record < 0) {
+      if (found) break;
+      group.clear();
+      continue;
+    }
+    group.push_back(row.Record);
+    found = found || row.Record == FFocused;
+  }
+  return found ? group : std::vector<int>();
+}
+
+void TDesktopGrid::BeginBestFit() {
+  FView->setUpdatesEnabled(false);
+}
+
+void TDesktopGrid::EndBestFit() {
+  FView->FitRows();
+  FView->setUpdatesEnabled(true);
+}
+
+void TDesktopGrid::BestFit(int ordinal) {
+  const QFontMetrics metrics = FView->fontMetrics();
+  int width = FView->horizontalHeader()->sectionSizeHint(ordinal);
+  for (int record = 0; record < RecordCount(); ++record)
+    width = std::max(width, metrics.size(0, FModel.Data().DisplayText(record, ordinal)).width() + 14);
+  SetColumnWidth(ordinal, std::min(width, FView->viewport()->width()));
+}
+
+void TDesktopGrid::BestFitAll() {
+  for (const int ordinal : ShownColumns()) BestFit(ordinal);
+}
+
+std::string TDesktopGrid::Layout() const {
+  QJsonArray columns;
+  for (int ordinal = 0; ordinal < FModel.Data().ColumnCount(); ++ordinal) {
+    const auto& column = FModel.Data().Column(ordinal);
+    columns.append(QJsonObject{{"id", FromUtf8(column.Id)},
+                               {"width", column.Width},
+                               {"visible", column.Visible},
+                               {"place", FView->horizontalHeader()->visualIndex(ordinal)},
+                               {"sort", static_cast<int>(column.SortOrder)},
+                               {"sortIndex", column.SortIndex},
+                               {"group", column.GroupIndex}});
+  }
+  return QJsonDocument(QJsonObject{{"columns", columns}}).toJson(QJsonDocument::Compact).toStdString();
+}
+
+void TDesktopGrid::RestoreLayout(std::string_view layout) {
+  const auto document =
+      QJsonDocument::fromJson(QByteArray(layout.data(), static_cast<qsizetype>(layout.size()))).object();
+  std::vector<std::pair<int, int>> places;
+  BeginUpdate();
+  for (const auto& entry : document["columns"].toArray()) {
+    const QJsonObject stored = entry.toObject();
+    const auto id = ToUtf8(stored["id"].toString());
+    auto& columns = FModel.Data().Columns;
+    const auto column = std::find_if(columns.begin(), columns.end(), [&](const auto& c) { return c.Id == id; });
+    if (column == columns.end()) continue;
+    column->Width = std::clamp(stored["width"].toInt(column->Width), 1, 10000);
+    column->Visible = stored["visible"].toBool(column->Visible);
+    column->SortOrder = static_cast<TGridSortOrder>(std::clamp(stored["sort"].toInt(0), 0, 2));
+    column->SortIndex = column->SortOrder == TGridSortOrder::None ? -1 : std::max(stored["sortIndex"].toInt(0), 0);
+    column->GroupIndex = std::max(stored["group"].toInt(-1), -1);
+    places.emplace_back(stored["place"].toInt(), static_cast<int>(column - columns.begin()));
+  }
+  EndUpdate();
+  std::sort(places.begin(), places.end());
+  auto* header = FView->horizontalHeader();
+  for (std::size_t i = 0; i < places.size(); ++i)
+    header->moveSection(header->visualIndex(places[i].second), static_cast<int>(i));
+}

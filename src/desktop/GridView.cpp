@@ -1,0 +1,210 @@
+#include "GridView.h"
+
+#include <QContextMenuEvent>
+#include <QHeaderView>
+#include <QPainter>
+#include <algorithm>
+
+#include "CellEditors.h"
+#include "DesktopLook.h"
+#include "GridDelegate.h"
+#include "GridHeaders.h"
+
+TGridView::TGridView(TGridModel& model, const TVantrelGrid& events)
+    : FModel(model), FEvents(events), FDelegate(new TGridDelegate(*this)) {
+  setHorizontalHeader(new TGridHeader(model, this));
+  setVerticalHeader(new TGridIndicator(this));
+  setCornerButtonEnabled(false);
+  setModel(&model);
+  setItemDelegate(FDelegate);
+  setTabKeyNavigation(false);
+  setHorizontalScrollMode(ScrollPerPixel);
+  setEditTriggers(DoubleClicked | EditKeyPressed | AnyKeyPressed);
+  setWordWrap(false);
+  ApplyOptions();
+}
+
+void TGridView::ApplyOptions() {
+  const auto& options = FModel.Options();
+  verticalHeader()->setVisible(options.RowIndicator);
+  horizontalHeader()->setSectionsMovable(options.MovingColumns);
+  horizontalHeader()->setStretchLastSection(options.FillWidth);
+  horizontalHeader()->setTextElideMode(options.HeaderFollowsContent ? Qt::ElideNone : Qt::ElideRight);
+  Qt::Alignment captions = Qt::AlignCenter;
+  if (options.HeaderFollowsContent) captions |= Qt::Alignment::fromInt(Qt::TextWordWrap);
+  horizontalHeader()->setDefaultAlignment(captions);
+  setSelectionBehavior(SelectRows);
+  setSelectionMode(!options.ReadOnly ? NoSelection : options.MultiSelect ? ExtendedSelection : SingleSelection);
+  setTabKeyNavigation(false);
+}
+
+void TGridView::ApplyColumns() {
+  auto* header = horizontalHeader();
+  for (int ordinal = 0; ordinal < FModel.columnCount(); ++ordinal) {
+    const auto& column = FModel.Data().Column(ordinal);
+    header->resizeSection(ordinal, std::max(column.Width, header->minimumSectionSize()));
+    header->setSectionHidden(ordinal, !column.Visible);
+  }
+  static_cast<TGridHeader*>(header)->FitHeight();
+  updateGeometries();
+}
+
+void TGridView::FitRows() {
+  const int lineHeight = fontMetrics().height();
+  auto* rows = verticalHeader();
+  rows->setDefaultSectionSize(lineHeight + 8);
+  if (!FModel.Options().RowsFollowContent) return;
+  for (int row = 0; row < FModel.rowCount(); ++row) {
+    int height = lineHeight;
+    for (int column = 0; column < FModel.columnCount() && FModel.RecordAt(row) >= 0; ++column) {
+      if (isColumnHidden(column) || FModel.Data().Column(column).Kind != TGridValueKind::Text) continue;
+      const QString text = FModel.Data().DisplayText(FModel.RecordAt(row), column);
+      const int room = columnWidth(column) - 8;
+      if (!text.contains('\n') && fontMetrics().horizontalAdvance(text) <= room) continue;
+      height = std::max(height, fontMetrics().boundingRect(QRect(0, 0, room, 10000), Qt::TextWordWrap, text).height());
+    }
+    if (rows->sectionSize(row) != height + 8) rows->resizeSection(row, height + 8);
+  }
+}
+
+void TGridView::SetGroupClosed(int row, bool closed) {
+  if (!FModel.IsGroup(FModel.index(row, 0)) || FModel.IsClosed(row) == closed) return;
+  FModel.SetClosed(row, closed);
+  const int column = currentIndex().column();
+  if (OnRowsChange) OnRowsChange();
+  GotoCell(row, column);
+}
+
+int TGridView::VisibleColumn(int from) const {
+  const auto* header = horizontalHeader();
+  if (from >= 0 && from < FModel.columnCount() && !isColumnHidden(from)) return from;
+  for (int visual = 0; visual < header->count(); ++visual)
+    if (!header->isSectionHidden(header->logicalIndex(visual))) return header->logicalIndex(visual);
+  return -1;
+}
+
+void TGridView::GotoCell(int row, int column) {
+  const QModelIndex target = FModel.index(row, VisibleColumn(column));
+  if (target.isValid()) setCurrentIndex(target);
+}
+
+bool TGridView::MoveRow(int step) {
+  const int column = currentIndex().column();
+  for (int row = currentIndex().row() + step; row >= 0 && row < FModel.rowCount(); row += step) {
+    if (FModel.RecordAt(row) < 0) continue;
+    GotoCell(row, column);
+    return true;
+  }
+  return false;
+}
+
+bool TGridView::MoveCell(int step) {
+  const auto* header = horizontalHeader();
+  const auto nextVisible = [&](int visual) {
+    while (visual >= 0 && visual < header->count() && header->isSectionHidden(header->logicalIndex(visual)))
+      visual += step;
+    return visual;
+  };
+  int visual = nextVisible(header->visualIndex(currentIndex().column()) + step);
+  if (visual < 0 || visual >= header->count()) {
+    if (!FModel.Options().WrapAtRowEnd || !MoveRow(step)) return false;
+    visual = nextVisible(step > 0 ? 0 : header->count() - 1);
+  }
+  setCurrentIndex(FModel.index(currentIndex().row(), header->logicalIndex(visual)));
+  return true;
+}
+
+bool TGridView::IsKeyboardIn() const {
+  return hasFocus() || IsEditing();
+}
+
+bool TGridView::MayEdit(int ordinal) const {
+  if (FModel.Options().ReadOnly || !FModel.Data().Column(ordinal).Editing) return false;
+  return !FEvents.OnEditing || FEvents.OnEditing(ordinal);
+}
+
+bool TGridView::IsTinted(int ordinal) const {
+  if (FModel.Options().ReadOnly) return false;
+  if (FTints.empty()) return !MayEdit(ordinal);
+  auto& tint = FTints[static_cast<std::size_t>(ordinal)];
+  if (!tint) tint = !MayEdit(ordinal);
+  return *tint;
+}
+
+void TGridView::focusInEvent(QFocusEvent* event) {
+  if (FModel.RecordAt(currentIndex().row()) < 0 && !currentIndex().isValid()) MoveRow(1);
+  QTableView::focusInEvent(event);
+}
+
+void TGridView::mousePressEvent(QMouseEvent* event) {
+  const auto index = indexAt(event->position().toPoint());
+  FClickedCurrent = hasFocus() && index.isValid() && index == currentIndex();
+  EndSearch();
+  QTableView::mousePressEvent(event);
+  if (FModel.IsGroup(index) && event->button() == Qt::LeftButton)
+    SetGroupClosed(index.row(), !FModel.IsClosed(index.row()));
+}
+
+void TGridView::mouseReleaseEvent(QMouseEvent* event) {
+  QTableView::mouseReleaseEvent(event);
+  // A click on the cell that had the focus before opens its editor.
+  if (std::exchange(FClickedCurrent, false) && event->button() == Qt::LeftButton && !IsEditing())
+    edit(currentIndex(), AllEditTriggers, nullptr);
+}
+
+void TGridView::mouseDoubleClickEvent(QMouseEvent* event) {
+  const auto index = indexAt(event->position().toPoint());
+  if (index.isValid() && !FModel.IsGroup(index) && FEvents.OnDoubleClick) FEvents.OnDoubleClick(index.column());
+  QTableView::mouseDoubleClickEvent(event);
+}
+
+void TGridView::contextMenuEvent(QContextMenuEvent* event) {
+  const bool byKey = event->reason() == QContextMenuEvent::Keyboard;
+  const QPoint place = byKey ? visualRect(currentIndex()).bottomLeft() : event->pos();
+  if (OnMenu) OnMenu(place);
+}
+
+void TGridView::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
+  QTableView::currentChanged(current, previous);
+  verticalHeader()->viewport()->update();
+  viewport()->update();
+  if (OnCurrent) OnCurrent(current);
+}
+
+void TGridView::changeEvent(QEvent* event) {
+  QTableView::changeEvent(event);
+  if (event->type() != QEvent::FontChange && event->type() != QEvent::StyleChange) return;
+  static_cast<TGridHeader*>(horizontalHeader())->FitHeight();
+  FitRows();
+}
+
+void TGridView::paintEvent(QPaintEvent* event) {
+  // The veto is asked once a column while painting.
+  FTints.assign(static_cast<std::size_t>(FModel.columnCount()), std::nullopt);
+  QTableView::paintEvent(event);
+  FTints.clear();
+  PaintGroups();
+}
+
+void TGridView::PaintGroups() {
+  QPainter painter(viewport());
+  for (int row = std::max(rowAt(0), 0); row < FModel.rowCount(); ++row) {
+    const int top = rowViewportPosition(row);
+    if (top > viewport()->height()) break;
+    if (FModel.RecordAt(row) >= 0) continue;
+    const QRect line(0, top, viewport()->width(), rowHeight(row));
+    const bool current = row == currentIndex().row();
+    painter.fillRect(line, Blend(palette().color(QPalette::Base), palette().color(QPalette::Text), 0.09));
+    const int left = 8 + FModel.Row(row).Level * 18;
+    QStyleOption arrow;
+    arrow.initFrom(this);
+    arrow.rect = QRect(left, line.center().y() - 5, 11, 11);
+    style()->drawPrimitive(FModel.IsClosed(row) ? QStyle::PE_IndicatorArrowRight : QStyle::PE_IndicatorArrowDown,
+                           &arrow, &painter, this);
+    painter.setPen(palette().color(QPalette::Text));
+    painter.drawText(line.adjusted(left + 18, 0, 0, 0), Qt::AlignVCenter, FModel.Row(row).Text);
+    if (!current) continue;
+    painter.setPen(QPen(palette().color(QPalette::Highlight), IsKeyboardIn() ? 2 : 1));
+    painter.drawRect(line.adjusted(1, 1, -1, -2));
+  }
+}

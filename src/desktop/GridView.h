@@ -1,0 +1,86 @@
+#pragma once
+
+#include <QPointer>
+#include <QTableView>
+#include <functional>
+#include <optional>
+#include <vector>
+
+#include "GridModel.h"
+
+class TGridDelegate;
+
+/// The table view of a grid: keys, editing and what lies over the cells.
+class TGridView : public QTableView {
+ public:
+  TGridView(TGridModel& model, const TVantrelGrid& events);
+
+  TGridModel& Model() { return FModel; }
+  void ApplyOptions();
+  /// Gives widths, visibility and header the state of the columns.
+  void ApplyColumns();
+  void FitRows();
+  /// Shows or hides the contents of the group in this row.
+  void SetGroupClosed(int row, bool closed);
+
+  /// Moves along the visible columns, on to the next row where the options say so. False where there is no further.
+  bool MoveCell(int step);
+  /// Moves along the rows, past group headings. False where there is no further.
+  bool MoveRow(int step);
+  void GotoCell(int row, int column);
+  /// The next visible column from this one on, the first of all for -1.
+  int VisibleColumn(int from) const;
+
+  bool IsKeyboardIn() const;
+  bool IsTinted(int ordinal) const;
+  bool IsEditing() const { return state() == EditingState; }
+  void PostEditor();
+  const QString& SearchText() const { return FSearch; }
+  void EndSearch();
+
+  std::function<void()> OnSearch;
+  std::function<void()> OnRowsChange;  ///< the rows must be built anew
+  std::function<void(const QModelIndex& current)> OnCurrent;
+  std::function<void(const QPoint& place)> OnMenu;
+
+  // For the delegate.
+  void EditorChanged(QWidget* editor);
+  bool IsNewEditor(const QWidget* editor) const { return editor != FEditor; }
+  bool EditorKey(QWidget* editor, QKeyEvent* event);
+  void Post(const QModelIndex& index, const TVariant& value);
+
+ protected:
+  bool edit(const QModelIndex& index, EditTrigger trigger, QEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  bool focusNextPrevChild(bool next) override;
+  void focusInEvent(QFocusEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
+  void mouseDoubleClickEvent(QMouseEvent* event) override;
+  void contextMenuEvent(QContextMenuEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
+  void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
+  void changeEvent(QEvent* event) override;
+
+ private:
+  bool MayEdit(int ordinal) const;
+  bool TakeKey(QKeyEvent* event);
+  bool TakeGroupKey(QKeyEvent* event);
+  bool TakeSearchKey(QKeyEvent* event);
+  bool Search(const QString& text, int fromRow);
+  bool Leave(TGridKey key, bool backwards);
+  void Revert(QWidget* editor);
+  void PaintGroups();
+
+  TGridModel& FModel;
+  const TVantrelGrid& FEvents;
+  TGridDelegate* FDelegate;
+  QPointer<QWidget> FEditor;
+  QPersistentModelIndex FEdited;
+  TVariant FBefore;
+  bool FTouched = false;
+  bool FPosted = false;
+  bool FClickedCurrent = false;
+  QString FSearch;
+  mutable std::vector<std::optional<bool>> FTints;
+};

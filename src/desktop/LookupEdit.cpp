@@ -1,0 +1,180 @@
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QScreen>
+#include <QScrollBar>
+#include <QTreeWidget>
+#include <QWheelEvent>
+#include <algorithm>
+
+#include "CellEditors.h"
+#include "DesktopLook.h"
+#include "DesktopTexts.h"
+#include "QtText.h"
+
+namespace {
+constexpr int shownRows = 12;
+}
+
+TLookupEdit::TLookupEdit(std::vector<TLookupEntry> entries, QWidget* parent)
+    : QLineEdit(parent), FEntries(std::move(entries)), FList(new QTreeWidget(this)) {
+  setFrame(false);
+  // The text is always that of an entry; keys go through keyPressEvent.
+  setReadOnly(true);
+  auto* open = addAction(ThemeIcon("arrow-down"), QLineEdit::TrailingPosition);
+  open->setToolTip(DesktopTexts::OpenList);
+  connect(open, &QAction::triggered, this, [this] { IsListOpen() ? CloseList() : OpenList(); });
+  FillList();
+  connect(FList, &QTreeWidget::itemClicked, this, [this](QTreeWidgetItem* item) {
+    MarkByUser(FList->indexOfTopLevelItem(item), 0);
+    CloseList();
+    if (OnAccepted) OnAccepted();
+  });
+}
+
+TLookupEdit::~TLookupEdit() = default;
+
+void TLookupEdit::FillList() {
+  // A tool-tip window: it stands above all without ever taking the keyboard.
+  FList->setWindowFlags(Qt::ToolTip);
+  FList->setFocusPolicy(Qt::NoFocus);
+  FList->setRootIsDecorated(false);
+  FList->setUniformRowHeights(true);
+  FList->setAllColumnsShowFocus(true);
+  FList->setAnimated(false);
+  FList->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  QPalette colours = FList->palette();
+  for (const auto role : {QPalette::Highlight, QPalette::HighlightedText})
+    colours.setColor(QPalette::Inactive, role, colours.color(QPalette::Active, role));
+  FList->setPalette(colours);
+  const bool described =
+      std::any_of(FEntries.begin(), FEntries.end(), [](const auto& entry) { return !entry.Description.isEmpty(); });
+  FList->setColumnCount(described ? 2 : 1);
+  FList->setHeaderLabels({DesktopTexts::LookupToken, DesktopTexts::LookupDescription});
+  FList->setHeaderHidden(!described);
+  for (const auto& entry : FEntries)
+    FList->addTopLevelItem(new QTreeWidgetItem(QStringList{entry.Shown, entry.Description}));
+}
+
+TVariant TLookupEdit::Value() const {
+  return FMarked < 0 ? TVariant::Null() : FEntries[static_cast<std::size_t>(FMarked)].Key;
+}
+
+void TLookupEdit::SetValue(const TVariant& value) {
+  const auto at = std::find_if(FEntries.begin(), FEntries.end(), [&](const auto& entry) { return entry.Key == value; });
+  Mark(at == FEntries.end() ? -1 : static_cast<int>(at - FEntries.begin()), 0);
+}
+
+int TLookupEdit::Find(const QString& typed) const {
+  int starts = -1;
+  for (std::size_t i = 0; i < FEntries.size(); ++i) {
+    const QString& shown = FEntries[i].Shown;
+    if (shown.compare(typed, Qt::CaseInsensitive) == 0) return static_cast<int>(i);
+    if (starts < 0 && shown.startsWith(typed, Qt::CaseInsensitive)) starts = static_cast<int>(i);
+  }
+  return starts;
+}
+
+void TLookupEdit::Mark(int entry, qsizetype typed) {
+  FMarked = entry;
+  const QString shown = entry < 0 ? QString() : FEntries[static_cast<std::size_t>(entry)].Shown;
+  FTyped = shown.left(typed);
+  setText(shown);
+  setSelection(static_cast<int>(shown.size()), static_cast<int>(typed - shown.size()));
+  auto* item = FList->topLevelItem(entry);
+  FList->clearSelection();
+  FList->setCurrentItem(item);
+  if (item != nullptr) FList->scrollToItem(item);
+}
+
+void TLookupEdit::MarkByUser(int entry, qsizetype typed) {
+  const int before = FMarked;
+  Mark(entry, typed);
+  if (entry != before) Changed();
+}
+
+bool TLookupEdit::IsListOpen() const {
+  return FList->isVisible();
+}
+
+void TLookupEdit::OpenList() {
+  if (FEntries.empty()) return;
+  PlaceList();
+  FList->show();
+  if (auto* item = FList->currentItem()) FList->scrollToItem(item);
+}
+
+void TLookupEdit::CloseList() {
+  FList->hide();
+}
+
+void TLookupEdit::PlaceList() {
+  int wanted = 2 * FList->frameWidth() + 4;
+  for (int column = 0; column < FList->columnCount(); ++column) {
+    FList->resizeColumnToContents(column);
+    FList->setColumnWidth(column, FList->columnWidth(column) + 12);
+    wanted += FList->columnWidth(column);
+  }
+  const int rows = static_cast<int>(FEntries.size());
+  if (rows > shownRows) wanted += FList->verticalScrollBar()->sizeHint().width();
+  const int head = FList->isHeaderHidden() ? 0 : FList->header()->sizeHint().height();
+  const int rowHeight = std::max(FList->sizeHintForRow(0), 1);
+  int high = 2 * FList->frameWidth() + head + rowHeight * std::min(rows, shownRows);
+
+  const QRect room = screen()->availableGeometry();
+  const QPoint cell = mapToGlobal(QPoint(0, 0));
+  const int below = room.bottom() + 1 - (cell.y() + height());
+  const int above = cell.y() - room.top();
+  const bool upwards = high > below && above > below;
+  high = std::min(high, upwards ? above : below);
+  const int wide = std::min(std::max(wanted, width()), room.width());
+  const int left = std::clamp(cell.x(), room.left(), room.right() + 1 - wide);
+  FList->setGeometry(left, upwards ? cell.y() - high : cell.y() + height(), wide, high);
+}
+
+void TLookupEdit::keyPressEvent(QKeyEvent* event) {
+  const bool alt = (event->modifiers() & Qt::AltModifier) != 0;
+  const int last = static_cast<int>(FEntries.size()) - 1;
+  switch (event->key()) {
+    case Qt::Key_F4:
+      IsListOpen() ? CloseList() : OpenList();
+      return;
+    case Qt::Key_Down:
+    case Qt::Key_Up:
+      if (alt) {
+        IsListOpen() ? CloseList() : OpenList();
+      } else if (last >= 0) {
+        MarkByUser(std::clamp(FMarked + (event->key() == Qt::Key_Down ? 1 : -1), 0, last), 0);
+      }
+      return;
+    case Qt::Key_Delete:
+      MarkByUser(-1, 0);
+      return;
+    case Qt::Key_Backspace: {
+      const QString typed = FTyped.chopped(FTyped.isEmpty() ? 0 : 1);
+      MarkByUser(typed.isEmpty() ? -1 : Find(typed), typed.size());
+      return;
+    }
+    default:
+      break;
+  }
+  if (event->text().isEmpty() || !event->text().front().isPrint()) return QLineEdit::keyPressEvent(event);
+  const QString typed = FTyped + event->text();
+  if (const int entry = Find(typed); entry >= 0) {
+    OpenList();
+    MarkByUser(entry, typed.size());
+  }
+}
+
+void TLookupEdit::wheelEvent(QWheelEvent* event) {
+  event->accept();
+}
+
+void TLookupEdit::focusOutEvent(QFocusEvent* event) {
+  CloseList();
+  QLineEdit::focusOutEvent(event);
+}
+
+void TLookupEdit::hideEvent(QHideEvent* event) {
+  CloseList();
+  QLineEdit::hideEvent(event);
+}

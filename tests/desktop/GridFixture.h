@@ -1,0 +1,118 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <QTest>
+#include <QTreeWidget>
+
+#include "CellEditors.h"
+#include "DesktopGrid.h"
+#include "VantrelMemTable.h"
+
+/// Rows of variants; what was written is kept in order.
+class TRowsSource : public TVantrelGridSource {
+ public:
+  struct TRow : TVantrelObject {
+    std::vector<TVariant> Cells;
+  };
+  explicit TRowsSource(const std::vector<std::vector<TVariant>>& rows) {
+    for (const auto& cells : rows) {
+      Rows.push_back(std::make_unique<TRow>());
+      Rows.back()->Cells = cells;
+    }
+  }
+  int GetRecordCount() override { return static_cast<int>(Rows.size()); }
+  TVantrelObject* GetRecordHandle(int index) override { return Rows[static_cast<std::size_t>(index)].get(); }
+  void GetValue(TVantrelObject* record, int ordinal, TVariant& value) override { value = Cell(record, ordinal); }
+  void SetValue(TVantrelObject* record, int ordinal, const TVariant& value) override {
+    Cell(record, ordinal) = value;
+    Written.push_back(value.AsTextOrEmpty());
+  }
+  TVariant& Cell(TVantrelObject* record, int ordinal) {
+    return static_cast<TRow*>(record)->Cells[static_cast<std::size_t>(ordinal)];
+  }
+
+  std::vector<std::unique_ptr<TRow>> Rows;
+  std::vector<std::string> Written;
+};
+
+/// Three students with name, grade, absences and result; the grades 1, 1-, 2, 15 and tf by id.
+class GridTest : public testing::Test {
+ protected:
+  enum { Name, Grade, Absences, Result };
+
+  GridTest() {
+    Grades.AddField("ID", TVantrelFieldType::ftInteger);
+    Grades.AddField("Token", TVantrelFieldType::ftText, 20);
+    Grades.AddField("Description", TVantrelFieldType::ftText, 300);
+    Grades.Open();
+    int id = 100;
+    for (const char* token : {"1-", "1", "15", "2", "tf"}) {
+      Grades.Append();
+      Grades.FieldByName("ID").SetValue(id++);
+      Grades.FieldByName("Token").SetValue(token);
+      Grades.FieldByName("Description").SetValue("Note");
+      Grades.Post();
+    }
+    TGridOptions options;
+    options.ReadOnly = false;
+    options.TabMovesCells = options.EnterMovesToNextCell = options.WrapAtRowEnd = true;
+    Grid.SetOptions(options);
+    AddColumns();
+    Grid.BindSource(&Source);
+    Grid.OnKeyDown = [](int ordinal, TGridKey key) {
+      return ordinal == Grade && key == TGridKey::Enter ? TGridKeyAction::MoveDown : TGridKeyAction::Pass;
+    };
+    Grid.OnEditChanged = [this](int) { Grid.PostEdit(); };
+    Grid.resize(800, 300);
+    Grid.show();
+    Grid.SetFocus();
+    QTest::qWait(1);
+    FocusCell(0, Grade);
+  }
+
+  void AddColumns() {
+    TGridColumn name{"name", "Name"};
+    name.Editing = false;
+    Grid.AddColumn(name);
+    TGridColumn grade{"grade", "Note"};
+    grade.Kind = TGridValueKind::Integer;
+    grade.Editor = TGridEditorKind::Lookup;
+    grade.Lookup = {&Grades, "ID", "Token", "Description"};
+    Grid.AddColumn(grade);
+    TGridColumn absences{"absences", "Fehltage"};
+    absences.Kind = TGridValueKind::Integer;
+    absences.Editor = TGridEditorKind::Spin;
+    absences.Maximum = 99;
+    Grid.AddColumn(absences);
+    TGridColumn result{"result", "Ergebnis"};
+    result.Editor = TGridEditorKind::List;
+    result.Items = {{"Bestanden (P)", "P"}, {"Nicht bestanden (F)", "F"}, {"Nicht belegt", "N"}};
+    Grid.AddColumn(result);
+  }
+
+  void FocusCell(int record, int ordinal) {
+    Grid.FocusRecord(record);
+    Grid.FocusColumn(ordinal);
+  }
+  QWidget* Keyboard() {
+    auto* editor = Grid.View().indexWidget(Grid.View().currentIndex());
+    return editor != nullptr && Grid.IsEditing() ? editor : &Grid.View();
+  }
+  void Key(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) { QTest::keyClick(Keyboard(), key, modifiers); }
+  void Type(const std::string& text) {
+    for (const char c : text) QTest::keyClick(Keyboard(), c);
+  }
+  TLookupEdit* Lookup() { return dynamic_cast<TLookupEdit*>(Keyboard()); }
+  std::string Shown(int record, int ordinal) { return Grid.DisplayText(record, ordinal); }
+  std::vector<int> Records() {
+    std::vector<int> records;
+    for (const auto& row : Grid.ShownRows()) records.push_back(row.Record);
+    return records;
+  }
+
+  TVantrelMemTable Grades;
+  TRowsSource Source{
+      {{"Özil", TVariant::Null(), 5, "P"}, {"adam", 102, 12, "F"}, {"Zink", 101, TVariant::Null(), "P"}}};
+  TDesktopGrid Grid;
+};
