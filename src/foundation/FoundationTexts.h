@@ -30,6 +30,8 @@ inline constexpr const char* ListDuplicate = "Keine Duplikate in der Liste erlau
 inline constexpr const char* MapCapacity = "InitialCapacity muss größer oder gleich 0 sein.";
 inline constexpr const char* MapLoadFactor = "LoadFactor muss größer 0 sein.";
 
+inline constexpr const char* PropertyNotFound = "Eigenschaft wurde nicht gefunden.";
+inline constexpr const char* PropertyAccess = "Auf die Eigenschaft kann so nicht zugegriffen werden.";
 inline constexpr const char* NotStorable = "Der Wert kann nicht gespeichert werden.";
 
 inline constexpr const char* ShortRead = "Es konnten nicht alle Daten gelesen werden.";

@@ -5,6 +5,8 @@
 #include <string_view>
 #include <utility>
 
+struct TVantrelClass;
+
 /// Base of the in-house classes. Objects live in two phases: construction, then AfterConstruction; BeforeDestruction,
 /// then destruction. CreateVantrel and TVantrelDeleter are the only callers of the two hooks.
 class TVantrelObject {
@@ -22,6 +24,8 @@ class TVantrelObject {
   virtual bool Equals(const TVantrelObject* other) const { return this == other; }
   /// Hash that goes with Equals.
   virtual std::int32_t GetHashCode() const;
+  /// The class with its published properties (VantrelRtti.h); one without any unless a descendant shows its own.
+  virtual const TVantrelClass& ClassReference() const;
 
   virtual void AfterConstruction() {}
   virtual void BeforeDestruction() {}

@@ -69,7 +69,8 @@ class TVantrelHashMapEntry final : public TVantrelObject {
 /// TVantrelGuid, TVantrelLongInt and TVantrelInt64; a key object is made where one is stored, not for a look-up.
 class TVantrelHashMap final : public TVantrelAbstractMap {
  public:
-  TVantrelHashMap(bool itemOwner, bool keyOwner) : TVantrelHashMap(16, 0.75, itemOwner, keyOwner) {}
+  explicit TVantrelHashMap(bool itemOwner = true, bool keyOwner = true)
+      : TVantrelHashMap(16, 0.75, itemOwner, keyOwner) {}
   /// Raises EVantrelMapError for a capacity below 0 or a load factor not above 0. The number of buckets is the
   /// smallest power of two not below `capacity`, at most 2^30.
   TVantrelHashMap(int capacity, double loadFactor, bool itemOwner, bool keyOwner);
