@@ -139,7 +139,8 @@ void TVantrelArrayList::Clear() {
     while (FCount > 0) FreeItem(FItems[--FCount]);
   }
   FCount = 0;
-  SetCapacity(0);
+  FCapacity = 0;
+  FItems.reset();
 }
 
 int TVantrelArrayList::IndexOf(const TVantrelObject* item) const {

@@ -96,9 +96,7 @@ TVantrelObject* TVantrelHashMap::PutValue(const TKey& key, TVantrelObject* item)
   using TKeyObject = typename TKeyClass<TKey>::TType;
   const std::int32_t hash = HashOf(key);
   if (TVantrelHashMapEntry* const entry = Find(key, hash)) return std::exchange(entry->FItem, item);
-  auto keyObject = CreateVantrel<TKeyObject>(typename TKeyObject::TPlain(key));
-  AddEntry(hash, keyObject.get(), item);
-  keyObject.release();
+  AddEntry(hash, CreateVantrel<TKeyObject>(typename TKeyObject::TPlain(key)).release(), item);
   return nullptr;
 }
 

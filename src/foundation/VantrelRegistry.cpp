@@ -23,9 +23,7 @@ TVantrelClassRegistry::~TVantrelClassRegistry() {
 
 void TVantrelClassRegistry::AddClass(const TVantrelClass& classReference) {
   if (ContainsClass(classReference)) return;
-  auto entry = CreateVantrel<TVantrelClassRegistryEntry>(classReference);
-  FClasses.Put(classReference.Name, entry.get());
-  entry.release();
+  FClasses.Put(classReference.Name, CreateVantrel<TVantrelClassRegistryEntry>(classReference).release());
 }
 
 void TVantrelClassRegistry::RemoveClass(const TVantrelClass& classReference) {
