@@ -7,6 +7,9 @@ inline constexpr const char* GradeTypePoints = "Punkte";
 inline constexpr const char* GradeTypeFill = "Text";
 
 inline constexpr const char* CourseWithoutStudent = "Der Kurs {} ({}) hat in der Datei keinen Schüler.";
+inline constexpr const char* StudentWithoutClass = "Die Klasse von {} ist in der Datei nicht vorhanden.";
+inline constexpr const char* OrdinalNotFound = "{} not found";
+inline constexpr const char* TokenLabel = "Kürzel";
 inline constexpr const char* PasswordNotStorable =
     "Das Kennwort der Datei enthält Zeichen, die das XML-Format nicht aufnehmen kann. Die Datei wurde nicht "
     "gespeichert, weil sie sich danach nicht mehr öffnen ließe.";

@@ -1,0 +1,68 @@
+#include "mLookup.h"
+
+#include "ProjectTexts.h"
+#include "VantrelI18n.h"
+
+using enum TVantrelFieldType;
+
+namespace {
+
+constexpr int TokenSize = 20;
+constexpr int DescriptionSize = 300;
+constexpr int GuidSize = 38;
+constexpr int AttributeSize = 8;
+
+void AddToken(TVantrelMemTable& table) {
+  table.AddField("Token", ftText, TokenSize, ResourceText(ProjectTexts::TokenLabel));
+}
+
+}  // namespace
+
+TLookupModule::TLookupModule(TMyTessaronProject& project) : ProjectObj(&project) {
+  for (auto* table : {&Abschluesse, &Abschlussarten, &Empfehlungen, &Fachstati, &Niveaus, &Unterrichtsarten,
+                      &Versetzungsarten, &Zeugnisbeurteilungen, &Leistungsarten}) {
+    AddToken(*table);
+    table->AddField("Description", ftText, DescriptionSize);
+  }
+
+  Grades.AddField("ID", ftInteger);
+  AddToken(Grades);
+  Grades.AddField("Description", ftText, DescriptionSize);
+  Grades.AddField("GradeValue", ftFloat);
+  Grades.AddField("GradeType", ftSmallInt);
+  Grades.SetKeptSortedBy("Token");
+
+  CertificateComments.AddField("ID", ftGuid, GuidSize);
+  AddToken(CertificateComments);
+  CertificateComments.AddField("Description", ftMemo);
+  CertificateComments.AddField("Attribute", ftText, AttributeSize);
+  CertificateComments.AddField("Position", ftSmallInt);
+
+  LookupModule = this;
+}
+
+TLookupModule::~TLookupModule() {
+  if (OnDestroy) OnDestroy();
+  LookupModule = nullptr;
+}
+
+void TLookupModule::Initialize() {
+  const auto& project = *ProjectObj;
+  project.Abschluesse().Populate(Abschluesse);
+  project.Abschlussarten().Populate(Abschlussarten);
+  project.Empfehlungen().Populate(Empfehlungen);
+  project.Fachstati().Populate(Fachstati);
+  project.Niveaus().Populate(Niveaus);
+  project.Noten().Populate(Grades, {});
+  project.Unterrichtsarten().Populate(Unterrichtsarten);
+  project.Versetzungsarten().Populate(Versetzungsarten);
+  project.Zeugnisbeurteilungen().Populate(Zeugnisbeurteilungen);
+  project.CertificateComments().Populate(CertificateComments);
+  project.Leistungsarten().Populate(Leistungsarten);
+}
+
+TVantrelPtr<TLookupModule> CreateLookupModule(TMyTessaronProject& project) {
+  auto module = CreateVantrel<TLookupModule>(project);
+  module->Initialize();
+  return module;
+}
