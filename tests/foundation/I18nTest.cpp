@@ -10,7 +10,7 @@
 
 namespace {
 std::string DictionaryFile(const std::string& content = {}) {
-  const std::string name = testing::TempDir() + "dictionary.ini";
+  std::string name = testing::TempDir() + "dictionary.ini";
   std::ofstream(name, std::ios::binary) << content;
   return name;
 }
