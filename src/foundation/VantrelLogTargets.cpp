@@ -1,10 +1,10 @@
 #include <fmt/format.h>
 
 #include <cstdio>
-#include <filesystem>
 
 #include "VantrelExceptions.h"
 #include "VantrelLogs.h"
+#include "VantrelPaths.h"
 
 namespace {
 constexpr const char* EventWords[] = {"SUCCESS",    "ERROR",         "WARNING",      "INFO",
@@ -19,18 +19,8 @@ void PrintLine(std::FILE* file, std::string line) {
   std::fflush(file);
 }
 
-/// The file name with "-yyyy-mm-dd-ddd-hh-nn-ss" before its extension.
-std::string TimeStamped(const std::filesystem::path& file, TDateTime time) {
-  constexpr const char* dayNames[] = {"So", "Mo", "Di", "Mi", "Do", "Fr", "Sa"};
-  const TDateTimeParts parts = DecodeDateTime(time);
-  const std::string name = fmt::format("{}-{:04}-{:02}-{:02}-{}-{:02}-{:02}-{:02}{}", file.stem().string(), parts.Year,
-                                       parts.Month, parts.Day, dayNames[static_cast<std::size_t>(DayOfWeek(time))],
-                                       parts.Hour, parts.Minute, parts.Second, file.extension().string());
-  return (file.parent_path() / name).string();
-}
-
 TVantrelFileStream OpenStamped(std::string_view fileName) {
-  return {TimeStamped(fileName, CurrentDateTime()), TVantrelFileAccessMode::famShareDenyWrite,
+  return {TVantrelFilePath::GetTimeStampedFileName(fileName), TVantrelFileAccessMode::famShareDenyWrite,
           TVantrelFileOpenMode::fomOpenReadWriteOrCreate};
 }
 }  // namespace
