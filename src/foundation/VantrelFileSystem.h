@@ -1,14 +1,200 @@
 #pragma once
 
+#include <cstdint>
+#include <set>
 #include <string>
+#include <vector>
 
-/// What the program does with files and directories as a whole. Failures raise EVantrelFileSystemError.
+#include "VantrelDateTime.h"
+
+enum class TVantrelFileAttribute : std::uint8_t {
+  fattrReadOnly,
+  fattrHidden,
+  fattrSystem,
+  fattrDirectory,
+  fattrArchive,
+  fattrNormal,
+  fattrReparsePoint
+};
+using TVantrelFileAttributes = std::set<TVantrelFileAttribute>;
+
+enum class TVantrelFileMode : std::uint8_t { fmodeUnknown, fmodeReadWrite, fmodeReadOnly };
+enum class TVantrelFileTimeInfo : std::uint8_t { ftimeCreation, ftimeLastAccess, ftimeLastWrite };
+enum class TVantrelDriveType : std::uint8_t {
+  dtypeUnknown,
+  dtypeNoRootDir,
+  dtypeRemovable,
+  dtypeFixed,
+  dtypeRemote,
+  dtypeCDRom,
+  dtypeRamDisk
+};
+enum class TVantrelFileSystemFlag : std::uint8_t { fsystemCaseSensitive, fsystemUnicode, fsystemReadOnly };
+
+/// Space on the disk that a path lies on, in bytes.
+struct TVantrelDiskInfo {
+  std::int64_t TotalSize = 0;
+  std::int64_t FreeSize = 0;
+  /// Free for this user.
+  std::int64_t AvailableSize = 0;
+};
+
+/// The volume that a path lies on.
+struct TVantrelVolumeInfo {
+  std::string Label;
+  std::string FileSystemName;
+  std::uint64_t SerialNumber = 0;
+  int MaximumNameLength = 0;
+  std::set<TVantrelFileSystemFlag> Flags;
+};
+
+/// What the program does with files and directories as a whole. Failures raise EVantrelFileSystemError with the
+/// system's error; so does, with code 50 and a text of its own, what needs a drive letter or a volume that can be
+/// renamed, since this system has neither. Times without "Utc" are local; all are precise to the millisecond.
 class TVantrelFileSystem {
  public:
   TVantrelFileSystem() = delete;
 
   /// True for a file, a directory or a symbolic link, wherever that leads; false for an empty path.
   static bool Exists(const std::string& path);
+  static bool IsDirectory(const std::string& path);
+  /// True if `path` lies in `directory` or below it.
+  static bool IsFileInDirectory(const std::string& path, const std::string& directory);
+  /// True if both lead to one file or directory.
+  static bool SameFile(const std::string& path1, const std::string& path2);
+  /// Whether the user may write the file; fmodeUnknown for one that is missing or cannot be read.
+  static TVantrelFileMode GetFileMode(const std::string& path);
+  /// In bytes.
+  static std::int64_t GetSize(const std::string& path);
+
+  /// Hidden is a name with a leading point; a file without any other attribute is normal.
+  static TVantrelFileAttributes GetAttributes(const std::string& path);
+  /// Sets or takes the right to write. The other attributes follow from name and kind and are passed over.
+  static void SetAttributes(const std::string& path, const TVantrelFileAttributes& attributes);
+
+  static TDateTime GetTime(const std::string& path, TVantrelFileTimeInfo info, bool utc = false);
+  /// The time of creation cannot be set.
+  static void SetTime(const std::string& path, TVantrelFileTimeInfo info, TDateTime time, bool utc = false);
+  static TDateTime GetCreationTime(const std::string& path);
+  static TDateTime GetCreationTimeUtc(const std::string& path);
+  static TDateTime GetLastAccessTime(const std::string& path);
+  static TDateTime GetLastAccessTimeUtc(const std::string& path);
+  static TDateTime GetLastWriteTime(const std::string& path);
+  static TDateTime GetLastWriteTimeUtc(const std::string& path);
+  static void SetCreationTime(const std::string& path, TDateTime time);
+  static void SetCreationTimeUtc(const std::string& path, TDateTime time);
+  static void SetLastAccessTime(const std::string& path, TDateTime time);
+  static void SetLastAccessTimeUtc(const std::string& path, TDateTime time);
+  static void SetLastWriteTime(const std::string& path, TDateTime time);
+  static void SetLastWriteTimeUtc(const std::string& path, TDateTime time);
+
+  /// Copies a file. A target that exists is overwritten unless `failIfExists`.
+  static void CopyFile(const std::string& source, const std::string& target, bool failIfExists = false);
+  /// As CopyFile, and keeps the time of the last write.
+  static void CopyFileEx(const std::string& source, const std::string& target, bool failIfExists = false);
+  /// Renames, or copies and deletes where the target lies on another disk. A target that exists is an error.
+  static void MoveFile(const std::string& source, const std::string& target);
+  static void MoveDirectory(const std::string& source, const std::string& target);
+  /// A directory is an error.
+  static void DeleteFile(const std::string& path);
+  [[noreturn]] static void DeleteFileAfterReboot(const std::string& path);
+  /// See TVantrelFilePath::GetUniqueFileName.
+  static std::string MakeFileNameUnique(const std::string& path);
+
   /// Makes the directory and its missing parents. A root, a drive name and a directory that exists are left alone.
   static void CreateDirectory(const std::string& path);
+  /// As CreateDirectory; true if the directory is there afterwards. Never raises.
+  static bool ForceDirectory(const std::string& path);
+  /// Deletes everything in the directory.
+  static void ClearDirectory(const std::string& path);
+  /// A directory that is not empty is an error unless `recursive`.
+  static void DeleteDirectory(const std::string& path, bool recursive = false);
+  /// The paths of the files in the directory whose names match `mask` ("*" and "?"), sorted.
+  static std::vector<std::string> GetFiles(const std::string& directory, const std::string& mask = "*",
+                                           bool recursive = false);
+  static std::string GetCurrentDirectory();
+  static void SetCurrentDirectory(const std::string& path);
+
+  /// True if the disk that the path lies on answers.
+  static bool PingDisk(const std::string& path);
+  static TVantrelDiskInfo GetDiskInfo(const std::string& path);
+  static TVantrelDriveType GetDriveType(const std::string& path);
+  /// True if the path lies on a network share.
+  static bool IsRemote(const std::string& path);
+  /// The places at which disks are mounted.
+  static std::vector<std::string> GetDrives();
+  static TVantrelVolumeInfo GetVolumeInfo(const std::string& path);
+  static std::string GetVolumeLabel(const std::string& path);
+  [[noreturn]] static void SetVolumeLabel(const std::string& path, const std::string& label);
+
+  /// True for a path that begins with a drive letter, whether such a drive exists or not.
+  static bool HasDriveLetter(const std::string& path);
+  [[noreturn]] static char GetDriveLetter(const std::string& path);
+  [[noreturn]] static std::vector<std::string> GetLogicalDriveList();
+  [[noreturn]] static std::string QueryDosDevice(const std::string& drive);
+};
+
+/// A file or directory by its path. Failures raise EVantrelFileSystemError.
+class TVantrelAbstractFile {
+ public:
+  explicit TVantrelAbstractFile(std::string path) : FPath(std::move(path)) {}
+  virtual ~TVantrelAbstractFile() = default;
+
+  const std::string& Path() const { return FPath; }
+  std::string Name() const;
+  std::string DirectoryName() const;
+  TVantrelFileAttributes Attributes() const { return TVantrelFileSystem::GetAttributes(FPath); }
+  TDateTime Time(TVantrelFileTimeInfo info) const { return TVantrelFileSystem::GetTime(FPath, info); }
+
+  /// True if the path leads to what the class stands for.
+  virtual bool Exists() const = 0;
+  virtual void Create() = 0;
+  virtual void Delete() = 0;
+  /// The object has the new path afterwards.
+  virtual void Move(const std::string& target) = 0;
+
+ protected:
+  std::string FPath;
+};
+
+class TVantrelFile final : public TVantrelAbstractFile {
+ public:
+  using TVantrelAbstractFile::TVantrelAbstractFile;
+
+  bool Exists() const override;
+  /// An empty file; one that exists stays as it is.
+  void Create() override;
+  void Delete() override;
+  void Move(const std::string& target) override;
+  void Copy(const std::string& target, bool failIfExists = false) const;
+  std::string Extension() const;
+  std::int64_t Size() const { return TVantrelFileSystem::GetSize(FPath); }
+};
+
+class TVantrelDirectory final : public TVantrelAbstractFile {
+ public:
+  using TVantrelAbstractFile::TVantrelAbstractFile;
+
+  bool Exists() const override { return TVantrelFileSystem::IsDirectory(FPath); }
+  void Create() override;
+  /// With everything in it.
+  void Delete() override;
+  void Move(const std::string& target) override;
+  void Clear();
+  std::vector<std::string> Files(const std::string& mask = "*", bool recursive = false) const;
+};
+
+/// The disk that a path lies on.
+class TVantrelDriveInfo {
+ public:
+  explicit TVantrelDriveInfo(std::string path) : FPath(std::move(path)) {}
+
+  const std::string& Path() const { return FPath; }
+  bool IsReady() const { return TVantrelFileSystem::PingDisk(FPath); }
+  TVantrelDriveType DriveType() const { return TVantrelFileSystem::GetDriveType(FPath); }
+  TVantrelDiskInfo DiskInfo() const { return TVantrelFileSystem::GetDiskInfo(FPath); }
+  TVantrelVolumeInfo VolumeInfo() const { return TVantrelFileSystem::GetVolumeInfo(FPath); }
+
+ private:
+  std::string FPath;
 };

@@ -83,17 +83,4 @@ TEST(FilePath, StampsAndUniqueNames) {
   EXPECT_EQ(TPath::GetUniqueFileName(folder / "f.x"), folder / "f (3).x");
   EXPECT_TRUE(TVantrelFileSystem::Exists(TPath::GetTempFileName(folder.Path().string(), "x")));
 }
-
-TEST(FileSystem, CreatesDirectoriesWithTheirParents) {
-  const TempFolder folder;
-  for (const auto& path : {folder / "a/b/c/", folder / "a/b/c", std::string("/"), std::string("C:")}) {
-    EXPECT_NO_THROW(TVantrelFileSystem::CreateDirectory(path));
-  }
-  EXPECT_TRUE(TVantrelFileSystem::Exists(folder / "a/b/c"));
-  EXPECT_FALSE(TVantrelFileSystem::Exists("C:"));
-  EXPECT_FALSE(TVantrelFileSystem::Exists(""));
-  WriteFileText(folder / "f", "");
-  EXPECT_THROW(TVantrelFileSystem::CreateDirectory(folder / "f"), EVantrelFileSystemError);
-  EXPECT_THROW(TVantrelFileSystem::CreateDirectory(folder / "f/d"), EVantrelFileSystemError);
-}
 }  // namespace
