@@ -96,6 +96,7 @@ class TMyTessaronProject final : public TVantrelDataStorage {
   const std::string& ProductVersion() const { return FProductVersion; }
   /// For documents that are made and not loaded.
   void SetProductVersion(std::string version) { FProductVersion = std::move(version); }
+  void SetOptions(TVantrelPtr<TDataOptions> options) { FOptions = std::move(options); }
   /// Its first character as a number; -1 where that is no digit.
   int ProductEdition() const;
 

@@ -52,6 +52,10 @@ class TStudent : public TVantrelDataClassOf<TStudent> {
   TMyTessaronInteger Unterrichtstage;
   bool VonSportBefreit = false;
 
+  /// How the teacher of the file stands to the student; it says whether remarks may be changed. 255 if unknown.
+  std::uint8_t LehrerTyp() const { return FLehrerTyp; }
+  void SetLehrerTyp(std::uint8_t value) { FLehrerTyp = value; }
+
   /// First name, surname, and the date of birth in parentheses; empty without a name.
   std::string DisplayName() const;
   /// First name, surname, and the token of the class in CurrentProject in parentheses.

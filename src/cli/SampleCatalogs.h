@@ -1,0 +1,41 @@
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <string_view>
+
+#include "uProject.h"
+
+/// What the central system would send along with every sample project: catalogues, grades and columns.
+namespace SampleCatalogs {
+
+struct TEntry {
+  TCatalogs& (TMyTessaronProject::*List)() const;
+  std::string_view Token;
+  std::string_view Description;
+};
+
+struct TGradeEntry {
+  std::string_view Token;
+  std::string_view Description;
+  float Value;
+  TGradeTypes Type;
+};
+
+struct TColumnEntry {
+  std::string_view Fieldname;
+  std::string_view Displayname;
+  std::string_view Customname;
+  bool Editable;
+  bool Visible;
+  bool GridColumn;
+};
+
+/// The assessments are not among them: they are SampleNames::Assessments.
+std::span<const TEntry> Entries();
+/// A grade's id in the project is its place from 1 on. Grades of one type stand together, the best first.
+std::span<const TGradeEntry> Grades();
+/// Every field that a grid or the certificate data page knows.
+std::span<const TColumnEntry> Columns();
+
+}  // namespace SampleCatalogs
