@@ -99,6 +99,8 @@ class TLookupEdit : public QLineEdit, public TCellEditor {
   /// Marks an entry, -1 for none; `typed` characters of it came from the user.
   void Mark(int entry, qsizetype typed);
   void MarkByUser(int entry, qsizetype typed);
+  /// Selects what completes the typed text, so that the text shows from its start.
+  void SelectRest();
   void FillList();
   void PlaceList();
 

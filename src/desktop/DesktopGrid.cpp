@@ -31,7 +31,7 @@ TDesktopGrid::TDesktopGrid(QWidget* parent)
   });
   connect(header, &QHeaderView::sectionResized, this, [this](int ordinal, int, int width) {
     if (FApplying || width == 0 || FModel.Options().FillWidth) return;
-    FModel.Data().Column(ordinal).Width = width;
+    FModel.Data().Column(ordinal).Width = FView->FromPixels(width);
     FView->FitRows();
   });
   header->setContextMenuPolicy(Qt::CustomContextMenu);
@@ -156,7 +156,10 @@ void TDesktopGrid::ShowColumn(int ordinal, bool visible) {
 
 void TDesktopGrid::SetColumnWidth(int ordinal, int width) {
   FModel.Data().Column(ordinal).Width = width;
-  if (FUpdates == 0) FView->setColumnWidth(ordinal, width);
+  if (FUpdates > 0) return;
+  FApplying = true;
+  FView->ApplyColumns();
+  FApplying = false;
 }
 
 void TDesktopGrid::SetColumnSort(int ordinal, TGridSortOrder order, int sortIndex) {

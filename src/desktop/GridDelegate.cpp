@@ -107,6 +107,8 @@ QWidget* TGridDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem
   auto* editor = MakeEditor(column, parent);
   editor->setAccessibleName(FromUtf8(column.Caption));
   editor->setAutoFillBackground(true);
+  if (auto* line = qobject_cast<QLineEdit*>(editor)) line->setAlignment(AlignmentOf(column));
+  if (auto* number = qobject_cast<QAbstractSpinBox*>(editor)) number->setAlignment(AlignmentOf(column));
   auto* cell = dynamic_cast<TCellEditor*>(editor);
   cell->OnChanged = [this, editor] { FView.EditorChanged(editor); };
   cell->OnAccepted = [this, editor] { const_cast<TGridDelegate*>(this)->Finish(editor, false); };
@@ -125,7 +127,8 @@ void TGridDelegate::setModelData(QWidget* editor, QAbstractItemModel*, const QMo
 
 void TGridDelegate::updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem& option,
                                          const QModelIndex&) const {
-  editor->setGeometry(option.rect);
+  // The frame of the focused cell stays in sight.
+  editor->setGeometry(option.rect.adjusted(2, 2, -2, -2));
 }
 
 void TGridDelegate::Finish(QWidget* editor, bool revert) {

@@ -8,30 +8,48 @@
 #include "GridModel.h"
 #include "QtText.h"
 
+namespace {
+constexpr int captionPadding = 8;
+constexpr int arrowWidth = 16;
+}  // namespace
+
 TGridHeader::TGridHeader(const TGridModel& model, QWidget* parent)
     : QHeaderView(Qt::Horizontal, parent), FModel(model) {
   setDefaultAlignment(Qt::AlignCenter);
   setSectionsClickable(true);
   setHighlightSections(false);
+  setTextElideMode(Qt::ElideNone);
   setMinimumSectionSize(24);
+}
+
+QString TGridHeader::CaptionOf(int section) const {
+  const QFontMetrics metrics = fontMetrics();
+  const auto& column = FModel.Data().Column(section);
+  const int room = sectionSize(section) - captionPadding - (column.SortOrder == TGridSortOrder::None ? 0 : arrowWidth);
+  const QString caption = FromUtf8(column.Caption);
+  if (!FModel.Options().HeaderFollowsContent) return metrics.elidedText(caption, Qt::ElideRight, room);
+  // Broken here, not by the style, which knows nothing of the room that the arrow takes.
+  QStringList lines;
+  for (const QString& word : caption.split(' ')) {
+    const QString joined = lines.isEmpty() ? word : lines.back() + ' ' + word;
+    if (!lines.isEmpty() && metrics.horizontalAdvance(joined) <= room)
+      lines.back() = joined;
+    else
+      lines << metrics.elidedText(word, Qt::ElideRight, room);
+  }
+  return lines.join('\n');
 }
 
 void TGridHeader::FitHeight() {
   int height = fontMetrics().height();
-  if (FModel.Options().HeaderFollowsContent) {
-    for (int section = 0; section < count(); ++section) {
-      if (isSectionHidden(section)) continue;
-      const QRect room(0, 0, sectionSize(section) - 8, 1000);
-      const QString caption = FromUtf8(FModel.Data().Column(section).Caption);
-      const int wanted = fontMetrics().boundingRect(room, Qt::AlignCenter | Qt::TextWordWrap, caption).height();
-      height = std::max(height, wanted);
-    }
-  }
+  for (int section = 0; section < count(); ++section)
+    if (!isSectionHidden(section)) height = std::max(height, fontMetrics().size(0, CaptionOf(section)).height());
   setFixedHeight(height + 10);
 }
 
 void TGridHeader::initStyleOptionForIndex(QStyleOptionHeader* option, int section) const {
   QHeaderView::initStyleOptionForIndex(option, section);
+  option->text = CaptionOf(section);
   const auto order = FModel.Data().Column(section).SortOrder;
   option->sortIndicator = order == TGridSortOrder::Ascending    ? QStyleOptionHeader::SortDown
                           : order == TGridSortOrder::Descending ? QStyleOptionHeader::SortUp

@@ -8,13 +8,16 @@ class TGridModel;
 class TGridHeader : public QHeaderView {
  public:
   TGridHeader(const TGridModel& model, QWidget* parent);
-  /// Room for the captions in as many lines as they need.
+  /// Room for the captions: in one line, or in as many as they need where the options say so.
   void FitHeight();
 
  protected:
   void initStyleOptionForIndex(QStyleOptionHeader* option, int section) const override;
 
  private:
+  /// The caption as it fits its section.
+  QString CaptionOf(int section) const;
+
   const TGridModel& FModel;
 };
 

@@ -115,7 +115,7 @@ void TDesktopGrid::BestFit(int ordinal) {
   int width = FView->horizontalHeader()->sectionSizeHint(ordinal);
   for (int record = 0; record < RecordCount(); ++record)
     width = std::max(width, metrics.size(0, FModel.Data().DisplayText(record, ordinal)).width() + 14);
-  SetColumnWidth(ordinal, std::min(width, FView->viewport()->width()));
+  SetColumnWidth(ordinal, FView->FromPixels(std::min(width, FView->viewport()->width())));
 }
 
 void TDesktopGrid::BestFitAll() {

@@ -4,6 +4,7 @@
 #include <QHeaderView>
 #include <QPainter>
 #include <algorithm>
+#include <cmath>
 
 #include "CellEditors.h"
 #include "DesktopLook.h"
@@ -29,10 +30,6 @@ void TGridView::ApplyOptions() {
   verticalHeader()->setVisible(options.RowIndicator);
   horizontalHeader()->setSectionsMovable(options.MovingColumns);
   horizontalHeader()->setStretchLastSection(options.FillWidth);
-  horizontalHeader()->setTextElideMode(options.HeaderFollowsContent ? Qt::ElideNone : Qt::ElideRight);
-  Qt::Alignment captions = Qt::AlignCenter;
-  if (options.HeaderFollowsContent) captions |= Qt::Alignment::fromInt(Qt::TextWordWrap);
-  horizontalHeader()->setDefaultAlignment(captions);
   setSelectionBehavior(SelectRows);
   setSelectionMode(!options.ReadOnly ? NoSelection : options.MultiSelect ? ExtendedSelection : SingleSelection);
   setTabKeyNavigation(false);
@@ -42,11 +39,24 @@ void TGridView::ApplyColumns() {
   auto* header = horizontalHeader();
   for (int ordinal = 0; ordinal < FModel.columnCount(); ++ordinal) {
     const auto& column = FModel.Data().Column(ordinal);
-    header->resizeSection(ordinal, std::max(column.Width, header->minimumSectionSize()));
+    header->resizeSection(ordinal, std::max(ToPixels(column.Width), header->minimumSectionSize()));
     header->setSectionHidden(ordinal, !column.Visible);
   }
   static_cast<TGridHeader*>(header)->FitHeight();
   updateGeometries();
+}
+
+double TGridView::Scale() const {
+  constexpr double usualFont = 14;
+  return std::max(1.0, QFontInfo(font()).pixelSize() / usualFont);
+}
+
+int TGridView::ToPixels(int width) const {
+  return static_cast<int>(std::lround(width * Scale()));
+}
+
+int TGridView::FromPixels(int pixels) const {
+  return static_cast<int>(std::lround(pixels / Scale()));
 }
 
 void TGridView::FitRows() {
@@ -174,7 +184,7 @@ void TGridView::currentChanged(const QModelIndex& current, const QModelIndex& pr
 void TGridView::changeEvent(QEvent* event) {
   QTableView::changeEvent(event);
   if (event->type() != QEvent::FontChange && event->type() != QEvent::StyleChange) return;
-  static_cast<TGridHeader*>(horizontalHeader())->FitHeight();
+  ApplyColumns();
   FitRows();
 }
 

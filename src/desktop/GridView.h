@@ -20,6 +20,9 @@ class TGridView : public QTableView {
   /// Gives widths, visibility and header the state of the columns.
   void ApplyColumns();
   void FitRows();
+  /// Widths of columns are told for the usual font size and grow with larger ones.
+  int ToPixels(int width) const;
+  int FromPixels(int pixels) const;
   /// Shows or hides the contents of the group in this row.
   void SetGroupClosed(int row, bool closed);
 
@@ -63,6 +66,7 @@ class TGridView : public QTableView {
   void changeEvent(QEvent* event) override;
 
  private:
+  double Scale() const;
   bool MayEdit(int ordinal) const;
   bool TakeKey(QKeyEvent* event);
   bool TakeGroupKey(QKeyEvent* event);

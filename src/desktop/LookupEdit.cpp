@@ -51,8 +51,11 @@ void TLookupEdit::FillList() {
   FList->setColumnCount(described ? 2 : 1);
   FList->setHeaderLabels({DesktopTexts::LookupToken, DesktopTexts::LookupDescription});
   FList->setHeaderHidden(!described);
-  for (const auto& entry : FEntries)
-    FList->addTopLevelItem(new QTreeWidgetItem(QStringList{entry.Shown, entry.Description}));
+  for (const auto& entry : FEntries) {
+    auto* item = new QTreeWidgetItem(QStringList{entry.Shown, entry.Description});
+    item->setSizeHint(0, QSize(fontMetrics().horizontalAdvance(entry.Shown) + 12, fontMetrics().height() + 8));
+    FList->addTopLevelItem(item);
+  }
 }
 
 TVariant TLookupEdit::Value() const {
@@ -79,11 +82,16 @@ void TLookupEdit::Mark(int entry, qsizetype typed) {
   const QString shown = entry < 0 ? QString() : FEntries[static_cast<std::size_t>(entry)].Shown;
   FTyped = shown.left(typed);
   setText(shown);
-  setSelection(static_cast<int>(shown.size()), static_cast<int>(typed - shown.size()));
+  SelectRest();
   auto* item = FList->topLevelItem(entry);
   FList->clearSelection();
   FList->setCurrentItem(item);
   if (item != nullptr) FList->scrollToItem(item);
+}
+
+void TLookupEdit::SelectRest() {
+  const auto length = static_cast<int>(text().size());
+  setSelection(length, static_cast<int>(FTyped.size()) - length);
 }
 
 void TLookupEdit::MarkByUser(int entry, qsizetype typed) {
@@ -97,6 +105,7 @@ bool TLookupEdit::IsListOpen() const {
 }
 
 void TLookupEdit::OpenList() {
+  SelectRest();
   if (FEntries.empty()) return;
   PlaceList();
   FList->show();

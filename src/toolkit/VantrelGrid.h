@@ -39,7 +39,7 @@ struct TGridColumn {
   std::string Caption;
   TGridValueKind Kind = TGridValueKind::Text;
   TGridEditorKind Editor = TGridEditorKind::Plain;
-  int Width = 100;  ///< in pixels at scale 1
+  int Width = 100;  ///< in pixels at scale 1 and with a usual font; larger fonts widen it
   bool Visible = true;
   bool InChooser = true;   ///< the user may show and hide it
   bool Editing = true;     ///< false: no editor ever opens, and the veto is not asked
