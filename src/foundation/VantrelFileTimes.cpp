@@ -2,6 +2,7 @@
 #include <sys/stat.h>
 #include <sys/time.h>
 
+#include <algorithm>
 #include <array>
 #include <chrono>
 #include <cmath>
