@@ -8,6 +8,8 @@
 #include <string>
 #include <string_view>
 
+class TVantrelObject;
+
 /// The built-in texts of the program by identifier, so that a dictionary can be made of them.
 class TVantrelResourceStringTable {
  public:
@@ -48,6 +50,9 @@ class TVantrelI18nManager {
 
   /// The translation, or the text itself.
   std::string Translate(std::string_view text) const;
+  /// Translates the published text properties of the object, of the objects in its published properties, and of the
+  /// items of lists among them. Pictures and read-only texts stay as they are.
+  void TranslateStrings(TVantrelObject& object) const;
 
  private:
   std::map<std::uint32_t, std::string> FDictionary;

@@ -6,6 +6,8 @@
 #include <fstream>
 
 #include "VantrelExceptions.h"
+#include "VantrelLists.h"
+#include "VantrelPublished.h"
 #include "VantrelText.h"
 
 namespace {
@@ -13,6 +15,30 @@ std::string DictionaryFile(const std::string& content = {}) {
   std::string name = testing::TempDir() + "dictionary.ini";
   std::ofstream(name, std::ios::binary) << content;
   return name;
+}
+
+class TPanel final : public TVantrelObject {
+ public:
+  std::string Caption() const { return FCaption; }
+  void SetCaption(const std::string& caption) { FCaption = caption; }
+  std::string Kind() const { return "Ja"; }
+  TVantrelObject* Child() const { return FChild; }
+  void SetChild(TVantrelObject* child) { FChild = child; }
+  const TVantrelClass& ClassReference() const override;
+
+ private:
+  std::string FCaption = "Ja";
+  TVantrelObject* FChild = nullptr;
+};
+
+const TVantrelClass& TPanel::ClassReference() const {
+  static constexpr TVantrelClass child{.Name = "TVantrelObject"};
+  static constexpr TVantrelTypeInfo childType = ClassTypeInfo(child);
+  static constexpr TVantrelProperty properties[] = {Published<&TPanel::Caption, &TPanel::SetCaption>("Caption"),
+                                                    Published<&TPanel::Kind>("Kind"),
+                                                    Published<&TPanel::Child, &TPanel::SetChild>("Child", childType)};
+  static constexpr TVantrelClass panel{.Name = "TPanel", .Properties = properties};
+  return panel;
 }
 
 TEST(I18n, HashIsLookup3OverUtf16) {
@@ -70,5 +96,20 @@ TEST(I18n, TranslationWithForeignPlaceholdersIsPassedOver) {
   EXPECT_EQ(FormatText("Von {}", 5), "Von 5");
   I18nManager().ClearStrings();
   EXPECT_EQ(FormatText("Datei {}", 5), "Datei 5");
+}
+
+TEST(I18n, ObjectsAreTranslatedWithWhatHangsOnThem) {
+  TPanel panel;
+  TPanel item;
+  TVantrelArrayList list(false);
+  list.Add(&item);
+  panel.SetChild(&list);
+  item.SetChild(&panel);
+  TVantrelI18nManager manager;
+  manager.LoadStrings(
+      DictionaryFile(fmt::format("[Dictionary]\n{:08X}=Yes", TVantrelI18nManager::GetStringHash("Ja"))));
+  manager.TranslateStrings(panel);
+  EXPECT_EQ(panel.Caption(), "Yes");
+  EXPECT_EQ(item.Caption(), "Yes");
 }
 }  // namespace

@@ -1,0 +1,43 @@
+#include <unordered_set>
+
+#include "VantrelGraphics.h"
+#include "VantrelI18n.h"
+#include "VantrelLists.h"
+#include "VantrelRtti.h"
+
+namespace {
+/// One walk through an object and what hangs on it; each object is visited once, however they refer to each other.
+class TTranslationWalk {
+ public:
+  explicit TTranslationWalk(const TVantrelI18nManager& manager) : FManager(manager) {}
+
+  void Visit(TVantrelObject* object) {
+    if (object == nullptr || dynamic_cast<TVantrelGraphic*>(object) != nullptr) return;
+    if (!FVisited.insert(object).second) return;
+    TVantrelInstanceRTTI rtti(*object);
+    for (int i = 0; i < rtti.ClassRTTI().PropCount(); ++i) VisitProperty(rtti, i);
+    if (const auto* list = dynamic_cast<const TVantrelAbstractList*>(object)) {
+      for (int i = 0; i < list->Count(); ++i) Visit(list->Get(i));
+    }
+  }
+
+ private:
+  void VisitProperty(TVantrelInstanceRTTI& rtti, int index) {
+    const TVantrelClassRTTI& properties = rtti.ClassRTTI();
+    if (!properties.IsPropertyReadable(index)) return;
+    const TVantrelTypeKind kind = properties.GetPropertyTypeKind(index);
+    if (kind == TVantrelTypeKind::tkClass) return Visit(rtti.GetObjectProperty(index));
+    if (kind != TVantrelTypeKind::tkString || !properties.IsPropertyWriteable(index)) return;
+    const std::string text = rtti.GetStringProperty(index);
+    const std::string translated = FManager.Translate(text);
+    if (translated != text) rtti.SetStringProperty(index, translated);
+  }
+
+  const TVantrelI18nManager& FManager;
+  std::unordered_set<const TVantrelObject*> FVisited;
+};
+}  // namespace
+
+void TVantrelI18nManager::TranslateStrings(TVantrelObject& object) const {
+  TTranslationWalk(*this).Visit(&object);
+}
