@@ -61,6 +61,9 @@ void TCatalog::ReadData(TVantrelDataObjectReader& reader) {
 void TCatalog::WriteData(TVantrelDataObjectWriter& writer) const {
   Fields::WriteAll(CatalogFields, *this, writer);
 }
+void TCatalog::VisitFields(const Fields::TVisitor& visitor) const {
+  Fields::VisitAll(CatalogFields, *this, visitor);
+}
 
 void TCertificateComment::DoClear() {
   TCatalog::DoClear();
@@ -77,6 +80,10 @@ void TCertificateComment::ReadData(TVantrelDataObjectReader& reader) {
 void TCertificateComment::WriteData(TVantrelDataObjectWriter& writer) const {
   TCatalog::WriteData(writer);
   Fields::WriteAll(CommentFields, *this, writer);
+}
+void TCertificateComment::VisitFields(const Fields::TVisitor& visitor) const {
+  TCatalog::VisitFields(visitor);
+  Fields::VisitAll(CommentFields, *this, visitor);
 }
 
 void TGrade::DoClear() {
@@ -95,6 +102,10 @@ void TGrade::WriteData(TVantrelDataObjectWriter& writer) const {
   TCatalog::WriteData(writer);
   Fields::WriteAll(FieldTable(), *this, writer);
 }
+void TGrade::VisitFields(const Fields::TVisitor& visitor) const {
+  TCatalog::VisitFields(visitor);
+  Fields::VisitAll(FieldTable(), *this, visitor);
+}
 
 void TClass::DoCreate() {
   DoClear();
@@ -111,6 +122,9 @@ void TClass::ReadData(TVantrelDataObjectReader& reader) {
 }
 void TClass::WriteData(TVantrelDataObjectWriter& writer) const {
   Fields::WriteAll(FieldTable(), *this, writer);
+}
+void TClass::VisitFields(const Fields::TVisitor& visitor) const {
+  Fields::VisitAll(FieldTable(), *this, visitor);
 }
 
 TCatalog* TCatalogs::AddCatalog(std::string_view token, std::string_view description) {

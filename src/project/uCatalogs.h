@@ -7,6 +7,7 @@
 
 #include "VantrelDataList.h"
 #include "VantrelMemTable.h"
+#include "uFields.h"
 
 /// What the grades of a class are, and what a grade entry is for. Kept as the byte of the file.
 enum class TGradeTypes : std::uint8_t { gtValue = 0, gtPoints = 1, gtFill = 2 };
@@ -22,6 +23,9 @@ class TCatalog : public TVantrelDataClassOf<TCatalog> {
 
   std::string Token;
   std::string Description;
+
+  /// Key and value of each stored field, in the order of the file.
+  void VisitFields(const Fields::TVisitor& visitor) const;
 
   void DoCreate() override;
   void DoClear() override;
@@ -49,6 +53,9 @@ class TCertificateComment : public TVantrelDataClassOf<TCertificateComment, TCat
 
   std::string Attribute;
   std::int32_t Position = 0;
+
+  /// Key and value of each stored field, in the order of the file.
+  void VisitFields(const Fields::TVisitor& visitor) const;
 
   void DoClear() override;
   void Assign(const TVantrelObject& source) override;
@@ -78,6 +85,9 @@ class TGrade : public TVantrelDataClassOf<TGrade, TCatalog> {
 
   TGradeTypes GradeType() const { return static_cast<TGradeTypes>(FGradeType); }
   void SetGradeType(TGradeTypes value) { FGradeType = static_cast<std::uint8_t>(value); }
+
+  /// Key and value of each stored field, in the order of the file.
+  void VisitFields(const Fields::TVisitor& visitor) const;
 
   void DoClear() override;
   void Assign(const TVantrelObject& source) override;

@@ -14,6 +14,9 @@ class TClass : public TVantrelDataClassOf<TClass> {
   TGradeTypes GradeType() const { return static_cast<TGradeTypes>(FGradeType); }
   void SetGradeType(TGradeTypes value) { FGradeType = static_cast<std::uint8_t>(value); }
 
+  /// Key and value of each stored field, in the order of the file.
+  void VisitFields(const Fields::TVisitor& visitor) const;
+
   void DoCreate() override;
   void DoClear() override;
   void Assign(const TVantrelObject& source) override;

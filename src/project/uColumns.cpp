@@ -30,6 +30,10 @@ void TColumn::WriteData(TVantrelDataObjectWriter& writer) const {
   Fields::WriteAll(FieldTable(), *this, writer);
 }
 
+void TColumn::VisitFields(const Fields::TVisitor& visitor) const {
+  Fields::VisitAll(FieldTable(), *this, visitor);
+}
+
 TColumn* TColumns::Find(std::string_view fieldname) const {
   for (int i = 0; i < Count(); ++i)
     if (SameText(GetItem(i)->Fieldname, fieldname)) return GetItem(i);

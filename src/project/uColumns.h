@@ -2,6 +2,7 @@
 
 #include "VantrelDataList.h"
 #include "VantrelMemTable.h"
+#include "uFields.h"
 
 /// Bits of TColumn::Customization.
 enum TColumnCustomizationType : std::uint8_t { ccVisibility = 0, ccEditability = 1 };
@@ -25,6 +26,9 @@ class TColumn : public TVantrelDataClassOf<TColumn> {
   const std::string& Customname() const { return FCustomname.empty() ? Displayname : FCustomname; }
   void SetCustomname(std::string value) { FCustomname = std::move(value); }
   bool IsCustomizable(TColumnCustomizationType what) const { return (Customization >> what & 1) != 0; }
+
+  /// Key and value of each stored field, in the order of the file.
+  void VisitFields(const Fields::TVisitor& visitor) const;
 
   void DoCreate() override { DoClear(); }
   void DoClear() override;

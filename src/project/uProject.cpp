@@ -112,6 +112,11 @@ void TMyTessaronProject::WriteData(TVantrelDataObjectWriter& writer) const {
   writer.WriteDataObject("DataOptions", FOptions.get());
 }
 
+void TMyTessaronProject::VisitFields(const Fields::TVisitor& visitor) const {
+  visitor("Version", FProductVersion);
+  Fields::VisitAll(HeaderFields(), *this, visitor);
+}
+
 int TMyTessaronProject::ProductEdition() const {
   const char first = FProductVersion.empty() ? '\0' : FProductVersion.front();
   return first >= '0' && first <= '9' ? first - '0' : -1;

@@ -92,6 +92,9 @@ class TMyTessaronProject final : public TVantrelDataStorage {
   TStudents& Students() const { return *FStudents; }
   TDataOptions& Options() const { return *FOptions; }
 
+  /// Key and value of each stored field of the project itself, in the order of the file; the lists are left out.
+  void VisitFields(const Fields::TVisitor& visitor) const;
+
   /// Version of the program that wrote the file.
   const std::string& ProductVersion() const { return FProductVersion; }
   /// For documents that are made and not loaded.

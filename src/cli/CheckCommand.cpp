@@ -1,0 +1,109 @@
+#include <fmt/format.h>
+
+#include "CliTexts.h"
+#include "Commands.h"
+#include "ProjectDefects.h"
+#include "ProjectFiles.h"
+#include "VantrelI18n.h"
+#include "Workers.h"
+
+namespace {
+
+/// What a worker answers beside the results of the program: only the caller can ask for a password.
+constexpr int NeedsPassword = 3;
+constexpr const char* EraseLine = "\r\033[K";
+
+int Answer(TCliResult result, std::string& text, std::string answer) {
+  text = std::move(answer);
+  return static_cast<int>(result);
+}
+
+int AnswerDefects(const std::string& fileName, const std::vector<std::string>& defects, std::string& text) {
+  if (defects.empty()) return Answer(TCliResult::Good, text, FormatText(CliTexts::CheckGood, fileName) + "\n");
+  const auto noun = ResourceText(defects.size() == 1 ? CliTexts::OneFinding : CliTexts::SeveralFindings);
+  auto answer = FormatText(CliTexts::CheckFindings, fileName, defects.size(), noun) + "\n";
+  for (const auto& defect : defects) answer += fmt::format("  {}\n", defect);
+  return Answer(TCliResult::Findings, text, std::move(answer));
+}
+
+int CheckFile(const std::string& fileName, const TCliContext& context, std::string& text) {
+  try {
+    return AnswerDefects(fileName, FindDefects(*ReadProject(fileName, context)), text);
+  } catch (const ECliDamaged& error) {
+    return AnswerDefects(fileName, {FormatText(CliTexts::CheckDamaged, error.Damage)}, text);
+  } catch (const ECliPasswordNeeded& error) {
+    Answer(TCliResult::Failed, text, std::string(error.Message()) + "\n");
+    return NeedsPassword;
+  } catch (const std::exception& error) {
+    return Answer(TCliResult::Failed, text, std::string(error.what()) + "\n");
+  }
+}
+
+class TChecking {
+ public:
+  TChecking(const Commands::TArguments& files, TCliContext& context) : FFiles(files), FContext(context) {}
+
+  TCliResult Run() {
+    auto quiet = FContext;
+    quiet.AskPassword = nullptr;
+    RunInWorkers(
+        static_cast<int>(FFiles.size()),
+        [&](int index, std::string& text) { return CheckFile(FileOf(index), quiet, text); },
+        [this](int through) { ShowProgress(through); },
+        [this](int index, const TWorkerResult& worker) { Tell(index, worker); });
+    for (const auto& [index, worker] : FWaiting) AskAndPrint(index, worker);
+    return FWorst;
+  }
+
+ private:
+  const std::string& FileOf(int index) const { return FFiles[static_cast<std::size_t>(index)]; }
+
+  void ShowProgress(int through) {
+    const bool last = through == static_cast<int>(FFiles.size());
+    if (!FContext.ShowProgress || FFiles.size() == 1) return;
+    FContext.Err << EraseLine;
+    if (!last) FContext.Err << FormatText(CliTexts::CheckProgress, through, FFiles.size());
+    FContext.Err.flush();
+  }
+
+  bool MustAsk(const TWorkerResult& worker) const {
+    return !worker.Died && worker.Code == NeedsPassword && FContext.AskPassword;
+  }
+
+  /// The user is asked once all workers are through, so from there on results wait.
+  void Tell(int index, const TWorkerResult& worker) {
+    if (MustAsk(worker) || !FWaiting.empty()) {
+      FWaiting.emplace_back(index, worker);
+    } else {
+      Print(index, worker);
+    }
+  }
+
+  void AskAndPrint(int index, const TWorkerResult& worker) {
+    if (!MustAsk(worker)) return Print(index, worker);
+    auto asked = FContext;
+    asked.Password = FContext.AskPassword(FileOf(index));
+    RunInWorkers(
+        1, [&](int, std::string& text) { return CheckFile(FileOf(index), asked, text); }, [](int) {},
+        [&](int, const TWorkerResult& second) { Print(index, second); });
+  }
+
+  void Print(int index, const TWorkerResult& worker) {
+    const bool failed = worker.Died || worker.Code >= static_cast<int>(TCliResult::Failed);
+    if (FContext.ShowProgress) FContext.Err << EraseLine << std::flush;
+    (failed ? FContext.Err : FContext.Out)
+        << (worker.Died ? FormatText(CliTexts::WorkerDied, FileOf(index)) + "\n" : worker.Text) << std::flush;
+    FWorst = std::max(FWorst, failed ? TCliResult::Failed : static_cast<TCliResult>(worker.Code));
+  }
+
+  const Commands::TArguments& FFiles;
+  TCliContext& FContext;
+  std::vector<std::pair<int, TWorkerResult>> FWaiting;
+  TCliResult FWorst = TCliResult::Good;
+};
+
+}  // namespace
+
+TCliResult Commands::Check(const TArguments& files, TCliContext& context) {
+  return TChecking(files, context).Run();
+}

@@ -1,0 +1,95 @@
+#include "ProjectFiles.h"
+
+#include <fmt/format.h>
+
+#include "CliTexts.h"
+#include "RecordTexts.h"
+#include "VantrelI18n.h"
+#include "VantrelPaths.h"
+#include "VantrelSafeSave.h"
+
+namespace {
+
+constexpr std::string_view JsonExtension = "json";
+
+std::string DamageText(const TVantrelLoadDamage& damage) {
+  const auto message = RecordTexts::Printable(damage.Message);
+  return damage.Place.empty() ? message : fmt::format("{} ({})", message, RecordTexts::Printable(damage.Place));
+}
+
+}  // namespace
+
+ECliDamaged::ECliDamaged(const std::string& fileName, const TVantrelLoadDamage& damage)
+    : ECliError(FormatText(CliTexts::Damaged, fileName, DamageText(damage))), Damage(DamageText(damage)) {}
+
+ECliPasswordNeeded::ECliPasswordNeeded(const std::string& fileName)
+    : ECliError(FormatText(CliTexts::PasswordNeeded, fileName)) {}
+
+std::string FileErrorText(const std::string& fileName, const EVantrelWin32Error& error) {
+  switch (static_cast<TVantrelErrorCode>(error.ErrorCode())) {
+    case TVantrelErrorCode::FileNotFound:
+      return FormatText(CliTexts::FileNotFound, fileName);
+    case TVantrelErrorCode::PathNotFound:
+      return FormatText(CliTexts::PathNotFound, fileName);
+    case TVantrelErrorCode::AccessDenied:
+      return FormatText(CliTexts::AccessDenied, fileName);
+    case TVantrelErrorCode::SharingViolation:
+      return FormatText(CliTexts::FileInUse, fileName);
+    case TVantrelErrorCode::DiskFull:
+      return FormatText(CliTexts::DiskFull, fileName);
+    default:
+      return FormatText(CliTexts::FileError, fileName, EVantrelWin32Error::TextOf(error.ErrorCode()));
+  }
+}
+
+namespace {
+
+void Save(TMyTessaronProject& project, const std::string& target) {
+  if (TVantrelFilePath::GetExtension(target) == JsonExtension) {
+    TVantrelMemoryStream json;
+    project.SaveToJsonStream(json);
+    TVantrelSafeSave::Write(target, json.Bytes(), TVantrelFileAccessMode::famShareExclusive);
+  } else {
+    project.SetFileName(target);
+    project.SaveFile({});
+  }
+}
+
+void RequirePassword(const TMyTessaronProject& project, const std::string& fileName, const TCliContext& context) {
+  if (!project.PasswordProtected) return;
+  if (!context.Password && !context.AskPassword) throw ECliPasswordNeeded(fileName);
+  if (!project.CheckPassword(context.Password ? *context.Password : context.AskPassword(fileName)))
+    throw ECliError(ResourceText(CliTexts::WrongPassword));
+}
+
+}  // namespace
+
+TVantrelPtr<TMyTessaronProject> ReadProject(const std::string& fileName, const TCliContext& context) {
+  auto project = CreateVantrel<TMyTessaronProject>();
+  try {
+    if (!project->LoadForReading(fileName)) throw ECliError(FormatText(CliTexts::UnknownKind, fileName));
+  } catch (const ECliError&) {
+    throw;
+  } catch (const EVantrelWin32Error& error) {
+    throw ECliError(FileErrorText(fileName, error));
+  } catch (const std::exception& error) {
+    throw ECliDamaged(fileName, project->LoadDamage().value_or(TVantrelLoadDamage{error.what(), {}}));
+  }
+  RequirePassword(*project, fileName, context);
+  return project;
+}
+
+void SaveProject(TMyTessaronProject& project, const std::string& target) {
+  RequireWritableKind(target);
+  try {
+    Save(project, target);
+  } catch (const EVantrelWin32Error& error) {
+    throw ECliError(FileErrorText(target, error));
+  }
+}
+
+void RequireWritableKind(const std::string& target) {
+  if (GetProjectFileKind(target) == TProjectFileKind::pfkUnknown &&
+      TVantrelFilePath::GetExtension(target) != JsonExtension)
+    throw ECliUsageError(FormatText(CliTexts::UnknownTarget, target));
+}

@@ -1,0 +1,115 @@
+#include "RecordTexts.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+
+#include "CliTexts.h"
+#include "VantrelDateTime.h"
+#include "VantrelExceptions.h"
+#include "VantrelI18n.h"
+#include "VantrelText.h"
+
+namespace RecordTexts {
+namespace {
+
+/// Fields whose column has another name than the key tells.
+constexpr std::pair<std::string_view, std::string_view> Fieldnames[] = {
+    {"Zeugniskonferenz", "ZeugniskonferenzAm"}, {"Leistungsanforderung", "Leistungsanforderungen"}};
+
+std::string_view FieldnameOf(std::string_view key) {
+  for (const auto& [stored, fieldname] : Fieldnames)
+    if (stored == key) return fieldname;
+  for (const std::string_view ending : {"GradeId", "ID"})
+    if (IsGradeKey(key) && key.ends_with(ending)) return key.substr(0, key.size() - ending.size());
+  return key;
+}
+
+std::string TokenOr(const std::string& token, std::int32_t id, bool exact) {
+  if (token.empty()) return FormatText(CliTexts::NumberOnly, id);
+  return exact ? FormatText(CliTexts::WithNumber, Printable(token), id) : Printable(token);
+}
+
+std::string GradeOf(const TMyTessaronProject& project, std::int32_t id, bool exact) {
+  const auto* grade = project.Noten().Find(id);
+  return grade == nullptr ? FormatText(CliTexts::UnknownNumber, id) : TokenOr(grade->Token, id, exact);
+}
+
+std::string ClassOf(const TMyTessaronProject& project, std::int32_t id, bool exact) {
+  const auto* schoolClass = project.Classes().Find(id);
+  return schoolClass == nullptr ? FormatText(CliTexts::UnknownNumber, id) : TokenOr(schoolClass->Token, id, exact);
+}
+
+/// Stored floats have 32 bits: more digits say nothing.
+std::string FloatText(double value) {
+  auto text = fmt::format("{}", static_cast<float>(value));
+  std::ranges::replace(text, '.', ',');
+  return text;
+}
+
+std::string DateText(const TVariant& value, bool exact) {
+  try {
+    return exact ? DateTimeToGermanText(value.AsFloat()) : value.AsText();
+  } catch (const EVantrelDateTimeError&) {
+    return FloatText(value.AsFloat());
+  }
+}
+
+}  // namespace
+
+std::string Printable(std::string_view text) {
+  constexpr char16_t pictures = 0x2400, pictureOfDelete = 0x2421, replacement = 0xFFFD;
+  auto units = Utf8ToUtf16(text);
+  for (auto& unit : units) {
+    if (unit < u' ') {
+      unit = static_cast<char16_t>(unit + pictures);
+    } else if (unit >= 0x7F && unit < 0xA0) {
+      unit = unit == 0x7F ? pictureOfDelete : replacement;
+    }
+  }
+  return Utf16ToUtf8(units);
+}
+
+std::string StudentName(const TMyTessaronProject& project, const TStudent* student) {
+  if (student == nullptr) return ResourceText(CliTexts::UnknownStudent);
+  const auto name = Printable(Join(student->Vorname, student->Nachname, " "));
+  if (name.empty()) return FormatText(CliTexts::NamelessStudent, student->TessaronId.AsInt());
+  const auto* schoolClass = project.Classes().Find(student->ClassId.Value);
+  if (schoolClass == nullptr || schoolClass->Token.empty()) return name;
+  return fmt::format("{} ({})", name, Printable(schoolClass->Token));
+}
+
+std::string CourseName(const TCourse& course) {
+  const auto name = Printable(course.Name());
+  if (course.SubjectName.empty())
+    return name.empty() ? FormatText(CliTexts::NamelessCourse, course.TessaronId.AsInt()) : name;
+  return name.empty() ? Printable(course.SubjectName) : fmt::format("{} ({})", Printable(course.SubjectName), name);
+}
+
+bool IsGradeKey(std::string_view key) {
+  return key.ends_with("GradeId") || (key.ends_with("ID") && key != "ID");
+}
+
+std::string FieldCaption(const TMyTessaronProject& project, std::string_view key) {
+  const auto* column = project.Options().Columns().Find(FieldnameOf(key));
+  if (column != nullptr && !column->Customname().empty()) return Printable(column->Customname());
+  const auto* known = std::ranges::find(CliTexts::Captions, key, [](const auto& entry) { return entry.Key; });
+  return known == std::end(CliTexts::Captions) ? std::string(FieldnameOf(key)) : ResourceText(known->Caption);
+}
+
+std::string FieldValue(const TMyTessaronProject& project, std::string_view key, const TVariant& value, bool exact) {
+  if (value.IsEmpty()) return ResourceText(CliTexts::Empty);
+  if (value.Kind() == TVariantKind::Boolean) return ResourceText(value.AsBoolean() ? CliTexts::Yes : CliTexts::No);
+  if (value.Kind() == TVariantKind::DateTime) return DateText(value, exact);
+  if (value.Kind() == TVariantKind::Float) return FloatText(value.AsFloat());
+  const auto text = value.AsText();
+  if (text.empty()) return ResourceText(CliTexts::Empty);
+  for (const auto& known : CliTexts::ValueNames)
+    if (key == known.Key && text == known.Value) return ResourceText(known.Shown);
+  if (value.Kind() == TVariantKind::Text) return FormatText(CliTexts::Quoted, Printable(text));
+  if (IsGradeKey(key)) return GradeOf(project, value.AsInteger(), exact);
+  if (key == "ClassId") return ClassOf(project, value.AsInteger(), exact);
+  return text;
+}
+
+}  // namespace RecordTexts

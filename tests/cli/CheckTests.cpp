@@ -1,0 +1,103 @@
+#include <csignal>
+
+#include "CliFixture.h"
+#include "ProjectDefects.h"
+#include "Workers.h"
+
+namespace {
+
+using testing::HasSubstr;
+using testing::UnorderedElementsAre;
+
+using CheckTest = CliFixture;
+
+TEST_F(CheckTest, FindsDefects) {
+  struct TCase {
+    void (*Spoil)(TMyTessaronProject& project);
+    const char* Finding;
+  };
+  const TCase cases[] = {
+      {[](auto& project) { project.Students().Extract(0); },
+       "Mathematik (Ma): Der Schüler des Kurses fehlt in der Datei."},
+      {[](auto& project) { Maths(project).Student = nullptr; }, "Mathematik (Ma): Der Kurs hat keinen Schüler."},
+      {[](auto& project) { Maths(project).Note1Id.SetAsInt(3); },
+       "Anna Beck (10a), Mathematik (Ma), 1. Note: Die Note Nr. 3 steht nicht im Notenkatalog."},
+      {[](auto& project) { Maths(project).ZusatzNote9Id.SetAsInt(-2); },
+       "Anna Beck (10a), Mathematik (Ma), ZusatzNote9: Die Note Nr. -2 steht nicht im Notenkatalog."},
+      {[](auto& project) { Anna(project).VerhaltenGradeId.SetAsInt(9); },
+       "Anna Beck (10a), Verhalten: Die Note Nr. 9 steht nicht im Notenkatalog."},
+      {[](auto& project) { Anna(project).ClassId.SetAsInt(6); },
+       "Anna Beck: Die Klasse Nr. 6 steht nicht in der Datei."},
+      {[](auto& project) { Maths(project).Fachstatus = "p\n"; },
+       "Anna Beck (10a), Mathematik (Ma), Fachstatus: \"p␊\" steht nicht im Katalog."},
+      {[](auto& project) { Anna(project).Abschluss2Art = "X"; },
+       "Anna Beck (10a), Abschluss2Art: \"X\" steht nicht im Katalog."},
+      {[](auto& project) { project.Options().Columns().AddColumn("Note2", "", true, true, true, 0); },
+       "Die Spalte \"Note2\" hat keine Beschriftung."},
+      {[](auto& project) { project.Options().Columns().AddColumn("NOTE1", "Note", true, true, true, 0); },
+       "Die Spalte \"note1\" kommt mehrfach vor."},
+      {[](auto& project) { project.Noten().AddNote(2, "2", "", 2, TGradeTypes::gtValue); },
+       "Die Notennummer 2 kommt mehrfach vor."},
+      {[](auto& project) { project.Courses().Add(&Maths(project)); }, ("Das Objekt ")},
+  };
+  for (const auto& [spoil, finding] : cases) {
+    const auto project = Project();
+    EXPECT_THAT(FindDefects(*project), testing::IsEmpty());
+    auto* student = &Anna(*project);
+    spoil(*project);
+    EXPECT_THAT(FindDefects(*project), UnorderedElementsAre(HasSubstr(finding)));
+    if (project->Students().IsEmpty()) TVantrelDeleter()(student);
+  }
+}
+
+TEST_F(CheckTest, TellsTheFilesInTheirOrder) {
+  const auto good = Save(Project(), "gut.kvrx");
+  auto spoilt = Project();
+  Maths(*spoilt).Student = nullptr;
+  const auto bad = Save(std::move(spoilt), "schlecht.kvr7");
+  const auto cut = FFolder / "kaputt.kvrxr";
+  WriteFileText(cut, "<?xml version=\"1.0\"?><Storage><Stu");
+
+  EXPECT_EQ(Run({"check", good, good}), 0);
+  EXPECT_EQ(Out(), good + ": in Ordnung\n" + good + ": in Ordnung\n");
+  EXPECT_EQ(Run({"check", bad, good, cut, good}), 1);
+  EXPECT_THAT(Out(), testing::MatchesRegex(bad + ": 1 Befund\n[^\n]*\n" + good + ": in Ordnung\n" + cut +
+                                           ": 1 Befund\n  Die Datei ist beschädigt: [^\n]*Zeile 1[^\n]*\n" + good +
+                                           ": in Ordnung\n"));
+  EXPECT_EQ(Run({"check", bad, FFolder / "fehlt.kvrx", good}), 2);
+  EXPECT_THAT(Err(), HasSubstr("existiert nicht"));
+  EXPECT_THAT(Out(), HasSubstr(good));
+}
+
+TEST_F(CheckTest, AsksForPasswordsAndKeepsTheOrder) {
+  const auto good = Save(Project(), "gut.kvrx");
+  std::vector<std::string> asked;
+  FAskPassword = [&](const std::string& file) { return asked.push_back(file), asked.size() == 1 ? "Geheim-Ä1" : ""; };
+  const auto first = Fixture("protected.kvrx");
+  const auto second = Fixture("protected.kvr7");
+  EXPECT_EQ(Run({"check", first, good, second}), 2);
+  EXPECT_THAT(asked, testing::ElementsAre(first, second));
+  EXPECT_LT(Out().find(first), Out().find(good));
+  EXPECT_THAT(Err(), HasSubstr("Passwort ist nicht korrekt"));
+}
+
+TEST(WorkersTest, ADeadWorkerCostsItsOwnJobOnly) {
+  std::vector<std::string> results;
+  RunInWorkers(
+      12,
+      [](int index, std::string& text) {
+        if (index == 3) ::raise(SIGKILL);
+        if (index == 5) ::_exit(0);
+        text = std::string(static_cast<std::size_t>(index) * 100000, 'x');
+        return index;
+      },
+      [](int) {},
+      [&](int index, const TWorkerResult& worker) {
+        EXPECT_EQ(index, static_cast<int>(results.size()));
+        results.push_back(worker.Died ? "died" : std::to_string(worker.Text.size() + worker.Code));
+      });
+  EXPECT_THAT(results, testing::ElementsAre("0", "100001", "200002", "died", "400004", "died", "600006", "700007",
+                                            "800008", "900009", "1000010", "1100011"));
+}
+
+}  // namespace
