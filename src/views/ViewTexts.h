@@ -1,0 +1,49 @@
+#pragma once
+
+/// The user texts of this folder. Those with placeholders go through fmt.
+namespace ViewTexts {
+inline constexpr const char* AbstractCall = "Die Ansicht {} kennt den Vorgang {} nicht.";
+inline constexpr const char* Count = "Anzahl: {}";
+
+// Students
+inline constexpr const char* StudentsLabel = "Schüler";
+inline constexpr const char* StudentsTitle = "Fachdaten nach Schüler";
+inline constexpr const char* AchievementSheet = "Leistungen";
+inline constexpr const char* CertificateDataSheet = "Zeugnisdaten";
+inline constexpr const char* CertificateCommentsSheet = "Zeugnisbemerkungen";
+inline constexpr const char* StudentId = "ID";
+inline constexpr const char* StudentClass = "Klasse";
+inline constexpr const char* StudentFirstName = "Vorname";
+inline constexpr const char* StudentLastName = "Nachname";
+inline constexpr const char* StudentBirthday = "Geburtsdatum";
+inline constexpr const char* FitColumns = "Spaltenbreiten anpassen";
+
+// Achievements
+inline constexpr const char* CourseName = "Kurs";
+inline constexpr const char* CourseToken = "Fach";
+inline constexpr const char* Mahnung = "Mahnung";
+inline constexpr const char* Nachmahnung = "Nachmahnung";
+inline constexpr const char* Nachpruefung = "Nachprüfung";
+inline constexpr const char* Passed = "Bestanden (P)";
+inline constexpr const char* Failed = "Nicht bestanden (F)";
+inline constexpr const char* NotTaken = "Nicht belegt";
+
+// Welcome
+inline constexpr const char* InfoGroup = "Version";
+inline constexpr const char* FileGroup = "Aktuelle Datei";
+inline constexpr const char* DescriptionGroup = "Bemerkung";
+inline constexpr const char* ProgramVersion = "Sie arbeiten mit MyTessaron in der Version {}";
+inline constexpr const char* FileVersion = "Die Datei wurde mit folgender Version erstellt: {}";
+inline constexpr const char* Filepath = "Verzeichnis: {}";
+inline constexpr const char* CreatedOn = "Erstellt: {}";
+inline constexpr const char* ChangedOn = "Geändert: {}";
+inline constexpr const char* Signature = "Signatur: {}, ID = {}";
+inline constexpr const char* Period = "Zeitraum: {}, ID = {}";
+inline constexpr const char* Tenant = "Mandant: {}";
+inline constexpr const char* StudentCount = "Anzahl der Schüler: {}";
+inline constexpr const char* NoGradesMissing = "Keine Noten einzugeben";
+inline constexpr const char* GradesMissing = "Folgende Noten sind noch einzugeben:";
+inline constexpr const char* MissingNoten = "  Noten 1-5:         {}";
+inline constexpr const char* MissingEndnoten = "  Endnoten:          {}";
+inline constexpr const char* MissingEndnotenGesamt = "  Endnoten (Gesamt): {}";
+}  // namespace ViewTexts

@@ -1,0 +1,150 @@
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "VantrelClasses.h"
+#include "VantrelCommands.h"
+#include "VantrelMemTable.h"
+#include "VantrelSettings.h"
+
+enum class TMyTessaronViews { viewWelcome, viewSubjects, viewStudents, viewClasses };
+
+/// What the tables of a view are at: while one is dmFill or dmUpdate, changes of its data are not answered.
+enum class TDataMode { dmNone, dmBrowse, dmFill, dmAdd, dmEdit, dmDuplicate, dmUpdate };
+
+class TVantrelGrid;
+
+/// The screen parts of a form, which the user interface makes and the form owns. They may end within an event of
+/// their own; none comes afterwards.
+class TFormUi {
+ public:
+  virtual ~TFormUi() = default;
+  /// The form fills the view host, or goes out of sight.
+  virtual void SetVisible(bool visible) = 0;
+};
+
+/// What the main window lends to its views. It outlives them.
+struct TViewFrame {
+  TVantrelSettings& Storage;
+  std::string ProgramVersion;
+
+  TVantrelCommand& GotoFirstCommand;
+  TVantrelCommand& GotoPrevCommand;
+  TVantrelCommand& GotoNextCommand;
+  TVantrelCommand& GotoLastCommand;
+  TVantrelCommand& EditZeugnisbeurteilungenCommand;
+  TVantrelCommand& ExportToExcelCommand;
+
+  /// Lets the user change an assessment text; nothing if it was cancelled. Its command is disabled while this is unset.
+  std::function<std::optional<std::string>(const std::string& subjectToken, const std::string& text)> EditAssessment;
+  /// Likewise: lets the user write the grid to a file.
+  std::function<void(TVantrelGrid& grid)> ExportGrid;
+};
+
+/// Runs what the user has asked for; what it raises is shown in an error box.
+void RunForUser(const std::function<void()>& action);
+
+/// Base of the forms inside the main window: the order of their life, and where their layout is stored.
+///
+/// Created: FormCreate with CreateData, SetupView, UpdateViewCommands; then the stored properties load. Destroyed: the
+/// properties are saved, then FormDestroy with DestroyData and TeardownView.
+class TBaseForm : public TVantrelObject {
+ public:
+  TBaseForm(TVantrelSettings& storage, std::string name) : FStorage(storage), FName(std::move(name)) {}
+
+  void Show();
+  void Hide() { Ui().SetVisible(false); }
+  /// Shown at least once.
+  bool IsInitialized() const { return FIsInitialized; }
+  /// Whether the form may close. Ends open editors, which post.
+  virtual bool CloseQuery();
+  /// Whether the form may be kept for later instead of being destroyed.
+  virtual bool CacheQuery() { return true; }
+  /// The key of the stored layout: subdirectory and StorageKey, with the version behind it from 1 on.
+  std::string StoragePath() const;
+
+  /// Writes what open editors hold to where it belongs.
+  virtual void PostEdits() {}
+
+  virtual void CreateData() {}
+  virtual void SetupView() {}
+  virtual void ViewShown() {}
+  virtual void DestroyData() {}
+  virtual void TeardownView() {}
+  /// Shows the counts that belong to the table; null means those of the dependent grids.
+  virtual void UpdateStatus(const TVantrelMemTable* dataSet);
+  virtual void UpdateViewCommands() {}
+
+  // The contract of the family of programs. A form that lacks one of these raises EVantrelException.
+  virtual void New() { AbstractCall("New"); }
+  virtual void Edit() { AbstractCall("Edit"); }
+  virtual void Save() { AbstractCall("Save"); }
+  virtual void Delete() { AbstractCall("Delete"); }
+  virtual void Cancel() { AbstractCall("Cancel"); }
+  virtual void GotoFirst() { AbstractCall("GotoFirst"); }
+  virtual void GotoPrev() { AbstractCall("GotoPrev"); }
+  virtual void GotoNext() { AbstractCall("GotoNext"); }
+  virtual void GotoLast() { AbstractCall("GotoLast"); }
+  virtual void Heart() { AbstractCall("Heart"); }
+  virtual void Unheart() { AbstractCall("Unheart"); }
+  virtual void Refresh() { AbstractCall("Refresh"); }
+  virtual void Print() { AbstractCall("Print"); }
+  virtual void PrintCertificate() { AbstractCall("PrintCertificate"); }
+  virtual void PrintCertificateForms() { AbstractCall("PrintCertificateForms"); }
+  virtual void Execute() { AbstractCall("Execute"); }
+  virtual void ExportToExcel() { AbstractCall("ExportToExcel"); }
+  virtual void ExportToHtml() { AbstractCall("ExportToHtml"); }
+  /// Rebuilds the form from CurrentProject.
+  virtual void UpdateContent() { AbstractCall("UpdateContent"); }
+
+  void AfterConstruction() override;
+  void BeforeDestruction() override;
+
+ protected:
+  virtual TFormUi& Ui() = 0;
+  [[noreturn]] void AbstractCall(std::string_view operation) const;
+
+  TVantrelSettings& FStorage;
+  std::string FName;
+  std::string FStorageKey;
+  std::string FStorageSubdir;
+  std::string FStorageFormdir;
+  int FStorageVersion = 0;
+  bool FIsInitialized = false;
+  std::function<void()> FOnLoadProperties;
+  std::function<void()> FOnSaveProperties;
+};
+
+/// A working surface of the main window. It is built from CurrentProject, writes straight into it, and dies at the next
+/// change of view.
+class TBaseView : public TBaseForm {
+ public:
+  TBaseView(TViewFrame& frame, std::string name) : TBaseForm(frame.Storage, std::move(name)), FFrame(frame) {}
+
+  void SetupView() override;
+
+  virtual void MailMerge() { AbstractCall("MailMerge"); }
+  virtual void EMailMerge() { AbstractCall("EMailMerge"); }
+  virtual void LoadImageFromFile() { AbstractCall("LoadImageFromFile"); }
+  virtual void LoadImageFromDigitalSource() { AbstractCall("LoadImageFromDigitalSource"); }
+  virtual void SaveImage() { AbstractCall("SaveImage"); }
+  virtual void ClearImage() { AbstractCall("ClearImage"); }
+  virtual void SetPopup() { AbstractCall("SetPopup"); }
+  virtual void ShowDocuments() { AbstractCall("ShowDocuments"); }
+  virtual void Notification() { AbstractCall("Notification"); }
+  virtual void ChangeStatus() { AbstractCall("ChangeStatus"); }
+  virtual void CustomizeGridLayout() { AbstractCall("CustomizeGridLayout"); }
+  virtual void CustomizeEditLayout() { AbstractCall("CustomizeEditLayout"); }
+
+ protected:
+  /// The layout of the list grid is what outlives the view.
+  void RestoreLayout(TVantrelGrid& grid);
+  void StoreLayout(const TVantrelGrid& grid);
+  /// The state of the four goto commands, from the place in the list.
+  void UpdateGotoCommands(const TVantrelMemTable& list);
+
+  TViewFrame& FFrame;
+};

@@ -1,0 +1,104 @@
+#pragma once
+
+#include <memory>
+#include <vector>
+
+#include "VantrelDialogs.h"
+#include "VantrelGrid.h"
+#include "fBaseView.h"
+#include "mLookup.h"
+#include "uDataSource.h"
+#include "uGridState.h"
+
+enum class TStudentsPage { AchievementSheet, CertificateDataSheet, CertificateCommentsSheet };
+
+/// The screen of the students view: a title across the top; on the left a panel of 300 pixels with the label
+/// StudentsLabel, the list and its status; pages with the rest. Below the achievements stand their status and the
+/// button FitColumns. It wants 1264 by 616 pixels and scrolls where there is less.
+class TStudentsViewUi : public TFormUi {
+ public:
+  std::function<void()> OnPageChanged;
+  /// The button under the achievements.
+  std::function<void()> OnFit;
+
+  virtual TVantrelFormItem& TitleLabel() = 0;
+  virtual TVantrelFormItem& StudentsStatus() = 0;
+  virtual TVantrelFormItem& AchievementsStatus() = 0;
+  virtual TVantrelGrid& StudentsGrid() = 0;
+  virtual TVantrelGrid& AchievementsGrid() = 0;
+  virtual TStudentsPage ActivePage() const = 0;
+  /// Raises no event.
+  virtual void SetActivePage(TStudentsPage page) = 0;
+  virtual void SetPageVisible(TStudentsPage page, bool visible) = 0;
+};
+
+/// Where the teacher works through the class student by student: the list of students, and what the focused one
+/// achieves in each course.
+class TStudentsView final : public TBaseView, private TVantrelTableListener {
+ public:
+  TStudentsView(TViewFrame& frame, std::unique_ptr<TStudentsViewUi> ui);
+  ~TStudentsView() override;
+
+  void PostEdits() override;
+  void CreateData() override;
+  void SetupView() override;
+  void DestroyData() override;
+  void TeardownView() override;
+  void UpdateStatus(const TVantrelMemTable* dataSet) override;
+  void UpdateViewCommands() override;
+  void GotoFirst() override;
+  void GotoPrev() override;
+  void GotoNext() override;
+  void GotoLast() override;
+  void ExportToExcel() override;
+  void UpdateContent() override;
+  /// Lets the user change the assessment text of the focused course.
+  void EditZeugnisbeurteilungen();
+
+ protected:
+  TFormUi& Ui() override { return *FUi; }
+
+ private:
+  void RecordMoved() override { Handle_StudentsChange(); }
+  void DataChanged() override { Handle_StudentsChange(); }
+
+  void MakeStudents();
+  void ConnectEvents();
+  void MakeColumns();
+  void BuildAchievementColumns();
+  void ShowStudent();
+  void LeaveLookups();
+  void ReapplyGradeFilter();
+  bool FilterGrades(const TVantrelMemTable::TRow& row) const;
+  TCourse* FocusedCourse() const;
+  void UpdateTitle();
+  void FitGridView();
+  void RememberSortProps(int ordinal);
+  void Students_SortByData();
+  void FormLoadProperties();
+  void FormSaveProperties();
+  void Handle_StudentsChange();
+  void Handle_PageChanged();
+  bool Handle_AchievementsEditing(int ordinal) const { return FEditable[static_cast<std::size_t>(ordinal)]; }
+  TGridKeyAction Handle_AchievementsKeyDown(int ordinal, TGridKey key) const;
+
+  TDataMode StudentsDataMode = TDataMode::dmNone;
+  TStudent* CurrentStudent = nullptr;
+  TClass* CurrentClass = nullptr;
+  std::unique_ptr<TStudentCoursesSource> CoursesSource;
+  TSortField StudentSort{{}, 0, -1, TSortOrder::soNone};
+  TGridState FGridState;
+  TVantrelMemTable Students;
+  /// Stands in for all lookup tables where the project has none.
+  TVantrelMemTable FNoEntries;
+  /// The lookup tables of CurrentProject; null where there are none, or those of another project.
+  TLookupModule* FLookups = nullptr;
+  /// The achievement columns as the project gives them, and whether they may be edited.
+  std::vector<TGridColumn> FColumns;
+  std::vector<bool> FEditable;
+  /// Goes first: its grids show the tables and the source.
+  std::unique_ptr<TStudentsViewUi> FUi;
+};
+
+/// The students view while there is one.
+inline TStudentsView* StudentsView = nullptr;

@@ -1,0 +1,58 @@
+#pragma once
+
+#include <memory>
+
+#include "VantrelDialogs.h"
+#include "fBaseView.h"
+
+/// The texts of the welcome view, in the order of the screen: the first two in InfoGroup, the last in
+/// DescriptionGroup, the others in FileGroup.
+enum class TWelcomeText {
+  VersionText,
+  FileVersionText,
+  FilenameText,
+  StudentsText,
+  CreatedOnText,
+  ChangedOnText,
+  FilepathText,
+  SignatureText,
+  PeriodText,
+  TenantText,
+  DescriptionMemo,
+};
+
+/// The screen of the welcome view: a scroll box, and in it a panel of 600 by 520 pixels with the three groups.
+/// FilenameText is the largest; it has several lines.
+class TWelcomeViewUi : public TFormUi {
+ public:
+  /// The size of the view in pixels, at its first show and at every change.
+  std::function<void(int width, int height)> OnResize;
+
+  virtual TVantrelFormItem& Text(TWelcomeText text) = 0;
+  virtual void MoveCenterPanel(int left, int top) = 0;
+};
+
+/// The first thing a teacher sees: which version runs, what the open file is, what is still to be entered.
+class TWelcomeView final : public TBaseView {
+ public:
+  static constexpr int CenterPanelWidth = 600;
+  static constexpr int CenterPanelHeight = 520;
+
+  TWelcomeView(TViewFrame& frame, std::unique_ptr<TWelcomeViewUi> ui);
+  ~TWelcomeView() override { TWelcomeView::TeardownView(); }
+
+  void SetupView() override;
+  void TeardownView() override;
+  void UpdateContent() override;
+
+ protected:
+  TFormUi& Ui() override { return *FUi; }
+
+ private:
+  void SetText(TWelcomeText text, const TVariant& value) { FUi->Text(text).SetValue(value); }
+
+  std::unique_ptr<TWelcomeViewUi> FUi;
+};
+
+/// The welcome view while there is one.
+inline TWelcomeView* WelcomeView = nullptr;

@@ -1,0 +1,149 @@
+#include "uAchievementColumns.h"
+
+#include <array>
+#include <string>
+
+#include "VantrelI18n.h"
+#include "ViewTexts.h"
+#include "uCXUtils.h"
+
+namespace {
+
+enum class TCell { Fixed, ReadOnly, Text, Number, Count, Grade, Token, Mahnung, Bestanden };
+
+struct TAchievementColumn {
+  const char* Name;       ///< of the id, behind the prefix
+  const char* Fieldname;  ///< for fixed cells, the caption
+  TCell Cell;
+  int Width = 100;
+  const TGridLookup TLookupModule::*Lookup = nullptr;
+};
+
+constexpr const char* Prefix = "col_student_course_";
+constexpr int LargestCount = 99999;
+constexpr int Zusatznote7 = 26;
+
+constexpr TAchievementColumn GradeColumn(const char* name, const char* fieldname) {
+  return {name, fieldname, TCell::Grade, 100, &TLookupModule::gv_Grades};
+}
+
+constexpr std::array<TAchievementColumn, 34> Columns{{
+    {"name", ViewTexts::CourseName, TCell::Fixed},
+    {"token", ViewTexts::CourseToken, TCell::Fixed, 80},
+    {"position", "Position", TCell::Number, 80},
+    {"faktor", "Faktor", TCell::Number, 80},
+    {"unterrichtsart", "Unterrichtsart", TCell::Token, 85, &TLookupModule::gv_Unterrichtsarten},
+    {"fachstatus", "Fachstatus", TCell::Token, 80, &TLookupModule::gv_Fachstati},
+    {"schwerpunkt", "Schwerpunkt", TCell::ReadOnly},
+    {"niveau", "Niveau", TCell::Token, 100, &TLookupModule::gv_Niveaus},
+    GradeColumn("note1", "Note1"),
+    GradeColumn("note2", "Note2"),
+    GradeColumn("note3", "Note3"),
+    GradeColumn("note4", "Note4"),
+    GradeColumn("note5", "Note5"),
+    GradeColumn("endnote1", "Endnote1"),
+    GradeColumn("endnote2", "Endnote2"),
+    {"beurteilung", "Beurteilung", TCell::Text},
+    {"merkmal", "Merkmal", TCell::Text},
+    {"mahnung", "Mahnung", TCell::Mahnung},
+    {"tutor", "Tutor", TCell::ReadOnly},
+    {"fachlehrer", "Fachlehrer", TCell::ReadOnly},
+    GradeColumn("zusatzNote1", "Zusatznote1"),
+    GradeColumn("zusatzNote2", "Zusatznote2"),
+    GradeColumn("zusatzNote3", "Zusatznote3"),
+    GradeColumn("zusatzNote4", "Zusatznote4"),
+    GradeColumn("zusatzNote5", "Zusatznote5"),
+    GradeColumn("zusatzNote6", "Zusatznote6"),
+    GradeColumn("zusatzNote7", "Zusatznote7"),
+    GradeColumn("zusatzNote8", "Zusatznote8"),
+    GradeColumn("zusatzNote9", "Zusatznote9"),
+    GradeColumn("vornote", "Vornote"),
+    {"vergesseneHA", "VergesseneHA", TCell::Count},
+    {"vergesseneAM", "VergesseneAM", TCell::Count},
+    {"leistungsart", "Leistungsart", TCell::Token, 80, &TLookupModule::gv_Leistungsarten},
+    {"bestanden", "Bestanden", TCell::Bestanden},
+}};
+
+void SetHeader(TGridColumn& column, const TAchievementColumn& source, const TColumns& options) {
+  if (source.Cell == TCell::Fixed) {
+    column.Caption = ResourceText(source.Fieldname);
+    column.InChooser = false;
+    return;
+  }
+  const auto* option = options.Find(source.Fieldname);
+  column.Visible = column.InChooser = option != nullptr && option->Visible;
+  if (option != nullptr) column.Caption = option->Customname();
+}
+
+void SetLookup(TGridColumn& column, const TAchievementColumn& source, const TLookupModule* lookups,
+               TVantrelMemTable& noEntries) {
+  const bool isGrade = source.Cell == TCell::Grade;
+  const TGridLookup none{&noEntries, {}, {}, "Description"};
+  column.Kind = isGrade ? TGridValueKind::Integer : TGridValueKind::Text;
+  column.Editing = lookups != nullptr;
+  TCXUtils::SetExtLookupComboBoxProperties(column, lookups == nullptr ? none : lookups->*source.Lookup,
+                                           isGrade ? "ID" : "Token", "Token");
+}
+
+void SetEditor(TGridColumn& column, TCell cell) {
+  switch (cell) {
+    case TCell::Fixed:
+    case TCell::ReadOnly:
+      column.Editing = false;
+      break;
+    case TCell::Count:
+      column.Maximum = LargestCount;
+      [[fallthrough]];
+    case TCell::Number:
+      column.Kind = TGridValueKind::Integer;
+      column.Editor = TGridEditorKind::Spin;
+      break;
+    case TCell::Mahnung:
+      column.Editor = TGridEditorKind::List;
+      column.Items = {{ResourceText(ViewTexts::Mahnung), 0},
+                      {ResourceText(ViewTexts::Nachmahnung), 1},
+                      {ResourceText(ViewTexts::Nachpruefung), 2}};
+      break;
+    case TCell::Bestanden:
+      column.Editor = TGridEditorKind::List;
+      column.Items = {{ResourceText(ViewTexts::Passed), "P"},
+                      {ResourceText(ViewTexts::Failed), "F"},
+                      {ResourceText(ViewTexts::NotTaken), "N"}};
+      break;
+    case TCell::Text:
+    case TCell::Grade:
+    case TCell::Token:
+      break;
+  }
+}
+
+}  // namespace
+
+std::vector<TGridColumn> StudentCourseColumns(const TColumns& options, const TLookupModule* lookups,
+                                              TVantrelMemTable& noEntries) {
+  std::vector<TGridColumn> columns;
+  columns.reserve(Columns.size());
+  for (const auto& source : Columns) {
+    auto& column = columns.emplace_back();
+    column.Id = std::string(Prefix) + source.Name;
+    column.Width = source.Width;
+    SetHeader(column, source, options);
+    SetEditor(column, source.Cell);
+    if (source.Lookup != nullptr) SetLookup(column, source, lookups, noEntries);
+  }
+  return columns;
+}
+
+bool IsGradeColumn(int ordinal) {
+  return ordinal >= 0 && ordinal < static_cast<int>(Columns.size()) &&
+         Columns[static_cast<std::size_t>(ordinal)].Cell == TCell::Grade;
+}
+
+bool PostsEdits(int ordinal) {
+  return IsGradeColumn(ordinal) && ordinal != Zusatznote7;
+}
+
+bool IsFillColumn(int ordinal) {
+  constexpr int token = 1, position = 2, beurteilung = 15;
+  return ordinal == token || ordinal == position || ordinal == beurteilung;
+}

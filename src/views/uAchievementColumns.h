@@ -1,0 +1,21 @@
+#pragma once
+
+#include <string_view>
+#include <vector>
+
+#include "VantrelGrid.h"
+#include "mLookup.h"
+#include "uColumns.h"
+
+/// The columns of the students' achievement grid, in the order of their ordinals. Captions and visibility come from
+/// `options`; a field without a column there is hidden. Without `lookups` the lookup columns show what `noEntries`, a
+/// table with the fields "ID", "Token" and "Description", knows, and cannot be edited.
+std::vector<TGridColumn> StudentCourseColumns(const TColumns& options, const TLookupModule* lookups,
+                                              TVantrelMemTable& noEntries);
+
+/// The ordinals of that grid that hold grades: Enter goes down there.
+bool IsGradeColumn(int ordinal);
+/// The grade columns whose edits make the whole grid post at every change.
+bool PostsEdits(int ordinal);
+/// The three columns that a class without grades leaves.
+bool IsFillColumn(int ordinal);

@@ -1,0 +1,40 @@
+#pragma once
+
+#include <span>
+#include <string_view>
+
+#include "VantrelDialogs.h"
+#include "VantrelGrid.h"
+#include "fBaseView.h"
+
+/// Helpers over grids.
+class TCXUtils {
+ public:
+  TCXUtils() = delete;
+
+  /// Move the focus along the grid as shown, or, with a table and without `useController`, along the records of the
+  /// table that the grid is bound to. A table-bound grid then selects the focused record alone.
+  static void GotoFirst(TVantrelGrid& gridView, TVantrelMemTable* table, bool useController);
+  static void GotoPrev(TVantrelGrid& gridView, TVantrelMemTable* table, bool useController);
+  static void GotoNext(TVantrelGrid& gridView, TVantrelMemTable* table, bool useController);
+  static void GotoLast(TVantrelGrid& gridView, TVantrelMemTable* table, bool useController);
+
+  /// Selects just the focused record, if there is one.
+  static void SyncSelectionToFocus(TVantrelGrid& gridView);
+  /// The value that the n-th selected record has in the column of that field; null if there is none.
+  static TVariant GetSelectedRecord(const TVantrelGrid& gridView, int recordIndex, std::string_view fieldname);
+  /// Selects all records, in a grouped grid those of the focused group instead of what was selected. If they are
+  /// selected already and `forceSelect` is off, clears the selection.
+  static void SelectAll(TVantrelGrid& gridView, bool forceSelect);
+  /// Makes the column edit by a lookup list. The Delete key clears it, as in every lookup.
+  static void SetExtLookupComboBoxProperties(TGridColumn& properties, const TGridLookup& view,
+                                             const std::string& keyFieldNames, const std::string& listFieldItem);
+
+  /// Between browsing and editing; `sender` is down while the grid is edited.
+  static void SwitchEditMode(TVantrelGrid& gridView, TGridOptions options, TDataMode& dataMode, TVantrelCommand& sender,
+                             TDataMode forceTo);
+  /// Appends a blank to the text of each label, which makes it measure itself anew, whatever `autoSize` says.
+  static void SetLabelAutosize(std::span<TVantrelFormItem* const> labels, bool autoSize);
+  /// By the height of the ribbon in pixels.
+  static bool IsCollapsed(int ribbonHeight) { return ribbonHeight < 100; }
+};

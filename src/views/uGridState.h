@@ -1,0 +1,17 @@
+#pragma once
+
+#include "VantrelGrid.h"
+#include "uHelper.h"
+
+/// What a grid remembers while its columns are made anew: sort, visibility and widths, one entry per column, the last
+/// one counting. Groups and filters end with the columns.
+class TGridState {
+ public:
+  void Save(const TVantrelGrid& grid);
+  /// Entries whose column is missing are skipped.
+  void Restore(TVantrelGrid& grid) const;
+
+ private:
+  TSortFields SortFields;
+  TVisibleFields VisibleFields;
+};

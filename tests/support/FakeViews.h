@@ -1,0 +1,101 @@
+#pragma once
+
+#include <map>
+#include <vector>
+
+#include "FakeGrid.h"
+#include "VantrelMsgBox.h"
+#include "VantrelText.h"
+#include "fStudentsView.h"
+#include "fWelcomeView.h"
+
+/// The screens of the views, the settings store and the message boxes, without a screen.
+
+class FakeItem : public TVantrelFormItem {
+ public:
+  TVariant Value() const override { return FValue; }
+  void SetValue(const TVariant& value) override { FValue = value; }
+  void SetEnabled(bool) override {}
+  void SetVisible(bool visible) override { Visible = visible; }
+  void SetFocus() override {}
+  std::string Text() const { return FValue.AsTextOrEmpty(); }
+
+  bool Visible = true;
+
+ private:
+  TVariant FValue;
+};
+
+class FakeStudentsUi : public TStudentsViewUi {
+ public:
+  FakeStudentsUi() { Last = this; }
+  ~FakeStudentsUi() override { Last = nullptr; }
+  static inline FakeStudentsUi* Last = nullptr;
+
+  void SetVisible(bool visible) override { Visible = visible; }
+  TVantrelFormItem& TitleLabel() override { return Title; }
+  TVantrelFormItem& StudentsStatus() override { return ListCount; }
+  TVantrelFormItem& AchievementsStatus() override { return CourseCount; }
+  TVantrelGrid& StudentsGrid() override { return List; }
+  TVantrelGrid& AchievementsGrid() override { return Courses; }
+  TStudentsPage ActivePage() const override { return Page; }
+  void SetActivePage(TStudentsPage page) override { Page = page; }
+  void SetPageVisible(TStudentsPage, bool visible) override { VisiblePages += visible ? 1 : -1; }
+  void Turn(TStudentsPage page) {
+    Page = page;
+    OnPageChanged();
+  }
+
+  FakeItem Title, ListCount, CourseCount;
+  FakeGrid List, Courses;
+  TStudentsPage Page = TStudentsPage::CertificateCommentsSheet;
+  int VisiblePages = 3;
+  bool Visible = false;
+};
+
+class FakeWelcomeUi : public TWelcomeViewUi {
+ public:
+  FakeWelcomeUi() { Last = this; }
+  ~FakeWelcomeUi() override { Last = nullptr; }
+  static inline FakeWelcomeUi* Last = nullptr;
+
+  void SetVisible(bool) override {}
+  TVantrelFormItem& Text(TWelcomeText text) override { return Texts[text]; }
+  void MoveCenterPanel(int left, int top) override { Place = {left, top}; }
+
+  std::map<TWelcomeText, FakeItem> Texts;
+  std::pair<int, int> Place;
+};
+
+class FakeSettings : public TVantrelSettings {
+ public:
+  std::string ReadString(const std::string& key, const std::string& name, const std::string& defaultValue) override {
+    const auto found = Values.find(key + ":" + name);
+    return found == Values.end() ? defaultValue : found->second;
+  }
+  std::int32_t ReadInteger(const std::string& key, const std::string& name, std::int32_t defaultValue) override {
+    return std::stoi(ReadString(key, name, std::to_string(defaultValue)));
+  }
+  void WriteString(const std::string& key, const std::string& name, const std::string& value) override {
+    Values[key + ":" + name] = value;
+  }
+  void WriteInteger(const std::string& key, const std::string& name, std::int32_t value) override {
+    WriteString(key, name, std::to_string(value));
+  }
+
+  std::map<std::string, std::string> Values;
+};
+
+/// Answers each box as told beforehand, else with No, and keeps its text.
+class FakeBoxes : public TVantrelMsgBoxPort {
+ public:
+  FakeBoxes() { TVantrelMsgBox::SetPort(this); }
+  ~FakeBoxes() override { TVantrelMsgBox::SetPort(nullptr); }
+  TVantrelMsgBoxResult ShowBox(const TVantrelMsgBox& box) override {
+    Texts.push_back(box.ShownText());
+    return Answer;
+  }
+
+  TVantrelMsgBoxResult Answer = TVantrelMsgBoxResult::mbrNo;
+  std::vector<std::string> Texts;
+};
