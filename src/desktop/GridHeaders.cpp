@@ -62,7 +62,10 @@ TGridIndicator::TGridIndicator(QWidget* parent) : QHeaderView(Qt::Vertical, pare
 }
 
 void TGridIndicator::paintSection(QPainter* painter, const QRect& rect, int section) const {
+  // The style leaves its clip behind.
+  painter->save();
   QHeaderView::paintSection(painter, rect, section);
+  painter->restore();
   const auto* view = static_cast<const QTableView*>(parentWidget());
   if (view->currentIndex().row() != section) return;
   const QPointF centre = QRectF(rect).center();
