@@ -18,7 +18,7 @@ void AddToken(TVantrelMemTable& table) {
 
 }  // namespace
 
-TLookupModule::TLookupModule(TMyTessaronProject& project) : ProjectObj(&project) {
+TLookupTables::TLookupTables(TMyTessaronProject& project) : ProjectObj(&project) {
   for (auto* table : {&Abschluesse, &Abschlussarten, &Empfehlungen, &Fachstati, &Niveaus, &Unterrichtsarten,
                       &Versetzungsarten, &Zeugnisbeurteilungen, &Leistungsarten}) {
     AddToken(*table);
@@ -37,7 +37,9 @@ TLookupModule::TLookupModule(TMyTessaronProject& project) : ProjectObj(&project)
   CertificateComments.AddField("Description", ftMemo);
   CertificateComments.AddField("Attribute", ftText, AttributeSize);
   CertificateComments.AddField("Position", ftSmallInt);
+}
 
+TLookupModule::TLookupModule(TMyTessaronProject& project) : TLookupTables(project) {
   LookupModule = this;
 }
 
@@ -46,7 +48,7 @@ TLookupModule::~TLookupModule() {
   LookupModule = nullptr;
 }
 
-void TLookupModule::Initialize() {
+void TLookupTables::Initialize() {
   const auto& project = *ProjectObj;
   project.Abschluesse().Populate(Abschluesse);
   project.Abschlussarten().Populate(Abschlussarten);

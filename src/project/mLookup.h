@@ -6,19 +6,17 @@
 #include "uProject.h"
 
 /// The catalogues of a project once more, as the tables that lookup editors are bound to. The tables are copies.
-/// One instance exists at a time, in LookupModule: from the end of a load to the start of the next.
-class TLookupModule final : public TVantrelObject {
+class TLookupTables {
  public:
-  explicit TLookupModule(TMyTessaronProject& project);
-  ~TLookupModule() override;
+  explicit TLookupTables(TMyTessaronProject& project);
+  TLookupTables(const TLookupTables&) = delete;
+  TLookupTables& operator=(const TLookupTables&) = delete;
 
   /// Fills the tables anew from ProjectObj.
   void Initialize();
 
   /// The project that the tables mirror, not owned. It may be gone: only to be compared.
   TMyTessaronProject* const ProjectObj;
-  /// Called before the tables go, for the one view that shows them.
-  std::function<void()> OnDestroy;
 
   TVantrelMemTable Abschluesse, Abschlussarten, Empfehlungen, Fachstati, Niveaus;
   /// Kept sorted by "Token".
@@ -37,6 +35,17 @@ class TLookupModule final : public TVantrelObject {
   static TGridLookup View(TVantrelMemTable& table, const char* keyField = "Token") {
     return {&table, keyField, "Token", "Description"};
   }
+};
+
+/// The lookup tables that the program shares. One instance exists at a time, in LookupModule: from the end of a load to
+/// the start of the next.
+class TLookupModule final : public TVantrelObject, public TLookupTables {
+ public:
+  explicit TLookupModule(TMyTessaronProject& project);
+  ~TLookupModule() override;
+
+  /// Called before the tables go, for the one view that shows them.
+  std::function<void()> OnDestroy;
 };
 
 /// The lookup tables of the project that was loaded last, or null. It follows the loading, not CurrentProject.

@@ -44,10 +44,6 @@ std::string Students_KlasseGetText(const TVariant& value) {
 TStudentsView::TStudentsView(TViewFrame& frame, std::unique_ptr<TStudentsViewUi> ui)
     : TBaseView(frame, "StudentsView"), FUi(std::move(ui)) {
   MakeStudents();
-  FNoEntries.AddField("ID", TVantrelFieldType::ftInteger);
-  FNoEntries.AddField("Token", TVantrelFieldType::ftText);
-  FNoEntries.AddField("Description", TVantrelFieldType::ftText);
-
   TGridOptions options;
   options.ReadOnly = false;
   options.IncrementalSearch = false;
@@ -115,13 +111,34 @@ void TStudentsView::CreateData() {
   TCXUtils::GotoFirst(FUi->StudentsGrid(), &Students, true);
   StudentsDataMode = dmBrowse;
 
-  if (LookupModule != nullptr && LookupModule->ProjectObj == CurrentProject) {
-    FLookups = LookupModule;
-    FLookups->OnDestroy = [this] { LeaveLookups(); };
-    FLookups->Grades.SetOnFilterRecord([this](const auto& row) { return FilterGrades(row); });
-    FLookups->Grades.SetFiltered(true);
-  }
-  MakeColumns();
+  TakeLookups();
+}
+
+void TStudentsView::TakeLookups() {
+  if (LookupModule == nullptr || LookupModule->ProjectObj != CurrentProject) return LeaveLookupModule();
+  LookupModule->OnDestroy = [this] { LeaveLookupModule(); };
+  UseLookups(*LookupModule);
+}
+
+void TStudentsView::LeaveLookupModule() {
+  FOwnLookups = std::make_unique<TLookupTables>(*CurrentProject);
+  FOwnLookups->Initialize();
+  UseLookups(*FOwnLookups);
+}
+
+void TStudentsView::UseLookups(TLookupTables& lookups) {
+  FLookups = &lookups;
+  lookups.Grades.SetOnFilterRecord([this](const auto& row) { return FilterGrades(row); });
+  lookups.Grades.SetFiltered(true);
+  FColumns = StudentCourseColumns(CurrentProject->Options().Columns(), lookups);
+  FEditable.clear();
+  for (const auto& column : FColumns) FEditable.push_back(CurrentProject->EditableColumn(column.Id));
+  if (CoursesSource == nullptr) return;
+  auto& grid = FUi->AchievementsGrid();
+  const TGridUpdate update(grid);
+  FGridState.Save(grid);
+  BuildAchievementColumns();
+  FGridState.Restore(grid);
 }
 
 void TStudentsView::SetupView() {
@@ -138,10 +155,11 @@ void TStudentsView::SetupView() {
 void TStudentsView::DestroyData() {
   CurrentStudent = nullptr;
   CurrentClass = nullptr;
-  if (FLookups == nullptr) return;
-  FLookups->OnDestroy = nullptr;
-  FLookups->Grades.SetFiltered(false);
-  FLookups->Grades.SetOnFilterRecord(nullptr);
+  if (FLookups != nullptr && FLookups == LookupModule) {
+    LookupModule->OnDestroy = nullptr;
+    LookupModule->Grades.SetFiltered(false);
+    LookupModule->Grades.SetOnFilterRecord(nullptr);
+  }
   FLookups = nullptr;
 }
 
@@ -227,12 +245,6 @@ void TStudentsView::UpdateContent() {
   FGridState.Restore(grid);
 }
 
-void TStudentsView::MakeColumns() {
-  FColumns = StudentCourseColumns(CurrentProject->Options().Columns(), FLookups, FNoEntries);
-  FEditable.clear();
-  for (const auto& column : FColumns) FEditable.push_back(CurrentProject->EditableColumn(column.Id));
-}
-
 void TStudentsView::BuildAchievementColumns() {
   auto& grid = FUi->AchievementsGrid();
   grid.ClearColumns();
@@ -246,19 +258,7 @@ void TStudentsView::BuildAchievementColumns() {
   }
 }
 
-void TStudentsView::LeaveLookups() {
-  FLookups = nullptr;
-  MakeColumns();
-  if (CoursesSource == nullptr) return;
-  auto& grid = FUi->AchievementsGrid();
-  const TGridUpdate update(grid);
-  FGridState.Save(grid);
-  BuildAchievementColumns();
-  FGridState.Restore(grid);
-}
-
 void TStudentsView::ReapplyGradeFilter() {
-  if (FLookups == nullptr) return;
   FLookups->Grades.SetFiltered(false);
   FLookups->Grades.SetFiltered(true);
 }

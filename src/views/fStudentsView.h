@@ -64,10 +64,11 @@ class TStudentsView final : public TBaseView, private TVantrelTableListener {
 
   void MakeStudents();
   void ConnectEvents();
-  void MakeColumns();
   void BuildAchievementColumns();
   void ShowStudent();
-  void LeaveLookups();
+  void TakeLookups();
+  void LeaveLookupModule();
+  void UseLookups(TLookupTables& lookups);
   void ReapplyGradeFilter();
   bool FilterGrades(const TVantrelMemTable::TRow& row) const;
   TCourse* FocusedCourse() const;
@@ -89,10 +90,10 @@ class TStudentsView final : public TBaseView, private TVantrelTableListener {
   TSortField StudentSort{{}, 0, -1, TSortOrder::soNone};
   TGridState FGridState;
   TVantrelMemTable Students;
-  /// Stands in for all lookup tables where the project has none.
-  TVantrelMemTable FNoEntries;
-  /// The lookup tables of CurrentProject; null where there are none, or those of another project.
-  TLookupModule* FLookups = nullptr;
+  /// The lookup tables of CurrentProject: those of LookupModule, or the view's own where LookupModule has gone or
+  /// mirrors another project.
+  TLookupTables* FLookups = nullptr;
+  std::unique_ptr<TLookupTables> FOwnLookups;
   /// The achievement columns as the project gives them, and whether they may be edited.
   std::vector<TGridColumn> FColumns;
   std::vector<bool> FEditable;

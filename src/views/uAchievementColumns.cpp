@@ -16,7 +16,7 @@ struct TAchievementColumn {
   const char* Fieldname;  ///< for fixed cells, the caption
   TCell Cell;
   int Width = 100;
-  const TGridLookup TLookupModule::*Lookup = nullptr;
+  const TGridLookup TLookupTables::*Lookup = nullptr;
 };
 
 constexpr const char* Prefix = "col_student_course_";
@@ -24,7 +24,7 @@ constexpr int LargestCount = 99999;
 constexpr int Zusatznote7 = 26;
 
 constexpr TAchievementColumn GradeColumn(const char* name, const char* fieldname) {
-  return {name, fieldname, TCell::Grade, 100, &TLookupModule::gv_Grades};
+  return {name, fieldname, TCell::Grade, 100, &TLookupTables::gv_Grades};
 }
 
 constexpr std::array<TAchievementColumn, 34> Columns{{
@@ -32,10 +32,10 @@ constexpr std::array<TAchievementColumn, 34> Columns{{
     {"token", ViewTexts::CourseToken, TCell::Fixed, 80},
     {"position", "Position", TCell::Number, 80},
     {"faktor", "Faktor", TCell::Number, 80},
-    {"unterrichtsart", "Unterrichtsart", TCell::Token, 85, &TLookupModule::gv_Unterrichtsarten},
-    {"fachstatus", "Fachstatus", TCell::Token, 80, &TLookupModule::gv_Fachstati},
+    {"unterrichtsart", "Unterrichtsart", TCell::Token, 85, &TLookupTables::gv_Unterrichtsarten},
+    {"fachstatus", "Fachstatus", TCell::Token, 80, &TLookupTables::gv_Fachstati},
     {"schwerpunkt", "Schwerpunkt", TCell::ReadOnly},
-    {"niveau", "Niveau", TCell::Token, 100, &TLookupModule::gv_Niveaus},
+    {"niveau", "Niveau", TCell::Token, 100, &TLookupTables::gv_Niveaus},
     GradeColumn("note1", "Note1"),
     GradeColumn("note2", "Note2"),
     GradeColumn("note3", "Note3"),
@@ -60,7 +60,7 @@ constexpr std::array<TAchievementColumn, 34> Columns{{
     GradeColumn("vornote", "Vornote"),
     {"vergesseneHA", "VergesseneHA", TCell::Count},
     {"vergesseneAM", "VergesseneAM", TCell::Count},
-    {"leistungsart", "Leistungsart", TCell::Token, 80, &TLookupModule::gv_Leistungsarten},
+    {"leistungsart", "Leistungsart", TCell::Token, 80, &TLookupTables::gv_Leistungsarten},
     {"bestanden", "Bestanden", TCell::Bestanden},
 }};
 
@@ -75,14 +75,10 @@ void SetHeader(TGridColumn& column, const TAchievementColumn& source, const TCol
   if (option != nullptr) column.Caption = option->Customname();
 }
 
-void SetLookup(TGridColumn& column, const TAchievementColumn& source, const TLookupModule* lookups,
-               TVantrelMemTable& noEntries) {
+void SetLookup(TGridColumn& column, const TAchievementColumn& source, const TLookupTables& lookups) {
   const bool isGrade = source.Cell == TCell::Grade;
-  const TGridLookup none{&noEntries, {}, {}, "Description"};
-  column.Kind = isGrade ? TGridValueKind::Integer : TGridValueKind::Text;
-  column.Editing = lookups != nullptr;
-  TCXUtils::SetExtLookupComboBoxProperties(column, lookups == nullptr ? none : lookups->*source.Lookup,
-                                           isGrade ? "ID" : "Token", "Token");
+  if (isGrade) column.Kind = TGridValueKind::Integer;
+  TCXUtils::SetExtLookupComboBoxProperties(column, lookups.*source.Lookup, isGrade ? "ID" : "Token", "Token");
 }
 
 void SetEditor(TGridColumn& column, TCell cell) {
@@ -119,8 +115,7 @@ void SetEditor(TGridColumn& column, TCell cell) {
 
 }  // namespace
 
-std::vector<TGridColumn> StudentCourseColumns(const TColumns& options, const TLookupModule* lookups,
-                                              TVantrelMemTable& noEntries) {
+std::vector<TGridColumn> StudentCourseColumns(const TColumns& options, const TLookupTables& lookups) {
   std::vector<TGridColumn> columns;
   columns.reserve(Columns.size());
   for (const auto& source : Columns) {
@@ -129,7 +124,7 @@ std::vector<TGridColumn> StudentCourseColumns(const TColumns& options, const TLo
     column.Width = source.Width;
     SetHeader(column, source, options);
     SetEditor(column, source.Cell);
-    if (source.Lookup != nullptr) SetLookup(column, source, lookups, noEntries);
+    if (source.Lookup != nullptr) SetLookup(column, source, lookups);
   }
   return columns;
 }

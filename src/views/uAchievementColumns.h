@@ -8,10 +8,8 @@
 #include "uColumns.h"
 
 /// The columns of the students' achievement grid, in the order of their ordinals. Captions and visibility come from
-/// `options`; a field without a column there is hidden. Without `lookups` the lookup columns show what `noEntries`, a
-/// table with the fields "ID", "Token" and "Description", knows, and cannot be edited.
-std::vector<TGridColumn> StudentCourseColumns(const TColumns& options, const TLookupModule* lookups,
-                                              TVantrelMemTable& noEntries);
+/// `options`; a field without a column there is hidden. The lookup tables outlive the columns.
+std::vector<TGridColumn> StudentCourseColumns(const TColumns& options, const TLookupTables& lookups);
 
 /// The ordinals of that grid that hold grades: Enter goes down there.
 bool IsGradeColumn(int ordinal);
