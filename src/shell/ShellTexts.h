@@ -1,0 +1,67 @@
+#pragma once
+
+/// The user texts of this folder. Those with placeholders go through fmt.
+namespace ShellTexts {
+inline constexpr const char* ApplicationTitle = "MyTESSARON";
+inline constexpr const char* WindowTitle = "MyTessaron";
+inline constexpr const char* NoProject = "Keine Projektdatei geladen.";
+
+// Ribbon
+inline constexpr const char* ApplicationButton = "Datei";
+inline constexpr const char* RecentDocuments = "Zuletzt geöffnete Dokumente";
+inline constexpr const char* StartTab = "Start";
+inline constexpr const char* HelpTab = "Hilfe";
+inline constexpr const char* ViewsBar = "Ansichten";
+inline constexpr const char* NavigationBar = "Navigation";
+inline constexpr const char* BeurteilungBar = "Beurteilungsart";
+inline constexpr const char* ExtrasBar = "Extras";
+inline constexpr const char* HelpMenu = "Hilfe";
+
+// Commands
+inline constexpr const char* OpenFile = "Öff&nen...";
+inline constexpr const char* SaveFile = "Sp&eichern";
+inline constexpr const char* SaveFileAs = "Speichern &unter...";
+inline constexpr const char* CloseApplication = "Beenden";
+inline constexpr const char* StudentsView = "&Schüler anzeigen";
+inline constexpr const char* SubjectsView = "&Fächer anzeigen";
+inline constexpr const char* ClassesView = "&Kontrolle nach Klassen";
+inline constexpr const char* GotoFirst = "Erster Datensatz";
+inline constexpr const char* GotoPrev = "Vorheriger Datensatz";
+inline constexpr const char* GotoNext = "Nächster Datensatz";
+inline constexpr const char* GotoLast = "Letzter Datensatz";
+inline constexpr const char* AlleNichtEditierbar = "Alle (nicht editierbar!)";
+inline constexpr const char* Noten = "Noten/Füllwerte";
+inline constexpr const char* Punkte = "Punkte/Füllwert";
+inline constexpr const char* Beurteilungstexte = "Beurteilungstexte";
+inline constexpr const char* EditZeugnisbeurteilungen = "Zeugnisbeurteilungen bearbeiten";
+inline constexpr const char* BatchCertificateData = "Sammelzuweisung...";
+inline constexpr const char* ExportToExcel = "Export nach Excel";
+inline constexpr const char* WelcomeView = "Willkommen";
+inline constexpr const char* Manual = "&Handbuch";
+inline constexpr const char* Version = "&Info...";
+
+// Files
+inline constexpr const char* OpenTitle = "Datei öffnen";
+inline constexpr const char* OpenFilter =
+    "MyTessaron 8 - Binärformat (*.kvr7)|*.kvr7|MyTessaron 8 - Binärformat (*.kvr, veraltet)|*.kvr|"
+    "MyTessaron - XML-Format (*.kvrx, verschlüsselt)|*.kvrx|Alle Dateien|*.*";
+inline constexpr const char* SaveTitle = "Datei speichern unter";
+inline constexpr const char* SaveFilter = "MyTessaron-Dateien|*.kvrx|Alle Dateien|*.*";
+inline constexpr const char* SaveUnknownKind =
+    "\"{}\" ist kein Dateityp von MyTessaron. Bitte wählen Sie einen Namen mit der Endung kvrx.";
+inline constexpr const char* SaveQuestionCaption = "Hinweis";
+inline constexpr const char* SaveQuestion = "Möchten Sie die aktuelle MyTESSARON-Datei speichern?";
+inline constexpr const char* WrongPassword = "Das angegebene Passwort ist nicht korrekt. Datei wird geschlossen.";
+inline constexpr const char* LoadError =
+    "Die MyTESSARON-Datei \"{}\" konnte nicht geladen werden.\r\nSystem-Fehlermeldung: {}";
+inline constexpr const char* FileNotFound = "Die angegebene MyTESSARON-Datei konnte nicht gefunden werden.";
+inline constexpr const char* DamagedKeepsEntries =
+    "Die Datei ließ sich nicht vollständig lesen. Die geöffnete Datei bleibt mit ihren nicht gespeicherten Eingaben "
+    "geöffnet.";
+inline constexpr const char* SaveError = "Fehler beim Speichern der Datei.\r\n{}";
+
+// Version
+inline constexpr const char* SplashVersion = "Version {}.{}.{}";
+inline constexpr const char* AboutVersion = "Version {}.{}.{}.{} ";
+inline constexpr const char* DefaultCopyright = "Copyright © {}";
+}  // namespace ShellTexts

@@ -1,0 +1,12 @@
+#include "fAboutDialog.h"
+
+#include "ShellTexts.h"
+#include "VantrelDateTime.h"
+#include "VantrelI18n.h"
+
+TAboutInfo AboutInfo(const TProgramInfo& program) {
+  return {ResourceText(ShellTexts::WindowTitle),
+          FormatText(ShellTexts::AboutVersion, program.Major, program.Minor, program.Release, program.Build),
+          program.Copyright.empty() ? FormatText(ShellTexts::DefaultCopyright, DecodeDateTime(CurrentDateTime()).Year)
+                                    : program.Copyright};
+}

@@ -1,0 +1,153 @@
+#include "fMain.h"
+
+#include "ShellTexts.h"
+#include "VantrelFileLauncher.h"
+#include "VantrelI18n.h"
+#include "dialogs/fAboutDialog.h"
+
+using enum TMyTessaronViews;
+
+namespace {
+constexpr const char* OpenDialogKey = "\\OpenFileDialog";
+constexpr const char* InitialDirName = "InitialDir";
+constexpr int EncryptedXmlFilter = 3;
+}  // namespace
+
+TMainForm::TMainForm(TMainFormPorts ports, std::vector<std::string> arguments)
+    : TBaseMainForm(ports.Window, ports.Storage, "AppForm"),
+      FPorts(std::move(ports)),
+      FArguments(std::move(arguments)),
+      FWaitCursor(FPorts.Dialogs),
+      FCommands(Handlers()),
+      FViewFrame{FStorage,
+                 ProgramInfo().VersionText(),
+                 FCommands.GotoFirstCommand,
+                 FCommands.GotoPrevCommand,
+                 FCommands.GotoNextCommand,
+                 FCommands.GotoLastCommand,
+                 FCommands.EditZeugnisbeurteilungenCommand,
+                 FCommands.ExportToExcelCommand,
+                 {},
+                 {}},
+      FFormContainer(FPorts.Dialogs, FWaitCursor) {
+  FOpenFileDialog.Title = ResourceText(ShellTexts::OpenTitle);
+  FOpenFileDialog.FilterIndex = EncryptedXmlFilter;
+  FSaveDialog.Title = ResourceText(ShellTexts::SaveTitle);
+  FSaveDialog.Filter = ResourceText(ShellTexts::SaveFilter);
+}
+
+TMainHandlers TMainForm::Handlers() {
+  TMainHandlers on;
+  on.OpenFile = [this] { OpenFile(); };
+  on.SaveFile = [this] { SaveFile(); };
+  on.SaveFileAs = [this] { SaveFileAs(); };
+  on.CloseApplication = [this] { FWindow.Close(); };
+  on.ShowStudents = [this] { ShowView(viewStudents, false); };
+  on.ShowWelcome = [this] { ShowView(viewWelcome, false); };
+  on.GotoFirst = [this] { Goto(&TBaseForm::GotoFirst); };
+  on.GotoPrev = [this] { Goto(&TBaseForm::GotoPrev); };
+  on.GotoNext = [this] { Goto(&TBaseForm::GotoNext); };
+  on.GotoLast = [this] { Goto(&TBaseForm::GotoLast); };
+  on.EditZeugnisbeurteilungen = [this] { EditZeugnisbeurteilungen(); };
+  on.ExportToExcel = [this] { ExportToExcel(); };
+  on.ShowManual = [this] { ShowManual(); };
+  on.ShowVersion = [this] { FPorts.Dialogs.ShowAbout(AboutInfo(ProgramInfo())); };
+  return on;
+}
+
+void TMainForm::FormCreate() {
+  MainForm = this;
+  FSplash = std::make_unique<TSplashScreenWindow>(FPorts.Dialogs, ProgramInfo());
+  FWindow.OnShow = [this] { FormShow(); };
+  FWindow.OnClose = [this] { CheckClose(); };
+  FWindow.OnRecentClick = [this](int index) { RunForUser([&] { OpenFileFromPane(index); }); };
+  FWindow.SetTitle(ResourceText(ShellTexts::WindowTitle));
+  FWindow.SetRibbon(FCommands.Ribbon());
+  UpdateBars();
+  OpenCommandLineFile();
+  UpdateStatusText();
+}
+
+void TMainForm::FormShow() {
+  ShowView(viewWelcome, false);
+  FSplash->StartTimer();
+}
+
+void TMainForm::FormDestroy() {
+  FWindow.OnShow = FWindow.OnClose = nullptr;
+  FWindow.OnRecentClick = nullptr;
+  SetCurrentProject(nullptr);
+  FLookupModule.reset();
+  MainForm = nullptr;
+}
+
+void TMainForm::FormLoadProperties() {
+  FOpenFileDialog.InitialDir = FStorage.ReadString(FStorageKey + OpenDialogKey, InitialDirName, {});
+  FRecentFiles.Load(FStorage);
+  ShowRecentFiles();
+}
+
+void TMainForm::FormSaveProperties() {
+  FStorage.WriteString(FStorageKey + OpenDialogKey, InitialDirName, FOpenFileDialog.InitialDir);
+  FRecentFiles.Save(FStorage);
+}
+
+TVantrelFormClass TMainForm::ClassOf(TMyTessaronViews view) {
+  if (view == viewStudents)
+    return VantrelFormClass<TStudentsView>(
+        [this] { return CreateVantrel<TStudentsView>(FViewFrame, FPorts.CreateStudentsUi()); });
+  return VantrelFormClass<TWelcomeView>(
+      [this] { return CreateVantrel<TWelcomeView>(FViewFrame, FPorts.CreateWelcomeUi()); });
+}
+
+void TMainForm::ShowView(TMyTessaronViews view, bool freeFirst) {
+  try {
+    if (freeFirst) FFormContainer.FreeEmbeddedForm();
+    FFormContainer.CreateEmbeddedForm(ClassOf(view), false, true);
+    FCurrentView = view;
+    UpdateBars();
+  } catch (const std::exception&) {
+    // The bars stay as they were, and nothing is said.
+    FCurrentView = viewWelcome;
+  }
+}
+
+void TMainForm::UpdateBars() {
+  const bool welcome = FCurrentView == viewWelcome;
+  FWindow.SetGroupVisible(RibbonIds::NavigationBar, !welcome);
+  FWindow.SetGroupVisible(RibbonIds::ExtrasBar, !welcome);
+  FWindow.SetGroupVisible(RibbonIds::BeurteilungBar, FCurrentView == viewSubjects);
+  if (welcome) FWindow.ActivateTab(RibbonIds::StartRibbonTab);
+}
+
+void TMainForm::UpdateCommands() {
+  const bool loaded = CurrentProject != nullptr;
+  TMainCommands::SetEnabled(FCommands.SaveFileCommand, loaded && CurrentProject->Modified());
+  for (auto* command : {&FCommands.SaveFileAsCommand, &FCommands.StudentsViewCommand, &FCommands.SubjectsViewCommand,
+                        &FCommands.ClassesViewCommand})
+    TMainCommands::SetEnabled(*command, loaded);
+}
+
+void TMainForm::UpdateStatusText() {
+  FWindow.SetStatusText(CurrentProject == nullptr ? ResourceText(ShellTexts::NoProject) : CurrentProject->FileName());
+}
+
+void TMainForm::PostEdits() {
+  if (auto* form = FFormContainer.EmbeddedForm()) form->PostEdits();
+}
+
+void TMainForm::Goto(void (TBaseForm::*where)()) {
+  if (auto* form = FFormContainer.EmbeddedForm()) (form->*where)();
+}
+
+void TMainForm::EditZeugnisbeurteilungen() {
+  if (StudentsView != nullptr) StudentsView->EditZeugnisbeurteilungen();
+}
+
+void TMainForm::ExportToExcel() {
+  if (StudentsView != nullptr) StudentsView->ExportToExcel();
+}
+
+void TMainForm::ShowManual() {
+  TCommonUtils::FileExecute(ProgramInfo().Manual);
+}

@@ -1,0 +1,90 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "VantrelFormContainer.h"
+#include "dialogs/fSplashScreen.h"
+#include "fBaseMainForm.h"
+#include "fStudentsView.h"
+#include "fWelcomeView.h"
+#include "mLookup.h"
+#include "uMainCommands.h"
+#include "uRecentFiles.h"
+
+/// What the main window is built on. All of it outlives it.
+struct TMainFormPorts {
+  TVantrelMainWindow& Window;
+  TVantrelDialogs& Dialogs;
+  TVantrelSettings& Storage;
+  std::function<std::unique_ptr<TWelcomeViewUi>()> CreateWelcomeUi;
+  std::function<std::unique_ptr<TStudentsViewUi>()> CreateStudentsUi;
+};
+
+/// The spine of the program: owns the open project, opens, saves and closes it, and changes the views. Made before the
+/// window shows, with the arguments of the command line behind the program's name; to be destroyed after it has closed.
+class TMainForm final : public TBaseMainForm {
+ public:
+  TMainForm(TMainFormPorts ports, std::vector<std::string> arguments);
+
+  TMainCommands& Commands() { return FCommands; }
+  TMyTessaronViews CurrentView() const { return FCurrentView; }
+  /// Changes the view; the one that is shown already stays, unless `freeFirst`. What goes wrong is swallowed.
+  void ShowView(TMyTessaronViews view, bool freeFirst);
+  void UpdateCommands();
+  void UpdateStatusText();
+
+  void OpenFile();
+  void OpenFileFromPane(int index);
+  void SaveFile();
+  void SaveFileAs();
+
+ protected:
+  void FormCreate() override;
+  void FormDestroy() override;
+  void FormLoadProperties() override;
+  void FormSaveProperties() override;
+
+ private:
+  TMainHandlers Handlers();
+  TVantrelFormClass ClassOf(TMyTessaronViews view);
+  void FormShow();
+  void UpdateBars();
+  void UpdateAll();
+  void PostEdits();
+  void Goto(void (TBaseForm::*where)());
+  void EditZeugnisbeurteilungen();
+  void ExportToExcel();
+  void ShowManual();
+
+  TVantrelPtr<TMyTessaronProject> CreateProject();
+  bool CheckProjectPassword(TVantrelPtr<TMyTessaronProject>& project);
+  bool CostsEntries(const TMyTessaronProject& project) const;
+  void SetCurrentProject(TVantrelPtr<TMyTessaronProject> project);
+  void AfterProjectLoaded();
+  void OpenCommandLineFile();
+  void OpenNamedFile(const std::string& path);
+  void LoadChosenFile(const std::string& path);
+  void ShowLoadError(const std::string& path, const std::string& message);
+  void ShowRecentFiles() { FWindow.SetRecentItems(FRecentFiles.Items()); }
+  void CheckClose();
+
+  TMainFormPorts FPorts;
+  std::vector<std::string> FArguments;
+  TVantrelWaitCursor FWaitCursor;
+  TMainCommands FCommands;
+  TViewFrame FViewFrame;
+  TFileDialog FOpenFileDialog;
+  TFileDialog FSaveDialog;
+  TRecentFiles FRecentFiles;
+  std::unique_ptr<TSplashScreenWindow> FSplash;
+  TMyTessaronViews FCurrentView = TMyTessaronViews::viewWelcome;
+  TVantrelPtr<TMyTessaronProject> FProject;
+  TVantrelPtr<TLookupModule> FLookupModule;
+  TVantrelFormContainer FFormContainer;
+};
+
+/// The main window while there is one.
+inline TMainForm* MainForm = nullptr;

@@ -1,0 +1,81 @@
+#include "uMainCommands.h"
+
+#include "ShellTexts.h"
+#include "VantrelI18n.h"
+#include "fBaseView.h"
+
+namespace {
+constexpr const char* GradeTypeGroup = "Beurteilungsart";
+}
+
+TMainCommands::TMainCommands(const TMainHandlers& on)
+    : OpenFileCommand(Add(ShellTexts::OpenFile, "document-open", "Ctrl+O", on.OpenFile)),
+      SaveFileCommand(Add(ShellTexts::SaveFile, "document-save", "Ctrl+S", on.SaveFile)),
+      SaveFileAsCommand(Add(ShellTexts::SaveFileAs, "document-save-as", "Ctrl+Shift+S", on.SaveFileAs)),
+      CloseApplicationCommand(
+          Add(ShellTexts::CloseApplication, "application-exit", "Ctrl+Alt+F4", on.CloseApplication)),
+      StudentsViewCommand(Add(ShellTexts::StudentsView, "system-users", "F9", on.ShowStudents)),
+      SubjectsViewCommand(Add(ShellTexts::SubjectsView, "view-list-details", "F10", on.ShowSubjects)),
+      ClassesViewCommand(Add(ShellTexts::ClassesView, "view-task", "", on.ShowClasses)),
+      GotoFirstCommand(Add(ShellTexts::GotoFirst, "go-first", "", on.GotoFirst)),
+      GotoPrevCommand(Add(ShellTexts::GotoPrev, "go-previous", "", on.GotoPrev)),
+      GotoNextCommand(Add(ShellTexts::GotoNext, "go-next", "", on.GotoNext)),
+      GotoLastCommand(Add(ShellTexts::GotoLast, "go-last", "", on.GotoLast)),
+      AlleNichtEditierbar(Add(ShellTexts::AlleNichtEditierbar, "", "", on.UpdateFilter, GradeTypeGroup)),
+      Noten(Add(ShellTexts::Noten, "", "", on.UpdateFilter, GradeTypeGroup)),
+      Punkte(Add(ShellTexts::Punkte, "", "", on.UpdateFilter, GradeTypeGroup)),
+      Beurteilungstexte(Add(ShellTexts::Beurteilungstexte, "", "", on.UpdateFilter, GradeTypeGroup)),
+      EditZeugnisbeurteilungenCommand(
+          Add(ShellTexts::EditZeugnisbeurteilungen, "document-edit", "", on.EditZeugnisbeurteilungen)),
+      BatchCertificateDataCommand(Add(ShellTexts::BatchCertificateData, "tools-wizard", "", on.BatchCertificateData)),
+      ExportToExcelCommand(Add(ShellTexts::ExportToExcel, "x-office-spreadsheet", "", on.ExportToExcel)),
+      WelcomeViewCommand(Add(ShellTexts::WelcomeView, "go-home", "", on.ShowWelcome)),
+      ManualCommand(Add(ShellTexts::Manual, "help-contents", "", on.ShowManual)),
+      VersionCommand(Add(ShellTexts::Version, "help-about", "", on.ShowVersion)) {
+  AlleNichtEditierbar.SetChecked(true);
+}
+
+TVantrelCommand& TMainCommands::Add(const char* caption, const char* icon, const char* shortcut,
+                                    std::function<void()> handler, const char* radioGroup) {
+  const bool available = handler != nullptr;
+  TCommandInfo info{ResourceText(caption), icon, shortcut, {}, radioGroup};
+  if (available) info.OnExecute = [handler = std::move(handler)] { RunForUser(handler); };
+  auto& command = FCommands.Add(std::move(info));
+  command.SetEnabled(available);
+  return command;
+}
+
+void TMainCommands::SetEnabled(TVantrelCommand& command, bool enabled) {
+  command.SetEnabled(enabled && command.Info().OnExecute != nullptr);
+}
+
+TRibbonDescription TMainCommands::Ribbon() {
+  constexpr bool large = true, beginsGroup = true;
+  TRibbonDescription ribbon;
+  ribbon.ApplicationButton = ResourceText(ShellTexts::ApplicationButton);
+  ribbon.ApplicationMenu = {
+      {&OpenFileCommand, large}, {&SaveFileCommand, large, beginsGroup}, {&SaveFileAsCommand, large}};
+  ribbon.ButtonRow = {&CloseApplicationCommand};
+  ribbon.PaneHeading = ResourceText(ShellTexts::RecentDocuments);
+  ribbon.Tabs = {
+      {RibbonIds::StartRibbonTab,
+       ResourceText(ShellTexts::StartTab),
+       {{RibbonIds::ViewsBar,
+         ResourceText(ShellTexts::ViewsBar),
+         {{&StudentsViewCommand, large}, {&SubjectsViewCommand, large}, {&ClassesViewCommand, large, beginsGroup}}},
+        {RibbonIds::NavigationBar,
+         ResourceText(ShellTexts::NavigationBar),
+         {{&GotoFirstCommand}, {&GotoPrevCommand}, {&GotoNextCommand}, {&GotoLastCommand}}},
+        {RibbonIds::BeurteilungBar,
+         ResourceText(ShellTexts::BeurteilungBar),
+         {{&AlleNichtEditierbar}, {&Noten}, {&Punkte}, {&Beurteilungstexte}}},
+        {RibbonIds::ExtrasBar,
+         ResourceText(ShellTexts::ExtrasBar),
+         {{&EditZeugnisbeurteilungenCommand}, {&BatchCertificateDataCommand}, {&ExportToExcelCommand}}}}},
+      {RibbonIds::HelpRibbonTab,
+       ResourceText(ShellTexts::HelpTab),
+       {{RibbonIds::HelpMenu,
+         ResourceText(ShellTexts::HelpMenu),
+         {{&WelcomeViewCommand, large}, {&ManualCommand, large, beginsGroup}, {&VersionCommand, large}}}}}};
+  return ribbon;
+}

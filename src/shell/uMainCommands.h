@@ -1,0 +1,48 @@
+#pragma once
+
+#include "VantrelCommands.h"
+
+/// Ids of the ribbon's parts whose state the main window changes.
+namespace RibbonIds {
+inline constexpr const char* StartRibbonTab = "StartRibbonTab";
+inline constexpr const char* HelpRibbonTab = "HelpRibbonTab";
+inline constexpr const char* ViewsBar = "ViewsBar";
+inline constexpr const char* NavigationBar = "NavigationBar";
+inline constexpr const char* BeurteilungBar = "BeurteilungBar";
+inline constexpr const char* ExtrasBar = "ExtrasBar";
+inline constexpr const char* HelpMenu = "HelpMenu";
+}  // namespace RibbonIds
+
+/// What the commands of the main window do. A command whose handler is unset is disabled for good.
+struct TMainHandlers {
+  std::function<void()> OpenFile, SaveFile, SaveFileAs, CloseApplication;
+  std::function<void()> ShowStudents, ShowSubjects, ShowClasses, ShowWelcome;
+  std::function<void()> GotoFirst, GotoPrev, GotoNext, GotoLast;
+  std::function<void()> UpdateFilter, EditZeugnisbeurteilungen, BatchCertificateData, ExportToExcel;
+  std::function<void()> ShowManual, ShowVersion;
+};
+
+/// The commands of the main window and where they stand on the ribbon.
+class TMainCommands {
+ public:
+  explicit TMainCommands(const TMainHandlers& handlers);
+
+  TVantrelCommands& All() { return FCommands; }
+  TRibbonDescription Ribbon();
+  /// Enables the command if it has a handler.
+  static void SetEnabled(TVantrelCommand& command, bool enabled);
+
+ private:
+  TVantrelCommand& Add(const char* caption, const char* icon, const char* shortcut, std::function<void()> handler,
+                       const char* radioGroup = "");
+
+  TVantrelCommands FCommands;
+
+ public:
+  TVantrelCommand &OpenFileCommand, &SaveFileCommand, &SaveFileAsCommand, &CloseApplicationCommand;
+  TVantrelCommand &StudentsViewCommand, &SubjectsViewCommand, &ClassesViewCommand;
+  TVantrelCommand &GotoFirstCommand, &GotoPrevCommand, &GotoNextCommand, &GotoLastCommand;
+  TVantrelCommand &AlleNichtEditierbar, &Noten, &Punkte, &Beurteilungstexte;
+  TVantrelCommand &EditZeugnisbeurteilungenCommand, &BatchCertificateDataCommand, &ExportToExcelCommand;
+  TVantrelCommand &WelcomeViewCommand, &ManualCommand, &VersionCommand;
+};

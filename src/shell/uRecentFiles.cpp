@@ -1,0 +1,35 @@
+#include "uRecentFiles.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+
+#include "VantrelFileSystem.h"
+#include "VantrelPaths.h"
+
+namespace {
+constexpr const char* Key = "MRU";
+constexpr const char* CountName = "Count";
+constexpr const char* FileName = "File{}";
+}  // namespace
+
+void TRecentFiles::AddRecentFile(const std::string& path) {
+  if (path.empty() || !TVantrelFileSystem::Exists(path)) return;
+  if (std::ranges::find(FItems, path, &TRecentItem::StoredText) != FItems.end()) return;
+  FItems.push_back({TVantrelFilePath::GetFileName(path), path});
+}
+
+void TRecentFiles::RemoveRecentFile(const std::string& path) {
+  std::erase_if(FItems, [&](const auto& item) { return item.StoredText == path; });
+}
+
+void TRecentFiles::Load(TVantrelSettings& storage) {
+  const int count = storage.ReadInteger(Key, CountName, 0);
+  for (int i = 0; i < count; ++i) AddRecentFile(storage.ReadString(Key, fmt::format(FileName, i), {}));
+}
+
+void TRecentFiles::Save(TVantrelSettings& storage) const {
+  storage.WriteInteger(Key, CountName, static_cast<std::int32_t>(FItems.size()));
+  for (std::size_t i = 0; i < FItems.size(); ++i)
+    storage.WriteString(Key, fmt::format(FileName, i), FItems[i].StoredText);
+}

@@ -1,0 +1,327 @@
+#include <gmock/gmock.h>
+
+#include "FakeShell.h"
+#include "TempFolder.h"
+#include "VantrelExceptions.h"
+#include "fMain.h"
+
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using enum TMyTessaronViews;
+using enum TVantrelFileAccessMode;
+using enum TVantrelFileOpenMode;
+
+class MainFormTest : public testing::Test {
+ protected:
+  void SetUp() override {
+    TMyTessaronProject::RegisterClasses();
+    for (const char* name : {"small.kvrx", "small.kvr7", "empty.kvrx", "protected.kvrx"})
+      std::filesystem::copy_file(std::filesystem::path(FIXTURES) / name, FFolder / name);
+    WriteFileText(FFolder / "damaged.kvrx", "no project");
+    WriteFileText(FFolder / "foreign.txt", "no project");
+  }
+  void TearDown() override {
+    FForm.reset();
+    EXPECT_EQ(CurrentProject, nullptr);
+    EXPECT_EQ(LookupModule, nullptr);
+    EXPECT_EQ(FDialogs.Splash, "");
+  }
+
+  void Start(std::vector<std::string> arguments = {}) {
+    FForm.reset();
+    FForm = CreateVantrel<TMainForm>(
+        TMainFormPorts{FWindow, FDialogs, FSettings, [] { return std::make_unique<FakeWelcomeUi>(); },
+                       [this]() -> std::unique_ptr<TStudentsViewUi> {
+                         if (FFailing) throw EVantrelException("no screen");
+                         return std::make_unique<FakeStudentsUi>();
+                       }},
+        std::move(arguments));
+    FWindow.OnShow();
+  }
+  void Open(const char* name) {
+    FDialogs.FileName = name == nullptr ? std::string() : FFolder / name;
+    FForm->Commands().OpenFileCommand.Execute();
+    EXPECT_FALSE(FDialogs.Waiting);
+  }
+  void SaveAs(const std::string& name) {
+    FDialogs.FileName = name;
+    FForm->Commands().SaveFileAsCommand.Execute();
+  }
+  /// Types into the first course of the students view; the editor stays open.
+  void TypeAssessment(const char* text) {
+    CurrentProject->Options().Columns().Find("Beurteilung")->Editable = true;
+    for (const char* note : {"Note1", "Note2", "Note3", "Note4", "Note5", "Endnote1", "Endnote2", "Vornote"})
+      if (auto* column = CurrentProject->Options().Columns().Find(note)) column->Visible = false;
+    for (int i = 1; i < 10; ++i)
+      if (auto* column = CurrentProject->Options().Columns().Find("Zusatznote" + std::to_string(i)))
+        column->Visible = false;
+    FForm->ShowView(viewStudents, false);
+    ASSERT_TRUE(FakeStudentsUi::Last->Courses.Type(15, text));
+  }
+  std::vector<std::string> RecentNames() {
+    std::vector<std::string> names;
+    for (const auto& item : FWindow.Recent) names.push_back(item.DisplayText);
+    return names;
+  }
+  static std::string AssessmentIn(const std::string& path) {
+    auto project = CreateVantrel<TMyTessaronProject>();
+    project->LoadForReading(path);
+    return project->CoursesByStudent(project->Students().GetItem(0)->TessaronId.Value)->GetItem(0)->Beurteilung;
+  }
+
+  TempFolder FFolder;
+  FakeBoxes FBoxes;
+  FakeSettings FSettings;
+  FakeDialogs FDialogs;
+  FakeWindow FWindow;
+  bool FFailing = false;
+  TVantrelPtr<TMainForm> FForm;
+};
+
+TEST_F(MainFormTest, StartsEmptyOrWithTheFileOfTheCommandLine) {
+  Start({FFolder / "gone.kvrx"});
+  EXPECT_THAT(FBoxes.Texts, IsEmpty());
+  EXPECT_EQ(FWindow.Status, "Keine Projektdatei geladen.");
+  EXPECT_NE(WelcomeView, nullptr);
+  auto& commands = FForm->Commands();
+  for (const auto* command : {&commands.SaveFileCommand, &commands.SaveFileAsCommand, &commands.StudentsViewCommand,
+                              &commands.SubjectsViewCommand, &commands.ClassesViewCommand})
+    EXPECT_FALSE(command->Enabled());
+  commands.StudentsViewCommand.Execute();
+  EXPECT_EQ(StudentsView, nullptr);
+  EXPECT_EQ(FDialogs.Splash.find("Version "), 0U);
+  FDialogs.FireTimers();
+  EXPECT_EQ(FDialogs.Splash, "");
+
+  Start({FFolder / "small.kvr7", FFolder / "empty.kvrx"});
+  EXPECT_EQ(FWindow.Status, FFolder / "small.kvr7");
+  EXPECT_EQ(FakeWelcomeUi::Last->Texts[TWelcomeText::StudentsText].Text(), "Anzahl der Schüler: 12");
+  EXPECT_THAT(FWindow.Recent, IsEmpty());
+  EXPECT_TRUE(FForm->Commands().StudentsViewCommand.Enabled());
+}
+
+TEST_F(MainFormTest, CommandsStandOnTheRibbonWithTheirKeys) {
+  Start();
+  EXPECT_EQ(FForm->Commands().OpenFileCommand.Hint(), "Öffnen");
+  EXPECT_EQ(FForm->Commands().CloseApplicationCommand.Info().Shortcut, "Ctrl+Alt+F4");
+  EXPECT_TRUE(FForm->Commands().AlleNichtEditierbar.Checked());
+  EXPECT_FALSE(FForm->Commands().BatchCertificateDataCommand.Enabled());
+  ASSERT_EQ(FWindow.Ribbon.Tabs.size(), 2U);
+  std::vector<std::string> captions;
+  for (const auto& group : FWindow.Ribbon.Tabs[0].Groups) captions.push_back(group.Caption);
+  EXPECT_THAT(captions, ElementsAre("Ansichten", "Navigation", "Beurteilungsart", "Extras"));
+  FForm->Commands().VersionCommand.Execute();
+  EXPECT_EQ(FDialogs.About.Version.back(), ' ');
+}
+
+TEST_F(MainFormTest, AnOpenLandsOnTheWelcomeViewAndEntersTheRecentList) {
+  Start();
+  Open("small.kvrx");
+  EXPECT_EQ(FDialogs.Last.FilterIndex, 3);
+  EXPECT_EQ(FWindow.Status, FFolder / "small.kvrx");
+  FForm->Commands().StudentsViewCommand.Execute();
+  auto* view = StudentsView;
+  FForm->Commands().StudentsViewCommand.Execute();
+  EXPECT_EQ(StudentsView, view);
+  EXPECT_TRUE(FWindow.Groups["NavigationBar"]);
+  Open(nullptr);
+  EXPECT_EQ(StudentsView, view);
+  EXPECT_EQ(FDialogs.Last.InitialDir, FFolder.Path());
+  Open("empty.kvrx");
+  EXPECT_EQ(StudentsView, nullptr);
+  EXPECT_FALSE(FWindow.Groups["NavigationBar"]);
+  EXPECT_EQ(FWindow.Tab, "StartRibbonTab");
+  Open("small.kvrx");
+  EXPECT_THAT(RecentNames(), ElementsAre("small.kvrx", "empty.kvrx"));
+  EXPECT_THAT(FBoxes.Texts, IsEmpty());
+}
+
+TEST_F(MainFormTest, RecentFilesAndPlacementOutliveTheRun) {
+  Start();
+  Open("small.kvrx");
+  Open("empty.kvrx");
+  FWindow.Place = {1, 2, 3, 4, true};
+  FForm.reset();
+  EXPECT_EQ(FSettings.Values["MRU:Count"], "2");
+  EXPECT_EQ(FSettings.Values["AppForm:FormState"], "3");
+  EXPECT_EQ(FSettings.Values["AppForm\\OpenFileDialog:InitialDir"], FFolder.Path());
+  std::filesystem::remove(FFolder / "small.kvrx");
+  FWindow.Place = {};
+  Start();
+  EXPECT_EQ(FWindow.Place.Bottom, 4);
+  EXPECT_TRUE(FWindow.Place.Maximized);
+  EXPECT_THAT(RecentNames(), ElementsAre("empty.kvrx"));
+}
+
+TEST_F(MainFormTest, AVanishedRecentFileIsToldAndLeavesTheList) {
+  Start();
+  for (const char* name : {"small.kvrx", "small.kvr7", "empty.kvrx"}) Open(name);
+  for (const char* name : {"small.kvrx", "small.kvr7"}) {
+    std::filesystem::remove(FFolder / name);
+    FWindow.OnRecentClick(0);
+    EXPECT_THAT(FBoxes.Texts.back(), HasSubstr("Die angegebene MyTESSARON-Datei konnte nicht gefunden werden."));
+    EXPECT_THAT(FBoxes.Texts.back(), HasSubstr(name));
+  }
+  EXPECT_THAT(RecentNames(), ElementsAre("empty.kvrx"));
+  FWindow.OnRecentClick(7);
+  EXPECT_EQ(FBoxes.Texts.size(), 2U);
+}
+
+TEST_F(MainFormTest, AWrongPasswordClosesTheNewFileOnly) {
+  Start();
+  Open("small.kvrx");
+  FDialogs.Password = "geheim";
+  Open("protected.kvrx");
+  EXPECT_THAT(FBoxes.Texts, ElementsAre("Das angegebene Passwort ist nicht korrekt. Datei wird geschlossen."));
+  EXPECT_EQ(FWindow.Status, FFolder / "small.kvrx");
+  EXPECT_THAT(RecentNames(), ElementsAre("small.kvrx"));
+  FForm->Commands().StudentsViewCommand.Execute();
+  EXPECT_EQ(FakeStudentsUi::Last->ListCount.Text(), "Anzahl: 12");
+  FDialogs.Password = "Geheim-Ä1";
+  Open("protected.kvrx");
+  EXPECT_EQ(FWindow.Status, FFolder / "protected.kvrx");
+}
+
+TEST_F(MainFormTest, AFailedOpenLeavesTheOldProject) {
+  Start();
+  Open("small.kvrx");
+  FForm->Commands().StudentsViewCommand.Execute();
+  const TVantrelFileStream held(FFolder / "empty.kvrx", famShareExclusive, fomOpenRead);
+  Open("empty.kvrx");
+  EXPECT_THAT(FBoxes.Texts,
+              ElementsAre(testing::StartsWith("Die MyTESSARON-Datei \"" + (FFolder / "empty.kvrx") +
+                                              "\" konnte nicht geladen werden.\r\nSystem-Fehlermeldung: ")));
+  EXPECT_EQ(FWindow.Status, FFolder / "small.kvrx");
+  ASSERT_NE(StudentsView, nullptr);
+  FForm->Commands().GotoNextCommand.Execute();
+  EXPECT_THAT(RecentNames(), ElementsAre("small.kvrx"));
+}
+
+TEST_F(MainFormTest, UnreadableFilesOpenAsToldButCostNoEntries) {
+  Start();
+  Open("small.kvrx");
+  CurrentProject->SetModified(true);
+  for (const char* name : {"damaged.kvrx", "foreign.txt"}) {
+    Open(name);
+    EXPECT_EQ(FWindow.Status, FFolder / "small.kvrx");
+  }
+  EXPECT_TRUE(CurrentProject->Modified());
+  CurrentProject->SetModified(false);
+  Open("damaged.kvrx");
+  EXPECT_EQ(FWindow.Status, "");
+  EXPECT_NE(CurrentProject, nullptr);
+}
+
+TEST_F(MainFormTest, TheAnswerOnOpeningChangesNothing) {
+  Start();
+  Open("small.kvrx");
+  FBoxes.Answer = TVantrelMsgBoxResult::mbrYes;
+  TypeAssessment("neu");
+  EXPECT_FALSE(CurrentProject->Modified());
+  Open("empty.kvrx");
+  EXPECT_THAT(FBoxes.Texts, ElementsAre("Möchten Sie die aktuelle MyTESSARON-Datei speichern?"));
+  EXPECT_NE(AssessmentIn(FFolder / "small.kvrx"), "neu");
+}
+
+TEST_F(MainFormTest, ClosingPostsAsksAndSavesOnYes) {
+  for (const auto answer : {TVantrelMsgBoxResult::mbrNo, TVantrelMsgBoxResult::mbrYes}) {
+    Start();
+    Open("small.kvrx");
+    TypeAssessment("zuletzt");
+    FForm->Commands().SaveFileCommand.Execute();
+    FBoxes.Texts.clear();
+    FBoxes.Answer = answer;
+    FForm->Commands().CloseApplicationCommand.Execute();
+    EXPECT_THAT(FBoxes.Texts, ElementsAre("Möchten Sie die aktuelle MyTESSARON-Datei speichern?"));
+    FForm.reset();
+    EXPECT_EQ(AssessmentIn(FFolder / "small.kvrx") == "zuletzt", answer == TVantrelMsgBoxResult::mbrYes);
+  }
+}
+
+TEST_F(MainFormTest, ASaveLeavesTheOpenEditorAlone) {
+  Start();
+  Open("small.kvrx");
+  TypeAssessment("offen");
+  CurrentProject->SetModified(true);
+  EXPECT_TRUE(FForm->Commands().SaveFileCommand.Enabled());
+  FForm->Commands().SaveFileCommand.Execute();
+  EXPECT_FALSE(FForm->Commands().SaveFileCommand.Enabled());
+  EXPECT_TRUE(FakeStudentsUi::Last->Courses.IsEditing());
+  FForm->ShowView(viewWelcome, false);
+  EXPECT_TRUE(FForm->Commands().SaveFileCommand.Enabled());
+  FForm.reset();
+  EXPECT_NE(AssessmentIn(FFolder / "small.kvrx"), "offen");
+}
+
+TEST_F(MainFormTest, SavingUnderANameMakesItAKnownKind) {
+  Start();
+  Open("small.kvr7");
+  SaveAs("");
+  EXPECT_EQ(FDialogs.Last.FileName, FFolder / "small.kvr7");
+  ASSERT_TRUE(FDialogs.Last.Refuse);
+  EXPECT_THAT(FDialogs.Last.Refuse("/tmp/klasse.txt"), HasSubstr("klasse.txt"));
+  SaveAs(FFolder / "neu");
+  EXPECT_EQ(FWindow.Status, FFolder / "neu.kvrx");
+  EXPECT_TRUE(std::filesystem::exists(FFolder / "neu.kvrx"));
+  EXPECT_THAT(RecentNames(), ElementsAre("small.kvr7"));
+
+  SaveAs("/dev/null/neu.kvrx");
+  EXPECT_THAT(FBoxes.Texts, ElementsAre(testing::StartsWith("Fehler beim Speichern der Datei.\r\n")));
+}
+
+TEST_F(MainFormTest, AViewThatFailsIsPassedOverInSilence) {
+  Start();
+  Open("small.kvrx");
+  FFailing = true;
+  FForm->Commands().StudentsViewCommand.Execute();
+  EXPECT_EQ(FForm->CurrentView(), viewWelcome);
+  EXPECT_THAT(FBoxes.Texts, IsEmpty());
+  FFailing = false;
+  FForm->Commands().StudentsViewCommand.Execute();
+  EXPECT_NE(StudentsView, nullptr);
+}
+
+struct TPlainForm : TBaseForm {
+  explicit TPlainForm(TVantrelSettings& storage) : TBaseForm(storage, "Plain") {}
+  TFormUi& Ui() override { return FUi; }
+  bool CloseQuery() override { return Closes; }
+  bool Closes = true;
+  FakeStudentsUi FUi;
+};
+struct TOtherForm : TPlainForm {
+  using TPlainForm::TPlainForm;
+};
+
+TEST_F(MainFormTest, ContainerAsksCachesAndPosts) {
+  TVantrelWaitCursor cursor(FDialogs);
+  TVantrelFormContainer container(FDialogs, cursor);
+  const auto plain = VantrelFormClass<TPlainForm>([&] { return CreateVantrel<TPlainForm>(FSettings); });
+  const auto other = VantrelFormClass<TOtherForm>([&] { return CreateVantrel<TOtherForm>(FSettings); });
+
+  container.CreateEmbeddedForm(other, false, true);
+  auto* form = dynamic_cast<TOtherForm*>(container.EmbeddedForm());
+  ASSERT_NE(form, nullptr);
+  EXPECT_TRUE(form->FUi.Visible && form->IsInitialized());
+  container.CreateEmbeddedForm(plain, false, true);
+  EXPECT_EQ(container.EmbeddedForm(), form);
+
+  container.ClearEmbeddedCache();
+  container.SetEmbeddedCached(true);
+  form->Closes = false;
+  EXPECT_FALSE(container.FreeEmbeddedForm());
+  form->Closes = true;
+  EXPECT_TRUE(container.FreeEmbeddedForm());
+  EXPECT_FALSE(form->FUi.Visible);
+  container.CreateEmbeddedForm(plain, true, true);
+  container.CreateEmbeddedForm(other, true, true);
+  EXPECT_EQ(container.EmbeddedForm(), nullptr);
+  FDialogs.FireTimers();
+  EXPECT_EQ(container.EmbeddedForm(), form);
+  EXPECT_EQ(container.ExtractEmbeddedForm().get(), form);
+  EXPECT_EQ(container.EmbeddedForm(), nullptr);
+}
+
+}  // namespace
