@@ -151,8 +151,8 @@ std::unique_ptr<TVantrelFileHandle> TVantrelSafeSave::Write(const std::string& f
       }
     }
   }
-  mine.reset();
   saved->FFileName = fileName;
+  mine.reset();
   ::lseek(saved->Descriptor(), 0, SEEK_SET);
   return saved;
 }
