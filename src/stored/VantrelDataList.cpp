@@ -6,7 +6,7 @@
 #include "VantrelI18n.h"
 
 TVantrelDataList::~TVantrelDataList() {
-  while (!FItems.IsEmpty()) Release(static_cast<TVantrelDataObject*>(FItems.Extract(FItems.Count() - 1)));
+  ReleaseAll();
 }
 
 void TVantrelDataList::CheckItem(const TVantrelDataObject& item) const {
@@ -23,8 +23,17 @@ void TVantrelDataList::TakeIn(TVantrelDataObject& item) {
   ++item.FOwningEntries;
 }
 
-void TVantrelDataList::Release(TVantrelDataObject* item) {
-  if (OwnsItems() && --item->FOwningEntries == 0) TVantrelDeleter()(item);
+void TVantrelDataList::Release(TVantrelDataObject* item, bool stillHere) {
+  if (!OwnsItems()) return;
+  if (--item->FOwningEntries == 0)
+    TVantrelDeleter()(item);
+  else if (!stillHere && item->FOwner == this)
+    item->FOwner = GetStorage();
+}
+
+void TVantrelDataList::ReleaseAll() {
+  if (!OwnsItems()) return FItems.Clear();
+  while (!FItems.IsEmpty()) Release(static_cast<TVantrelDataObject*>(FItems.Extract(FItems.Count() - 1)), false);
 }
 
 void TVantrelDataList::ReportInsert(TVantrelDataObject* item, int index) {
@@ -64,9 +73,9 @@ void TVantrelDataList::Insert(int index, TVantrelDataObject* item) {
 }
 
 bool TVantrelDataList::InsertAll(int index, const TVantrelDataList& other) {
-  const int count = other.Count();
-  for (int i = 0; i < count; ++i) Insert(index + i, other.GetItem(i));
-  return count > 0;
+  const int before = Count();
+  for (int i = 0; i < other.Count(); ++i) Insert(index + i, other.GetItem(i));
+  return Count() > before;
 }
 
 bool TVantrelDataList::Merge(const TVantrelDataList& other) {
@@ -86,8 +95,9 @@ void TVantrelDataList::Assign(const TVantrelObject& source) {
     Clear();
     for (int i = 0; i < list->Count(); ++i) {
       auto item = list->GetItem(i)->ClassType().Create(GetStorage());
-      auto* added = item.get();
-      Add(item.release());
+      CheckItem(*item);
+      auto* added = item.release();
+      Add(added);
       added->Assign(*list->GetItem(i));
     }
     return;
@@ -101,7 +111,7 @@ void TVantrelDataList::Assign(const TVantrelObject& source) {
 void TVantrelDataList::Clear() {
   if (IsEmpty()) return;
   if (auto* storage = GetStorage()) storage->Observer().ListClear.Call(storage, this);
-  while (!FItems.IsEmpty()) Release(static_cast<TVantrelDataObject*>(FItems.Extract(FItems.Count() - 1)));
+  ReleaseAll();
   Changed();
 }
 
@@ -109,7 +119,7 @@ void TVantrelDataList::Delete(int index) {
   auto* item = GetItem(index);
   if (auto* storage = GetStorage()) storage->Observer().ListDelete.Call(storage, item, index, this);
   FItems.Extract(index);
-  Release(item);
+  Release(item, item->FOwningEntries > 1 && FItems.Contains(item));
   Changed();
 }
 
@@ -138,7 +148,10 @@ bool TVantrelDataList::RetainAll(const TVantrelDataList& other) {
 TVantrelDataObject* TVantrelDataList::Extract(int index) {
   if (index < 0 || index >= Count()) return nullptr;
   auto* item = static_cast<TVantrelDataObject*>(FItems.Extract(index));
-  if (OwnsItems() && --item->FOwningEntries == 0) item->FOwner = GetStorage();
+  if (OwnsItems()) {
+    --item->FOwningEntries;
+    if (item->FOwner == this && !FItems.Contains(item)) item->FOwner = GetStorage();
+  }
   Changed();
   return item;
 }

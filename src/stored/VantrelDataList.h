@@ -81,7 +81,10 @@ class TVantrelDataList : public TVantrelAbstractDataObject {
  private:
   void CheckItem(const TVantrelDataObject& item) const;
   void TakeIn(TVantrelDataObject& item);
-  void Release(TVantrelDataObject* item);
+  /// An entry of the item is gone: frees the item with its last entry. An item that lives on, outside this list, goes
+  /// back to the document.
+  void Release(TVantrelDataObject* item, bool stillHere);
+  void ReleaseAll();
   void ReportInsert(TVantrelDataObject* item, int index);
 
   TVantrelArrayList FItems;

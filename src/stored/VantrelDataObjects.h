@@ -123,7 +123,7 @@ class TVantrelDataObject : public TVantrelAbstractDataObject {
 
   TVantrelDataObjectKey FKey;
   /// How many entries of owning lists hold the object: it is freed with the last one.
-  std::uint16_t FOwningEntries = 0;
+  std::uint32_t FOwningEntries = 0;
   /// Made by a reader and not yet taken by a list or a field: it belongs to the document.
   bool FUnclaimed = false;
 };
