@@ -36,7 +36,7 @@ class TVantrelDataObjectXMLWriter final : public TVantrelDataObjectTextWriter {
 
   void Finish() override;
   using TVantrelDataObjectTextWriter::WriteString;
-  void WriteString(std::string_view name, std::string_view value) override;
+  void WriteString(std::string_view name, std::string_view value) override { WriteText(name, value); }
   void WriteVCLGraphic(std::string_view name, const TVantrelGraphic* value) override;
   void WriteDataList(std::string_view name, const TVantrelDataList& list) override;
   void WriteDataObject(std::string_view name, const TVantrelDataObject* object) override;
@@ -95,6 +95,8 @@ class TVantrelDataObjectXMLReader final : public TVantrelDataObjectTextReader {
   std::string_view TextOf(const xmlNode* element);
   std::string RequireAttribute(const xmlNode* element, const char* name) const;
   TVantrelDataObject* ObjectAt(const xmlNode* element);
+  TVantrelDataObject* FilledObjectAt(xmlNode* element);
+  /// Takes an item per child element: the first "Item" that is left, whatever stands before it. Consumes the children.
   void ReadItems(TVantrelDataList& list);
   void EnterElement(xmlNode* element);
   std::string PathOfCursor() const;

@@ -42,17 +42,18 @@ struct TParserDeleter {
 TXmlDocument ParseXml(std::span<const std::uint8_t> bytes) {
   constexpr int options = XML_PARSE_NONET | XML_PARSE_NOERROR | XML_PARSE_NOWARNING | XML_PARSE_COMPACT;
   if (bytes.empty()) throw EVantrelDataObjectReaderError(ResourceText(StoredTexts::NoXml));
-  if (bytes.size() > INT32_MAX) throw EVantrelXmlError(StoredTexts::NoXml, 0);
+  if (bytes.size() > INT32_MAX) throw EVantrelXmlError(ResourceText(StoredTexts::NoXml), 0);
   const std::unique_ptr<xmlParserCtxt, TParserDeleter> parser(xmlNewParserCtxt());
   if (parser == nullptr) throw std::bad_alloc();
   parser->sax->internalSubset = RefuseDocumentType;
   TXmlDocument document(xmlCtxtReadMemory(parser.get(), reinterpret_cast<const char*>(bytes.data()),
                                           static_cast<int>(bytes.size()), nullptr, nullptr, options));
-  if (parser->_private != nullptr) throw EVantrelXmlError(StoredTexts::DocumentType, parser->lastError.line);
+  if (parser->_private != nullptr)
+    throw EVantrelXmlError(ResourceText(StoredTexts::DocumentType), parser->lastError.line);
   if (document == nullptr) {
     const auto& error = parser->lastError;
-    throw EVantrelXmlError(error.message == nullptr ? StoredTexts::NoXml : std::string(Trimmed(error.message)),
-                           error.line);
+    throw EVantrelXmlError(
+        error.message == nullptr ? ResourceText(StoredTexts::NoXml) : std::string(Trimmed(error.message)), error.line);
   }
   return document;
 }
@@ -201,16 +202,22 @@ void TVantrelDataObjectXMLReader::ReadDataList(std::string_view name, TVantrelDa
 
 void TVantrelDataObjectXMLReader::ReadItems(TVantrelDataList& list) {
   xmlNode* items = FLevels.back().Element;
-  while (ElementFrom(items->children) != nullptr) {
-    FLevels.back().Next = ElementFrom(items->children);
-    FNames.resize(FLevels.back().NamesBegin);
-    list.Add(list.OwnsItems() ? ReadDataObject("Item", nullptr) : ReadDataObjectRef("Item"));
-    xmlNode* first = ElementFrom(items->children);
-    while (items->children != nullptr) {
+  xmlNode* item = nullptr;
+  TVantrelDataObject* object = nullptr;
+  for (auto* first = ElementFrom(items->children); first != nullptr; first = ElementFrom(items->children)) {
+    if (item == nullptr) {
+      item = first;
+      while (item != nullptr && AsView(item->name) != "Item") item = ElementFrom(item->next);
+      if (item == nullptr) return;
+      object = list.OwnsItems() ? FilledObjectAt(item) : ObjectAt(item);
+    }
+    list.Add(object);
+    if (first == item) item = nullptr;
+    for (bool last = false; !last;) {
       xmlNode* gone = items->children;
+      last = gone == first;
       xmlUnlinkNode(gone);
       xmlFreeNode(gone);
-      if (gone == first) break;
     }
   }
 }
@@ -220,14 +227,17 @@ TVantrelDataObject* TVantrelDataObjectXMLReader::ObjectAt(const xmlNode* element
   return ObjectOf(className, RequireAttribute(element, "ID"));
 }
 
-TVantrelDataObject* TVantrelDataObjectXMLReader::ReadDataObject(std::string_view name, TVantrelDataObject* existing) {
-  xmlNode* element = Find(name);
-  if (element == nullptr) return existing;
+TVantrelDataObject* TVantrelDataObjectXMLReader::FilledObjectAt(xmlNode* element) {
   auto* object = ObjectAt(element);
   EnterElement(element);
   FillObject(*object);
   Leave();
   return object;
+}
+
+TVantrelDataObject* TVantrelDataObjectXMLReader::ReadDataObject(std::string_view name, TVantrelDataObject* existing) {
+  xmlNode* element = Find(name);
+  return element == nullptr ? existing : FilledObjectAt(element);
 }
 
 TVantrelDataObject* TVantrelDataObjectXMLReader::ReadDataObjectRef(std::string_view name) {

@@ -23,7 +23,7 @@ T* Checked(T* made) {
 }
 
 /// True where the byte may begin something that XML cannot hold: a control character, an encoded surrogate, U+FFFE,
-/// U+FFFF, or ill-formed UTF-8.
+/// U+FFFF.
 bool NeedsCare(std::string_view text) {
   for (const char c : text) {
     const auto byte = static_cast<unsigned char>(c);
@@ -90,14 +90,11 @@ void TVantrelDataObjectXMLWriter::AddTextTo(xmlNode* element, std::string_view t
 }
 
 void TVantrelDataObjectXMLWriter::WriteText(std::string_view name, std::string_view text) {
-  AddTextTo(AddElement(name), text);
-}
-
-void TVantrelDataObjectXMLWriter::WriteString(std::string_view name, std::string_view value) {
-  if (NeedsCare(value))
-    WriteText(name, WithoutForbidden(value));
+  xmlNode* element = AddElement(name);
+  if (NeedsCare(text))
+    AddTextTo(element, WithoutForbidden(text));
   else
-    WriteText(name, value);
+    AddTextTo(element, text);
 }
 
 void TVantrelDataObjectXMLWriter::WriteVCLGraphic(std::string_view name, const TVantrelGraphic* value) {

@@ -1,0 +1,353 @@
+#include <gtest/gtest.h>
+
+#include <fmt/format.h>
+
+#include <cmath>
+
+#include "ErrorOf.h"
+#include "TestDocument.h"
+#include "VantrelExceptions.h"
+#include "VantrelText.h"
+
+namespace {
+
+const TGuid SomeGuid = TextToGuid("{00112233-4455-6677-8899-AABBCCDDEEFF}");
+constexpr double Noon = 45000.5;
+
+std::string Hex(std::string_view bytes) {
+  std::string hex;
+  for (const char c : bytes) hex += fmt::format("{:02X}", static_cast<unsigned char>(c));
+  return hex;
+}
+
+/// A value of one scalar type: its text, its bytes, and what writes and reads it under the name "V".
+struct TScalar {
+  const char* Type;
+  const char* Text;
+  const char* Bytes;
+  void (*Write)(TVantrelDataObjectWriter&);
+  void (*WriteAsDefault)(TVantrelDataObjectWriter&);
+  bool (*ReadsBack)(TVantrelDataObjectReader&);
+  bool (*GivesDefault)(TVantrelDataObjectReader&);
+};
+#define SCALAR(Type, value, text, bytes)                                           \
+  {                                                                                \
+#Type, text, bytes, [](auto& writer) { writer.Write##Type("V", value); },        \
+        [](auto& writer) { writer.Write##Type("V", value, value); },                 \
+        [](auto& reader) {                                                           \
+          const bool plain = reader.Read##Type("V") == value;                        \
+          return plain && (reader.Version() == 0 || reader.Read##Type("V", {}) == value); \
+        },                                                                           \
+        [](auto& reader) { return reader.Read##Type("V", value) == value; } \
+  }
+
+const TScalar Scalars[] = {
+    SCALAR(Boolean, true, "1", "01"),
+    SCALAR(Byte, 200, "200", "C8"),
+    SCALAR(Char, u'\u20AC', "€", "AC20"),
+    SCALAR(Comp, -5, "-5", "FBFFFFFFFFFFFFFF"),
+    SCALAR(Currency, TCurrency{-12345}, "-1.2345", "C7CFFFFFFFFFFFFF"),
+    SCALAR(DateTime, Noon, "2023-03-15T12:00:00.000Z", "0000000010F9E540"),
+    SCALAR(Date, 45000.0, "2023-03-15", "0000000000F9E540"),
+    SCALAR(Double, 0.1, "0.1", "9A9999999999B93F"),
+    SCALAR(Double, 1e20, "1E20", "408CB5781DAF1544"),
+    SCALAR(Extended, 1.5L, "1.5", "00000000000000C0FF3F"),
+    SCALAR(Guid, SomeGuid, "{00112233-4455-6677-8899-AABBCCDDEEFF}", "33221100554477668899AABBCCDDEEFF"),
+    SCALAR(Int64, -2, "-2", "FEFFFFFFFFFFFFFF"),
+    SCALAR(LongInt, -3, "-3", "FDFFFFFF"),
+    SCALAR(LongWord, 4000000000u, "4000000000", "00286BEE"),
+    SCALAR(ShortInt, -4, "-4", "FC"),
+    SCALAR(Single, 0.1F, "0.100000001490116", "CDCCCC3D"),
+    SCALAR(SmallInt, -300, "-300", "D4FE"),
+    SCALAR(String, "Ä\xF0\x9F\x98\x80", "Ä\xF0\x9F\x98\x80", "03000000C4003DD800DE"),
+    SCALAR(Time, 0.5, "12:00:00.000Z", "000000000000E03F"),
+    SCALAR(TimeSpan, TVantrelTimeSpan{77}, "77", "4D00000000000000"),
+    SCALAR(VCLColor, 0xFF, "255", "FF000000"),
+    SCALAR(Word, 65535, "65535", "FFFF"),
+};
+
+class DataFormsTest : public testing::Test {
+ protected:
+  void SetUp() override { TTestDocument::RegisterClasses(); }
+  /// Reads by `read` from the content of a document in XML form; what it raises.
+  std::string XmlError(const std::string& content, std::function<void(TVantrelDataObjectReader&)> read) {
+    FDocument->OnRead = std::move(read);
+    return ErrorOf<EVantrelDataObjectReaderError>([&] { LoadXml(*FDocument, content); });
+  }
+
+  TVantrelPtr<TTestDocument> FDocument = CreateVantrel<TTestDocument>();
+};
+
+TEST_F(DataFormsTest, ScalarsInThreeForms) {
+  for (const auto& scalar : Scalars) {
+    SCOPED_TRACE(scalar.Type);
+    FDocument->OnWrite = scalar.Write;
+    FDocument->OnRead = [&](auto& reader) { EXPECT_TRUE(scalar.ReadsBack(reader)); };
+    EXPECT_EQ(Hex(TextOf(*FDocument, TFormat::dsfBinary)), scalar.Bytes);
+    EXPECT_EQ(XmlOf(*FDocument), fmt::format("<Storage><Version>1</Version><V>{}</V></Storage>", scalar.Text));
+    const bool astral = std::string_view(scalar.Text).ends_with("\x80");
+    const auto json = AnsiToUtf8(TextOf(*FDocument, TFormat::dsfJson));
+    EXPECT_EQ(json.find(fmt::format("\"V\":\"{}\"", scalar.Text)) == std::string::npos, astral);
+    for (const auto form : AllFormats) {
+      const auto text = TextOf(*FDocument, form);
+      if (form == TFormat::dsfJson && astral) continue;
+      if (form != TFormat::dsfBinary && std::string_view(scalar.Type) == "Time") {
+        EXPECT_THROW(LoadText(*FDocument, text, form), EConvertError);
+      } else {
+        LoadText(*FDocument, text, form);
+      }
+    }
+
+    FDocument->OnWrite = scalar.WriteAsDefault;
+    EXPECT_EQ(Hex(TextOf(*FDocument, TFormat::dsfBinary)), scalar.Bytes);
+    FDocument->OnRead = [&](auto& reader) { EXPECT_TRUE(scalar.GivesDefault(reader)); };
+    for (const auto form : {TFormat::dsfXml, TFormat::dsfJson}) {
+      EXPECT_EQ(TextOf(*FDocument, form).find("\"V\""), std::string::npos);
+      EXPECT_EQ(TextOf(*FDocument, form).find("<V>"), std::string::npos);
+      LoadText(*FDocument, TextOf(*FDocument, form), form);
+    }
+    const auto readMissing = [&](auto& reader) { scalar.ReadsBack(reader); };
+    EXPECT_EQ(XmlError("", readMissing), "Knoten /Storage konnte nicht gelesen werden: XML-Tag \"V\" erwartet.");
+    FDocument->OnRead = readMissing;
+    EXPECT_THROW(LoadText(*FDocument, "{}", TFormat::dsfJson), EConvertError);
+    EXPECT_EQ(ErrorOf<EVantrelReaderError>([&] { LoadText(*FDocument, "", TFormat::dsfBinary); }),
+              "Es konnten nicht alle Daten gelesen werden.");
+  }
+}
+
+TEST_F(DataFormsTest, TextsThatAreNoValuesAreRefused) {
+  const struct {
+    const char* Text;
+    void (*Read)(TVantrelDataObjectReader&);
+  } cases[] = {
+      {"x", [](auto& reader) { reader.ReadBoolean("V"); }},
+      {"", [](auto& reader) { reader.ReadLongInt("V", 1); }},
+      {"256", [](auto& reader) { reader.ReadByte("V"); }},
+      {"-40000", [](auto& reader) { reader.ReadSmallInt("V"); }},
+      {"1.2.3", [](auto& reader) { reader.ReadDouble("V"); }},
+      {"1e300", [](auto& reader) { reader.ReadCurrency("V"); }},
+      {"{0}", [](auto& reader) { reader.ReadGuid("V"); }},
+      {"2023-13-01", [](auto& reader) { reader.ReadDate("V"); }},
+  };
+  for (const auto& [text, read] : cases) {
+    FDocument->OnRead = read;
+    EXPECT_THROW(LoadXml(*FDocument, fmt::format("<V>{}</V>", text)), EConvertError) << text;
+  }
+}
+
+TEST_F(DataFormsTest, ReadingOfOtherTexts) {
+  const struct {
+    const char* Text;
+    double Value;
+  } dates[] = {{"2024", 45292},
+               {"2024-03", 45352},
+               {"2024-03-05", 45356},
+               {"2024/03.05 12x30", 45356 + 12.5 / 24},
+               {"2024-03-05T12:30:36", 45356 + 12.51 / 24},
+               {"2024-03-05T12:30:xx", 45356 + 12.5 / 24},
+               {"2024-03-05T12:30:00.500+02:00", 45356 + (45000.5) / 86400},
+               {"2024-03-05T12:30:00,500Z", 45356 + 12.5 / 24},
+               {"0000-00-00", 0},
+               {"0000-00-00T00:00:00.000Z", 0}};
+  for (const auto& date : dates) {
+    FDocument->OnRead = [&](auto& reader) { EXPECT_NEAR(reader.ReadDateTime("V"), date.Value, 1e-9) << date.Text; };
+    LoadXml(*FDocument, fmt::format("<V>{}</V>", date.Text));
+  }
+  FDocument->OnRead = [](auto& reader) {
+    EXPECT_EQ(reader.ReadDouble("F"), 1.25);
+    EXPECT_EQ(reader.ReadCurrency("F").Value, 12500);
+    EXPECT_EQ(reader.ReadChar("S"), u'a');
+    EXPECT_EQ(reader.ReadChar("S", u'x'), u'x');
+    EXPECT_EQ(reader.ReadChar("E", u'x'), u'x');
+    EXPECT_EQ(reader.ReadString("C"), "eins<zwei");
+    EXPECT_EQ(reader.ReadString("E", "x"), "");
+    EXPECT_EQ(reader.ReadLongInt("Doppelt"), 1);
+    EXPECT_EQ(reader.ReadString("F"), "1,25");
+  };
+  LoadXml(*FDocument,
+          "<F>1,25</F><S>abc</S><E/><C>ei<!-- -->ns<![CDATA[<]]>zwei</C><Doppelt>1</Doppelt><Doppelt>2</Doppelt>");
+}
+
+TEST_F(DataFormsTest, VersionsOfTheTextForms) {
+  const struct {
+    const char* Content;
+    int Version;
+    const char* Stamp;
+  } cases[] = {{"", 0, "-"},
+               {"<Version>-1</Version>", 0, "0"},
+               {"<Version>abc</Version>", 0, "abc"},
+               {"<Version>7</Version>", 7, "7"},
+               {"<A/><Version>7</Version><B/><Version>10.2</Version>", 7, "10.2"}};
+  for (const auto& item : cases) {
+    FDocument->OnRead = [&](auto& reader) {
+      EXPECT_EQ(reader.Version(), item.Version) << item.Content;
+      EXPECT_EQ(reader.ReadString("Version", "-"), item.Stamp) << item.Content;
+    };
+    LoadXml(*FDocument, item.Content);
+  }
+  FDocument->OnRead = [&](auto& reader) { EXPECT_EQ(reader.Version(), -1); };
+  LoadText(*FDocument, R"({"Version": "-1"})", TFormat::dsfJson);
+  for (const char* text : {"", "[]", "5", "{"})
+    EXPECT_EQ(ErrorOf<EVantrelDataObjectReaderError>([&] { LoadText(*FDocument, text, TFormat::dsfJson); }),
+              "Daten liegen nicht im XML-Format vor");
+  EXPECT_EQ(ErrorOf<EVantrelDataObjectReaderError>([&] { LoadText(*FDocument, "", TFormat::dsfXml); }),
+            "Daten liegen nicht im XML-Format vor");
+}
+
+class TPair final : public TVantrelDataProperty {
+ public:
+  std::int32_t A = 1;
+  void DoClear() override { A = 0; }
+  void ReadData(TVantrelDataObjectReader& reader) override {
+    TVantrelDataProperty::ReadData(reader);
+    A = reader.ReadLongInt("A", A);
+  }
+  void WriteData(TVantrelDataObjectWriter& writer) const override { writer.WriteLongInt("A", A); }
+};
+
+TVantrelPtr<TVantrelGraphic> NewBitmap() {
+  return CreateVantrel<TBitmap>();
+}
+
+TEST_F(DataFormsTest, Structures) {
+  const TVantrelShortCut shortCut{skCtrl, 65};
+  const TVantrelBrush brush{255, 3};
+  const TVantrelFont font{"Arial", 1, 10, 2};
+  const TVantrelPen pen{5, 6, 7, 8};
+  const std::vector<std::string> lines{"a", "b c", "", "d\"e"};
+  TBitmap bitmap;
+  TVantrelMemoryStream bits({1, 2, 3});
+  bitmap.LoadFromStream(bits, 3);
+  TPair pair;
+  FDocument->OnWrite = [&](auto& writer) {
+    writer.WriteShortCut("S", shortCut);
+    writer.WriteVCLBrush("B", &brush);
+    writer.WriteVCLFont("F", &font);
+    writer.WriteVCLPen("P", &pen);
+    writer.WriteStringList("L", lines);
+    writer.WriteVCLGraphic("G", &bitmap);
+    writer.WriteDataProperty("D", &pair);
+  };
+  EXPECT_EQ(XmlOf(*FDocument),
+            "<Storage><Version>1</Version><S><ShiftKeys>4</ShiftKeys><VirtualKey>65</VirtualKey></S>"
+            "<B><Color>255</Color><Styles>3</Styles></B>"
+            "<F><Name>Arial</Name><Color>1</Color><Size>10</Size><Styles>2</Styles></F>"
+            "<P><Color>5</Color><Mode>6</Mode><Styles>7</Styles><Width>8</Width></P>"
+            "<L>a,\"b c\",,\"d\"\"e\"</L><G Size=\"3\">AQID</G><D><A>1</A></D></Storage>");
+  EXPECT_EQ(Hex(TextOf(*FDocument, TFormat::dsfBinary)),
+            "0441FF00000003050000004100720069006100"
+            "6C00010000000A00000002050000000607080000000400000001000000610003000000620020006300000000000300000064002200"
+            "65000300000001020301000000");
+  FDocument->OnRead = [&](auto& reader) {
+    EXPECT_EQ(reader.ReadShortCut("S"), shortCut);
+    EXPECT_EQ(*reader.ReadVCLBrush("B", nullptr), brush);
+    EXPECT_EQ(*reader.ReadVCLFont("F", std::make_unique<TVantrelFont>()), font);
+    EXPECT_EQ(*reader.ReadVCLPen("P", nullptr), pen);
+    std::vector<std::string> read{"weg"};
+    reader.ReadStringList("L", read);
+    EXPECT_EQ(read, lines);
+    const auto graphic = reader.ReadVCLGraphic("G", NewBitmap, nullptr);
+    EXPECT_EQ(static_cast<TBitmap&>(*graphic).Bytes(), bitmap.Bytes());
+    TPair readPair;
+    reader.ReadDataProperty("D", &readPair);
+    EXPECT_EQ(readPair.A, 1);
+  };
+  for (const auto form : AllFormats) LoadText(*FDocument, TextOf(*FDocument, form), form);
+}
+
+TEST_F(DataFormsTest, MissingStructures) {
+  FDocument->OnWrite = [](auto& writer) {
+    writer.WriteVCLBrush("B", nullptr);
+    writer.WriteVCLFont("F", nullptr);
+    writer.WriteVCLPen("P", nullptr);
+    writer.WriteVCLGraphic("G", nullptr);
+    writer.WriteDataObjectRef("R", nullptr);
+  };
+  EXPECT_EQ(XmlOf(*FDocument), "<Storage><Version>1</Version></Storage>");
+  FDocument->OnRead = [](auto& reader) {
+    EXPECT_EQ(reader.ReadVCLBrush("B", std::make_unique<TVantrelBrush>())->Styles, 0);
+    EXPECT_NE(reader.ReadVCLFont("F", std::make_unique<TVantrelFont>()), nullptr);
+    EXPECT_NE(reader.ReadVCLPen("P", std::make_unique<TVantrelPen>()), nullptr);
+    EXPECT_EQ(reader.ReadVCLGraphic("G", NewBitmap, NewBitmap()) == nullptr, reader.Version() == 0);
+    EXPECT_EQ(reader.ReadDataObjectRef("R"), nullptr);
+  };
+  for (const auto form : AllFormats) LoadText(*FDocument, TextOf(*FDocument, form), form);
+  FDocument->OnRead = [](auto& reader) {
+    EXPECT_EQ(reader.ReadShortCut("S"), TVantrelShortCut());
+    std::vector<std::string> list{"weg"};
+    reader.ReadStringList("L", list);
+    EXPECT_TRUE(list.empty());
+    TPair pair;
+    reader.ReadDataProperty("D", &pair);
+    EXPECT_EQ(pair.A, 1);
+    EXPECT_EQ(reader.ReadVCLGraphic("G0", NewBitmap, NewBitmap()), nullptr);
+  };
+  LoadXml(*FDocument, "<G0 Size='0'/>");
+  for (const auto form : AllFormats) {
+    FDocument->OnWrite = [](auto& writer) { writer.WriteDataProperty("D", nullptr); };
+    EXPECT_EQ(ErrorOf<EVantrelDataObjectWriterError>([&] { TextOf(*FDocument, form); }),
+              "Objektinstanz darf nicht NIL sein.");
+    FDocument->OnRead = [](auto& reader) { reader.ReadDataProperty("D", nullptr); };
+    const char* empty = form == TFormat::dsfXml ? "<S/>" : "{}";
+    EXPECT_EQ(ErrorOf<EVantrelDataObjectReaderError>([&] { LoadText(*FDocument, empty, form); }),
+              "Objektinstanz darf nicht NIL sein.");
+  }
+  const auto graphic = [](auto& reader) { reader.ReadVCLGraphic("G", NewBitmap, nullptr); };
+  EXPECT_EQ(XmlError("<G/>", graphic), "Knoten /Storage konnte nicht gelesen werden: XML-Attribut \"Size\" erwartet.");
+  EXPECT_NE(XmlError("<G Size='2000000000'>AQID</G>", graphic), "");
+  EXPECT_EQ(XmlError("<B><Color>1</Color></B>", [](auto& reader) { reader.ReadVCLBrush("B", nullptr); }),
+            "Knoten /Storage/B konnte nicht gelesen werden: XML-Tag \"Styles\" erwartet.");
+}
+
+/// What XML cannot hold is left out, the rest survives; so does every other form's text.
+TEST_F(DataFormsTest, TextsOfEveryKind) {
+  const struct {
+    const char* Text;
+    const char* FromXml;
+    const char* FromJson;
+  } cases[] = {{"a\r\nb\rc\td", nullptr, "a\\r\\nb\\rc\\td"},
+               {"<&>\"'/\\]]>", nullptr, "<&>\"'\\/\\\\]]>"},
+               {"  Rand  ", nullptr, nullptr},
+               {"\x01\x1F-\xEF\xBF\xBE-\xED\xA0\x80", "--", nullptr},
+               {"\xF0\x9F\x98\x80 \xED\x95\x9C \xEF\xBB\xBF", nullptr, "?? ? ?"},
+               {"Ä€š", nullptr, nullptr}};
+  for (const auto& item : cases) {
+    FDocument->OnWrite = [&](auto& writer) { writer.WriteString("V", item.Text); };
+    std::string read;
+    FDocument->OnRead = [&](auto& reader) { read = reader.ReadString("V"); };
+    LoadText(*FDocument, TextOf(*FDocument, TFormat::dsfBinary), TFormat::dsfBinary);
+    EXPECT_EQ(read, item.Text);
+    LoadText(*FDocument, TextOf(*FDocument, TFormat::dsfXml), TFormat::dsfXml);
+    EXPECT_EQ(read, item.FromXml == nullptr ? item.Text : item.FromXml);
+    if (std::string_view(item.Text)[0] < ' ') continue;
+    LoadText(*FDocument, TextOf(*FDocument, TFormat::dsfJson), TFormat::dsfJson);
+    EXPECT_EQ(read, item.FromJson == nullptr ? item.Text : item.FromJson);
+  }
+  for (const char16_t unit : {u'\1', u'\xD800', u'\xFFFF', u'\0'}) {
+    FDocument->OnWrite = [&](auto& writer) { writer.WriteChar("V", unit); };
+    FDocument->OnRead = [&](auto& reader) { EXPECT_EQ(reader.ReadChar("V", u'x'), u'x'); };
+    LoadText(*FDocument, TextOf(*FDocument, TFormat::dsfXml), TFormat::dsfXml);
+  }
+}
+
+TEST_F(DataFormsTest, FloatsThatAreNoNumbersComeBack) {
+  for (const double value : {std::nan(""), HUGE_VAL, -HUGE_VAL, 1e308, -5e-324}) {
+    FDocument->OnWrite = [&](auto& writer) { writer.WriteDouble("V", value); };
+    FDocument->OnRead = [&](auto& reader) {
+      const double read = reader.ReadDouble("V");
+      EXPECT_TRUE(std::isnan(value) ? std::isnan(read) : read == value) << value;
+    };
+    LoadText(*FDocument, TextOf(*FDocument, TFormat::dsfXml), TFormat::dsfXml);
+  }
+}
+
+TEST_F(DataFormsTest, JsonTakesNumbersAsTheirText) {
+  FDocument->OnRead = [](auto& reader) {
+    EXPECT_EQ(reader.ReadLongInt("V"), 12);
+    EXPECT_THROW(reader.ReadChar("E", u'x'), EVantrelDataObjectReaderError);
+    EXPECT_EQ(reader.ReadChar("S", u'x'), u'a');
+  };
+  LoadText(*FDocument, R"({"V": 12, "E": "", "S": "abc"})", TFormat::dsfJson);
+}
+
+}  // namespace

@@ -1,0 +1,230 @@
+#include <fmt/format.h>
+#include <gtest/gtest.h>
+
+#include "ErrorOf.h"
+#include "TestDocument.h"
+#include "VantrelDataXml.h"
+#include "VantrelExceptions.h"
+#include "VantrelIO.h"
+
+namespace {
+
+constexpr const char* A = "{AAAAAAAA-0000-0000-0000-000000000000}";
+constexpr const char* B = "{BBBBBBBB-0000-0000-0000-000000000000}";
+
+/// An element with class and GUID.
+std::string Object(const char* tag, const char* id, const std::string& content = {}, const char* name = "TTestItem") {
+  return fmt::format("<{} Class=\"{}\" ID=\"{}\">{}</{}>", tag, name, id, content, tag);
+}
+std::string Items(const std::string& content) {
+  return "<Items><Items>" + content + "</Items></Items>";
+}
+
+class DataReadingTest : public testing::Test {
+ protected:
+  void SetUp() override {
+    TTestDocument::RegisterClasses();
+    TTestItem::Alive = 0;
+  }
+  void TearDown() override {
+    FDocument.reset();
+    EXPECT_EQ(TTestItem::Alive, 0);
+  }
+  TTestItem* Item(int index) { return static_cast<TTestItem*>(FDocument->Items->GetItem(index)); }
+  TTestItem* Known(const char* id) { return static_cast<TTestItem*>(FDocument->Objects().GetObject(TextToGuid(id))); }
+  std::string XmlError(const std::string& content) {
+    return ErrorOf<EVantrelDataObjectReaderError>([&] { LoadXml(*FDocument, content); });
+  }
+
+  TVantrelPtr<TTestDocument> FDocument = CreateVantrel<TTestDocument>();
+};
+
+TEST_F(DataReadingTest, ObjectsAndReferencesInThreeForms) {
+  auto& a = FDocument->AddItem("a");
+  auto& b = FDocument->AddItem("b");
+  a.Ref = &b;
+  b.Ref = &a;
+  static_cast<TTestItem*>(b.Children->Add(TTestItem::Class()))->Name = "kind";
+  FDocument->Refs->Add(&b);
+  const auto idOfB = b.ID();
+  for (const auto form : AllFormats) {
+    const auto text = TextOf(*FDocument, form);
+    for (int twice = 0; twice < 2; ++twice) {
+      LoadText(*FDocument, text, form);
+      ASSERT_EQ(FDocument->Items->Count(), 2);
+      EXPECT_EQ(Item(0)->Ref, Item(1));
+      EXPECT_EQ(Item(1)->Ref, Item(0));
+      EXPECT_EQ(FDocument->Refs->First(), Item(1));
+      EXPECT_EQ(Item(1)->ID(), idOfB);
+      EXPECT_EQ(static_cast<TTestItem*>(Item(1)->Children->First())->Name, "kind");
+      EXPECT_EQ(Item(0)->Owner(), FDocument->Items.get());
+      EXPECT_EQ(TextOf(*FDocument, form), text);
+    }
+  }
+}
+
+TEST_F(DataReadingTest, ShapesOfLists) {
+  FDocument->OnRead = [this](auto& reader) { reader.ReadDataList("Items", *FDocument->Items); };
+  LoadXml(*FDocument, Items(Object("Item", A, "<Name>x</Name>")));
+  FDocument->Refs->Add(Item(0));
+  const auto ref = fmt::format("<Item Class=\"TTestItem\" ID=\"{}\"", A);
+  EXPECT_EQ(XmlOf(*FDocument), "<Storage><Version>1</Version><Refs><Items>" + ref + "/></Items></Refs>" +
+                                   "<Items><Items>" + ref + "><Name>x</Name></Item></Items></Items></Storage>");
+  const auto json = TextOf(*FDocument, TFormat::dsfJson);
+  EXPECT_NE(json.find("\"Properties\":{\n"), std::string::npos);
+  EXPECT_EQ(TextOf(*FDocument, TFormat::dsfBinary).size(),
+            4u + 1 + 4 + 18 + 16 + 4 + (1 + 4 + 18 + 16) + (4 + 2) + 1 + 4);
+  FDocument->Items->Clear();
+  FDocument->Refs->Clear();
+  EXPECT_EQ(XmlOf(*FDocument), "<Storage><Version>1</Version></Storage>");
+  EXPECT_EQ(TextOf(*FDocument, TFormat::dsfBinary), std::string(8, '\0'));
+}
+
+TEST_F(DataReadingTest, ReferencesThatNeverComeBelongToTheDocument) {
+  LoadXml(*FDocument, Items(Object("Item", A, Object("Ref", B))));
+  EXPECT_EQ(Item(0)->Ref, Known(B));
+  EXPECT_EQ(Known(B)->Owner(), FDocument.get());
+  EXPECT_EQ(TTestItem::Alive, 2);
+  LoadXml(*FDocument, "");
+  EXPECT_EQ(TTestItem::Alive, 0);
+}
+
+TEST_F(DataReadingTest, ItemBehindStrangersIsTakenOncePerStranger) {
+  LoadXml(*FDocument, Items(" <X/> <!-- c --> " + Object("Item", A) + Object("Item", B) + "<Y/>"));
+  EXPECT_EQ(FDocument->Items->Count(), 3);
+  EXPECT_EQ(Item(0), Item(1));
+  EXPECT_EQ(Item(2)->ID(), TextToGuid(B));
+  LoadXml(*FDocument, Items("<X/><Y/>"));
+  EXPECT_TRUE(FDocument->Items->IsEmpty());
+}
+
+/// A quarter of a million strangers, and an item behind each: seconds if every item were searched from the front.
+TEST_F(DataReadingTest, ManyStrangersTakeLinearTime) {
+  std::string content;
+  for (int i = 0; i < 250000; ++i) content += "<X/>";
+  LoadXml(*FDocument, Items(content + Object("Item", A)));
+  EXPECT_EQ(FDocument->Items->Count(), 250001);
+}
+
+TEST_F(DataReadingTest, MessagesOfTheXmlForm) {
+  const std::string known = "<Refs><Items>" + Object("Item", A) + "</Items></Refs>";
+  const struct {
+    std::string Content;
+    const char* Error;
+  } cases[] = {
+      {"<Items/>", "Knoten /Storage/Items konnte nicht gelesen werden: XML-Tag \"Items\" erwartet."},
+      {Items("<Item ID=''/>"),
+       "Knoten /Storage/Items/Items konnte nicht gelesen werden: XML-Attribut \"Class\" erwartet."},
+      {Items("<Item Class='TTestItem'/>"),
+       "Knoten /Storage/Items/Items konnte nicht gelesen werden: XML-Attribut \"ID\" erwartet."},
+      {Items(Object("Item", A, "", "")), "Kein Klassenname gefunden."},
+      {Items(Object("Item", A, "", "TFremd")), "Klasse \"TFremd\" wurde nicht registriert."},
+      {known + Items(Object("Item", A, "", "TFremd")), ""},
+      {known + Items(Object("Item", A, "", "")), ""},
+      {known + Items(Object("Item", A, "", "TOtherItem")),
+       "Die Datei enthält ein Objekt der Klasse \"TTestItem\", wo \"TOtherItem\" erwartet wird."},
+      {Items(Object("Item", A, Object("Ref", B, "", "TOtherItem"))),
+       "Die Datei enthält ein Objekt der Klasse \"TOtherItem\", wo \"TTestItem\" erwartet wird."},
+      {Items(Object("Item", A, "<Children><Items>" + Object("Item", A) + "</Items></Children>")),
+       "Das Objekt {AAAAAAAA-0000-0000-0000-000000000000} enthält sich selbst."},
+  };
+  for (const auto& [content, error] : cases) EXPECT_EQ(XmlError(content), error) << content;
+  EXPECT_THROW(LoadXml(*FDocument, Items(Object("Item", "{0}"))), EConvertError);
+}
+
+TEST_F(DataReadingTest, UnknownClassInTheOtherForms) {
+  const auto json = [](const char* properties) {
+    return fmt::format(
+        R"({{"Refs": {{"Items": [{{"Class": "TTestItem", "ID": "{}"}}, null]}}, "Items": {{"Items": [{}]}}}})", A,
+        properties);
+  };
+  LoadText(*FDocument, json(fmt::format(R"({{"Class": "TFremd", "ID": "{}"}})", A).c_str()), TFormat::dsfJson);
+  EXPECT_EQ(FDocument->Items->Count(), 1);
+  for (const char* item : {"{}", "5", R"({"Class": "TTestItem"})"})
+    EXPECT_THROW(LoadText(*FDocument, json(item), TFormat::dsfJson), EConvertError) << item;
+
+  TVantrelMemoryStream stream;
+  TVantrelStreamWriter writer(stream, 0);
+  writer.WriteLongInt(1);
+  writer.WriteBoolean(true);
+  writer.WriteString("TFremd");
+  const auto load = [&] {
+    stream.SetPosition(0);
+    FDocument->LoadFromBinStream(stream);
+  };
+  EXPECT_EQ(ErrorOf<EVantrelDataObjectReaderError>(load), "Klasse \"TFremd\" wurde nicht registriert.");
+  stream.Bytes().assign({1, 0, 0, 0, 1, 0, 0, 0, 0});
+  EXPECT_EQ(ErrorOf<EVantrelDataObjectReaderError>(load), "Kein Klassenname gefunden.");
+}
+
+/// What was read before the damage stays, and nothing of it leaks.
+TEST_F(DataReadingTest, FailureInTheMiddle) {
+  FDocument->AddItem("a").Children->Add(TTestItem::Class());
+  FDocument->AddItem("b").Ref = Item(0);
+  FDocument->Refs->Add(Item(1));
+  const auto whole = TextOf(*FDocument, TFormat::dsfBinary);
+  int mostRead = 0;
+  for (std::size_t length = 0; length < whole.size(); ++length) {
+    auto document = CreateVantrel<TTestDocument>();
+    document->SetModifiedFlag(length % 2 == 0);
+    EXPECT_EQ(ErrorOf<EVantrelReaderError>([&] { LoadText(*document, whole.substr(0, length), TFormat::dsfBinary); }),
+              "Es konnten nicht alle Daten gelesen werden.");
+    EXPECT_EQ(document->State(), TVantrelDataStorageState::dssNormal);
+    EXPECT_EQ(document->Modified(), length % 2 == 0);
+    EXPECT_EQ(document->LoadDamage()->Message, "Es konnten nicht alle Daten gelesen werden.");
+    EXPECT_TRUE(document->LoadDamage()->Place.ends_with(fmt::format(" von {}", length)));
+    mostRead = std::max(mostRead, document->Items->Count());
+    LoadText(*document, whole, TFormat::dsfBinary);
+    EXPECT_EQ(document->Items->Count(), 2);
+    EXPECT_FALSE(document->LoadDamage().has_value());
+  }
+  EXPECT_EQ(mostRead, 1);
+  LoadText(*FDocument, whole + "Rest", TFormat::dsfBinary);
+}
+
+TEST_F(DataReadingTest, CountsAndLengthsBeyondTheFile) {
+  const std::string largest = "\xFF\xFF\xFF\x7F";
+  for (const auto& bytes : {largest, largest + std::string(9, '\0'), "\1" + std::string(3, '\0') + "\1" + largest})
+    EXPECT_THROW(LoadText(*FDocument, bytes, TFormat::dsfBinary), EVantrelReaderError);
+  LoadText(*FDocument, "\xFF\xFF\xFF\xFF" + std::string(4, '\0'), TFormat::dsfBinary);
+  EXPECT_TRUE(FDocument->Items->IsEmpty());
+}
+
+TEST_F(DataReadingTest, DepthIsBounded) {
+  std::string inner;
+  for (int i = 0; i < 200; ++i) {
+    const auto id = fmt::format("{{{:08X}-0000-0000-0000-000000000000}}", i);
+    inner = Object("Item", id.c_str(), inner.empty() ? "" : "<Children><Items>" + inner + "</Items></Children>");
+    if (i != 60 && i != 70) continue;
+    EXPECT_EQ(XmlError(Items(inner)), i == 60 ? "" : "Die Daten der Datei sind zu tief verschachtelt.");
+  }
+  EXPECT_THROW(LoadXml(*FDocument, Items(inner)), EVantrelXmlError);
+}
+
+TEST_F(DataReadingTest, DocumentTypesAreRefused) {
+  for (const char* type : {"<!DOCTYPE a [<!ENTITY b \"bbbb\"><!ENTITY c \"&b;&b;\">]>", "<!DOCTYPE a>",
+                           "<!DOCTYPE a SYSTEM \"file:///etc/passwd\">", "<!DOCTYPE a PUBLIC \"x\" \"http://x/\">"})
+    EXPECT_EQ(ErrorOf<EVantrelXmlError>(
+                  [&] { LoadText(*FDocument, std::string(type) + "<Storage>&c;</Storage>", TFormat::dsfXml); }),
+              "Angaben zum Dokumenttyp (DOCTYPE) sind nicht erlaubt.");
+  EXPECT_THROW(LoadXml(*FDocument, "&b;"), EVantrelXmlError);
+}
+
+TEST_F(DataReadingTest, ZipStream) {
+  FDocument->AddItem("a");
+  TVantrelMemoryStream zip;
+  FDocument->SaveToZipStream(zip);
+  EXPECT_EQ(zip.Bytes()[0], 0x78);
+  EXPECT_EQ(zip.Bytes()[1], 0xDA);
+  const auto whole = zip.Bytes();
+  FDocument->Clear();
+  zip.SetPosition(0);
+  FDocument->LoadFromZipStream(zip);
+  EXPECT_EQ(Item(0)->Name, "a");
+  for (std::size_t length = 0; length < whole.size(); ++length) {
+    TVantrelMemoryStream cut({whole.begin(), whole.begin() + static_cast<std::ptrdiff_t>(length)});
+    EXPECT_THROW(FDocument->LoadFromZipStream(cut), EVantrelReaderError);
+  }
+}
+
+}  // namespace
