@@ -181,5 +181,5 @@ void TMyTessaronProject::BeforeStoreFile() {
 }
 
 void TMyTessaronProject::AfterStoreFile() {
-  if (!IsFileOpen()) HoldFile();
+  if (!HoldsFile(FileName())) HoldFile();
 }

@@ -35,7 +35,12 @@ void TVantrelDataStorage::LoadFromFile(const std::string& name, TVantrelDataStor
     BeforeOpenFile();
     FFileName = source;
     TVantrelFileStream stream(source, famShareDenyNone, fomOpenRead, famShareDenyWrite, fomOpenRead);
-    LoadFromStream(stream, sourceFormat);
+    try {
+      LoadFromStream(stream, sourceFormat);
+    } catch (const std::exception&) {
+      NoteDamagedFile(source);
+      throw;
+    }
   };
   if (TVantrelFileSystem::Exists(name)) {
     load(name, format);
@@ -85,6 +90,17 @@ std::vector<std::uint8_t> TVantrelDataStorage::WholeDocument(TVantrelDataStorage
   return std::move(stream.Bytes());
 }
 
+bool TVantrelDataStorage::HoldsFile(const std::string& name) const {
+  std::error_code error;
+  return IsFileOpen() && std::filesystem::equivalent(FFileStream->Handle().FileName(), name, error);
+}
+
+void TVantrelDataStorage::WriteHeldFile(const std::string& name, const std::vector<std::uint8_t>& bytes,
+                                        TVantrelFileAccessMode access) {
+  FFileStream->Exchange(
+      [&](std::unique_ptr<TVantrelFileHandle>& held) { return TVantrelSafeSave::Write(name, bytes, access, &held); });
+}
+
 void TVantrelDataStorage::SaveToFile(const std::string& name, TVantrelDataStorageFormat format) {
   if (name.empty()) return;
   BeforeStoreFile();
@@ -104,9 +120,7 @@ void TVantrelDataStorage::StoreFile(TVantrelDataStorageFormat format) {
   BeforeStoreFile();
   if (FFileStream->Handle().OpenMode() == fomOpenRead) throw EVantrelFileHandleError(TVantrelErrorCode::AccessDenied);
   const auto bytes = WholeDocument(format);
-  FFileStream->Exchange([&](std::unique_ptr<TVantrelFileHandle>& held) {
-    return TVantrelSafeSave::Write(held->FileName(), bytes, held->AccessMode(), &held);
-  });
+  WriteHeldFile(std::string(FFileStream->Handle().FileName()), bytes, FFileStream->Handle().AccessMode());
   FModified = false;
   AfterStoreFile();
 }
@@ -114,13 +128,16 @@ void TVantrelDataStorage::StoreFile(TVantrelDataStorageFormat format) {
 void TVantrelDataStorage::StoreFile(const std::string& name, TVantrelDataStorageFormat format) {
   if (name.empty()) return;
   const std::string target = name;
-  FFileStream.reset();
+  if (!HoldsFile(target)) FFileStream.reset();
   BeforeStoreFile();
   FFileName = target;
   TVantrelFileSystem::CreateDirectory(TVantrelFilePath::GetDirectoryName(target));
   const auto bytes = WholeDocument(format);
   KeepDamagedOriginal(target);
-  FFileStream = std::make_unique<TVantrelFileStream>(TVantrelSafeSave::Write(target, bytes, famShareDenyWrite));
+  if (IsFileOpen())
+    WriteHeldFile(target, bytes, famShareDenyWrite);
+  else
+    FFileStream = std::make_unique<TVantrelFileStream>(TVantrelSafeSave::Write(target, bytes, famShareDenyWrite));
   FModified = false;
   AfterStoreFile();
 }

@@ -67,6 +67,7 @@ void TVantrelDataStorage::Clear() {
 template <class TReader>
 void TVantrelDataStorage::LoadThrough(TVantrelStream& stream) {
   FLoadDamage.reset();
+  const bool modified = FModified;
   TReader reader(*this, stream);
   try {
     reader.Open();
@@ -74,6 +75,7 @@ void TVantrelDataStorage::LoadThrough(TVantrelStream& stream) {
     ReadData(reader);
   } catch (const std::exception& error) {
     FLoadDamage = TVantrelLoadDamage{error.what(), reader.Place()};
+    FModified = modified;
     throw;
   }
   FModified = false;

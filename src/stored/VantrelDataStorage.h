@@ -77,7 +77,7 @@ class TVantrelDataStorage : public TVantrelAbstractDataObject {
   void SaveToFile(TVantrelDataStorageFormat format) { SaveToFile(std::string(FFileName), format); }
   /// Writes the held file anew and goes on holding it; nothing where none is held.
   void StoreFile(TVantrelDataStorageFormat format);
-  /// Writes the named file and holds it, with others reading.
+  /// Writes the named file and holds it, with others reading. A hold on the same file outlives a failure.
   void StoreFile(const std::string& name, TVantrelDataStorageFormat format);
   /// As the operation itself, false in place of any exception.
   bool TryLoadFromFile(const std::string& name, TVantrelDataStorageFormat format);
@@ -110,6 +110,8 @@ class TVantrelDataStorage : public TVantrelAbstractDataObject {
   TVantrelDataStorage* AsStorage() override { return this; }
   /// Remembers that the file of that name opened with damage.
   void NoteDamagedFile(const std::string& name) { FDamagedFile = name; }
+  /// The held stream is on the file of that name.
+  bool HoldsFile(const std::string& name) const;
   /// To be called before a file is written: keeps the bytes of a damaged one beside it. Raises what the copying raises.
   void KeepDamagedOriginal(const std::string& name);
   void SetModifiedFlag(bool modified) { FModified = modified; }
@@ -126,6 +128,7 @@ class TVantrelDataStorage : public TVantrelAbstractDataObject {
   template <class TWriter>
   void SaveThrough(TVantrelStream& stream);
   std::vector<std::uint8_t> WholeDocument(TVantrelDataStorageFormat format);
+  void WriteHeldFile(const std::string& name, const std::vector<std::uint8_t>& bytes, TVantrelFileAccessMode access);
   void FreeUnclaimed();
 
   std::string FFileName;

@@ -1,0 +1,212 @@
+#include <gtest/gtest.h>
+
+#include "ErrorOf.h"
+#include "MsgBoxes.h"
+#include "TempFolder.h"
+#include "TestDocument.h"
+#include "VantrelExceptions.h"
+
+namespace {
+
+using enum TVantrelFileAccessMode;
+using enum TVantrelFileOpenMode;
+constexpr std::string_view Xml =
+    "<Storage><Items><Items><Item Class=\"TTestItem\" "
+    "ID=\"{AAAAAAAA-0000-0000-0000-000000000000}\"/></Items></Items></Storage>";
+constexpr std::string_view Damaged = "<Storage><Items/></Storage>";
+constexpr auto dsfXml = TFormat::dsfXml;
+
+/// The code with which an open of the file is refused, or 0.
+std::uint32_t Refusal(const std::string& name, TVantrelFileOpenMode mode) {
+  return FileErrorOf([&] { const TVantrelFileStream stream(name, famShareDenyNone, mode); });
+}
+
+class DataFilesTest : public testing::Test {
+ protected:
+  void SetUp() override {
+    TTestDocument::RegisterClasses();
+    WriteFileText(FName, Xml);
+    FDocument->Log.clear();
+  }
+
+  TempFolder FFolder;
+  const std::string FName = FFolder / "a.xml";
+  TVantrelPtr<TTestDocument> FDocument = CreateVantrel<TTestDocument>();
+};
+
+TEST_F(DataFilesTest, EachEntryPointHoldsTheFileInItsWay) {
+  const struct {
+    std::function<void(TTestDocument&, const std::string&)> Open;
+    bool Held;
+    bool OthersRead;
+    bool OthersWrite;
+  } cases[] = {
+      {[](auto& document, auto& name) { document.LoadFromFile(name, dsfXml); }, false, true, true},
+      {[](auto& document, auto& name) { document.OpenFile(name, dsfXml); }, true, true, false},
+      {[](auto& document, auto& name) { document.OpenFileReadOnly(name, dsfXml); }, true, true, true},
+      {[](auto& document, auto& name) { document.OpenFileExclusive(name, dsfXml); }, true, false, false},
+      {[](auto& document, auto& name) { document.SaveToFile(name, dsfXml); }, false, true, true},
+      {[](auto& document, auto& name) { document.StoreFile(name, dsfXml); }, true, true, false},
+  };
+  for (const auto& item : cases) {
+    SCOPED_TRACE(&item - cases);
+    auto document = CreateVantrel<TTestDocument>();
+    document->SetModifiedFlag(true);
+    item.Open(*document, FName);
+    EXPECT_EQ(document->FileName(), FName);
+    EXPECT_FALSE(document->Modified());
+    EXPECT_EQ(document->IsFileOpen(), item.Held);
+    EXPECT_EQ(Refusal(FName, fomOpenRead), item.OthersRead ? 0u : 32u);
+    EXPECT_EQ(Refusal(FName, fomOpenWrite), item.OthersWrite ? 0u : 32u);
+    document->CloseFile();
+    EXPECT_EQ(Refusal(FName, fomOpenReadWrite), 0u);
+  }
+}
+
+TEST_F(DataFilesTest, NothingHappensWithoutANameOrAFile) {
+  FDocument->OpenFile(FName, dsfXml);
+  FDocument->Log.clear();
+  for (const std::string& name : {std::string(), FFolder / "fehlt.xml"}) {
+    FDocument->OpenFile(name, dsfXml);
+    FDocument->OpenFileReadOnly(name, dsfXml);
+    FDocument->OpenFileExclusive(name, dsfXml);
+    FDocument->LoadFromFile(name, dsfXml);
+    EXPECT_TRUE(FDocument->TryLoadFromFile(name, dsfXml));
+  }
+  FDocument->SaveToFile("", dsfXml);
+  FDocument->StoreFile("", dsfXml);
+  EXPECT_EQ(FDocument->Log, "");
+  EXPECT_EQ(FDocument->FileName(), FName);
+  EXPECT_TRUE(FDocument->IsFileOpen());
+  EXPECT_EQ(FDocument->Items->Count(), 1);
+  CreateVantrel<TTestDocument>()->StoreFile(dsfXml);
+}
+
+TEST_F(DataFilesTest, OpenFallsBackToReadingWhereItCannotWrite) {
+  const TVantrelFileStream reader(FName, famShareDenyWrite, fomOpenRead);
+  EXPECT_THROW(FDocument->OpenFileExclusive(FName, dsfXml), EVantrelFileHandleError);
+  EXPECT_EQ(FDocument->FileName(), FName);
+  EXPECT_EQ(FDocument->Log, "BeforeOpen ");
+  FDocument->OpenFile(FName, dsfXml);
+  EXPECT_EQ(FDocument->Items->Count(), 1);
+  EXPECT_EQ(ErrorOf<EVantrelFileHandleError>([&] { FDocument->StoreFile(dsfXml); }),
+            EVantrelFileHandleError(5u).what());
+  EXPECT_TRUE(FDocument->IsFileOpen());
+  EXPECT_EQ(ReadFileText(FName), Xml);
+
+  auto other = CreateVantrel<TTestDocument>();
+  const TVantrelFileStream writer(FFolder / "b.xml", famShareDenyNone, fomCreate);
+  WriteFileText(FFolder / "b.xml", Xml);
+  other->LoadFromFile(FFolder / "b.xml", dsfXml);
+  EXPECT_EQ(other->Items->Count(), 1);
+}
+
+TEST_F(DataFilesTest, FallbackIsReadAsXml) {
+  FDocument->Fallback = FName;
+  const auto missing = FFolder / "fehlt.bin";
+  FDocument->LoadFromFile(missing, TFormat::dsfBinary);
+  EXPECT_EQ(FDocument->Items->Count(), 1);
+  EXPECT_EQ(FDocument->FileName(), missing);
+  EXPECT_EQ(FDocument->Log, "BeforeOpen Clear4 AfterOpen ");
+}
+
+TEST_F(DataFilesTest, DamagedFileOpensInSilenceAndIsKeptAtTheFirstSave) {
+  WriteFileText(FName, Damaged);
+  FDocument->SetModifiedFlag(true);
+  FDocument->OpenFileExclusive(FName, dsfXml);
+  EXPECT_EQ(FDocument->Log, "BeforeOpen Clear4 AfterOpen ");
+  EXPECT_EQ(FDocument->FileName(), FName);
+  EXPECT_FALSE(FDocument->IsFileOpen());
+  EXPECT_TRUE(FDocument->Modified());
+  EXPECT_EQ(FDocument->LoadDamage()->Message,
+            "Knoten /Storage/Items konnte nicht gelesen werden: XML-Tag \"Items\" erwartet.");
+  EXPECT_EQ(FDocument->LoadDamage()->Place, "Zeile 1, /Storage/Items");
+  WriteFileText(FName + ".beschaedigt", "frueher");
+  for (int twice = 0; twice < 2; ++twice) FDocument->StoreFile(FName, dsfXml);
+  EXPECT_EQ(ReadFileText(FName + ".beschaedigt2"), Damaged);
+  EXPECT_EQ(ReadFileText(FName + ".beschaedigt"), "frueher");
+  EXPECT_EQ(FFolder.FileCount(), 3u);
+}
+
+TEST_F(DataFilesTest, LoadFromFileHandsTheDamageOn) {
+  WriteFileText(FName, Damaged);
+  EXPECT_THROW(FDocument->LoadFromFile(FName, dsfXml), EVantrelDataObjectReaderError);
+  EXPECT_FALSE(FDocument->TryLoadFromFile(FName, dsfXml));
+  EXPECT_EQ(FDocument->Log, "BeforeOpen Clear4 BeforeOpen Clear4 ");
+  FDocument->SaveToFile(dsfXml);
+  EXPECT_EQ(ReadFileText(FName + ".beschaedigt"), Damaged);
+  WriteFileText(FName, "<a>\n\n<b");
+  FDocument->OpenFile(FName, dsfXml);
+  EXPECT_EQ(FDocument->LoadDamage()->Place, "Zeile 3");
+}
+
+TEST_F(DataFilesTest, Saving) {
+  const auto target = FFolder / "neu/tief/b.bin";
+  std::string events;
+  const auto listen = [](void* log, TVantrelDataStorage*) { static_cast<std::string*>(log)->append("SaveAs "); };
+  FDocument->Observer().StorageSaveAs.Add(listen, &events);
+  FDocument->AddItem("x");
+  FDocument->SaveToFile(target, TFormat::dsfBinary);
+  EXPECT_EQ(FDocument->Log, "BeforeStore AfterStore ");
+  EXPECT_EQ(FDocument->StateInWrite, TVantrelDataStorageState::dssSaving);
+  EXPECT_FALSE(FDocument->Modified());
+  FDocument->StoreFile(target, TFormat::dsfBinary);
+  FDocument->AddItem("y");
+  FDocument->StoreFile(TFormat::dsfBinary);
+  EXPECT_EQ(events, "SaveAs ");
+  EXPECT_EQ(ReadFileText(target), TextOf(*FDocument, TFormat::dsfBinary));
+  EXPECT_EQ(Refusal(target, fomOpenWrite), 32u);
+  EXPECT_EQ(Refusal(target, fomOpenRead), 0u);
+
+  FDocument->SetModifiedFlag(true);
+  EXPECT_FALSE(FDocument->TrySaveToFile(FFolder / "anders.bin", TFormat::dsfBinary));
+  EXPECT_EQ(FDocument->FileName(), target);
+  EXPECT_TRUE(FDocument->Modified());
+  FDocument->Log.clear();
+  FDocument->NewFile();
+  EXPECT_EQ(FDocument->Log, "BeforeNew Clear3 AfterNew ");
+  EXPECT_EQ(FDocument->FileName(), "");
+  EXPECT_FALSE(FDocument->Modified() || FDocument->IsFileOpen());
+}
+
+/// A save that fails keeps the old bytes, the modified flag and, on the same file, the hold.
+TEST_F(DataFilesTest, FailedSave) {
+  FDocument->StoreFile(FName, dsfXml);
+  const auto before = ReadFileText(FName);
+  FDocument->SetModifiedFlag(true);
+  FDocument->OnWrite = [](auto&) { throw EVantrelWriterError("voll"); };
+  for (int form = 0; form < 3; ++form)
+    EXPECT_EQ(ErrorOf<EVantrelWriterError>([&] {
+                if (form == 0) FDocument->StoreFile(FName, dsfXml);
+                if (form == 1) FDocument->StoreFile(dsfXml);
+                if (form == 2) FDocument->SaveToFile(dsfXml);
+              }),
+              "voll");
+  EXPECT_EQ(FDocument->State(), TVantrelDataStorageState::dssNormal);
+  EXPECT_TRUE(FDocument->Modified());
+  EXPECT_EQ(ReadFileText(FName), before);
+  EXPECT_EQ(Refusal(FName, fomOpenWrite), 32u);
+}
+
+TEST_F(DataFilesTest, FileErrorsInWords) {
+  TBoxes boxes;
+  FDocument->SetFileName("x.xml");
+  FDocument->ReportFileError(EVantrelException("Eigener Text"));
+  EXPECT_EQ(boxes.Last, "Eigener Text");
+  for (const auto& [code, text] : {std::pair(2u, "Die Datei \"x.xml\" existiert nicht."),
+                                   {3u, "Der Pfad \"x.xml\" ist ungültig."},
+                                   {5u, "Der Zugriff auf die Datei \"x.xml\" ist nicht möglich."}}) {
+    FDocument->ReportFileError(EVantrelFileHandleError(code));
+    EXPECT_TRUE(boxes.Last.starts_with(text)) << boxes.Last;
+  }
+}
+
+TEST_F(DataFilesTest, StatesOfALife) {
+  auto document = CreateVantrel<TTestDocument>();
+  EXPECT_EQ(document->Log, "Create1 ");
+  document->OnRead = [&](auto&) { EXPECT_EQ(document->State(), TVantrelDataStorageState::dssLoading); };
+  LoadXml(*document, "");
+  EXPECT_EQ(document->State(), TVantrelDataStorageState::dssNormal);
+}
+
+}  // namespace
