@@ -1,0 +1,172 @@
+#include <gtest/gtest.h>
+#include <malloc.h>
+
+#include <algorithm>
+#include <cmath>
+#include <cstdlib>
+#include <new>
+
+#include "TempFolder.h"
+#include "VantrelDataXml.h"
+#include "VantrelExceptions.h"
+#include "uProject.h"
+
+namespace {
+/// Bytes that operator new has given out, and the most there were.
+std::size_t Taken = 0;
+std::size_t MostTaken = 0;
+}  // namespace
+
+void* operator new(std::size_t size) {
+  void* memory = std::malloc(size);
+  if (memory == nullptr) throw std::bad_alloc();
+  Taken += malloc_usable_size(memory);
+  MostTaken = std::max(MostTaken, Taken);
+  return memory;
+}
+void operator delete(void* memory) noexcept {
+  if (memory != nullptr) Taken -= malloc_usable_size(memory);
+  std::free(memory);
+}
+void operator delete(void* memory, std::size_t) noexcept {
+  operator delete(memory);
+}
+
+namespace {
+
+using TForm = TVantrelDataStorageFormat;
+
+class DamagedFilesTest : public testing::Test {
+ protected:
+  void SetUp() override { TMyTessaronProject::RegisterClasses(); }
+
+  static std::string Fixture(const char* name) { return ReadFileText(std::string(FIXTURES) + "/" + name); }
+  /// Reads the bytes, which must end in a document or a message; true for a document. With `andBack`, what opened is
+  /// saved, and must then be readable; only a value that XML has no text for may refuse the save.
+  static bool Opens(std::string_view bytes, TForm form, bool andBack = false) {
+    TVantrelMemoryStream stream({bytes.begin(), bytes.end()});
+    auto project = CreateVantrel<TMyTessaronProject>();
+    bool opened = false;
+    try {
+      project->LoadFromStream(stream, form);
+      opened = true;
+    } catch (const EVantrelException& error) {
+      EXPECT_FALSE(error.Message().empty());
+      EXPECT_FALSE(project->LoadDamage()->Place.empty());
+    }
+    if (andBack) SaveAndReadBack(*project);
+    return opened;
+  }
+  static void SaveAndReadBack(TMyTessaronProject& project) {
+    TVantrelMemoryStream saved;
+    try {
+      project.SaveToXmlStream(saved);
+    } catch (const EVantrelDateTimeError&) {
+      return;
+    }
+    saved.SetPosition(0);
+    EXPECT_NO_THROW(CreateVantrel<TMyTessaronProject>()->LoadFromXmlStream(saved));
+  }
+  /// The bytes that reading takes at most, per byte of the file, beyond a constant that does not grow with it.
+  static double MemoryFactor(TMyTessaronProject& source) {
+    constexpr double constant = 64 * 1024;
+    TVantrelMemoryStream stream;
+    source.SaveToBinStream(stream);
+    stream.SetPosition(0);
+    const auto before = Taken;
+    MostTaken = Taken;
+    auto project = CreateVantrel<TMyTessaronProject>();
+    project->LoadFromBinStream(stream);
+    return (static_cast<double>(MostTaken - before) - constant) / static_cast<double>(stream.Size());
+  }
+};
+
+const struct {
+  const char* Name;
+  TForm Form;
+  std::size_t Stride;
+} Files[] = {{"empty.kvr7", TForm::dsfBinary, 1},
+             {"protected.kvr7", TForm::dsfBinary, 5},
+             {"small.kvr7", TForm::dsfBinary, 41},
+             {"empty.kvrxr", TForm::dsfXml, 1},
+             {"protected.kvrxr", TForm::dsfXml, 211}};
+
+TEST_F(DamagedFilesTest, CutAtEveryLength) {
+  for (const auto& [name, form, stride] : Files) {
+    const auto whole = Fixture(name);
+    const auto needed = form == TForm::dsfXml ? whole.rfind('>') : whole.size();
+    for (std::size_t length = 0; length < needed; length += stride)
+      EXPECT_FALSE(Opens(std::string_view(whole).substr(0, length), form, length % 401 == 0)) << name << " " << length;
+    EXPECT_TRUE(Opens(whole, form, true));
+  }
+}
+
+TEST_F(DamagedFilesTest, SingleBytesChanged) {
+  for (const auto& [name, form, stride] : Files) {
+    auto bytes = Fixture(name);
+    for (std::size_t at = 0; at < bytes.size(); at += stride) {
+      const char old = bytes[at];
+      bytes[at] = static_cast<char>(old ^ (at % 2 == 0 ? 0xFF : 0x01));
+      Opens(bytes, form, at % 97 == 0);
+      bytes[at] = old;
+    }
+  }
+}
+
+TEST_F(DamagedFilesTest, HostileXml) {
+  std::string deep;
+  for (int i = 0; i < 100000; ++i) deep += "<a>";
+  for (const std::string text : {"<!DOCTYPE l [<!ENTITY a \"aaaaaaaaaa\"><!ENTITY b "
+                                  "\"&a;&a;&a;&a;&a;&a;\">]><Storage><Version>&b;</Version></Storage>",
+                                  "<!DOCTYPE l SYSTEM \"file:///etc/passwd\"><Storage/>",
+                                  "<Storage xmlns:xi=\"x\"><Students>&x;</Students></Storage>"})
+    EXPECT_FALSE(Opens(text, TForm::dsfXml)) << text;
+  EXPECT_FALSE(Opens(deep, TForm::dsfXml));
+  EXPECT_TRUE(
+      Opens("<?xml version='1.0' encoding='iso-8859-1'?><Storage><TeacherName>M\xFCller</TeacherName></Storage>",
+            TForm::dsfXml, true));
+}
+
+/// Numbers and dates that no text has a form for come by the binary form only.
+TEST_F(DamagedFilesTest, ValuesWithoutAText) {
+  auto project = CreateVantrel<TMyTessaronProject>();
+  auto* grade = project->Noten().AddNote(1, "a", "", 0, TGradeTypes::gtValue);
+  auto* student = static_cast<TStudent*>(project->Students().Add(TStudent::Class()));
+  student->Geschlecht = u'\1';
+  for (const float value : {INFINITY, -INFINITY, NAN}) {
+    grade->GradeValue = value;
+    student->Abschluss1Note.SetAsFloat(value);
+    SaveAndReadBack(*project);
+  }
+  student->Abgang.SetAsDateTime(1e300);
+  TVantrelMemoryStream saved;
+  EXPECT_THROW(project->SaveToXmlStream(saved), EVantrelDateTimeError);
+}
+
+/// The dearest file has courses that each name another student who never comes: 37 bytes make an empty student.
+TEST_F(DamagedFilesTest, MemoryStaysWithinAMultipleOfTheFile) {
+  using TList = TVantrelDataList& (*)(TMyTessaronProject&);
+  const std::pair<TList, const TVantrelDataClass*> cases[] = {
+      {[](auto& project) -> TVantrelDataList& { return project.Niveaus(); }, &TCatalog::Class()},
+      {[](auto& project) -> TVantrelDataList& { return project.Noten(); }, &TGrade::Class()},
+      {[](auto& project) -> TVantrelDataList& { return project.Classes(); }, &TClass::Class()},
+      {[](auto& project) -> TVantrelDataList& { return project.Options().Columns(); }, &TColumn::Class()},
+      {[](auto& project) -> TVantrelDataList& { return project.Students(); }, &TStudent::Class()},
+      {[](auto& project) -> TVantrelDataList& { return project.Courses(); }, &TCourse::Class()},
+  };
+  for (const bool absentStudents : {false, true}) {
+    for (const auto& [list, itemClass] : cases) {
+      auto source = CreateVantrel<TMyTessaronProject>();
+      std::vector<TVantrelPtr<TStudent>> absent;
+      for (int i = 0; i < 20000; ++i) {
+        auto* course = dynamic_cast<TCourse*>(list(*source).Add(*itemClass));
+        if (course == nullptr || !absentStudents) continue;
+        absent.push_back(CreateVantrel<TStudent>());
+        course->Student = absent.back().get();
+      }
+      EXPECT_LE(MemoryFactor(*source), absentStudents ? 9.0 : 6.0) << itemClass->Name;
+    }
+  }
+}
+
+}  // namespace

@@ -1,0 +1,244 @@
+#include <fmt/format.h>
+#include <gtest/gtest.h>
+
+#include "ErrorOf.h"
+#include "MsgBoxes.h"
+#include "TempFolder.h"
+#include "VantrelExceptions.h"
+#include "uProject.h"
+#include "uTessaron.h"
+
+namespace {
+
+using enum TVantrelFileAccessMode;
+using enum TVantrelFileOpenMode;
+
+class ProjectFilesTest : public testing::Test {
+ protected:
+  void SetUp() override {
+    TMyTessaronProject::RegisterClasses();
+    Renew();
+  }
+  void Renew() {
+    FProject = CreateVantrel<TMyTessaronProject>();
+    FProject->OnLoadFile = [this](auto& project, auto firedOn) {
+      EXPECT_EQ(&project, FProject.get());
+      FEvents += firedOn == TFileLoadTimeType::lfBefore ? 'B' : 'A';
+    };
+    FProject->OnModified = [this] { FEvents += 'M'; };
+    FEvents.clear();
+    FBoxes.Last.clear();
+  }
+  std::string Fixture(std::string_view extension) {
+    return ReadFileText(std::string(FIXTURES) + "/small." + std::string(extension == "kvr" ? "kvr7" : extension));
+  }
+  std::string Place(std::string_view extension, std::string_view bytes) {
+    const auto name = FFolder / ("a." + std::string(extension));
+    WriteFileText(name, bytes);
+    return name;
+  }
+  static std::uint32_t Refusal(const std::string& name) {
+    return FileErrorOf([&] { const TVantrelFileStream stream(name, famShareDenyNone, fomOpenReadWrite); });
+  }
+  std::uint32_t Load(const std::string& name) {
+    return FileErrorOf([&] { FProject->LoadFile(name); });
+  }
+
+  TempFolder FFolder;
+  TBoxes FBoxes;
+  std::string FEvents;
+  TVantrelPtr<TMyTessaronProject> FProject;
+};
+
+TEST_F(ProjectFilesTest, Kinds) {
+  using enum TProjectFileKind;
+  const std::vector<const char*> names[] = {
+      {"a.KVRX", "a.Kvr7", "kvrx", ""}, {"a.kvr", "a.kvr7"}, {"C:\\x.y\\a.kvrx"}, {"/x/a.b.kvrxr"}};
+  const char* extensions[] = {"", "alt", "kvrx", "kvrxr"};
+  for (const auto kind : {pfkUnknown, pfkBinary, pfkEncryptedXml, pfkPlainXml}) {
+    for (const char* name : names[static_cast<int>(kind)]) EXPECT_EQ(GetProjectFileKind(name), kind) << name;
+    std::string extension = "alt";
+    GetProjectFileExtension(kind, extension);
+    EXPECT_EQ(extension, extensions[static_cast<int>(kind)]);
+  }
+}
+
+/// What LoadFile does with a file in each state: error code, events (before, after, modified), and what stands then.
+TEST_F(ProjectFilesTest, LoadFile) {
+  const struct {
+    const char* State;
+    const char* HeldKinds;
+    const char* Enciphered;
+  } cases[] = {{"good", "0 BAM named held 12", "0 BAM named held 12"},
+               {"missing", "0 M 0", "2 BA 0"},
+               {"locked", "32 B named held 0", "32 BA held 0"},
+               {"foreign", "0 BAM named damage 0", "0 BAM box damage 0"},
+               {"cut", "0 BAM named damage 12", "0 BAM box damage 0"}};
+  for (const auto& [state, heldKinds, enciphered] : cases) {
+    for (const std::string extension : {"kvr", "kvr7", "kvrxr", "kvrx"}) {
+      SCOPED_TRACE(state + extension);
+      const bool cut = std::string_view(state) == "cut";
+      if (cut && extension == "kvrxr") continue;
+      const bool foreign = std::string_view(state) == "foreign";
+      const auto bytes = Fixture(extension);
+      const auto name = Place(extension, foreign ? "fremd" : bytes.substr(0, bytes.size() - (cut ? 7000 : 0)));
+      std::unique_ptr<TVantrelFileStream> lock;
+      if (std::string_view(state) == "locked")
+        lock = std::make_unique<TVantrelFileStream>(name, famShareExclusive, fomOpenRead);
+      if (std::string_view(state) == "missing") std::filesystem::remove(name);
+      Renew();
+      const auto code = Load(name);
+      EXPECT_EQ(fmt::format("{} {}{}{}{}{} {}", code, FEvents, FProject->FileName() == name ? " named" : "",
+                            Refusal(name) == 32 ? " held" : "", FBoxes.Last.empty() ? "" : " box",
+                            FProject->LoadDamage() ? " damage" : "", FProject->Students().Count()),
+                extension == "kvrx" ? enciphered : heldKinds);
+      EXPECT_FALSE(FProject->Modified());
+      FProject.reset();
+      lock.reset();
+      EXPECT_NE(Refusal(name), 32u);
+    }
+  }
+  Renew();
+  EXPECT_EQ(Load(Place("KVRX", Fixture("kvrx"))), 0u);
+  EXPECT_EQ(FEvents + FProject->FileName(), "M");
+}
+
+TEST_F(ProjectFilesTest, SecondStartIsRefusedAndASecondLoadIsWhole) {
+  for (const char* extension : {"kvr7", "kvrx", "kvrxr"}) {
+    const auto name = Place(extension, Fixture(extension));
+    Renew();
+    Load(name);
+    auto second = CreateVantrel<TMyTessaronProject>();
+    EXPECT_THROW(second->LoadFile(name), EVantrelFileHandleError);
+    EXPECT_THROW(second->LoadForReading(name), EVantrelFileHandleError);
+    EXPECT_EQ(Load(""), 0u);
+    EXPECT_EQ(FProject->Courses().Count(), 60);
+    EXPECT_EQ(FProject->Options().Columns().Count(), 56);
+    FProject.reset();
+  }
+}
+
+/// A save ends in the same way in every kind: nothing modified, OnModified called, the file held, and ready for more.
+TEST_F(ProjectFilesTest, SaveFile) {
+  for (const char* extension : {"kvr", "kvr7", "kvrx", "kvrxr"}) {
+    SCOPED_TRACE(extension);
+    const auto name = Place(extension, Fixture(extension));
+    Renew();
+    Load(name);
+    for (int times = 1; times <= 2; ++times) {
+      FEvents.clear();
+      FProject->Description = std::to_string(times);
+      FProject->SetModified(true);
+      FProject->SaveFile({});
+      EXPECT_EQ(FEvents, "MM");
+      EXPECT_FALSE(FProject->Modified());
+      EXPECT_EQ(Refusal(name), 32u);
+    }
+    FProject.reset();
+    auto again = CreateVantrel<TMyTessaronProject>();
+    again->LoadForReading(name);
+    EXPECT_EQ(again->Description, "2");
+    EXPECT_EQ(Refusal(name), 0u);
+    EXPECT_EQ(FFolder.FileCount(), 1u);
+    std::filesystem::remove(name);
+  }
+  Renew();
+  FProject->SaveFile(FFolder / "a.KVRX");
+  EXPECT_EQ(FEvents, "M");
+  EXPECT_EQ(FFolder.FileCount(), 0u);
+}
+
+TEST_F(ProjectFilesTest, SaveUnderAnotherKindHoldsTheNewFile) {
+  Load(Place("kvr7", Fixture("kvr7")));
+  FProject->SetFileName(FFolder / "b.kvrx");
+  FProject->SaveFile({});
+  EXPECT_EQ(Refusal(FFolder / "b.kvrx"), 32u);
+  FProject->SetFileName(FFolder / "c.kvr7");
+  FProject->SaveFile({});
+  EXPECT_EQ(Refusal(FFolder / "c.kvr7"), 32u);
+  EXPECT_EQ(Refusal(FFolder / "b.kvrx"), 0u);
+  EXPECT_EQ(Refusal(FFolder / "a.kvr7"), 0u);
+}
+
+TEST_F(ProjectFilesTest, FailedSaveKeepsFileFlagAndHold) {
+  for (const char* extension : {"kvr7", "kvrx", "kvrxr"}) {
+    SCOPED_TRACE(extension);
+    const auto name = Place(extension, Fixture(extension));
+    Renew();
+    Load(name);
+    FProject->Students().GetItem(5)->Ausbildungsjahr.Value = TVariant("abc");
+    FProject->SetModified(true);
+    FEvents.clear();
+    EXPECT_THROW(FProject->SaveFile({}), EConvertError);
+    EXPECT_TRUE(FProject->Modified());
+    EXPECT_EQ(FEvents, "");
+    EXPECT_EQ(Refusal(name), 32u);
+    EXPECT_EQ(ReadFileText(name), Fixture(extension));
+
+    FProject->Students().GetItem(5)->Ausbildungsjahr.SetNull();
+    FProject->Password = "a\xED\xA0\x80";
+    if (std::string_view(extension) != "kvr7") {
+      EXPECT_TRUE(ErrorOf<EVantrelException>([&] { FProject->SaveFile({}); }).starts_with("Das Kennwort der Datei"));
+      EXPECT_EQ(ReadFileText(name), Fixture(extension));
+      EXPECT_EQ(Refusal(name), 32u);
+    } else {
+      FProject->SaveFile({});
+      Load("");
+      EXPECT_EQ(FProject->Password, "a\xED\xA0\x80");
+    }
+    FProject.reset();
+  }
+}
+
+TEST_F(ProjectFilesTest, DamagedFileIsKeptBesideTheFirstSave) {
+  for (const char* extension : {"kvr7", "kvrx", "kvrxr"}) {
+    auto bytes = Fixture(extension);
+    bytes.resize(bytes.size() / 2);
+    const auto name = Place(extension, bytes);
+    Renew();
+    Load(name);
+    FProject->SetFileName(name);
+    for (int times = 0; times < 2; ++times) FProject->SaveFile({});
+    EXPECT_EQ(ReadFileText(name + ".beschaedigt"), bytes) << extension;
+    EXPECT_FALSE(std::filesystem::exists(name + ".beschaedigt2"));
+    FProject.reset();
+    FProject = CreateVantrel<TMyTessaronProject>();
+    EXPECT_EQ(Load(name), 0u);
+    EXPECT_FALSE(FProject->LoadDamage().has_value());
+  }
+}
+
+TEST_F(ProjectFilesTest, ForeignHoldRefusesASaveOverAnotherFile) {
+  Load(Place("kvrx", Fixture("kvrx")));
+  const auto other = FFolder / "b.kvrx";
+  WriteFileText(other, "fremd");
+  const TVantrelFileStream foreign(other, famShareExclusive, fomOpenRead);
+  FProject->SetModified(true);
+  EXPECT_THROW(FProject->SaveFile(other), EVantrelFileHandleError);
+  EXPECT_EQ(ReadFileText(other), "fremd");
+  EXPECT_TRUE(FProject->Modified());
+  EXPECT_EQ(Refusal(FFolder / "a.kvrx"), 32u);
+}
+
+TEST_F(ProjectFilesTest, EmptyDocumentAndItsStamp) {
+  const auto stamp = std::exchange(ProductVersion, "11.5");
+  Renew();
+  ProductVersion = "12.0";
+  EXPECT_EQ(FProject->ProductVersion(), "11.5");
+  const auto name = FFolder / "neu.kvrxr";
+  FProject->SetFileName(name);
+  FProject->SaveFile({});
+  const auto text = ReadFileText(name);
+  for (const char* part : {"<Version>1000</Version>", "<Version>11.5</Version>", "<TenantId>-1</TenantId>",
+                           "<TeacherId>-1</TeacherId>", "<TermId>-1</TermId>", "<Password/>"})
+    EXPECT_NE(text.find(part), std::string::npos) << part;
+  FProject.reset();
+  FProject = CreateVantrel<TMyTessaronProject>();
+  FProject->TenantId.SetAsInt(3);
+  Load(name);
+  EXPECT_TRUE(FProject->TenantId.IsNull());
+  EXPECT_EQ(FProject->ProductVersion(), "11.5");
+  ProductVersion = stamp;
+}
+
+}  // namespace

@@ -1,0 +1,313 @@
+#include <gtest/gtest.h>
+
+#include <cstring>
+#include <map>
+#include <sstream>
+
+#include "ErrorOf.h"
+#include "TempFolder.h"
+#include "VantrelExceptions.h"
+#include "VantrelText.h"
+#include "uMissingGrades.h"
+#include "uProject.h"
+
+namespace {
+
+class ProjectRecordsTest : public testing::Test {
+ protected:
+  void SetUp() override {
+    TMyTessaronProject::RegisterClasses();
+    CurrentProject = FProject.get();
+  }
+  void TearDown() override { CurrentProject = nullptr; }
+
+  TStudent& AddStudent(int id, int classId, std::string_view firstName, std::string_view lastName) {
+    auto* student = static_cast<TStudent*>(FProject->Students().Add(TStudent::Class()));
+    student->TessaronId.SetAsInt(id);
+    student->ClassId.SetAsInt(classId);
+    student->Vorname = firstName;
+    student->Nachname = lastName;
+    return *student;
+  }
+  TCourse& AddCourse(int id, TStudent& student, int subject, std::string_view token, int endnote) {
+    auto course = CreateVantrel<TCourse>(FProject.get());
+    auto& added = *course;
+    course->TessaronId.SetAsInt(id);
+    course->SubjectId.SetAsInt(subject);
+    course->SubjectToken = token;
+    course->Student = &student;
+    course->Endnote1Id.SetAsInt(endnote);
+    FProject->AddCourse(std::move(course));
+    return added;
+  }
+  /// Two classes, three students, a grade, and five courses in two subjects.
+  void Build() {
+    FProject->Classes().AddClass(1, "10a", TGradeTypes::gtValue);
+    FProject->Classes().AddClass(2, "10b", TGradeTypes::gtPoints);
+    FProject->Noten().AddNote(5, "2+", "gut", 1.7F, TGradeTypes::gtValue);
+    FProject->Noten().AddNote(6, "12", "", 12, TGradeTypes::gtPoints);
+    FProject->Noten().AddNote(-1, "x", "", 0, TGradeTypes::gtFill);
+    auto& anna = AddStudent(11, 1, "Anna", "Beck");
+    auto& bert = AddStudent(12, 2, "Bert", "");
+    auto& ohne = AddStudent(13, 9, "", "");
+    AddCourse(101, anna, 7, "Ma", 5).Beurteilung = "erste";
+    AddCourse(102, anna, 8, "De", -1).Beurteilung = "zweite";
+    AddCourse(103, bert, 7, "Ma", 6);
+    AddCourse(104, bert, 8, "De", 99);
+    AddCourse(105, ohne, 7, "Ma", -1);
+  }
+  static std::string Rows(TVantrelMemTable& table) {
+    std::string rows;
+    for (table.First(); !table.Eof(); table.Next()) {
+      for (const auto& field : table.Fields()) rows += field->Value().AsTextOrEmpty() + ",";
+      rows += ";";
+    }
+    return rows;
+  }
+  /// An open table with the fields of the list, each with the first letter of its type: text, integer, float,
+  /// date-time, Boolean or GUID.
+  TVantrelMemTable& Table(const std::string& fields) {
+    using enum TVantrelFieldType;
+    static const std::map<char, TVantrelFieldType> types{{'t', ftText},     {'i', ftInteger}, {'f', ftFloat},
+                                                         {'d', ftDateTime}, {'b', ftBoolean}, {'g', ftGuid}};
+    FTable = CreateVantrel<TVantrelMemTable>();
+    std::istringstream list(fields);
+    for (std::string field; list >> field;) FTable->AddField(field.substr(2), types.at(field[0]));
+    FTable->Open();
+    return *FTable;
+  }
+
+  TempFolder FFolder;
+  TVantrelPtr<TMyTessaronProject> FProject = CreateVantrel<TMyTessaronProject>();
+  TVantrelPtr<TVantrelMemTable> FTable;
+};
+
+/// What the program does not understand travels through every kind as it came.
+TEST_F(ProjectRecordsTest, RawValuesSurvive) {
+  auto text = ReadFileText(std::string(FIXTURES) + "/small.kvrxr");
+  const char* changes[] = {"TeacherType>255",    "TeacherType>200",
+                           "GradeType>0",        "GradeType>7",
+                           "Customization>2",    "Customization>253",
+                           "AbsenceBehaviour>1", "AbsenceBehaviour>9",
+                           "Gender>D",           "Gender>€",
+                           "Mahnung>1",          "Mahnung>-32768",
+                           "Lastname>von",       "Lastname>a&#13;b&#13;\n&lt;\xF0\x9F\x98\x80"};
+  for (std::size_t i = 0; i < std::size(changes); i += 2)
+    text.replace(text.find(std::string("<") + changes[i]), 1 + std::strlen(changes[i]),
+                 std::string("<") + changes[i + 1]);
+  WriteFileText(FFolder / "0.kvrxr", text);
+  const char* names[] = {"0.kvrxr", "1.kvrxr", "2.kvr7", "3.kvrx", "4.kvrxr"};
+  for (int i = 0; i < 4; ++i) {
+    auto project = CreateVantrel<TMyTessaronProject>();
+    project->LoadForReading(FFolder / names[i]);
+    project->SetFileName(FFolder / names[i + 1]);
+    project->SaveFile({});
+  }
+  const auto end = ReadFileText(FFolder / "4.kvrxr");
+  EXPECT_EQ(end, ReadFileText(FFolder / "1.kvrxr"));
+  for (std::size_t i = 1; i < std::size(changes); i += 2)
+    EXPECT_NE(end.find(changes[i]), std::string::npos) << changes[i];
+}
+
+TEST_F(ProjectRecordsTest, KeysAndMarkersOfTheXmlForm) {
+  auto& student = AddStudent(1, -1, "", "");
+  student.Zugang.SetAsDateTime(45000);
+  student.Versetzt = "\x01x\xED\xA0\x80y";
+  const auto* column = FProject->Options().Columns().AddColumn("Note1", "Note 1", true, true, true, 3);
+  EXPECT_EQ(column->Customname(), "Note 1");
+  FProject->SetFileName(FFolder / "a.kvrxr");
+  FProject->SaveFile({});
+  const auto text = ReadFileText(FFolder / "a.kvrxr");
+  for (const char* part : {"<Zuzgang>2023-03-15</Zuzgang>", "<Customname/>", "<ClassId>-1</ClassId>", "<Versetzt>xy<",
+                           "<Abschluss1Note>-1</Abschluss1Note>", "<Abgang>1899-12-30</Abgang>"})
+    EXPECT_NE(text.find(part), std::string::npos) << part;
+
+  WriteFileText(FFolder / "b.kvrxr",
+                "<Storage><Students><Items><Item Class='TStudent' ID='{AAAAAAAA-0000-0000-0000-000000000000}'>"
+                "<Zugang>2023-03-15</Zugang><Birthday>0000-00-00</Birthday></Item></Items></Students></Storage>");
+  auto read = CreateVantrel<TMyTessaronProject>();
+  read->LoadForReading(FFolder / "b.kvrxr");
+  const auto& bare = *read->Students().GetItem(0);
+  EXPECT_TRUE(bare.Zugang.IsNull() && bare.Geburtsdatum.IsNull() && bare.TessaronId.IsNull());
+  EXPECT_EQ(bare.Geschlecht, u'M');
+}
+
+TEST_F(ProjectRecordsTest, NullableValues) {
+  TMyTessaronInteger integer;
+  EXPECT_FALSE(integer.IsNull());
+  EXPECT_EQ(integer.AsInt(), 0);
+  for (const auto& [set, text] : {std::pair(-1, ""), {0, "0"}, {-7, "-7"}}) {
+    integer.SetAsInt(set);
+    EXPECT_EQ(integer.IsNull(), set == -1);
+    EXPECT_EQ(integer.AsInt(), set);
+    EXPECT_EQ(integer.ToString(), text);
+  }
+  integer.Value = TVariant("12");
+  EXPECT_EQ(integer.AsInt(), 12);
+  integer.Value = TVariant("zwölf");
+  EXPECT_THROW(integer.AsInt(), EConvertError);
+  TMyTessaronFloat number;
+  number.SetAsFloat(-1.0F);
+  EXPECT_TRUE(number.IsNull());
+  EXPECT_EQ(number.AsFloat(), -1.0F);
+  number.SetAsFloat(1.5F);
+  EXPECT_EQ(number.ToString(), "1,5");
+  TMyTessaronDateTime date;
+  date.SetAsDateTime(0);
+  EXPECT_TRUE(date.IsNull());
+  EXPECT_EQ(date.ToString(), "");
+  date.SetAsDateTime(45000.75);
+  EXPECT_EQ(date.ToString(), "15.03.2023");
+}
+
+TEST_F(ProjectRecordsTest, PasswordAndEdition) {
+  FProject->Password = Utf16ToUtf8(u"\xFFB8\x27C2\x21FF");
+  EXPECT_TRUE(FProject->CheckPassword("G\xF0\x9F\x98\x80"));
+  FProject->Password.clear();
+  EXPECT_FALSE(FProject->CheckPassword(""));
+  for (const auto& [version, edition] : {std::pair("", -1), {"x8", -1}, {"8.4", 8}, {"10.2", 1}}) {
+    FProject->SetProductVersion(version);
+    EXPECT_EQ(FProject->ProductEdition(), edition);
+  }
+}
+
+TEST_F(ProjectRecordsTest, Columns) {
+  auto& columns = FProject->Options().Columns();
+  columns.AddColumn("Note1", "Note 1", true, false, true, 1);
+  columns.AddColumn("Zeugnisdatum", "Datum", false, true, false, 2);
+  for (const char* name : {"Note1", "NOTE1", "col_student_course_Note1", "COL_SUBJECT_COURSE_note1"})
+    EXPECT_TRUE(FProject->EditableColumn(name)) << name;
+  for (const char* name :
+       {"", "Note2", "Zeugnisdatum", "col_student_course_", "col_student_course_col_subject_course_Note1"})
+    EXPECT_FALSE(FProject->EditableColumn(name)) << name;
+  EXPECT_TRUE(columns.IsVisible("zeugnisdatum"));
+  EXPECT_FALSE(columns.IsVisible("Note1") || columns.IsVisible("Note2"));
+  EXPECT_EQ(columns.GridItems()->GetItem(0)->Fieldname, "Note1");
+  EXPECT_EQ(columns.NonGridItems()->Count(), 1);
+  auto& table = Table("t:Fieldname t:Displayname t:Customname b:Visible b:Editable b:GridColumn i:Customization");
+  columns.Populate(table);
+  EXPECT_EQ(Rows(table), "Note1,Note 1,Note 1,False,True,True,1,;Zeugnisdatum,Datum,Datum,True,False,False,2,;");
+  columns.AssignFromData(table);
+  EXPECT_EQ(columns.Count(), 4);
+  EXPECT_EQ(columns.GetItem(3)->Displayname, "Datum");
+  table.Close();
+  columns.AssignFromData(table);
+  EXPECT_EQ(columns.Count(), 4);
+}
+
+TEST_F(ProjectRecordsTest, CoursesAndTheirTables) {
+  Build();
+  EXPECT_EQ(FProject->CoursesByClass(TVariant(1))->Count(), 2);
+  EXPECT_EQ(FProject->CoursesByStudent(TVariant(12))->GetItem(1)->TessaronId.AsInt(), 104);
+  EXPECT_EQ(FProject->CoursesBySubject(TVariant(7))->Count(), 3);
+  EXPECT_EQ(FProject->CoursesByStudent(TVariant(99))->Count(), 0);
+  EXPECT_EQ(FProject->Courses().Count(), 5);
+  AddCourse(101, *FProject->Students().GetItem(0), 1, "doppelt", 1);
+  EXPECT_EQ(FProject->Courses().Count(), 5);
+
+  auto& subjects = Table("i:ID t:Token t:Name");
+  FProject->PopulateSubjects(subjects);
+  FProject->PopulateSubjects(subjects);
+  EXPECT_EQ(Rows(subjects), "7,Ma,,;8,De,,;");
+  auto& grades = Table("i:ID t:FirstName t:LastName d:Birthdate t:Beurteilung t:Ma.7 t:De.8");
+  FProject->PopulateClassSubjects(grades, *FProject->Classes().GetItem(0));
+  EXPECT_EQ(Rows(grades), "11,Anna,Beck,,erste,2+,,;");
+  FProject->PopulateClassSubjects(grades, *FProject->Classes().GetItem(1));
+  EXPECT_EQ(Rows(grades), "12,Bert,,,,12,,;");
+
+  FProject->Courses().GetItem(2)->Student = nullptr;
+  EXPECT_EQ(ErrorOf<EVantrelException>([&] { FProject->CoursesByClass(TVariant(1)); }),
+            "Der Kurs 103 (Ma) hat in der Datei keinen Schüler.");
+  auto& course = *FProject->Courses().GetItem(0);
+  for (const auto& [kind, number, name] :
+       {std::tuple("GK", 2, "ma2"), {"LK", 2, "MA2"}, {"gk", 3, "Ma3"}, {"", -1, "Ma"}}) {
+    course.Unterrichtsart = kind;
+    course.KursNr.SetAsInt(number);
+    EXPECT_EQ(course.Name(), name);
+  }
+}
+
+TEST_F(ProjectRecordsTest, StudentsClassesAndCatalogues) {
+  Build();
+  auto& students = FProject->Students();
+  auto& anna = *students.GetItem(0);
+  anna.Geburtsdatum.SetAsDateTime(39571);
+  students.GetItem(2)->Geburtsdatum = anna.Geburtsdatum;
+  const char* names[][2] = {{"Anna Beck (03.05.2008)", "Anna Beck (10a)"}, {"Bert", "Bert (10b)"}, {"", ""}};
+  for (int i = 0; i < 3; ++i) {
+    EXPECT_EQ(students.GetItem(i)->DisplayName(), names[i][0]);
+    EXPECT_EQ(students.GetItem(i)->ViewDisplayName(), names[i][1]);
+  }
+  EXPECT_EQ(students.Find(TVariant(-1)), nullptr);
+  students.GetItem(2)->TessaronId.SetNull();
+  EXPECT_EQ(students.Find(TVariant(-1)), students.GetItem(2));
+  EXPECT_TRUE(students.Exists(static_cast<const TStudent&>(*anna.Clone())));
+  auto& table = Table("i:ID t:Vorname t:Nachname d:Geburtsdatum i:Klasse");
+  students.Populate(table);
+  EXPECT_EQ(Rows(table), "11,Anna,Beck,03.05.2008,1,;12,Bert,,,2,;,,,03.05.2008,9,;");
+  auto& classes = Table("i:ID t:Token i:GradeType");
+  AddStudent(14, 1, "", "");
+  students.PopulateClasses(classes);
+  EXPECT_EQ(Rows(classes), "1,10a,0,;2,10b,1,;");
+  EXPECT_EQ(FProject->Classes().Find(TVariant::Null()), nullptr);
+  FProject->Classes().AddClass(2, "doppelt", TGradeTypes::gtFill);
+  EXPECT_EQ(FProject->Classes().Count(), 2);
+
+  EXPECT_EQ(FProject->Noten().Find(-1), nullptr);
+  EXPECT_EQ(FProject->Noten().Find(6)->Token, "12");
+  auto& grades = Table("t:Token t:Description i:ID f:GradeValue i:GradeType");
+  FProject->Noten().Populate(grades, {TGradeTypes::gtPoints, TGradeTypes::gtFill});
+  EXPECT_EQ(Rows(grades), "12,,6,12,1,;x,,-1,0,2,;");
+  FProject->Noten().Populate(grades, {});
+  EXPECT_EQ(grades.RecordCount(), 3);
+  EXPECT_TRUE(GetGradeTypeName(static_cast<TGradeTypes>(7)).IsNull());
+  EXPECT_EQ(GetGradeTypeName(TGradeTypes::gtFill).AsText(), "Text");
+  auto& catalog = Table("t:Token t:Description");
+  FProject->Niveaus().AddCatalog("G", "Grund");
+  FProject->Niveaus().Populate(catalog);
+  EXPECT_EQ(Rows(catalog), "G,Grund,;");
+}
+
+TEST_F(ProjectRecordsTest, RemarksMarkTheProject) {
+  auto& student = AddStudent(1, 1, "", "");
+  const auto modifiedBy = [&](auto change) {
+    FProject->SetModified(false);
+    change();
+    return FProject->Modified();
+  };
+  TCertificateComment* remark = nullptr;
+  EXPECT_TRUE(modifiedBy([&] { remark = student.AddCertificateComment(3, "A", "Text"); }));
+  remark->Token = "T";
+  EXPECT_TRUE(modifiedBy([&] { student.EditCertificateComment(remark->ID(), 4, "B", "Neu"); }));
+  EXPECT_EQ(std::tie(remark->Position, remark->Attribute, remark->Description, remark->Token),
+            std::tuple(4, "B", "Neu", "T"));
+  auto& table = Table("g:ID t:Token t:Description t:Attribute i:Position");
+  student.CertificateComments->Populate(table);
+  EXPECT_EQ(Rows(table), GuidToText(remark->ID()) + ",T,Neu,B,4,;");
+  EXPECT_FALSE(modifiedBy([&] { student.EditCertificateComment(NewGuid(), 4, "", ""); }));
+  EXPECT_FALSE(modifiedBy([&] { student.DeleteCertificateComment(NewGuid()); }));
+  EXPECT_TRUE(modifiedBy([&] { student.DeleteCertificateComment(remark->ID()); }));
+  EXPECT_TRUE(modifiedBy([&] { student.DeleteAllCertificateComments(); }));
+  EXPECT_TRUE(student.CertificateComments->IsEmpty());
+}
+
+TEST_F(ProjectRecordsTest, MissingGradesCountVisibleColumns) {
+  Build();
+  EXPECT_TRUE(CountMissingGrades(*FProject).IsNothingMissing());
+  for (const char* field : {"Note1", "Note3", "Endnote1"})
+    FProject->Options().Columns().AddColumn(field, "", true, true, true, 0);
+  const auto missing = CountMissingGrades(*FProject);
+  EXPECT_EQ(missing.Noten1To5Count, 10);
+  EXPECT_EQ(missing.Endnote1Count, 2);
+  EXPECT_EQ(missing.Endnote2Count, -1);
+}
+
+TEST_F(ProjectRecordsTest, GridStateRecordsDropTheIndex) {
+  TVisibleFields fields;
+  auto& field = fields.AddField("b", 5, 3, false, 80);
+  EXPECT_EQ(std::tie(field.Index, field.VisibleIndex, field.Visible, field.Width), std::tuple(0, 3, false, 80));
+  field.Clear();
+  EXPECT_EQ(std::tie(field.Name, field.VisibleIndex, field.Visible, field.Width), std::tuple("", -1, true, 0));
+}
+
+}  // namespace
