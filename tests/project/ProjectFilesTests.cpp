@@ -208,18 +208,6 @@ TEST_F(ProjectFilesTest, DamagedFileIsKeptBesideTheFirstSave) {
   }
 }
 
-TEST_F(ProjectFilesTest, ForeignHoldRefusesASaveOverAnotherFile) {
-  Load(Place("kvrx", Fixture("kvrx")));
-  const auto other = FFolder / "b.kvrx";
-  WriteFileText(other, "fremd");
-  const TVantrelFileStream foreign(other, famShareExclusive, fomOpenRead);
-  FProject->SetModified(true);
-  EXPECT_THROW(FProject->SaveFile(other), EVantrelFileHandleError);
-  EXPECT_EQ(ReadFileText(other), "fremd");
-  EXPECT_TRUE(FProject->Modified());
-  EXPECT_EQ(Refusal(FFolder / "a.kvrx"), 32u);
-}
-
 TEST_F(ProjectFilesTest, EmptyDocumentAndItsStamp) {
   const auto stamp = std::exchange(ProductVersion, "11.5");
   Renew();

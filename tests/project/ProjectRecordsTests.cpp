@@ -1,14 +1,12 @@
 #include <gtest/gtest.h>
 
 #include <cstring>
-#include <map>
 #include <sstream>
 
 #include "ErrorOf.h"
 #include "TempFolder.h"
 #include "VantrelExceptions.h"
 #include "VantrelText.h"
-#include "uMissingGrades.h"
 #include "uProject.h"
 
 namespace {
@@ -64,15 +62,14 @@ class ProjectRecordsTest : public testing::Test {
     }
     return rows;
   }
-  /// An open table with the fields of the list, each with the first letter of its type: text, integer, float,
-  /// date-time, Boolean or GUID.
+  /// An open table with the fields of the list, integers by a leading "#".
   TVantrelMemTable& Table(const std::string& fields) {
-    using enum TVantrelFieldType;
-    static const std::map<char, TVantrelFieldType> types{{'t', ftText},     {'i', ftInteger}, {'f', ftFloat},
-                                                         {'d', ftDateTime}, {'b', ftBoolean}, {'g', ftGuid}};
     FTable = CreateVantrel<TVantrelMemTable>();
     std::istringstream list(fields);
-    for (std::string field; list >> field;) FTable->AddField(field.substr(2), types.at(field[0]));
+    for (std::string field; list >> field;) {
+      const bool number = field[0] == '#';
+      FTable->AddField(field.substr(number), number ? TVantrelFieldType::ftInteger : TVantrelFieldType::ftText);
+    }
     FTable->Open();
     return *FTable;
   }
@@ -142,22 +139,17 @@ TEST_F(ProjectRecordsTest, NullableValues) {
     EXPECT_EQ(integer.AsInt(), set);
     EXPECT_EQ(integer.ToString(), text);
   }
-  integer.Value = TVariant("12");
-  EXPECT_EQ(integer.AsInt(), 12);
   integer.Value = TVariant("zwölf");
   EXPECT_THROW(integer.AsInt(), EConvertError);
   TMyTessaronFloat number;
   number.SetAsFloat(-1.0F);
-  EXPECT_TRUE(number.IsNull());
-  EXPECT_EQ(number.AsFloat(), -1.0F);
+  EXPECT_TRUE(number.IsNull() && number.AsFloat() == -1.0F);
   number.SetAsFloat(1.5F);
-  EXPECT_EQ(number.ToString(), "1,5");
   TMyTessaronDateTime date;
   date.SetAsDateTime(0);
-  EXPECT_TRUE(date.IsNull());
-  EXPECT_EQ(date.ToString(), "");
+  EXPECT_TRUE(date.IsNull() && date.ToString().empty());
   date.SetAsDateTime(45000.75);
-  EXPECT_EQ(date.ToString(), "15.03.2023");
+  EXPECT_EQ(number.ToString() + " " + date.ToString(), "1,5 15.03.2023");
 }
 
 TEST_F(ProjectRecordsTest, PasswordAndEdition) {
@@ -184,15 +176,6 @@ TEST_F(ProjectRecordsTest, Columns) {
   EXPECT_FALSE(columns.IsVisible("Note1") || columns.IsVisible("Note2"));
   EXPECT_EQ(columns.GridItems()->GetItem(0)->Fieldname, "Note1");
   EXPECT_EQ(columns.NonGridItems()->Count(), 1);
-  auto& table = Table("t:Fieldname t:Displayname t:Customname b:Visible b:Editable b:GridColumn i:Customization");
-  columns.Populate(table);
-  EXPECT_EQ(Rows(table), "Note1,Note 1,Note 1,False,True,True,1,;Zeugnisdatum,Datum,Datum,True,False,False,2,;");
-  columns.AssignFromData(table);
-  EXPECT_EQ(columns.Count(), 4);
-  EXPECT_EQ(columns.GetItem(3)->Displayname, "Datum");
-  table.Close();
-  columns.AssignFromData(table);
-  EXPECT_EQ(columns.Count(), 4);
 }
 
 TEST_F(ProjectRecordsTest, CoursesAndTheirTables) {
@@ -205,11 +188,11 @@ TEST_F(ProjectRecordsTest, CoursesAndTheirTables) {
   AddCourse(101, *FProject->Students().GetItem(0), 1, "doppelt", 1);
   EXPECT_EQ(FProject->Courses().Count(), 5);
 
-  auto& subjects = Table("i:ID t:Token t:Name");
+  auto& subjects = Table("#ID Token Name");
   FProject->PopulateSubjects(subjects);
   FProject->PopulateSubjects(subjects);
   EXPECT_EQ(Rows(subjects), "7,Ma,,;8,De,,;");
-  auto& grades = Table("i:ID t:FirstName t:LastName d:Birthdate t:Beurteilung t:Ma.7 t:De.8");
+  auto& grades = Table("#ID FirstName LastName Birthdate Beurteilung Ma.7 De.8");
   FProject->PopulateClassSubjects(grades, *FProject->Classes().GetItem(0));
   EXPECT_EQ(Rows(grades), "11,Anna,Beck,,erste,2+,,;");
   FProject->PopulateClassSubjects(grades, *FProject->Classes().GetItem(1));
@@ -242,10 +225,7 @@ TEST_F(ProjectRecordsTest, StudentsClassesAndCatalogues) {
   students.GetItem(2)->TessaronId.SetNull();
   EXPECT_EQ(students.Find(TVariant(-1)), students.GetItem(2));
   EXPECT_TRUE(students.Exists(static_cast<const TStudent&>(*anna.Clone())));
-  auto& table = Table("i:ID t:Vorname t:Nachname d:Geburtsdatum i:Klasse");
-  students.Populate(table);
-  EXPECT_EQ(Rows(table), "11,Anna,Beck,03.05.2008,1,;12,Bert,,,2,;,,,03.05.2008,9,;");
-  auto& classes = Table("i:ID t:Token i:GradeType");
+  auto& classes = Table("#ID Token #GradeType");
   AddStudent(14, 1, "", "");
   students.PopulateClasses(classes);
   EXPECT_EQ(Rows(classes), "1,10a,0,;2,10b,1,;");
@@ -255,17 +235,13 @@ TEST_F(ProjectRecordsTest, StudentsClassesAndCatalogues) {
 
   EXPECT_EQ(FProject->Noten().Find(-1), nullptr);
   EXPECT_EQ(FProject->Noten().Find(6)->Token, "12");
-  auto& grades = Table("t:Token t:Description i:ID f:GradeValue i:GradeType");
+  auto& grades = Table("Token Description #ID GradeValue #GradeType");
   FProject->Noten().Populate(grades, {TGradeTypes::gtPoints, TGradeTypes::gtFill});
   EXPECT_EQ(Rows(grades), "12,,6,12,1,;x,,-1,0,2,;");
   FProject->Noten().Populate(grades, {});
   EXPECT_EQ(grades.RecordCount(), 3);
   EXPECT_TRUE(GetGradeTypeName(static_cast<TGradeTypes>(7)).IsNull());
   EXPECT_EQ(GetGradeTypeName(TGradeTypes::gtFill).AsText(), "Text");
-  auto& catalog = Table("t:Token t:Description");
-  FProject->Niveaus().AddCatalog("G", "Grund");
-  FProject->Niveaus().Populate(catalog);
-  EXPECT_EQ(Rows(catalog), "G,Grund,;");
 }
 
 TEST_F(ProjectRecordsTest, RemarksMarkTheProject) {
@@ -281,25 +257,11 @@ TEST_F(ProjectRecordsTest, RemarksMarkTheProject) {
   EXPECT_TRUE(modifiedBy([&] { student.EditCertificateComment(remark->ID(), 4, "B", "Neu"); }));
   EXPECT_EQ(std::tie(remark->Position, remark->Attribute, remark->Description, remark->Token),
             std::tuple(4, "B", "Neu", "T"));
-  auto& table = Table("g:ID t:Token t:Description t:Attribute i:Position");
-  student.CertificateComments->Populate(table);
-  EXPECT_EQ(Rows(table), GuidToText(remark->ID()) + ",T,Neu,B,4,;");
   EXPECT_FALSE(modifiedBy([&] { student.EditCertificateComment(NewGuid(), 4, "", ""); }));
   EXPECT_FALSE(modifiedBy([&] { student.DeleteCertificateComment(NewGuid()); }));
   EXPECT_TRUE(modifiedBy([&] { student.DeleteCertificateComment(remark->ID()); }));
   EXPECT_TRUE(modifiedBy([&] { student.DeleteAllCertificateComments(); }));
   EXPECT_TRUE(student.CertificateComments->IsEmpty());
-}
-
-TEST_F(ProjectRecordsTest, MissingGradesCountVisibleColumns) {
-  Build();
-  EXPECT_TRUE(CountMissingGrades(*FProject).IsNothingMissing());
-  for (const char* field : {"Note1", "Note3", "Endnote1"})
-    FProject->Options().Columns().AddColumn(field, "", true, true, true, 0);
-  const auto missing = CountMissingGrades(*FProject);
-  EXPECT_EQ(missing.Noten1To5Count, 10);
-  EXPECT_EQ(missing.Endnote1Count, 2);
-  EXPECT_EQ(missing.Endnote2Count, -1);
 }
 
 TEST_F(ProjectRecordsTest, GridStateRecordsDropTheIndex) {

@@ -201,12 +201,4 @@ TEST_F(DataFilesTest, FileErrorsInWords) {
   }
 }
 
-TEST_F(DataFilesTest, StatesOfALife) {
-  auto document = CreateVantrel<TTestDocument>();
-  EXPECT_EQ(document->Log, "Create1 ");
-  document->OnRead = [&](auto&) { EXPECT_EQ(document->State(), TVantrelDataStorageState::dssLoading); };
-  LoadXml(*document, "");
-  EXPECT_EQ(document->State(), TVantrelDataStorageState::dssNormal);
-}
-
 }  // namespace
