@@ -86,8 +86,8 @@ TEST_F(WelcomeViewTest, PanelStandsInTheCentreAndNeverLeftOfIt) {
 }
 
 TEST_F(WelcomeViewTest, GridHelpers) {
-  FakeGrid grid;
   TVantrelMemTable table;
+  FakeGrid grid;
   table.AddField("ID", TVantrelFieldType::ftInteger);
   table.Open();
   TGridColumn column;
