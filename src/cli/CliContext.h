@@ -5,6 +5,7 @@
 #include <ostream>
 #include <string>
 
+#include "SampleProject.h"
 #include "VantrelExceptions.h"
 
 /// What the program answers to its caller.
@@ -20,6 +21,8 @@ struct TCliContext {
   std::function<std::string(const std::string& fileName)> AskPassword = {};
   /// From the option --password-file.
   std::optional<std::string> Password = {};
+  /// From the options of the sample.
+  TSampleOptions Sample = {};
 };
 
 /// A command cannot be carried out; the message is for the user.

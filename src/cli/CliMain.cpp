@@ -1,10 +1,12 @@
 #include <getopt.h>
 
 #include <algorithm>
+#include <charconv>
 #include <fstream>
 
 #include "CliTexts.h"
 #include "Commands.h"
+#include "SampleNames.h"
 #include "VantrelI18n.h"
 #include "uProject.h"
 
@@ -12,9 +14,16 @@ namespace {
 
 using Commands::TArguments;
 
-enum TOption { HelpOption = 'h', PasswordFileOption = 'p' };
-constexpr option Options[] = {
-    {"help", no_argument, nullptr, HelpOption}, {"password-file", required_argument, nullptr, PasswordFileOption}, {}};
+constexpr std::string_view SampleCommand = "sample";
+constexpr int HelpOption = 'h', PasswordFileOption = 'p', SampleOption = 's';
+constexpr option Options[] = {{"help", no_argument, nullptr, HelpOption},
+                              {"password-file", required_argument, nullptr, PasswordFileOption},
+                              {"students", required_argument, nullptr, SampleOption},
+                              {"subjects", required_argument, nullptr, SampleOption},
+                              {"classes", required_argument, nullptr, SampleOption},
+                              {"seed", required_argument, nullptr, SampleOption},
+                              {"edition", required_argument, nullptr, SampleOption},
+                              {}};
 
 struct TCommand {
   std::string_view Name;
@@ -25,7 +34,8 @@ struct TCommand {
 constexpr TCommand CommandTable[] = {{"info", 1, 1, Commands::Info},
                                      {"check", 1, SIZE_MAX, Commands::Check},
                                      {"convert", 2, 2, Commands::Convert},
-                                     {"diff", 2, 2, Commands::Diff}};
+                                     {"diff", 2, 2, Commands::Diff},
+                                     {SampleCommand, 1, 1, Commands::Sample}};
 
 std::string FirstLine(const std::string& fileName) {
   std::ifstream file(fileName, std::ios::binary);
@@ -36,22 +46,57 @@ std::string FirstLine(const std::string& fileName) {
   return line;
 }
 
+/// Raises ECliUsageError for a text that is no number between the two.
+template <class T>
+T NumberOf(std::string_view option, std::string_view text, T least, T most) {
+  T value = 0;
+  const auto* end = text.data() + text.size();
+  const auto [rest, error] = std::from_chars(text.data(), end, value);
+  if (error != std::errc() || rest != end || value < least || value > most)
+    throw ECliUsageError(FormatText(CliTexts::WrongNumber, text, option, least, most));
+  return value;
+}
+
+void SetSampleOption(TSampleOptions& sample, std::string_view option, std::string_view value) {
+  constexpr int mostStudents = 100000, mostClasses = 1000;
+  if (option == "students") {
+    sample.Students = NumberOf(option, value, 0, mostStudents);
+  } else if (option == "subjects") {
+    sample.Subjects = NumberOf(option, value, 1, static_cast<int>(SampleNames::Subjects().size()));
+  } else if (option == "classes") {
+    sample.Classes = NumberOf(option, value, 1, mostClasses);
+  } else if (option == "seed") {
+    sample.Seed = NumberOf(option, value, std::uint64_t{0}, UINT64_MAX);
+  } else if (value == "8" || value == "10") {
+    sample.Edition = value == "8" ? 8 : 10;
+  } else {
+    throw ECliUsageError(ResourceText(CliTexts::WrongEdition));
+  }
+}
+
 /// Takes the options out of the arguments and gives the rest. True: help is asked for.
 bool TakeOptions(TArguments& arguments, TCliContext& context) {
   std::vector<char*> words{nullptr};
   for (auto& argument : arguments) words.push_back(argument.data());
   const int count = static_cast<int>(words.size());
   words.push_back(nullptr);
+  std::string sampleOption;
+  int which = 0;
   ::optind = 0;
   ::opterr = 0;
-  for (int found = 0; (found = ::getopt_long(count, words.data(), ":h", Options, nullptr)) != -1;) {
+  for (int found = 0; (found = ::getopt_long(count, words.data(), ":h", Options, &which)) != -1;) {
     const std::string word = words[static_cast<std::size_t>(::optind - 1)];
     if (found == HelpOption) return true;
     if (found == ':') throw ECliUsageError(FormatText(CliTexts::OptionWithoutValue, word));
     if (found == '?') throw ECliUsageError(FormatText(CliTexts::UnknownOption, word));
-    context.Password = FirstLine(::optarg);
+    if (found == PasswordFileOption) context.Password = FirstLine(::optarg);
+    if (found != SampleOption) continue;
+    sampleOption = Options[which].name;
+    SetSampleOption(context.Sample, sampleOption, ::optarg);
   }
-  arguments.assign(words.begin() + ::optind, words.end() - 1);
+  arguments = TArguments(words.begin() + ::optind, words.end() - 1);
+  if (!sampleOption.empty() && !arguments.empty() && arguments.front() != SampleCommand)
+    throw ECliUsageError(FormatText(CliTexts::ForeignOption, sampleOption, arguments.front()));
   return false;
 }
 

@@ -16,6 +16,8 @@ inline constexpr const char* Usage =
     "\n"
     "  --password-file DATEI   Kennwort geschützter Dateien, in der ersten Zeile;\n"
     "                          sonst wird am Terminal danach gefragt\n"
+    "  --students N, --subjects N, --classes N, --seed N, --edition 8|10\n"
+    "                          Umfang, Zufallszahl und Ausgabe einer Beispieldatei\n"
     "  --help                  Diese Hilfe\n"
     "\n"
     "Ergebnis: 0 in Ordnung, 1 Befunde oder Unterschiede, 2 falscher Aufruf oder nicht lesbare Datei.\n";
@@ -23,6 +25,9 @@ inline constexpr const char* SeeHelp = "Hilfe: mytessaron-cli --help";
 inline constexpr const char* UnknownCommand = "Unbekannter Befehl: {}";
 inline constexpr const char* UnknownOption = "Unbekannte Option: {}";
 inline constexpr const char* OptionWithoutValue = "Der Option {} fehlt ihr Wert.";
+inline constexpr const char* ForeignOption = "Die Option --{} gehört nicht zum Befehl {}.";
+inline constexpr const char* WrongNumber = "Der Wert \"{}\" der Option --{} ist nicht erlaubt ({} bis {}).";
+inline constexpr const char* WrongEdition = "Die Option --edition erwartet 8 oder 10.";
 inline constexpr const char* WrongFileCount = "Der Befehl {} erwartet andere Dateiangaben.";
 inline constexpr const char* OutputFailed = "Die Ausgabe konnte nicht geschrieben werden.";
 inline constexpr const char* UnexpectedError = "Unerwarteter Fehler: {}";
@@ -44,6 +49,8 @@ inline constexpr const char* PasswordNeeded =
     "Die Datei \"{}\" ist mit einem Kennwort geschützt. Geben Sie es mit --password-file DATEI an.";
 inline constexpr const char* NoPasswordFile = "Die Kennwortdatei \"{}\" kann nicht gelesen werden.";
 inline constexpr const char* Converted = "\"{}\" wurde als \"{}\" gespeichert.";
+
+inline constexpr const char* SampleMade = "\"{}\" wurde hergestellt: {} Schüler, {} Kurse.";
 
 inline constexpr const char* InfoFile = "Datei";
 inline constexpr const char* InfoKind = "Art";

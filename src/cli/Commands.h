@@ -15,6 +15,7 @@ TCliResult Info(const TArguments& files, TCliContext& context);
 TCliResult Check(const TArguments& files, TCliContext& context);
 TCliResult Convert(const TArguments& files, TCliContext& context);
 TCliResult Diff(const TArguments& files, TCliContext& context);
+TCliResult Sample(const TArguments& files, TCliContext& context);
 
 }  // namespace Commands
 

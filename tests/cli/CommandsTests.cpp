@@ -21,6 +21,10 @@ TEST_F(CommandsTest, TellsWrongUse) {
       {{"info", "/nirgends/a.kvrx"}, "Pfad"},
       {{"info", FFolder / "a.kvrx"}, "existiert nicht"},
       {{"info", Fixture("small.txt")}, "von keiner bekannten Art"},
+      {{"sample", FFolder / "a.kvrx", "--students", "viele"}, "\"viele\" der Option --students"},
+      {{"sample", FFolder / "a.kvrx", "--edition=9"}, "8 oder 10"},
+      {{"sample", FFolder / "a.png"}, "gehört zu keiner bekannten Art"},
+      {{"info", "--seed", "1", Fixture("small.kvrx")}, "--seed gehört nicht zum Befehl info"},
       {{"convert", Fixture("small.kvrx"), FFolder / "a.txt"}, "gehört zu keiner bekannten Art"},
   };
   for (const auto& [arguments, text] : cases) {
@@ -113,6 +117,17 @@ TEST_F(CommandsTest, ConvertsAFileOntoItselfByAnotherName) {
   EXPECT_EQ(Run({"diff", file, FFolder / "hart.kvr7"}), 0);
   EXPECT_EQ(Run({"convert", file, FFolder / "link.kvr7"}), 0);
   EXPECT_EQ(Run({"diff", FFolder / "link.kvr7", Fixture("small.kvr7")}), 0);
+}
+
+TEST_F(CommandsTest, SamplesAreFreeOfDefects) {
+  const std::vector<std::string> size{"--students", "40", "--subjects=3", "--classes", "4", "--seed", "7"};
+  for (const char* edition : {"8", "10"}) {
+    std::vector<std::string> arguments{"sample", FFolder / "muster.kvrx", "--edition", edition};
+    arguments.insert(arguments.end(), size.begin(), size.end());
+    EXPECT_EQ(Run(arguments), 0) << Err();
+    EXPECT_THAT(Out(), HasSubstr("40 Schüler, 120 Kurse"));
+    EXPECT_EQ(Run({"check", FFolder / "muster.kvrx"}), 0) << Out();
+  }
 }
 
 TEST_F(CommandsTest, AFileThatIsBeingEditedIsNotRead) {

@@ -1,0 +1,112 @@
+#include "CliFixture.h"
+#include "DiskFaults.h"
+#include "InChild.h"
+#include "VantrelExceptions.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+
+class ProgramTest : public CliFixture {
+ protected:
+  /// The real program, from its arguments to its exit code.
+  int RunProgram(std::vector<std::string> arguments) {
+    arguments.insert(arguments.begin(), CLI_PROGRAM);
+    return RunWithFault(arguments, FFolder.Path().string(), TDiskFault::Kill, Never).ExitCode;
+  }
+  static constexpr int Never = 1000000;
+};
+
+TEST_F(ProgramTest, ExitsWithItsResult) {
+  const auto small = Fixture("small.kvrx");
+  const auto sample = FFolder / "muster.kvr7";
+  EXPECT_EQ(RunProgram({"sample", sample, "--students", "2"}), 0);
+  EXPECT_EQ(RunProgram({"check", sample, sample}), 0);
+  EXPECT_EQ(RunProgram({"diff", sample, small}), 1);
+  EXPECT_EQ(RunProgram({"info", Fixture("protected.kvrx")}), 2);
+  EXPECT_EQ(RunProgram({}), 2);
+}
+
+class ConvertFaultTest : public ProgramTest, public testing::WithParamInterface<std::tuple<const char*, TDiskFault>> {};
+
+/// Whatever call the disk fails at, and wherever the program dies: the target is the old or the new file, complete.
+TEST_P(ConvertFaultTest, LeavesTheOldOrTheNewFile) {
+  const auto& [kind, fault] = GetParam();
+  const auto folder = (FFolder.Path() / "ziel").string();
+  const auto target = folder + "/datei." + kind;
+  const auto before = Save(Project(), std::string("alt.") + kind);
+  const auto source = Fixture("small.kvr7");
+  const auto after = FFolder / (std::string("neu.") + kind);
+  ASSERT_EQ(Run({"convert", source, after}), 0);
+  const auto oldBytes = ReadFileText(before);
+  const auto newBytes = ReadFileText(after);
+  ASSERT_NE(oldBytes, newBytes);
+
+  const int struck = ForEachDiskFault(
+      {CLI_PROGRAM, "convert", source, target}, folder, fault,
+      [&] {
+        fs::remove_all(folder);
+        fs::create_directory(folder);
+        fs::copy_file(before, target);
+      },
+      [&](const TFaultyRun& run) {
+        const auto bytes = ReadFileText(target);
+        EXPECT_TRUE(bytes == newBytes || bytes == oldBytes);
+        EXPECT_EQ(run.Killed, run.Fired && fault == TDiskFault::Kill);
+        EXPECT_TRUE(run.Killed || run.ExitCode == (bytes == newBytes ? 0 : 2)) << run.ExitCode;
+        ASSERT_EQ(Run({"convert", source, target}), 0);
+        EXPECT_EQ(ReadFileText(target), newBytes);
+        EXPECT_EQ(std::distance(fs::directory_iterator(folder), {}), 1);
+      });
+  EXPECT_GE(struck, 4);
+}
+
+INSTANTIATE_TEST_SUITE_P(Kinds, ConvertFaultTest,
+                         testing::Combine(testing::Values("kvrx", "kvr7", "kvrxr"),
+                                          testing::Values(TDiskFault::Kill, TDiskFault::Full)));
+
+/// Opens the file for editing as the window does; 0 or the code of the refusal.
+int OpenForEditing(const std::string& file) {
+  try {
+    const auto project = CreateVantrel<TMyTessaronProject>();
+    project->LoadFile(file);
+    return project->Students().Count() == 1 ? 0 : 255;
+  } catch (const EVantrelFileHandleError& error) {
+    return static_cast<int>(error.ErrorCode());
+  }
+}
+
+class HoldTest : public ProgramTest, public testing::WithParamInterface<const char*> {};
+
+TEST_P(HoldTest, ASecondProcessIsRefusedUntilTheFirstEnds) {
+  constexpr int sharing = 32;
+  const auto file = Save(Project(), std::string("datei.") + GetParam());
+  for (const bool killed : {false, true}) {
+    int ready[2];
+    int leave[2];
+    ASSERT_EQ(::pipe(ready) + ::pipe(leave), 0);
+    const auto holder = ::fork();
+    if (holder == 0) {
+      ::close(leave[1]);
+      char signal = 0;
+      const auto project = CreateVantrel<TMyTessaronProject>();
+      project->LoadFile(file);
+      if (::write(ready[1], "x", 1) == 1 && ::read(leave[0], &signal, 1) < 0) ::_exit(1);
+      ::_exit(0);
+    }
+    char signal = 0;
+    EXPECT_EQ(::read(ready[0], &signal, 1), 1);
+    EXPECT_EQ(InChild([&] { return OpenForEditing(file); }), sharing);
+    EXPECT_EQ(RunProgram({"info", file}), 2);
+    EXPECT_EQ(RunProgram({"convert", Fixture("small.kvr7"), file}), 2);
+    if (killed) ::kill(holder, SIGKILL);
+    for (const int end : {ready[0], ready[1], leave[0], leave[1]}) ::close(end);
+    ::waitpid(holder, nullptr, 0);
+    EXPECT_EQ(InChild([&] { return OpenForEditing(file); }), 0);
+    EXPECT_EQ(RunProgram({"info", file}), 0);
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(Kinds, HoldTest, testing::Values("kvrx", "kvr7", "kvrxr"));
+
+}  // namespace
