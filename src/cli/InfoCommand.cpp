@@ -1,7 +1,7 @@
 #include <fmt/format.h>
 #include <fmt/ranges.h>
 
-#include <ranges>
+#include <sstream>
 
 #include "CliTexts.h"
 #include "Commands.h"
@@ -39,9 +39,9 @@ std::string WithId(const std::string& name, const TMyTessaronInteger& id) {
 
 /// The lines of a text below each other.
 std::string Indented(std::string_view text) {
+  std::istringstream source{std::string(text)};
   std::vector<std::string> lines;
-  for (const auto line : std::views::split(text, '\n'))
-    lines.push_back(Printable(std::string_view(line.begin(), line.end())));
+  for (std::string line; std::getline(source, line);) lines.push_back(Printable(line));
   return fmt::format("{}", fmt::join(lines, fmt::format("\n{:{}}", "", CaptionWidth)));
 }
 

@@ -31,12 +31,13 @@ class ConvertFaultTest : public ProgramTest, public testing::WithParamInterface<
 
 /// Whatever call the disk fails at, and wherever the program dies: the target is the old or the new file, complete.
 TEST_P(ConvertFaultTest, LeavesTheOldOrTheNewFile) {
-  const auto& [kind, fault] = GetParam();
+  const std::string kind = std::get<0>(GetParam());
+  const auto fault = std::get<1>(GetParam());
   const auto folder = (FFolder.Path() / "ziel").string();
   const auto target = folder + "/datei." + kind;
-  const auto before = Save(Project(), std::string("alt.") + kind);
+  const auto before = Save(Project(), "alt." + kind);
   const auto source = Fixture("small.kvr7");
-  const auto after = FFolder / (std::string("neu.") + kind);
+  const auto after = FFolder / ("neu." + kind);
   ASSERT_EQ(Run({"convert", source, after}), 0);
   const auto oldBytes = ReadFileText(before);
   const auto newBytes = ReadFileText(after);
