@@ -47,5 +47,6 @@ function(house_test name)
   add_executable(${name}_tests ${sources})
   target_link_libraries(${name}_tests PRIVATE ${ARGN} test_support GTest::gmock GTest::gtest_main)
   add_dependencies(${name}_tests disk_faults)
-  gtest_discover_tests(${name}_tests TEST_PREFIX ${name}. DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 300)
+  gtest_discover_tests(${name}_tests TEST_PREFIX ${name}. WORKING_DIRECTORY ${CMAKE_SOURCE_DIR}/tests
+                       DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 300)
 endfunction()

@@ -47,3 +47,10 @@ std::span<const std::uint8_t> TVantrelMemoryStream::Window() const {
   if (FPosition >= Size()) return {};
   return std::span(FBytes).subspan(static_cast<std::size_t>(FPosition));
 }
+
+std::uint8_t* TVantrelMemoryStream::TakeRoom(std::int64_t count) {
+  const auto begin = static_cast<std::size_t>(FPosition);
+  FPosition += count;
+  if (FPosition > Size()) FBytes.resize(static_cast<std::size_t>(FPosition));
+  return FBytes.data() + begin;
+}

@@ -30,32 +30,9 @@ TVariant::TVariant(const TVariant& other) : FKind(other.FKind), FInteger(other.F
   if (FKind == TVariantKind::Text) FText = new std::string(*other.FText);
 }
 
-TVariant::TVariant(TVariant&& other) noexcept : FKind(other.FKind), FInteger(other.FInteger) {
-  other.FKind = TVariantKind::Unassigned;
-  other.FInteger = 0;
-}
-
 TVariant& TVariant::operator=(const TVariant& other) {
   if (this != &other) *this = TVariant(other);
   return *this;
-}
-
-TVariant& TVariant::operator=(TVariant&& other) noexcept {
-  std::swap(FKind, other.FKind);
-  std::swap(FInteger, other.FInteger);
-  return *this;
-}
-
-TVariant TVariant::Null() noexcept {
-  TVariant result;
-  result.FKind = TVariantKind::Null;
-  return result;
-}
-
-TVariant TVariant::DateTime(double days) noexcept {
-  TVariant result(days);
-  result.FKind = TVariantKind::DateTime;
-  return result;
 }
 
 double TVariant::AsFloat() const {

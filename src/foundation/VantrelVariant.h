@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <utility>
 
 enum class TVariantKind : std::uint8_t { Unassigned, Null, Boolean, Integer, Float, DateTime, Text };
 
@@ -19,15 +20,30 @@ class TVariant {
   TVariant(const std::string& value) : TVariant(std::string_view(value)) {}
   TVariant(const char* value) : TVariant(std::string_view(value)) {}
   TVariant(const TVariant& other);
-  TVariant(TVariant&& other) noexcept;
+  TVariant(TVariant&& other) noexcept : FKind(other.FKind), FInteger(other.FInteger) {
+    other.FKind = TVariantKind::Unassigned;
+    other.FInteger = 0;
+  }
   TVariant& operator=(const TVariant& other);
-  TVariant& operator=(TVariant&& other) noexcept;
+  TVariant& operator=(TVariant&& other) noexcept {
+    std::swap(FKind, other.FKind);
+    std::swap(FInteger, other.FInteger);
+    return *this;
+  }
   ~TVariant() {
     if (FKind == TVariantKind::Text) delete FText;
   }
 
-  static TVariant Null() noexcept;
-  static TVariant DateTime(double days) noexcept;
+  static TVariant Null() noexcept {
+    TVariant result;
+    result.FKind = TVariantKind::Null;
+    return result;
+  }
+  static TVariant DateTime(double days) noexcept {
+    TVariant result(days);
+    result.FKind = TVariantKind::DateTime;
+    return result;
+  }
 
   TVariantKind Kind() const noexcept { return FKind; }
   bool IsNull() const noexcept { return FKind == TVariantKind::Null; }

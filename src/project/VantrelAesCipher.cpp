@@ -319,37 +319,27 @@ std::uint64_t TVantrelAesCipher::DecryptStream(TVantrelStream& inStream, TVantre
 
 std::uint64_t TVantrelAesCipher::RunStream(TOperation operation, TVantrelStream& inStream, TVantrelStream& outStream,
                                            std::uint64_t size) {
-  auto* const memory = dynamic_cast<TVantrelMemoryStream*>(&outStream);
-  if (memory != nullptr && memory != &inStream && !inStream.Window().empty())
-    return RunInMemory(operation, inStream, *memory, size);
   std::uint8_t buffer[ChunkBytes];
   std::uint64_t result = 0;
   for (std::uint64_t asked = 0; asked < size; asked += ChunkBytes) {
-    const auto chunk = static_cast<std::int64_t>(std::min<std::uint64_t>(size - asked, ChunkBytes));
-    const std::int64_t count = inStream.Read(buffer, chunk);
-    (this->*operation)(buffer, buffer, static_cast<std::uint32_t>(count));
-    if (outStream.Write(buffer, count) != count)
+    auto count = static_cast<std::int64_t>(std::min<std::uint64_t>(size - asked, ChunkBytes));
+    const std::span<const std::uint8_t> window = inStream.Window();
+    const std::uint8_t* source = window.data();
+    if (window.empty()) {
+      count = inStream.Read(buffer, count);
+      source = buffer;
+    } else {
+      count = std::min(count, std::ssize(window));
+      inStream.SetPosition(inStream.Position() + count);
+    }
+    std::uint8_t* const room = &outStream == &inStream ? nullptr : outStream.TakeRoom(count);
+    std::uint8_t* const target = room == nullptr ? buffer : room;
+    (this->*operation)(source, target, static_cast<std::uint32_t>(count));
+    if (room == nullptr && outStream.Write(target, count) != count)
       throw EVantrelStreamWriterError(ResourceText(FoundationTexts::ShortWrite));
     result += static_cast<std::uint64_t>(count);
   }
   return result;
-}
-
-/// From the one stream's memory straight to the other's, which grows step by step: what is new in it is then still in
-/// the processor's cache when the operation writes it.
-std::uint64_t TVantrelAesCipher::RunInMemory(TOperation operation, TVantrelStream& inStream, TVantrelMemoryStream& out,
-                                             std::uint64_t size) {
-  const std::span<const std::uint8_t> source = inStream.Window();
-  const std::size_t count = static_cast<std::size_t>(std::min<std::uint64_t>(size, source.size()));
-  const auto start = static_cast<std::size_t>(out.Position());
-  for (std::size_t done = 0, step = 0; done < count; done += step) {
-    step = std::min(count - done, MemoryStepBytes);
-    if (const std::size_t end = start + done + step; out.Bytes().size() < end) out.Bytes().resize(end);
-    (this->*operation)(source.data() + done, out.Bytes().data() + start + done, static_cast<std::uint32_t>(step));
-  }
-  out.SetPosition(out.Position() + static_cast<std::int64_t>(count));
-  inStream.SetPosition(inStream.Position() + static_cast<std::int64_t>(count));
-  return count;
 }
 
 std::string TVantrelAesCipher::EncryptString(std::string_view str) {

@@ -92,8 +92,6 @@ class TVantrelAesCipher : public TVantrelObject {
   void SetKey(const std::uint8_t* key, std::uint32_t bytes);
   void RunCbc(TCbc& cbc, const std::uint8_t* in, std::uint8_t* out, std::uint32_t size);
   void KeyStream(const std::uint8_t* in, std::uint8_t* out, std::uint32_t size);
-  std::uint64_t RunInMemory(TOperation operation, TVantrelStream& inStream, TVantrelMemoryStream& out,
-                            std::uint64_t size);
   std::uint64_t RunStream(TOperation operation, TVantrelStream& inStream, TVantrelStream& outStream,
                           std::uint64_t size);
 

@@ -88,19 +88,19 @@ void TCertificateComment::VisitFields(const Fields::TVisitor& visitor) const {
 
 void TGrade::DoClear() {
   TCatalog::DoClear();
-  Fields::ClearAll(FieldTable(), *this);
+  Fields::ClearAll(Fields::Of<FieldTable>, *this);
 }
 void TGrade::Assign(const TVantrelObject& source) {
   TCatalog::Assign(source);
-  Fields::AssignAll(FieldTable(), *this, source);
+  Fields::AssignAll(Fields::Of<FieldTable>, *this, source);
 }
 void TGrade::ReadData(TVantrelDataObjectReader& reader) {
   TCatalog::ReadData(reader);
-  Fields::ReadAll(FieldTable(), *this, reader);
+  Fields::ReadAll(Fields::Of<FieldTable>, *this, reader);
 }
 void TGrade::WriteData(TVantrelDataObjectWriter& writer) const {
   TCatalog::WriteData(writer);
-  Fields::WriteAll(FieldTable(), *this, writer);
+  Fields::WriteAll(Fields::Of<FieldTable>, *this, writer);
 }
 void TGrade::VisitFields(const Fields::TVisitor& visitor) const {
   TCatalog::VisitFields(visitor);
@@ -111,17 +111,17 @@ void TClass::DoCreate() {
   DoClear();
 }
 void TClass::DoClear() {
-  Fields::ClearAll(FieldTable(), *this);
+  Fields::ClearAll(Fields::Of<FieldTable>, *this);
 }
 void TClass::Assign(const TVantrelObject& source) {
-  Fields::AssignAll(FieldTable(), *this, source);
+  Fields::AssignAll(Fields::Of<FieldTable>, *this, source);
 }
 void TClass::ReadData(TVantrelDataObjectReader& reader) {
   TVantrelDataClassOf::ReadData(reader);
-  Fields::ReadAll(FieldTable(), *this, reader);
+  Fields::ReadAll(Fields::Of<FieldTable>, *this, reader);
 }
 void TClass::WriteData(TVantrelDataObjectWriter& writer) const {
-  Fields::WriteAll(FieldTable(), *this, writer);
+  Fields::WriteAll(Fields::Of<FieldTable>, *this, writer);
 }
 void TClass::VisitFields(const Fields::TVisitor& visitor) const {
   Fields::VisitAll(FieldTable(), *this, visitor);

@@ -13,21 +13,21 @@ constexpr auto TColumn::FieldTable() {
 
 void TColumn::DoClear() {
   const bool gridColumn = GridColumn;
-  Fields::ClearAll(FieldTable(), *this);
+  Fields::ClearAll(Fields::Of<FieldTable>, *this);
   GridColumn = gridColumn;
 }
 
 void TColumn::Assign(const TVantrelObject& source) {
-  Fields::AssignAll(FieldTable(), *this, source);
+  Fields::AssignAll(Fields::Of<FieldTable>, *this, source);
 }
 
 void TColumn::ReadData(TVantrelDataObjectReader& reader) {
   TVantrelDataClassOf::ReadData(reader);
-  Fields::ReadAll(FieldTable(), *this, reader);
+  Fields::ReadAll(Fields::Of<FieldTable>, *this, reader);
 }
 
 void TColumn::WriteData(TVantrelDataObjectWriter& writer) const {
-  Fields::WriteAll(FieldTable(), *this, writer);
+  Fields::WriteAll(Fields::Of<FieldTable>, *this, writer);
 }
 
 void TColumn::VisitFields(const Fields::TVisitor& visitor) const {

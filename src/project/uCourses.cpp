@@ -35,24 +35,24 @@ constexpr auto CourseFields() {
 }  // namespace
 
 void TCourse::DoClear() {
-  Fields::ClearAll(CourseFields(), *this);
+  Fields::ClearAll(Fields::Of<CourseFields>, *this);
 }
 
 void TCourse::Assign(const TVantrelObject& source) {
-  Fields::AssignAll(CourseFields(), *this, source);
+  Fields::AssignAll(Fields::Of<CourseFields>, *this, source);
 }
 
 void TCourse::ReadData(TVantrelDataObjectReader& reader) {
   TVantrelDataClassOf::ReadData(reader);
-  Fields::ReadAll(CourseFields(), *this, reader);
+  Fields::ReadAll(Fields::Of<CourseFields>, *this, reader);
 }
 
 void TCourse::WriteData(TVantrelDataObjectWriter& writer) const {
-  Fields::WriteAll(CourseFields(), *this, writer);
+  Fields::WriteAll(Fields::Of<CourseFields>, *this, writer);
 }
 
 void TCourse::VisitFields(const Fields::TVisitor& visitor) const {
-  Fields::VisitAll(CourseFields(), *this, visitor);
+  Fields::VisitAll(Fields::Of<CourseFields>, *this, visitor);
 }
 
 std::string TCourse::Name() const {

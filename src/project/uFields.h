@@ -133,6 +133,10 @@ struct DataObjectRef {
   TVariant Value(const T&) const { return TVariant::Null(); }
 };
 
+/// The table that a function makes, as a constant of the program.
+template <auto MakeTable>
+inline constexpr auto Of = MakeTable();
+
 template <class TTable, class T>
 void ReadAll(const TTable& table, T& record, TVantrelDataObjectReader& reader) {
   std::apply([&](const auto&... field) { (field.Read(record, reader), ...); }, table);

@@ -22,20 +22,20 @@ void TDataOptions::DoDestroy() {
 }
 
 void TDataOptions::DoClear() {
-  Fields::ClearAll(FieldTable(), *this);
+  Fields::ClearAll(Fields::Of<FieldTable>, *this);
 }
 
 void TDataOptions::Assign(const TVantrelObject& source) {
-  Fields::AssignAll(FieldTable(), *this, source);
+  Fields::AssignAll(Fields::Of<FieldTable>, *this, source);
 }
 
 void TDataOptions::ReadData(TVantrelDataObjectReader& reader) {
   TVantrelDataClassOf::ReadData(reader);
-  Fields::ReadAll(FieldTable(), *this, reader);
+  Fields::ReadAll(Fields::Of<FieldTable>, *this, reader);
 }
 
 void TDataOptions::WriteData(TVantrelDataObjectWriter& writer) const {
-  Fields::WriteAll(FieldTable(), *this, writer);
+  Fields::WriteAll(Fields::Of<FieldTable>, *this, writer);
 }
 
 // The order of the two tables is the file format: "Version", these, then "DataOptions".
@@ -77,13 +77,13 @@ void TMyTessaronProject::DoCreate() {
         const auto create = [this]<class TList>(TVantrelPtr<TList>& list) { list = CreateVantrel<TList>(this, true); };
         (create(this->*field.Member), ...);
       },
-      ListFields());
+      Fields::Of<ListFields>);
   FOptions = CreateVantrel<TDataOptions>(this);
   DoClear();
 }
 
 void TMyTessaronProject::DoDestroy() {
-  std::apply([this](const auto&... field) { ((this->*field.Member).reset(), ...); }, ListFields());
+  std::apply([this](const auto&... field) { ((this->*field.Member).reset(), ...); }, Fields::Of<ListFields>);
   FOptions.reset();
   FExclusiveFileStream.reset();
   TVantrelDataStorage::DoDestroy();
@@ -91,24 +91,24 @@ void TMyTessaronProject::DoDestroy() {
 
 void TMyTessaronProject::DoClear() {
   TVantrelDataStorage::DoClear();
-  Fields::ClearAll(HeaderFields(), *this);
-  Fields::ClearAll(ListFields(), *this);
+  Fields::ClearAll(Fields::Of<HeaderFields>, *this);
+  Fields::ClearAll(Fields::Of<ListFields>, *this);
   FOptions->DoClear();
 }
 
 void TMyTessaronProject::ReadData(TVantrelDataObjectReader& reader) {
   TVantrelDataStorage::ReadData(reader);
   FProductVersion = reader.ReadString("Version", FProductVersion);
-  Fields::ReadAll(HeaderFields(), *this, reader);
-  Fields::ReadAll(ListFields(), *this, reader);
+  Fields::ReadAll(Fields::Of<HeaderFields>, *this, reader);
+  Fields::ReadAll(Fields::Of<ListFields>, *this, reader);
   reader.ReadOwnedObject("DataOptions", FOptions);
 }
 
 void TMyTessaronProject::WriteData(TVantrelDataObjectWriter& writer) const {
   TVantrelDataStorage::WriteData(writer);
   writer.WriteString("Version", FProductVersion);
-  Fields::WriteAll(HeaderFields(), *this, writer);
-  Fields::WriteAll(ListFields(), *this, writer);
+  Fields::WriteAll(Fields::Of<HeaderFields>, *this, writer);
+  Fields::WriteAll(Fields::Of<ListFields>, *this, writer);
   writer.WriteDataObject("DataOptions", FOptions.get());
 }
 

@@ -88,6 +88,7 @@ void TMyTessaronProject::ReadEnciphered(const std::string& fileName) {
     TVantrelFileStream enciphered(fileName, famShareDenyWrite, fomOpenRead);
     TVantrelAesCipher cipher;
     cipher.Init(PassPhrase, nullptr);
+    plain.Bytes().reserve(static_cast<std::size_t>(enciphered.Size()));
     cipher.DecryptStream(enciphered, plain, enciphered.Size());
   }
   plain.SetPosition(0);
@@ -141,6 +142,7 @@ void TMyTessaronProject::SaveEncryptedXml(const std::string& fileName) {
         plain.SetPosition(0);
         TVantrelAesCipher cipher;
         cipher.Init(PassPhrase, nullptr);
+        enciphered.Bytes().reserve(plain.Bytes().size());
         cipher.EncryptStream(plain, enciphered, plain.Size());
         KeepDamagedOriginal(fileName);
         TVantrelSafeSave::Write(fileName, enciphered.Bytes(), famShareExclusive);

@@ -42,24 +42,24 @@ void TStudent::DoDestroy() {
 }
 
 void TStudent::DoClear() {
-  Fields::ClearAll(FieldTable(), *this);
+  Fields::ClearAll(Fields::Of<FieldTable>, *this);
 }
 
 void TStudent::Assign(const TVantrelObject& source) {
-  Fields::AssignAll(FieldTable(), *this, source);
+  Fields::AssignAll(Fields::Of<FieldTable>, *this, source);
 }
 
 void TStudent::ReadData(TVantrelDataObjectReader& reader) {
   TVantrelDataClassOf::ReadData(reader);
-  Fields::ReadAll(FieldTable(), *this, reader);
+  Fields::ReadAll(Fields::Of<FieldTable>, *this, reader);
 }
 
 void TStudent::WriteData(TVantrelDataObjectWriter& writer) const {
-  Fields::WriteAll(FieldTable(), *this, writer);
+  Fields::WriteAll(Fields::Of<FieldTable>, *this, writer);
 }
 
 void TStudent::VisitFields(const Fields::TVisitor& visitor) const {
-  Fields::VisitAll(FieldTable(), *this, visitor);
+  Fields::VisitAll(Fields::Of<FieldTable>, *this, visitor);
 }
 
 std::string TStudent::DisplayName() const {

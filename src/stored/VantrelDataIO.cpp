@@ -8,11 +8,11 @@
 #include "VantrelI18n.h"
 
 const TVantrelDataClass* TVantrelDataObjectReader::FindClass(std::string_view name) const {
-  if (FLastClass == nullptr || FLastClassName != name) {
-    FLastClass = TVantrelDataClassRegistry::Instance().GetClass(FStorage.StorageClassName(), name);
-    FLastClassName = name;
-  }
-  return FLastClass;
+  for (const auto& [knownName, knownClass] : FKnownClasses)
+    if (knownName == name) return knownClass;
+  const auto* found = TVantrelDataClassRegistry::Instance().GetClass(FStorage.StorageClassName(), name);
+  if (found != nullptr) FKnownClasses.emplace_back(name, found);
+  return found;
 }
 
 const TVantrelDataClass& TVantrelDataObjectReader::RequireClass(std::string_view name) const {

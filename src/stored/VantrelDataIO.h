@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "VantrelDataObjects.h"
@@ -160,6 +161,6 @@ class TVantrelDataObjectReader {
   static TVantrelDataObject* Claim(TVantrelDataObject* object, const TVantrelDataClass& expected);
 
   std::vector<const TVantrelDataObject*> FFilling;
-  mutable std::string FLastClassName;
-  mutable const TVantrelDataClass* FLastClass = nullptr;
+  /// The classes that were asked for so far, by name.
+  mutable std::vector<std::pair<std::string, const TVantrelDataClass*>> FKnownClasses;
 };

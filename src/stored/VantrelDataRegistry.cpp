@@ -39,16 +39,22 @@ const TVantrelDataClass* TVantrelDataClassRegistry::GetClass(std::string_view st
 }
 
 void TVantrelDataObjectRegistry::AddObject(TVantrelDataObject& object) {
-  if (GetObject(object.ID()) == nullptr) FObjects.Put(&object.FKey, &object);
+  if (auto* known = FObjects.Put(&object.FKey, &object))
+    FObjects.Put(&static_cast<TVantrelDataObject*>(known)->FKey, known);
 }
 
 void TVantrelDataObjectRegistry::RemoveObject(const TVantrelDataObject& object) {
-  if (GetObject(object.ID()) == &object) FObjects.Remove(&object.FKey);
+  if (GetObject(object.ID()) != &object) return;
+  FObjects.Remove(&object.FKey);
+  FLastFound = nullptr;
 }
 
 TVantrelDataObject* TVantrelDataObjectRegistry::GetObject(const TGuid& id) const {
+  if (FLastFound != nullptr && FLastFound->ID() == id) return FLastFound;
   const TVantrelDataObjectKey key(id);
-  return static_cast<TVantrelDataObject*>(FObjects.Get(&key));
+  auto* found = static_cast<TVantrelDataObject*>(FObjects.Get(&key));
+  if (found != nullptr) FLastFound = found;
+  return found;
 }
 
 std::vector<TVantrelDataObject*> TVantrelDataObjectRegistry::Unclaimed() const {

@@ -39,4 +39,6 @@ class TVantrelDataObjectRegistry {
 
  private:
   TVantrelHashMap FObjects{false, false};
+  /// Courses of one student mostly stand together in a file and ask for the same object.
+  mutable TVantrelDataObject* FLastFound = nullptr;
 };
