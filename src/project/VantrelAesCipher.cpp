@@ -18,7 +18,6 @@
 namespace {
 
 constexpr std::uint32_t ChunkBytes = 8192;
-constexpr std::size_t MemoryStepBytes = 65536;
 
 struct TKeyKind {
   std::uint32_t MaxBytes;

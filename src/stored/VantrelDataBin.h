@@ -42,6 +42,9 @@ class TVantrelDataObjectBinWriter final : public TVantrelDataObjectWriter {
 /// Reads the binary form. A short read raises EVantrelReaderError; bytes behind the document are not looked at.
 class TVantrelDataObjectBinReader final : public TVantrelDataObjectReader {
  public:
+  /// What an object of a project takes in this form.
+  static constexpr int UsualBytesPerObject = 300;
+
   TVantrelDataObjectBinReader(TVantrelDataStorage& storage, TVantrelStream& stream);
 
   void Open() {}

@@ -45,6 +45,9 @@ class TVantrelDataObjectJsonWriter final : public TVantrelDataObjectTextWriter {
 /// Reads a document from the JSON value that the parser makes of the whole stream.
 class TVantrelDataObjectJsonReader final : public TVantrelDataObjectTextReader {
  public:
+  /// What an object of a project takes in this form.
+  static constexpr int UsualBytesPerObject = 1200;
+
   TVantrelDataObjectJsonReader(TVantrelDataStorage& storage, TVantrelStream& stream)
       : TVantrelDataObjectTextReader(storage), FStream(stream) {}
 

@@ -1,5 +1,6 @@
 #include "VantrelDataRegistry.h"
 
+#include <algorithm>
 #include <string>
 
 namespace {
@@ -39,27 +40,37 @@ const TVantrelDataClass* TVantrelDataClassRegistry::GetClass(std::string_view st
 }
 
 void TVantrelDataObjectRegistry::AddObject(TVantrelDataObject& object) {
-  if (auto* known = FObjects.Put(&object.FKey, &object))
-    FObjects.Put(&static_cast<TVantrelDataObject*>(known)->FKey, known);
+  if (auto* known = FObjects->Put(&object.FKey, &object))
+    FObjects->Put(&static_cast<TVantrelDataObject*>(known)->FKey, known);
 }
 
 void TVantrelDataObjectRegistry::RemoveObject(const TVantrelDataObject& object) {
   if (GetObject(object.ID()) != &object) return;
-  FObjects.Remove(&object.FKey);
+  FObjects->Remove(&object.FKey);
   FLastFound = nullptr;
 }
 
 TVantrelDataObject* TVantrelDataObjectRegistry::GetObject(const TGuid& id) const {
   if (FLastFound != nullptr && FLastFound->ID() == id) return FLastFound;
   const TVantrelDataObjectKey key(id);
-  auto* found = static_cast<TVantrelDataObject*>(FObjects.Get(&key));
+  auto* found = static_cast<TVantrelDataObject*>(FObjects->Get(&key));
   if (found != nullptr) FLastFound = found;
   return found;
 }
 
+void TVantrelDataObjectRegistry::Reserve(std::int64_t objects) {
+  constexpr double loadFactor = 0.75;
+  constexpr double most = 1 << 24;
+  const int capacity = static_cast<int>(std::min(static_cast<double>(objects) / loadFactor, most));
+  if (capacity <= FObjects->BucketCount()) return;
+  auto larger = std::make_unique<TVantrelHashMap>(capacity, loadFactor, false, false);
+  for (auto* item : FObjects->Items()) larger->Put(&static_cast<TVantrelDataObject*>(item)->FKey, item);
+  FObjects = std::move(larger);
+}
+
 std::vector<TVantrelDataObject*> TVantrelDataObjectRegistry::Unclaimed() const {
   std::vector<TVantrelDataObject*> found;
-  for (auto* item : FObjects.Items())
+  for (auto* item : FObjects->Items())
     if (auto* object = static_cast<TVantrelDataObject*>(item); object->FUnclaimed) found.push_back(object);
   return found;
 }

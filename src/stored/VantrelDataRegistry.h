@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstdint>
+#include <memory>
 #include <string_view>
 #include <vector>
 
@@ -33,12 +35,14 @@ class TVantrelDataObjectRegistry {
   bool ContainsObject(const TVantrelDataObject& object) const { return GetObject(object.ID()) != nullptr; }
   /// Null if unknown.
   TVantrelDataObject* GetObject(const TGuid& id) const;
-  int Count() const { return FObjects.Count(); }
+  int Count() const { return FObjects->Count(); }
+  /// Makes room for about so many objects, so that a large document need not grow into it step by step.
+  void Reserve(std::int64_t objects);
   /// The objects that a reader made and nobody took.
   std::vector<TVantrelDataObject*> Unclaimed() const;
 
  private:
-  TVantrelHashMap FObjects{false, false};
+  std::unique_ptr<TVantrelHashMap> FObjects = std::make_unique<TVantrelHashMap>(false, false);
   /// Courses of one student mostly stand together in a file and ask for the same object.
   mutable TVantrelDataObject* FLastFound = nullptr;
 };

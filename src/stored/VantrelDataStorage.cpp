@@ -68,6 +68,7 @@ template <class TReader>
 void TVantrelDataStorage::LoadThrough(TVantrelStream& stream) {
   FLoadDamage.reset();
   const bool modified = FModified;
+  FObjects.Reserve((stream.Size() - stream.Position()) / TReader::UsualBytesPerObject);
   TReader reader(*this, stream);
   try {
     reader.Open();

@@ -23,7 +23,7 @@ class TVantrelDataObjectTextWriter : public TVantrelDataObjectWriter {
   void WriteDataProperty(std::string_view name, const TVantrelDataProperty* property) final;
 
  protected:
-  /// A finished text without characters that need care.
+  /// A text as it shall stand in the file, but for what the form must do so that it can be read back.
   virtual void WriteText(std::string_view name, std::string_view text) = 0;
   /// Opens and closes a structure under the name: what is written between belongs to it.
   virtual void Enter(std::string_view name) = 0;

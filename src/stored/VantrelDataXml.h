@@ -61,6 +61,9 @@ class TVantrelDataObjectXMLWriter final : public TVantrelDataObjectTextWriter {
 /// nobody asks for is passed over.
 class TVantrelDataObjectXMLReader final : public TVantrelDataObjectTextReader {
  public:
+  /// What an object of a project takes in this form.
+  static constexpr int UsualBytesPerObject = 1200;
+
   TVantrelDataObjectXMLReader(TVantrelDataStorage& storage, TVantrelStream& stream)
       : TVantrelDataObjectTextReader(storage), FStream(stream) {}
 

@@ -1,9 +1,11 @@
+#include <libxml/xmlerror.h>
 #include <libxml/xmlsave.h>
 
 #include <cstring>
 #include <new>
 
 #include "FoundationTexts.h"
+#include "StoredTexts.h"
 #include "VantrelDataList.h"
 #include "VantrelDataStorage.h"
 #include "VantrelDataXml.h"
@@ -68,8 +70,10 @@ void TVantrelDataObjectXMLWriter::Finish() {
   };
   xmlChar* text = nullptr;
   int length = 0;
+  xmlResetLastError();
   xmlDocDumpFormatMemoryEnc(FDocument.get(), &text, &length, "utf-8", 1);
   const std::unique_ptr<xmlChar, TFree> owned(Checked(text));
+  if (xmlGetLastError() != nullptr) throw EVantrelDataObjectWriterError(ResourceText(StoredTexts::XmlNotWritten));
   FDocument.reset();
   if (FStream.Write(text, length) != length) throw EVantrelWriterError(ResourceText(FoundationTexts::ShortWrite));
 }
