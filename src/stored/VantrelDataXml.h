@@ -28,8 +28,8 @@ class EVantrelXmlError : public EVantrelException {
   int FLine;
 };
 
-/// Builds the document as a tree of elements and puts it into the stream when it is finished. Characters that XML
-/// cannot hold are left out.
+/// Builds the document in memory and puts it into the stream when it is finished: UTF-8, an element a line, indented.
+/// Characters that XML cannot hold are left out; carriage returns are written so that they survive.
 class TVantrelDataObjectXMLWriter final : public TVantrelDataObjectTextWriter {
  public:
   TVantrelDataObjectXMLWriter(TVantrelDataStorage& storage, TVantrelStream& stream);
@@ -44,17 +44,24 @@ class TVantrelDataObjectXMLWriter final : public TVantrelDataObjectTextWriter {
 
  protected:
   void WriteText(std::string_view name, std::string_view text) override;
-  void Enter(std::string_view name) override { FCursor = AddElement(name); }
-  void Leave() override { FCursor = FCursor->parent; }
+  void Enter(std::string_view name) override;
+  void Leave() override;
 
  private:
-  xmlNode* AddElement(std::string_view name);
-  void AddTextTo(xmlNode* element, std::string_view text);
+  /// Begins an element on a line of its own; attributes may follow.
+  void StartTag(std::string_view name);
+  /// The value is a class name, a GUID or a number: nothing that needs an entity.
+  void WriteAttribute(std::string_view name, std::string_view value);
+  /// Ends an element that has no children.
+  void EndTag(std::string_view name, std::string_view text);
+  void AppendText(std::string_view text);
   void EnterObject(std::string_view name, const TVantrelDataObject& object);
 
   TVantrelStream& FStream;
-  TXmlDocument FDocument;
-  xmlNode* FCursor;
+  std::string FText;
+  /// The elements that are open, and whether the tag of the last one still is.
+  std::vector<std::string> FNames;
+  bool FTagOpen = false;
 };
 
 /// Reads a document from the tree that the parser makes of the whole stream. Elements are asked for by name: what

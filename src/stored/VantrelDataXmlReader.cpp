@@ -1,6 +1,7 @@
 #include <libxml/parser.h>
 
 #include <algorithm>
+#include <cstring>
 #include <new>
 
 #include "StoredTexts.h"
@@ -33,6 +34,24 @@ std::string_view Trimmed(std::string_view text) {
   return last == std::string_view::npos ? std::string_view() : text.substr(0, last + 1);
 }
 
+/// True where "<" stands before the character somewhere behind the declaration.
+bool HasMarkup(std::span<const std::uint8_t> bytes, char behindBracket) {
+  constexpr std::size_t declaration = 2;
+  for (auto rest = bytes.subspan(std::min(declaration, bytes.size())); !rest.empty();) {
+    const auto* found = static_cast<const std::uint8_t*>(std::memchr(rest.data(), behindBracket, rest.size()));
+    if (found == nullptr) return false;
+    if (found[-1] == '<') return true;
+    rest = rest.subspan(static_cast<std::size_t>(found - rest.data()) + 1);
+  }
+  return false;
+}
+
+/// The parser's option that leaves out blanks between elements. Beside comments, CDATA sections and instructions it
+/// would take blanks for such that belong to a text, so these keep all of them.
+int BlankOption(std::span<const std::uint8_t> bytes) {
+  return HasMarkup(bytes, '!') || HasMarkup(bytes, '?') ? 0 : XML_PARSE_NOBLANKS;
+}
+
 struct TParserDeleter {
   void operator()(xmlParserCtxt* parser) const { xmlFreeParserCtxt(parser); }
 };
@@ -40,7 +59,8 @@ struct TParserDeleter {
 }  // namespace
 
 TXmlDocument ParseXml(std::span<const std::uint8_t> bytes) {
-  constexpr int options = XML_PARSE_NONET | XML_PARSE_NOERROR | XML_PARSE_NOWARNING | XML_PARSE_COMPACT;
+  const int options =
+      XML_PARSE_NONET | XML_PARSE_NOERROR | XML_PARSE_NOWARNING | XML_PARSE_COMPACT | BlankOption(bytes);
   if (bytes.empty()) throw EVantrelDataObjectReaderError(ResourceText(StoredTexts::NoXml));
   if (bytes.size() > INT32_MAX) throw EVantrelXmlError(ResourceText(StoredTexts::NoXml), 0);
   const std::unique_ptr<xmlParserCtxt, TParserDeleter> parser(xmlNewParserCtxt());

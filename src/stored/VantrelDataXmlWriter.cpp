@@ -1,11 +1,7 @@
-#include <libxml/xmlerror.h>
-#include <libxml/xmlsave.h>
-
-#include <cstring>
-#include <new>
+#include <algorithm>
+#include <array>
 
 #include "FoundationTexts.h"
-#include "StoredTexts.h"
 #include "VantrelDataList.h"
 #include "VantrelDataStorage.h"
 #include "VantrelDataXml.h"
@@ -14,25 +10,34 @@
 
 namespace {
 
-const xmlChar* AsXml(const char* text) {
-  return reinterpret_cast<const xmlChar*>(text);
+/// What must be done about a byte of a text: nothing, an entity, or a closer look, since it may begin something that
+/// XML cannot hold (a control character, an encoded surrogate, U+FFFE, U+FFFF, or ill-formed UTF-8).
+enum class TCare : std::uint8_t { None, Entity, Look };
+
+constexpr auto CareOf = [] {
+  std::array<TCare, 256> care{};
+  for (std::size_t byte = 0; byte < care.size(); ++byte)
+    if (byte < 0x20 || byte == 0xED || byte == 0xEF || byte >= 0xF0) care[byte] = TCare::Look;
+  care['\t'] = care['\n'] = TCare::None;
+  for (const char c : {'&', '<', '>', '\r'}) care[static_cast<unsigned char>(c)] = TCare::Entity;
+  return care;
+}();
+
+TCare CareFor(char c) {
+  return CareOf[static_cast<unsigned char>(c)];
 }
 
-template <class T>
-T* Checked(T* made) {
-  if (made == nullptr) throw std::bad_alloc();
-  return made;
-}
-
-/// True where the byte may begin something that XML cannot hold: a control character, an encoded surrogate, U+FFFE,
-/// U+FFFF.
-bool NeedsCare(std::string_view text) {
-  for (const char c : text) {
-    const auto byte = static_cast<unsigned char>(c);
-    if ((byte < 0x20 && byte != '\t' && byte != '\n' && byte != '\r') || byte == 0xED || byte == 0xEF || byte >= 0xF0)
-      return true;
+std::string_view EntityOf(char c) {
+  switch (c) {
+    case '&':
+      return "&amp;";
+    case '<':
+      return "&lt;";
+    case '>':
+      return "&gt;";
+    default:
+      return "&#13;";
   }
-  return false;
 }
 
 bool XmlCanHold(char32_t c) {
@@ -53,68 +58,100 @@ std::string WithoutForbidden(std::string_view text) {
   return Utf16ToUtf8(kept);
 }
 
+void AppendEscaped(std::string& target, std::string_view text) {
+  std::size_t begin = 0;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    if (CareFor(text[i]) != TCare::Entity) continue;
+    target.append(text, begin, i - begin).append(EntityOf(text[i]));
+    begin = i + 1;
+  }
+  target.append(text, begin);
+}
+
 }  // namespace
 
 TVantrelDataObjectXMLWriter::TVantrelDataObjectXMLWriter(TVantrelDataStorage& storage, TVantrelStream& stream)
-    : TVantrelDataObjectTextWriter(storage), FStream(stream), FDocument(Checked(xmlNewDoc(AsXml("1.0")))) {
-  FDocument->dict = Checked(xmlDictCreate());
-  FDocument->standalone = 1;
-  FCursor = nullptr;
-  FCursor = AddElement("Storage");
+    : TVantrelDataObjectTextWriter(storage),
+      FStream(stream),
+      FText(R"(<?xml version="1.0" encoding="utf-8" standalone="yes"?>)") {
+  Enter("Storage");
   WriteLongInt("Version", storage.GetVersion());
 }
 
 void TVantrelDataObjectXMLWriter::Finish() {
-  struct TFree {
-    void operator()(xmlChar* text) const { xmlFree(text); }
-  };
-  xmlChar* text = nullptr;
-  int length = 0;
-  xmlResetLastError();
-  xmlDocDumpFormatMemoryEnc(FDocument.get(), &text, &length, "utf-8", 1);
-  const std::unique_ptr<xmlChar, TFree> owned(Checked(text));
-  if (xmlGetLastError() != nullptr) throw EVantrelDataObjectWriterError(ResourceText(StoredTexts::XmlNotWritten));
-  FDocument.reset();
-  if (FStream.Write(text, length) != length) throw EVantrelWriterError(ResourceText(FoundationTexts::ShortWrite));
+  Leave();
+  const auto size = static_cast<std::int64_t>(FText.size());
+  if (FStream.Write(FText.data(), size) != size) throw EVantrelWriterError(ResourceText(FoundationTexts::ShortWrite));
 }
 
-xmlNode* TVantrelDataObjectXMLWriter::AddElement(std::string_view name) {
-  const xmlChar* shared = Checked(xmlDictLookup(FDocument->dict, AsXml(name.data()), static_cast<int>(name.size())));
-  xmlNode* element = Checked(xmlNewDocNodeEatName(FDocument.get(), nullptr, const_cast<xmlChar*>(shared), nullptr));
-  if (FCursor == nullptr)
-    xmlDocSetRootElement(FDocument.get(), element);
+void TVantrelDataObjectXMLWriter::StartTag(std::string_view name) {
+  if (FTagOpen) FText.push_back('>');
+  FTagOpen = true;
+  FText.push_back('\n');
+  FText.append(2 * FNames.size(), ' ').append("<").append(name);
+}
+
+void TVantrelDataObjectXMLWriter::WriteAttribute(std::string_view name, std::string_view value) {
+  FText.append(" ").append(name).append("=\"").append(value).append("\"");
+}
+
+void TVantrelDataObjectXMLWriter::EndTag(std::string_view name, std::string_view text) {
+  FTagOpen = false;
+  if (text.empty()) {
+    FText.append(" />");
+    return;
+  }
+  FText.push_back('>');
+  AppendText(text);
+  FText.append("</").append(name).append(">");
+}
+
+void TVantrelDataObjectXMLWriter::AppendText(std::string_view text) {
+  TCare care = TCare::None;
+  for (const char c : text) care = std::max(care, CareFor(c));
+  if (care == TCare::None)
+    FText.append(text);
+  else if (care == TCare::Entity)
+    AppendEscaped(FText, text);
   else
-    xmlAddChild(FCursor, element);
-  return element;
+    AppendEscaped(FText, WithoutForbidden(text));
 }
 
-void TVantrelDataObjectXMLWriter::AddTextTo(xmlNode* element, std::string_view text) {
-  if (text.empty()) return;
-  xmlAddChild(element, Checked(xmlNewDocTextLen(FDocument.get(), AsXml(text.data()), static_cast<int>(text.size()))));
+void TVantrelDataObjectXMLWriter::Enter(std::string_view name) {
+  StartTag(name);
+  FNames.emplace_back(name);
+}
+
+void TVantrelDataObjectXMLWriter::Leave() {
+  const std::string name = std::move(FNames.back());
+  FNames.pop_back();
+  if (FTagOpen) {
+    EndTag(name, {});
+    return;
+  }
+  FText.push_back('\n');
+  FText.append(2 * FNames.size(), ' ').append("</").append(name).append(">");
 }
 
 void TVantrelDataObjectXMLWriter::WriteText(std::string_view name, std::string_view text) {
-  xmlNode* element = AddElement(name);
-  if (NeedsCare(text))
-    AddTextTo(element, WithoutForbidden(text));
-  else
-    AddTextTo(element, text);
+  StartTag(name);
+  EndTag(name, text);
 }
 
 void TVantrelDataObjectXMLWriter::WriteVCLGraphic(std::string_view name, const TVantrelGraphic* value) {
   if (value == nullptr) return;
   const auto graphic = EncodeGraphic(*value);
-  xmlNode* element = AddElement(name);
-  xmlNewProp(element, AsXml("Size"), AsXml(std::to_string(graphic.Size).c_str()));
-  AddTextTo(element, graphic.Base64);
+  StartTag(name);
+  WriteAttribute("Size", std::to_string(graphic.Size));
+  EndTag(name, graphic.Base64);
 }
 
 void TVantrelDataObjectXMLWriter::EnterObject(std::string_view name, const TVantrelDataObject& object) {
   Enter(name);
-  xmlNewProp(FCursor, AsXml("Class"), AsXml(std::string(object.GetDataClassName()).c_str()));
-  char id[GuidTextLength + 1] = {};
+  char id[GuidTextLength];
   WriteGuidText(object.ID(), id);
-  xmlNewProp(FCursor, AsXml("ID"), AsXml(id));
+  WriteAttribute("Class", object.GetDataClassName());
+  WriteAttribute("ID", {id, GuidTextLength});
 }
 
 void TVantrelDataObjectXMLWriter::WriteDataList(std::string_view name, const TVantrelDataList& list) {

@@ -218,7 +218,7 @@ TEST_F(ProjectFilesTest, EmptyDocumentAndItsStamp) {
   FProject->SaveFile({});
   const auto text = ReadFileText(name);
   for (const char* part : {"<Version>1000</Version>", "<Version>11.5</Version>", "<TenantId>-1</TenantId>",
-                           "<TeacherId>-1</TeacherId>", "<TermId>-1</TermId>", "<Password/>"})
+                           "<TeacherId>-1</TeacherId>", "<TermId>-1</TermId>", "<Password />"})
     EXPECT_NE(text.find(part), std::string::npos) << part;
   FProject.reset();
   FProject = CreateVantrel<TMyTessaronProject>();

@@ -68,7 +68,7 @@ TEST_F(DataReadingTest, ShapesOfLists) {
   LoadXml(*FDocument, Items(Object("Item", A, "<Name>x</Name>")));
   FDocument->Refs->Add(Item(0));
   const auto ref = fmt::format("<Item Class=\"TTestItem\" ID=\"{}\"", A);
-  EXPECT_EQ(XmlOf(*FDocument), "<Storage><Version>1</Version><Refs><Items>" + ref + "/></Items></Refs>" +
+  EXPECT_EQ(XmlOf(*FDocument), "<Storage><Version>1</Version><Refs><Items>" + ref + " /></Items></Refs>" +
                                    "<Items><Items>" + ref + "><Name>x</Name></Item></Items></Items></Storage>");
   EXPECT_EQ(TextOf(*FDocument, TFormat::dsfBinary).size(),
             4u + 1 + 4 + 18 + 16 + 4 + (1 + 4 + 18 + 16) + (4 + 2) + 1 + 4);
