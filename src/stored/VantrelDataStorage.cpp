@@ -1,8 +1,7 @@
 #include "VantrelDataStorage.h"
 
-#include <filesystem>
-
 #include "FoundationTexts.h"
+#include "StoredTexts.h"
 #include "VantrelDataBin.h"
 #include "VantrelDataJson.h"
 #include "VantrelDataXml.h"
@@ -114,7 +113,14 @@ void TVantrelDataStorage::SaveToJsonStream(TVantrelStream& stream) {
 }
 
 void TVantrelDataStorage::LoadFromZipStream(TVantrelStream& stream) {
-  TVantrelMemoryStream plain(InflateAll(stream));
+  TVantrelMemoryStream plain;
+  try {
+    plain.Bytes() = InflateAll(stream);
+  } catch (const std::exception& error) {
+    FLoadDamage =
+        TVantrelLoadDamage{error.what(), FormatText(StoredTexts::PlaceInBytes, stream.Position(), stream.Size())};
+    throw;
+  }
   LoadFromBinStream(plain);
 }
 

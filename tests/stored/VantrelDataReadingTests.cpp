@@ -217,6 +217,7 @@ TEST_F(DataReadingTest, ZipStream) {
   for (std::size_t length = 0; length < whole.size(); ++length) {
     TVantrelMemoryStream cut({whole.begin(), whole.begin() + static_cast<std::ptrdiff_t>(length)});
     EXPECT_THROW(FDocument->LoadFromZipStream(cut), EVantrelReaderError);
+    EXPECT_TRUE(FDocument->LoadDamage().has_value());
   }
   zip.SetPosition(0);
   FDocument->LoadFromZipStream(zip);
