@@ -48,6 +48,18 @@ TDesktopGrid::~TDesktopGrid() {
   delete FView;
 }
 
+void TDesktopGrid::Release() {
+  BeginUpdate();
+  BindTable(nullptr);
+  ClearColumns();
+  OnFocusChanged = nullptr;
+  OnEditing = nullptr;
+  OnEditChanged = OnHeaderClick = OnDoubleClick = nullptr;
+  OnKeyDown = nullptr;
+  OnSortChanged = nullptr;
+  OnDisplayText = nullptr;
+}
+
 void TDesktopGrid::SetOptions(const TGridOptions& options) {
   FModel.Options() = options;
   FView->ApplyOptions();

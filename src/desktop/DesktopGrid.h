@@ -75,6 +75,8 @@ class TDesktopGrid : public QWidget, public TVantrelGrid, private TVantrelTableL
   std::string Layout() const override;
   void RestoreLayout(std::string_view layout) override;
 
+  /// Lets go of rows, columns and handlers for good: what they belong to ends before the widget does.
+  void Release();
   /// A click on the header of a column: turns its sort order, beside the sorted columns if `adds`, else alone.
   void ClickHeader(int ordinal, bool adds);
   /// Sorts by a column alone; None takes it out of the sort.

@@ -22,7 +22,6 @@ constexpr QSize designSize(1463, 1216);
 }  // namespace
 
 TDesktopMainWindow::TDesktopMainWindow() : FHost(new QWidget(this)), FStatus(new QLabel(this)) {
-  FActions = std::make_unique<TCommandActions>(*this);
   auto* layout = new QVBoxLayout(FHost);
   layout->setContentsMargins(0, 0, 0, 0);
   setCentralWidget(FHost);
@@ -44,6 +43,10 @@ TDesktopMainWindow::TDesktopMainWindow() : FHost(new QWidget(this)), FStatus(new
 TDesktopMainWindow::~TDesktopMainWindow() = default;
 
 void TDesktopMainWindow::SetRibbon(const TRibbonDescription& description) {
+  setMenuWidget(nullptr);
+  FRibbon = nullptr;
+  FActions = std::make_unique<TCommandActions>(*this);
+  if (description.Tabs.empty()) return;
   FRibbon = new TRibbon(description, *FActions, *this);
   FRibbon->Menu().OnRecentClick = [this](int index) {
     if (OnRecentClick) OnRecentClick(index);

@@ -30,4 +30,19 @@ inline constexpr const char* OpenList = "Liste öffnen";
 inline constexpr const char* OpenCalendar = "Kalender öffnen";
 inline constexpr const char* Today = "Heute";
 inline constexpr const char* ClearDate = "Leeren";
+
+inline constexpr const char* BoxOK = "OK";
+inline constexpr const char* BoxCancel = "Abbrechen";
+inline constexpr const char* BoxYes = "&Ja";
+inline constexpr const char* BoxNo = "&Nein";
+inline constexpr const char* BoxRetry = "&Wiederholen";
+inline constexpr const char* BoxAbort = "&Abbrechen";
+inline constexpr const char* BoxIgnore = "&Ignorieren";
+
+inline constexpr const char* PasswordTitle = "Kennwort - Eingabe";
+inline constexpr const char* PasswordText =
+    "Die Datei ist kennwortgeschützt. Bitte geben Sie das korrekte Kennwort ein.";
+inline constexpr const char* PasswordEdit = "Kennwort";
+inline constexpr const char* AboutTitle = "Info";
+inline constexpr const char* Close = "Schließen";
 }  // namespace DesktopTexts

@@ -3,6 +3,8 @@
 #include <QContextMenuEvent>
 #include <QHeaderView>
 #include <QPainter>
+#include <QResizeEvent>
+#include <QScrollBar>
 #include <algorithm>
 #include <cmath>
 
@@ -186,6 +188,14 @@ void TGridView::changeEvent(QEvent* event) {
   if (event->type() != QEvent::FontChange && event->type() != QEvent::StyleChange) return;
   ApplyColumns();
   FitRows();
+}
+
+void TGridView::resizeEvent(QResizeEvent* event) {
+  QTableView::resizeEvent(event);
+  if (event->size().width() == event->oldSize().width() || IsEditing()) return;
+  // The leading columns say what a row is: no further to the right than the focused cell needs.
+  horizontalScrollBar()->setValue(0);
+  if (currentIndex().isValid()) scrollTo(currentIndex());
 }
 
 void TGridView::paintEvent(QPaintEvent* event) {

@@ -76,6 +76,7 @@ void TMainForm::FormShow() {
 void TMainForm::FormDestroy() {
   FWindow.OnShow = FWindow.OnClose = nullptr;
   FWindow.OnRecentClick = nullptr;
+  FWindow.SetRibbon({});
   SetCurrentProject(nullptr);
   FLookupModule.reset();
   MainForm = nullptr;

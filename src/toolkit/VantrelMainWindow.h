@@ -28,7 +28,7 @@ class TVantrelMainWindow {
   std::function<void()> OnClose;  ///< the window is about to close, and will
   std::function<void(int index)> OnRecentClick;
 
-  /// Builds the ribbon. The commands outlive the window.
+  /// Builds the ribbon; an empty description takes it away, before its commands end.
   virtual void SetRibbon(const TRibbonDescription& description) = 0;
   /// By the ids of the description; an unknown id is nothing.
   virtual void SetGroupVisible(const std::string& groupId, bool visible) = 0;

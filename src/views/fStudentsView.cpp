@@ -280,7 +280,9 @@ void TStudentsView::Handle_StudentsChange() {
   RunForUser([this] {
     UpdateContent();
     ReapplyGradeFilter();
-    if (auto& grid = FUi->AchievementsGrid(); grid.FocusedRecord() < 0) grid.GotoFirst();
+    auto& grid = FUi->AchievementsGrid();
+    if (grid.FocusedColumn() < 0) grid.FocusColumn(FirstGradeColumn());
+    if (grid.FocusedRecord() < 0) grid.GotoFirst();
     FitGridView();
   });
 }
@@ -288,6 +290,14 @@ void TStudentsView::Handle_StudentsChange() {
 void TStudentsView::Handle_PageChanged() {
   UpdateViewCommands();
   if (FUi->ActivePage() != CertificateCommentsSheet) ReapplyGradeFilter();
+}
+
+int TStudentsView::FirstGradeColumn() const {
+  for (int ordinal = 0; ordinal < static_cast<int>(FColumns.size()); ++ordinal) {
+    const auto place = static_cast<std::size_t>(ordinal);
+    if (IsGradeColumn(ordinal) && FColumns[place].Visible && FEditable[place]) return ordinal;
+  }
+  return -1;
 }
 
 TCourse* TStudentsView::FocusedCourse() const {

@@ -71,6 +71,8 @@ class TStudentsView final : public TBaseView, private TVantrelTableListener {
   void UseLookups(TLookupTables& lookups);
   void ReapplyGradeFilter();
   bool FilterGrades(const TVantrelMemTable::TRow& row) const;
+  /// Where the work begins: the first grade that can be entered; -1 if there is none.
+  int FirstGradeColumn() const;
   TCourse* FocusedCourse() const;
   void UpdateTitle();
   void FitGridView();

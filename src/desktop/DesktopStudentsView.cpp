@@ -1,0 +1,162 @@
+#include "DesktopStudentsView.h"
+
+#include <QBoxLayout>
+#include <QScreen>
+#include <QScrollArea>
+#include <QSignalBlocker>
+#include <QSplitter>
+#include <QTabBar>
+#include <QTabWidget>
+#include <QToolButton>
+
+#include "DesktopGrid.h"
+#include "DesktopLook.h"
+#include "DesktopMainWindow.h"
+#include "VantrelI18n.h"
+#include "ViewTexts.h"
+
+namespace {
+
+constexpr QSize toldMinimum(1264, 616);
+constexpr int listWidth = 300;
+constexpr int windowParts = 260;  // title bar, ribbon, status bar and taskbar
+
+QString Text(const char* text) {
+  return FromUtf8(ResourceText(text));
+}
+
+QVBoxLayout* Column(QWidget* parent) {
+  auto* layout = new QVBoxLayout(parent);
+  layout->setContentsMargins(0, 0, 0, 0);
+  layout->setSpacing(0);
+  return layout;
+}
+
+QLabel* StatusLabel() {
+  auto* label = new QLabel;
+  label->setMargin(3);
+  return label;
+}
+
+/// What shows the screen: it scrolls where the window is smaller than the told minimum and the screen had more to give.
+QScrollArea* Scrolled(QWidget* content, const QWidget& window) {
+  const QSize room = window.screen()->availableSize();
+  content->setMinimumSize(toldMinimum.boundedTo({room.width(), room.height() - windowParts}));
+  auto* area = new QScrollArea;
+  area->setFrameShape(QFrame::NoFrame);
+  area->setFocusPolicy(Qt::NoFocus);
+  area->setWidgetResizable(true);
+  area->setWidget(content);
+  return area;
+}
+
+}  // namespace
+
+TDesktopStudentsView::TDesktopStudentsView(TDesktopMainWindow& window)
+    : FStudents(new TDesktopGrid),
+      FAchievements(new TDesktopGrid),
+      FTitleLabel(new QLabel),
+      FStudentsCount(StatusLabel()),
+      FAchievementsCount(StatusLabel()),
+      FPages(new QTabWidget),
+      FTitle(*FTitleLabel),
+      FStudentsStatus(*FStudentsCount),
+      FAchievementsStatus(*FAchievementsCount),
+      FPanel(window, Scrolled(new QWidget, window)) {
+  auto* area = static_cast<QScrollArea*>(&FPanel.Panel());
+  auto* layout = Column(area->widget());
+  QFont font = FTitleLabel->font();
+  font.setPointSizeF(font.pointSizeF() * 1.25);
+  font.setBold(true);
+  FTitleLabel->setFont(font);
+  FTitleLabel->setMargin(6);
+  // A long name never makes the view wider.
+  FTitleLabel->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+  layout->addWidget(FTitleLabel);
+
+  auto* splitter = new QSplitter;
+  splitter->addWidget(MakeStudentsPanel());
+  MakePages();
+  splitter->addWidget(FPages);
+  splitter->setChildrenCollapsible(false);
+  splitter->setStretchFactor(0, 0);
+  splitter->setStretchFactor(1, 1);
+  splitter->setSizes({listWidth, toldMinimum.width() - listWidth});
+  layout->addWidget(splitter, 1);
+  area->setFocusProxy(&FStudents->View());
+}
+
+TDesktopStudentsView::~TDesktopStudentsView() {
+  FStudents->Release();
+  FAchievements->Release();
+}
+
+QWidget* TDesktopStudentsView::MakeStudentsPanel() {
+  auto* panel = new QWidget;
+  auto* layout = Column(panel);
+  auto* label = new QLabel(Text(ViewTexts::StudentsLabel));
+  label->setMargin(6);
+  label->setBuddy(FStudents);
+  layout->addWidget(label);
+  layout->addWidget(FStudents, 1);
+  layout->addWidget(FStudentsCount);
+  return panel;
+}
+
+QWidget* TDesktopStudentsView::MakeAchievementSheet() {
+  auto* sheet = new QWidget;
+  auto* layout = Column(sheet);
+  layout->addWidget(FAchievements, 1);
+  auto* status = new QHBoxLayout;
+  layout->addLayout(status);
+  auto* fit = new QToolButton;
+  fit->setText(Text(ViewTexts::FitColumns));
+  fit->setIcon(ThemeIcon("zoom-fit-width"));
+  fit->setToolTip(fit->text());
+  fit->setAccessibleName(fit->text());
+  fit->setAutoRaise(true);
+  fit->setFocusPolicy(Qt::StrongFocus);
+  QObject::connect(fit, &QToolButton::clicked, &FPanel.Receiver(), [this] {
+    if (OnFit) OnFit();
+  });
+  status->addWidget(fit);
+  status->addWidget(FAchievementsCount);
+  status->addStretch();
+  return sheet;
+}
+
+void TDesktopStudentsView::MakePages() {
+  FPages->setDocumentMode(true);
+  FPages->addTab(MakeAchievementSheet(), Text(ViewTexts::AchievementSheet));
+  FPages->addTab(new QWidget, Text(ViewTexts::CertificateDataSheet));
+  FPages->addTab(new QWidget, Text(ViewTexts::CertificateCommentsSheet));
+  QObject::connect(FPages, &QTabWidget::currentChanged, &FPanel.Receiver(), [this] {
+    if (OnPageChanged) OnPageChanged();
+  });
+}
+
+TVantrelGrid& TDesktopStudentsView::StudentsGrid() {
+  return *FStudents;
+}
+
+TVantrelGrid& TDesktopStudentsView::AchievementsGrid() {
+  return *FAchievements;
+}
+
+TStudentsPage TDesktopStudentsView::ActivePage() const {
+  return static_cast<TStudentsPage>(FPages->currentIndex());
+}
+
+void TDesktopStudentsView::SetActivePage(TStudentsPage page) {
+  const QSignalBlocker silent(FPages);
+  FPages->setCurrentIndex(static_cast<int>(page));
+}
+
+void TDesktopStudentsView::SetPageVisible(TStudentsPage page, bool visible) {
+  const QSignalBlocker silent(FPages);
+  FPages->setTabVisible(static_cast<int>(page), visible);
+  int visiblePages = 0;
+  for (int i = 0; i < FPages->count(); ++i) visiblePages += FPages->isTabVisible(i) ? 1 : 0;
+  // Where there is nothing to choose the keyboard goes past the tabs.
+  FPages->tabBar()->setFocusPolicy(visiblePages > 1 ? Qt::TabFocus : Qt::NoFocus);
+}

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <map>
+
+#include "DesktopFormItems.h"
+#include "HostedPanel.h"
+#include "fWelcomeView.h"
+
+class QVBoxLayout;
+class TWelcomePanel;
+
+/// The welcome view's screen: three cards in a column in the middle.
+class TDesktopWelcomeView final : public TWelcomeViewUi {
+ public:
+  explicit TDesktopWelcomeView(TDesktopMainWindow& window);
+  ~TDesktopWelcomeView() override;
+
+  void SetVisible(bool visible) override { FPanel.SetVisible(visible); }
+  TVantrelFormItem& Text(TWelcomeText text) override { return *FItems.at(text); }
+  void MoveCenterPanel(int left, int top) override;
+
+ private:
+  void AddLabels(QVBoxLayout& layout, std::initializer_list<TWelcomeText> texts, double size);
+  void AddSummary(QVBoxLayout& layout);
+  void AddMemo(QVBoxLayout& layout);
+
+  TWelcomePanel* FScreen;
+  THostedPanel FPanel;
+  std::map<TWelcomeText, std::unique_ptr<TVantrelFormItem>> FItems;
+};

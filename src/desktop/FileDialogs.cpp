@@ -1,0 +1,76 @@
+// How a project file is chosen.
+#include <QDir>
+#include <QFileDialog>
+#include <QScreen>
+
+#include "DesktopDialogs.h"
+#include "DesktopLook.h"
+#include "DesktopTexts.h"
+#include "QtText.h"
+#include "VantrelMsgBox.h"
+
+namespace {
+
+/// Stays open while the chosen name is refused.
+class TJudgingDialog : public QFileDialog {
+ public:
+  TJudgingDialog(QWidget* parent, const TFileDialog& told) : QFileDialog(parent), FRefuse(told.Refuse) {}
+
+ protected:
+  void accept() override {
+    const auto chosen = selectedFiles();
+    const auto refusal = FRefuse && !chosen.isEmpty() ? FRefuse(ToUtf8(chosen.front())) : std::string();
+    if (refusal.empty()) return QFileDialog::accept();
+    MsgBoxError(refusal);
+  }
+
+ private:
+  std::function<std::string(const std::string&)> FRefuse;
+};
+
+/// "Text|pattern|Text|pattern" as Qt wants it.
+QStringList NameFilters(const std::string& filter) {
+  const auto parts = FromUtf8(filter).split('|');
+  QStringList filters;
+  for (qsizetype i = 0; i + 1 < parts.size(); i += 2)
+    filters << QString("%1 (%2)").arg(parts[i], parts[i + 1] == "*.*" ? QString("*") : parts[i + 1]);
+  return filters;
+}
+
+void Prepare(QFileDialog& shown, const TFileDialog& told) {
+  shown.setOptions(QFileDialog::DontUseNativeDialog | QFileDialog::DontConfirmOverwrite |
+                   QFileDialog::HideNameFilterDetails);
+  shown.setWindowTitle(FromUtf8(told.Title));
+  const auto filters = NameFilters(told.Filter);
+  shown.setNameFilters(filters);
+  shown.selectNameFilter(filters.value(told.FilterIndex - 1));
+  shown.setDefaultSuffix(FromUtf8(told.DefaultExtension));
+  const auto folder = FromUtf8(told.InitialDir);
+  shown.setDirectory(!folder.isEmpty() && QDir(folder).exists() ? folder : QDir::homePath());
+  if (!told.FileName.empty()) shown.selectFile(FromUtf8(told.FileName));
+  shown.setViewMode(QFileDialog::Detail);
+  constexpr QSize usual(820, 520);
+  shown.resize(usual.boundedTo(shown.screen()->availableSize()));
+  StandAbove(shown);
+}
+
+bool Choose(TFileDialog& told, QFileDialog::AcceptMode mode) {
+  TJudgingDialog shown(ActiveWindow(), told);
+  shown.setAcceptMode(mode);
+  shown.setFileMode(mode == QFileDialog::AcceptOpen ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
+  Prepare(shown, told);
+  if (shown.exec() != QDialog::Accepted || shown.selectedFiles().isEmpty()) return false;
+  told.FileName = ToUtf8(shown.selectedFiles().front());
+  told.FilterIndex = static_cast<int>(shown.nameFilters().indexOf(shown.selectedNameFilter())) + 1;
+  return true;
+}
+
+}  // namespace
+
+bool TDesktopDialogs::OpenFile(TFileDialog& dialog) {
+  return Choose(dialog, QFileDialog::AcceptOpen);
+}
+
+bool TDesktopDialogs::SaveFile(TFileDialog& dialog) {
+  return Choose(dialog, QFileDialog::AcceptSave);
+}

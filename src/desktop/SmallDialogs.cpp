@@ -1,0 +1,98 @@
+// The password dialog and the about window.
+#include <QBoxLayout>
+#include <QDialog>
+#include <QIcon>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+
+#include "DesktopDialogs.h"
+#include "DesktopLook.h"
+#include "DesktopTexts.h"
+#include "QtText.h"
+
+namespace {
+
+/// A dialog of fixed size: a column of parts, then a row of buttons on the right.
+class TSmallDialog : public QDialog {
+ public:
+  explicit TSmallDialog(const QString& title) : QDialog(ActiveWindow()), FLayout(new QVBoxLayout(this)) {
+    setWindowTitle(title);
+    FLayout->setContentsMargins(16, 16, 16, 12);
+    FLayout->setSpacing(10);
+    FLayout->setSizeConstraint(QLayout::SetFixedSize);
+    FButtons = new QHBoxLayout;
+    FButtons->addStretch();
+  }
+  QVBoxLayout& Layout() { return *FLayout; }
+  QPushButton* AddButton(const char* text) {
+    auto* button = new QPushButton(text);
+    button->setAutoDefault(false);
+    FButtons->addWidget(button);
+    return button;
+  }
+  bool Run() {
+    FLayout->addStretch();
+    FLayout->addLayout(FButtons);
+    StandAbove(*this);
+    return exec() == Accepted;
+  }
+
+ private:
+  QVBoxLayout* FLayout;
+  QHBoxLayout* FButtons;
+};
+
+}  // namespace
+
+std::string TDesktopDialogs::AskPassword() {
+  TSmallDialog dialog(DesktopTexts::PasswordTitle);
+  auto* text = new QLabel(DesktopTexts::PasswordText);
+  auto* editor = new QLineEdit;
+  editor->setEchoMode(QLineEdit::Password);
+  editor->setStyleSheet("lineedit-password-character: 42");
+  editor->setAccessibleName(DesktopTexts::PasswordEdit);
+  text->setBuddy(editor);
+  dialog.Layout().addWidget(text);
+  dialog.Layout().addWidget(editor);
+  auto* ok = dialog.AddButton(DesktopTexts::BoxOK);
+  ok->setDefault(true);
+  ok->setEnabled(false);
+  auto* cancel = dialog.AddButton(DesktopTexts::BoxCancel);
+  QObject::connect(editor, &QLineEdit::textChanged, ok,
+                   [ok](const QString& typed) { ok->setEnabled(!typed.isEmpty()); });
+  QObject::connect(ok, &QPushButton::clicked, &dialog, &QDialog::accept);
+  QObject::connect(cancel, &QPushButton::clicked, &dialog, &QDialog::reject);
+  return dialog.Run() ? ToUtf8(editor->text()) : std::string();
+}
+
+void TDesktopDialogs::ShowAbout(const TAboutInfo& about) {
+  constexpr int height = 220, pictureSize = 128;
+  TSmallDialog dialog(DesktopTexts::AboutTitle);
+  auto* parts = new QHBoxLayout;
+  parts->setSpacing(20);
+  auto* picture = new QLabel;
+  picture->setPixmap(ProgramIcon().pixmap(QSize(pictureSize, pictureSize), dialog.devicePixelRatio()));
+  parts->addWidget(picture, 0, Qt::AlignTop);
+  auto* column = new QVBoxLayout;
+  parts->addLayout(column);
+  auto* product = new QLabel(FromUtf8(about.Product));
+  QFont font = product->font();
+  font.setPointSizeF(font.pointSizeF() * 1.8);
+  font.setBold(true);
+  product->setFont(font);
+  column->addWidget(product);
+  column->addWidget(new QLabel(FromUtf8(about.Version)));
+  column->addSpacing(12);
+  column->addWidget(new QLabel(FromUtf8(about.Copyright)));
+  column->addStretch();
+  column->addStrut(230);
+  dialog.Layout().addLayout(parts);
+  dialog.setMinimumHeight(height);
+  dialog.Layout().setSizeConstraint(QLayout::SetMinimumSize);
+  auto* close = dialog.AddButton(DesktopTexts::Close);
+  close->setDefault(true);
+  QObject::connect(close, &QPushButton::clicked, &dialog, &QDialog::accept);
+  dialog.ensurePolished();
+  dialog.Run();
+}
