@@ -71,17 +71,17 @@ class TComparer {
   /// Tells each record of the two lists with the one of the same id in the other list, or null.
   template <class TItem, class TCall>
   static void ForPairs(const TVantrelDataListOf<TItem>& before, const TVantrelDataListOf<TItem>& after, TCall call) {
-    std::map<TGuid, const TItem*> old;
+    std::map<TGuid, TItem*> old;
     for (int i = 0; i < before.Count(); ++i) old.emplace(before.GetItem(i)->ID(), before.GetItem(i));
     std::map<TGuid, bool> seen;
     for (int i = 0; i < after.Count(); ++i) {
-      const auto* item = after.GetItem(i);
+      auto* item = after.GetItem(i);
       const auto found = old.find(item->ID());
       if (seen.emplace(item->ID(), true).second) call(found == old.end() ? nullptr : found->second, item);
     }
     for (int i = 0; i < before.Count(); ++i) {
-      const auto* item = before.GetItem(i);
-      if (seen.emplace(item->ID(), true).second) call(item, static_cast<const TItem*>(nullptr));
+      auto* item = before.GetItem(i);
+      if (seen.emplace(item->ID(), true).second) call(item, static_cast<TItem*>(nullptr));
     }
   }
 
@@ -161,7 +161,7 @@ class TComparer {
   }
 
   void CompareStudents() {
-    ForPairs(FBefore.Students(), FAfter.Students(), [this](const TStudent* old, const TStudent* now) {
+    ForPairs(FBefore.Students(), FAfter.Students(), [this](TStudent* old, TStudent* now) {
       TLines lines;
       if (old == nullptr) {
         lines.push_back(ResourceText(CliTexts::StudentAdded));
@@ -178,10 +178,11 @@ class TComparer {
     for (auto& [id, lines] : FCourseLines) Add(StudentName(FAfter, nullptr), std::move(lines));
   }
 
-  TLines CompareRemarks(const TStudent& before, const TStudent& after) const {
-    return CompareList(*before.CertificateComments, *after.CertificateComments, [](const TCertificateComment& remark) {
-      return FormatText(CliTexts::StudentRemark, FormatText(CliTexts::Quoted, Printable(remark.Description)));
-    });
+  TLines CompareRemarks(TStudent& before, TStudent& after) const {
+    return CompareList(
+        before.CertificateComments(), after.CertificateComments(), [](const TCertificateComment& remark) {
+          return FormatText(CliTexts::StudentRemark, FormatText(CliTexts::Quoted, Printable(remark.Description)));
+        });
   }
 
   static void Append(TLines& lines, TLines more) { std::ranges::move(more, std::back_inserter(lines)); }

@@ -211,7 +211,7 @@ void TSampleBuilder::FillCertificate(TStudent& student, const TSchoolClass& scho
     student.Abschluss1Note.SetAsFloat(static_cast<float>(FRandom.Between(10, 40)) / 10);
   }
   for (int count = std::max(FRandom.Between(-2, 2), 0), i = 0; i < count; ++i)
-    AddRemark(*student.CertificateComments, i, FRandom.Pick(SampleNames::Remarks()).Token, student.Vorname);
+    AddRemark(student.CertificateComments(), i, FRandom.Pick(SampleNames::Remarks()).Token, student.Vorname);
 }
 
 void TSampleBuilder::AddCourse(TStudent& student, int classIndex, int subjectIndex) {

@@ -101,17 +101,30 @@ struct String {
   TVariant Value(const T& record) const { return record.*Member; }
 };
 
-/// A list that the record owns.
+/// A list that the record owns; null stands for an empty one that nobody has asked for.
 template <class T, class TList>
 struct DataList {
   std::string_view Key;
   TVantrelPtr<TList> T::*Member;
   constexpr DataList(std::string_view key, TVantrelPtr<TList> T::*member) : Key(key), Member(member) {}
 
-  void Read(T& record, TVantrelDataObjectReader& reader) const { reader.ReadDataList(Key, *(record.*Member)); }
-  void Write(const T& record, TVantrelDataObjectWriter& writer) const { writer.WriteDataList(Key, *(record.*Member)); }
-  void Clear(T& record) const { (record.*Member)->Clear(); }
-  void Assign(T& record, const T& source) const { (record.*Member)->Assign(*(source.*Member)); }
+  TList& List(T& record) const {
+    auto& list = record.*Member;
+    if (list == nullptr) list = CreateVantrel<TList>(&record, true);
+    return *list;
+  }
+  void Read(T& record, TVantrelDataObjectReader& reader) const { reader.ReadDataList(Key, List(record)); }
+  void Write(const T& record, TVantrelDataObjectWriter& writer) const {
+    const auto& list = record.*Member;
+    writer.WriteDataList(Key, list != nullptr ? *list : *CreateVantrel<TList>(true));
+  }
+  void Clear(T& record) const {
+    if (record.*Member != nullptr) (record.*Member)->Clear();
+  }
+  void Assign(T& record, const T& source) const {
+    if (source.*Member == nullptr) return Clear(record);
+    List(record).Assign(*(source.*Member));
+  }
   TVariant Value(const T&) const { return TVariant::Null(); }
 };
 

@@ -72,12 +72,7 @@ void TMyTessaronProject::RegisterClasses() {
 void TMyTessaronProject::DoCreate() {
   TVantrelDataStorage::DoCreate();
   FProductVersion = ::ProductVersion;
-  std::apply(
-      [this](const auto&... field) {
-        const auto create = [this]<class TList>(TVantrelPtr<TList>& list) { list = CreateVantrel<TList>(this, true); };
-        (create(this->*field.Member), ...);
-      },
-      Fields::Of<ListFields>);
+  std::apply([this](const auto&... field) { (field.List(*this), ...); }, Fields::Of<ListFields>);
   FOptions = CreateVantrel<TDataOptions>(this);
   DoClear();
 }

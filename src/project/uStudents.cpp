@@ -4,6 +4,10 @@
 
 #include "uProject.h"
 
+constexpr auto TStudent::RemarkList() {
+  return Fields::DataList("CertificateComments", &TStudent::FCertificateComments);
+}
+
 // The order of this table is the file format. "Zuzgang" has that spelling there.
 constexpr auto TStudent::FieldTable() {
   using namespace Fields;
@@ -11,8 +15,7 @@ constexpr auto TStudent::FieldTable() {
       LongInt("StudentId", &TStudent::TessaronId), LongInt("StudentTermId", &TStudent::StudentTermId),
       LongInt("ClassId", &TStudent::ClassId), String("Lastname", &TStudent::Nachname),
       String("Firstname", &TStudent::Vorname), Char("Gender", &TStudent::Geschlecht, u'M'),
-      Date("Birthday", &TStudent::Geburtsdatum), String("Personalnr", &TStudent::Personalnummer),
-      DataList("CertificateComments", &TStudent::CertificateComments),
+      Date("Birthday", &TStudent::Geburtsdatum), String("Personalnr", &TStudent::Personalnummer), RemarkList(),
       LongInt("Ausbildungsjahr", &TStudent::Ausbildungsjahr), LongInt("Schulbesuchsjahr", &TStudent::Schulbesuchsjahr),
       Date("Zuzgang", &TStudent::Zugang), Date("Abgang", &TStudent::Abgang),
       Date("Schulformeintritt", &TStudent::Schulformeintritt), Date("Zeugnisdatum", &TStudent::Zeugnisdatum),
@@ -30,15 +33,6 @@ constexpr auto TStudent::FieldTable() {
       Boolean("TeilnahmeAnZusatzangebot", &TStudent::TeilnahmeAnZusatzangebot),
       LongInt("Unterrichtstage", &TStudent::Unterrichtstage), Boolean("VonSportBefreit", &TStudent::VonSportBefreit),
       String("Empfehlung", &TStudent::Empfehlung), String("Leistungsanforderung", &TStudent::Leistungsanforderung));
-}
-
-void TStudent::DoCreate() {
-  CertificateComments = CreateVantrel<TCertificateComments>(this, true);
-  DoClear();
-}
-
-void TStudent::DoDestroy() {
-  CertificateComments.reset();
 }
 
 void TStudent::DoClear() {
@@ -74,16 +68,20 @@ std::string TStudent::ViewDisplayName() const {
   return schoolClass == nullptr || schoolClass->Token.empty() ? name : fmt::format("{} ({})", name, schoolClass->Token);
 }
 
+TCertificateComments& TStudent::CertificateComments() {
+  return RemarkList().List(*this);
+}
+
 TCertificateComment* TStudent::AddCertificateComment(std::int32_t position, std::string_view attribute,
                                                      std::string_view description) {
-  auto* comment = CertificateComments->AddCertificateComment({}, description, attribute, position);
+  auto* comment = CertificateComments().AddCertificateComment({}, description, attribute, position);
   CurrentProject->SetModified(true);
   return comment;
 }
 
 void TStudent::EditCertificateComment(const TGuid& id, std::int32_t position, std::string_view attribute,
                                       std::string_view description) {
-  auto* comment = static_cast<TCertificateComment*>(CertificateComments->Find(id));
+  auto* comment = static_cast<TCertificateComment*>(CertificateComments().Find(id));
   if (comment == nullptr) return;
   comment->Position = position;
   comment->Attribute = attribute;
@@ -92,14 +90,14 @@ void TStudent::EditCertificateComment(const TGuid& id, std::int32_t position, st
 }
 
 void TStudent::DeleteCertificateComment(const TGuid& id) {
-  const int index = CertificateComments->IndexOf(id);
+  const int index = CertificateComments().IndexOf(id);
   if (index < 0) return;
-  CertificateComments->Delete(index);
+  CertificateComments().Delete(index);
   CurrentProject->SetModified(true);
 }
 
 void TStudent::DeleteAllCertificateComments() {
-  CertificateComments->Clear();
+  CertificateComments().Clear();
   CurrentProject->SetModified(true);
 }
 

@@ -16,10 +16,8 @@ class TStudent : public TVantrelDataClassOf<TStudent> {
   TMyTessaronInteger ClassId;
   std::string Vorname;
   std::string Nachname;
-  char16_t Geschlecht = u'M';
   TMyTessaronDateTime Geburtsdatum;
   std::string Personalnummer;
-  TVantrelPtr<TCertificateComments> CertificateComments;
   TMyTessaronInteger Ausbildungsjahr;
   TMyTessaronInteger Schulbesuchsjahr;
   TMyTessaronDateTime Zugang;
@@ -48,8 +46,9 @@ class TStudent : public TVantrelDataClassOf<TStudent> {
   TMyTessaronFloat Abschluss2Note;
   std::string Empfehlung;
   std::string Leistungsanforderung;
-  bool TeilnahmeAnZusatzangebot = false;
   TMyTessaronInteger Unterrichtstage;
+  char16_t Geschlecht = u'M';
+  bool TeilnahmeAnZusatzangebot = false;
   bool VonSportBefreit = false;
 
   /// How the teacher of the file stands to the student; it says whether remarks may be changed. 255 if unknown.
@@ -61,6 +60,8 @@ class TStudent : public TVantrelDataClassOf<TStudent> {
   /// First name, surname, and the token of the class in CurrentProject in parentheses.
   std::string ViewDisplayName() const;
 
+  /// The remarks of the student's certificate, in a list that the student owns.
+  TCertificateComments& CertificateComments();
   /// The four remark operations mark CurrentProject as modified. Adding gives the new remark, with an empty token.
   TCertificateComment* AddCertificateComment(std::int32_t position, std::string_view attribute,
                                              std::string_view description);
@@ -75,17 +76,20 @@ class TStudent : public TVantrelDataClassOf<TStudent> {
   void VisitFields(const Fields::TVisitor& visitor) const;
 
   std::string GetDisplayText() const override { return DisplayName(); }
-  void DoCreate() override;
-  void DoDestroy() override;
+  void DoCreate() override { DoClear(); }
+  void DoDestroy() override { FCertificateComments.reset(); }
   void DoClear() override;
   void Assign(const TVantrelObject& source) override;
   void ReadData(TVantrelDataObjectReader& reader) override;
   void WriteData(TVantrelDataObjectWriter& writer) const override;
 
  private:
+  static constexpr auto RemarkList();
   static constexpr auto FieldTable();
 
   std::uint8_t FLehrerTyp = 255;
+  /// Null until it is first asked for.
+  TVantrelPtr<TCertificateComments> FCertificateComments;
 };
 
 class TStudents : public TVantrelDataListOf<TStudent> {

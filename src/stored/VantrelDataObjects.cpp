@@ -1,11 +1,8 @@
 #include "VantrelDataObjects.h"
 
-#include <cstring>
-#include <typeinfo>
-
 #include "VantrelDataList.h"
 #include "VantrelDataStorage.h"
-#include "VantrelMaps.h"
+#include "VantrelHashes.h"
 
 void TVantrelAbstractDataObject::Assign(const TVantrelObject&) {}
 
@@ -57,18 +54,6 @@ bool TVantrelDataClass::InheritsFrom(const TVantrelDataClass& other) const {
   for (const auto* ancestor = this; ancestor != nullptr; ancestor = ancestor->Base)
     if (ancestor == &other) return true;
   return false;
-}
-
-bool TVantrelDataObjectKey::Equals(const TVantrelObject* other) const {
-  return other != nullptr && typeid(*other) == typeid(TVantrelDataObjectKey) &&
-         static_cast<const TVantrelDataObjectKey*>(other)->Id == Id;
-}
-
-std::int32_t TVantrelDataObjectKey::GetHashCode() const {
-  std::uint64_t halves[2];
-  std::memcpy(halves, Id.Bytes.data(), sizeof(halves));
-  const std::uint64_t mixed = (halves[0] ^ (halves[1] * 0x9E3779B97F4A7C15u)) * 0xC2B2AE3D27D4EB4Fu;
-  return static_cast<std::int32_t>(mixed >> 32);
 }
 
 const TVantrelDataClass& TVantrelDataObject::Class() {

@@ -76,16 +76,6 @@ struct TVantrelDataClass {
   bool InheritsFrom(const TVantrelDataClass& other) const;
 };
 
-/// Key of a data object in the registry of its document. Hashes the 16 bytes.
-class TVantrelDataObjectKey final : public TVantrelObject {
- public:
-  explicit TVantrelDataObjectKey(const TGuid& id) : Id(id) {}
-  bool Equals(const TVantrelObject* other) const override;
-  std::int32_t GetHashCode() const override;
-
-  const TGuid Id;
-};
-
 /// A stored object with an identity. While it has a document it stands in the document's registry under its GUID,
 /// from after-construction until before-destruction.
 class TVantrelDataObject : public TVantrelAbstractDataObject {
@@ -93,15 +83,14 @@ class TVantrelDataObject : public TVantrelAbstractDataObject {
   TVantrelDataObject() : TVantrelDataObject(nullptr) {}
   explicit TVantrelDataObject(TVantrelAbstractDataObject* owner) : TVantrelDataObject(owner, NewGuid()) {}
   explicit TVantrelDataObject(const TGuid& id) : TVantrelDataObject(nullptr, id) {}
-  TVantrelDataObject(TVantrelAbstractDataObject* owner, const TGuid& id)
-      : TVantrelAbstractDataObject(owner), FKey(id) {}
+  TVantrelDataObject(TVantrelAbstractDataObject* owner, const TGuid& id) : TVantrelAbstractDataObject(owner), FId(id) {}
 
   static const TVantrelDataClass& Class();
   virtual const TVantrelDataClass& ClassType() const { return Class(); }
   /// The name under which the class goes into files.
   std::string_view GetDataClassName() const { return ClassType().Name; }
 
-  const TGuid& ID() const { return FKey.Id; }
+  const TGuid& ID() const { return FId; }
   /// New instance of the same class without owner, with a new GUID and this content.
   TVantrelPtr<TVantrelDataObject> Clone() const;
   /// True for a data object with the same GUID.
@@ -121,7 +110,7 @@ class TVantrelDataObject : public TVantrelAbstractDataObject {
   friend class TVantrelDataObjectRegistry;
   friend class TVantrelDataObjectReader;
 
-  TVantrelDataObjectKey FKey;
+  const TGuid FId;
   /// How many entries of owning lists hold the object: it is freed with the last one.
   std::uint32_t FOwningEntries = 0;
   /// Made by a reader and not yet taken by a list or a field: it belongs to the document.

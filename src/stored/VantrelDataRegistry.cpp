@@ -1,6 +1,7 @@
 #include "VantrelDataRegistry.h"
 
 #include <algorithm>
+#include <cstring>
 #include <string>
 
 namespace {
@@ -39,38 +40,35 @@ const TVantrelDataClass* TVantrelDataClassRegistry::GetClass(std::string_view st
   return entry == nullptr ? nullptr : &static_cast<const TVantrelDataClassRegistryEntry*>(entry)->FClass;
 }
 
-void TVantrelDataObjectRegistry::AddObject(TVantrelDataObject& object) {
-  if (auto* known = FObjects->Put(&object.FKey, &object))
-    FObjects->Put(&static_cast<TVantrelDataObject*>(known)->FKey, known);
+std::size_t TVantrelDataObjectRegistry::THash::operator()(const TGuid& id) const noexcept {
+  std::uint64_t halves[2];
+  std::memcpy(halves, id.Bytes.data(), sizeof(halves));
+  const std::uint64_t mixed = (halves[0] ^ (halves[1] * 0x9E3779B97F4A7C15u)) * 0xC2B2AE3D27D4EB4Fu;
+  return static_cast<std::size_t>(mixed >> 32);
 }
 
 void TVantrelDataObjectRegistry::RemoveObject(const TVantrelDataObject& object) {
-  if (GetObject(object.ID()) != &object) return;
-  FObjects->Remove(&object.FKey);
+  const auto found = FObjects.find(object.ID());
+  if (found == FObjects.end() || *found != &object) return;
+  FObjects.erase(found);
   FLastFound = nullptr;
 }
 
 TVantrelDataObject* TVantrelDataObjectRegistry::GetObject(const TGuid& id) const {
   if (FLastFound != nullptr && FLastFound->ID() == id) return FLastFound;
-  const TVantrelDataObjectKey key(id);
-  auto* found = static_cast<TVantrelDataObject*>(FObjects->Get(&key));
-  if (found != nullptr) FLastFound = found;
-  return found;
+  const auto found = FObjects.find(id);
+  if (found == FObjects.end()) return nullptr;
+  return FLastFound = *found;
 }
 
 void TVantrelDataObjectRegistry::Reserve(std::int64_t objects) {
-  constexpr double loadFactor = 0.75;
-  constexpr double most = 1 << 24;
-  const int capacity = static_cast<int>(std::min(static_cast<double>(objects) / loadFactor, most));
-  if (capacity <= FObjects->BucketCount()) return;
-  auto larger = std::make_unique<TVantrelHashMap>(capacity, loadFactor, false, false);
-  for (auto* item : FObjects->Items()) larger->Put(&static_cast<TVantrelDataObject*>(item)->FKey, item);
-  FObjects = std::move(larger);
+  constexpr std::int64_t most = 1 << 24;
+  FObjects.reserve(static_cast<std::size_t>(std::min(objects, most)));
 }
 
 std::vector<TVantrelDataObject*> TVantrelDataObjectRegistry::Unclaimed() const {
   std::vector<TVantrelDataObject*> found;
-  for (auto* item : FObjects->Items())
-    if (auto* object = static_cast<TVantrelDataObject*>(item); object->FUnclaimed) found.push_back(object);
+  for (auto* object : FObjects)
+    if (object->FUnclaimed) found.push_back(object);
   return found;
 }

@@ -1,8 +1,8 @@
 #pragma once
 
 #include <cstdint>
-#include <memory>
 #include <string_view>
+#include <unordered_set>
 #include <vector>
 
 #include "VantrelDataObjects.h"
@@ -29,20 +29,33 @@ class TVantrelDataClassRegistry {
 class TVantrelDataObjectRegistry {
  public:
   /// Ignored if the GUID is present.
-  void AddObject(TVantrelDataObject& object);
+  void AddObject(TVantrelDataObject& object) { FObjects.insert(&object); }
   /// Only if this very object is the one that is registered.
   void RemoveObject(const TVantrelDataObject& object);
   bool ContainsObject(const TVantrelDataObject& object) const { return GetObject(object.ID()) != nullptr; }
   /// Null if unknown.
   TVantrelDataObject* GetObject(const TGuid& id) const;
-  int Count() const { return FObjects->Count(); }
+  int Count() const { return static_cast<int>(FObjects.size()); }
   /// Makes room for about so many objects, so that a large document need not grow into it step by step.
   void Reserve(std::int64_t objects);
   /// The objects that a reader made and nobody took.
   std::vector<TVantrelDataObject*> Unclaimed() const;
 
  private:
-  std::unique_ptr<TVantrelHashMap> FObjects = std::make_unique<TVantrelHashMap>(false, false);
+  struct THash {
+    using is_transparent = void;
+    std::size_t operator()(const TGuid& id) const noexcept;
+    std::size_t operator()(const TVantrelDataObject* object) const noexcept { return (*this)(object->ID()); }
+  };
+  struct TSameId {
+    using is_transparent = void;
+    bool operator()(const TVantrelDataObject* a, const TVantrelDataObject* b) const { return a->ID() == b->ID(); }
+    bool operator()(const TGuid& id, const TVantrelDataObject* object) const { return id == object->ID(); }
+    bool operator()(const TVantrelDataObject* object, const TGuid& id) const { return id == object->ID(); }
+  };
+
+  /// The objects know their GUIDs: a set takes less for each than a map from key to object.
+  std::unordered_set<TVantrelDataObject*, THash, TSameId> FObjects;
   /// Courses of one student mostly stand together in a file and ask for the same object.
   mutable TVantrelDataObject* FLastFound = nullptr;
 };

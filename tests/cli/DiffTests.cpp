@@ -30,7 +30,7 @@ TEST_F(DiffTest, TellsChangesInWords) {
        "Anna Beck␛[2J (10a)\n  Nachname: \"Beck\" -> \"Beck␛[2J\"\n"},
       {[](auto& project) { Anna(project).ClassId.SetNull(); }, "Anna Beck\n  Klasse: 10a -> leer\n"},
       {[](auto& project) { Anna(project).VonSportBefreit = true; }, "Anna Beck (10a)\n  VonSportBefreit: nein -> ja\n"},
-      {[](auto& project) { Anna(project).CertificateComments->AddCertificateComment("", "fleißig", "", 1); },
+      {[](auto& project) { Anna(project).CertificateComments().AddCertificateComment("", "fleißig", "", 1); },
        "Anna Beck (10a)\n  neu: Zeugnisbemerkung \"fleißig\"\n"},
       {[](auto& project) { project.Courses().Delete(0); }, "Anna Beck (10a)\n  entfernt: Mathematik (Ma)\n"},
       {[](auto& project) { project.Students().Add(TStudent::Class()); },

@@ -159,7 +159,7 @@ TEST_F(DamagedFilesTest, MemoryStaysWithinAMultipleOfTheFile) {
         absent.push_back(CreateVantrel<TStudent>());
         course->Student = absent.back().get();
       }
-      EXPECT_LE(MemoryFactor(*source), absentStudents ? 9.0 : 6.0) << itemClass->Name;
+      EXPECT_LE(MemoryFactor(*source), absentStudents ? 8.0 : 6.0) << itemClass->Name;
     }
   }
 }

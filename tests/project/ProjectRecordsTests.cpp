@@ -261,7 +261,7 @@ TEST_F(ProjectRecordsTest, RemarksMarkTheProject) {
   EXPECT_FALSE(modifiedBy([&] { student.DeleteCertificateComment(NewGuid()); }));
   EXPECT_TRUE(modifiedBy([&] { student.DeleteCertificateComment(remark->ID()); }));
   EXPECT_TRUE(modifiedBy([&] { student.DeleteAllCertificateComments(); }));
-  EXPECT_TRUE(student.CertificateComments->IsEmpty());
+  EXPECT_TRUE(student.CertificateComments().IsEmpty());
 }
 
 TEST_F(ProjectRecordsTest, GridStateRecordsDropTheIndex) {
