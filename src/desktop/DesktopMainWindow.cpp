@@ -122,6 +122,12 @@ void TDesktopMainWindow::GotoRegion(int step) {
   if (FRibbon != nullptr) regions.push_back(&FRibbon->Tabs());
   for (auto* grid : FHost->findChildren<QAbstractItemView*>())
     if (grid->isVisible() && grid->focusPolicy() != Qt::NoFocus) regions.push_back(grid);
+  const auto place = [this](const QWidget* widget) {
+    const QPoint corner = widget->mapTo(this, QPoint(0, 0));
+    return std::pair(corner.x(), corner.y());
+  };
+  const auto grids = regions.begin() + (FRibbon == nullptr ? 0 : 1);
+  std::sort(grids, regions.end(), [&](const auto* a, const auto* b) { return place(a) < place(b); });
   regions.push_back(FStatus);
   const auto* focus = QApplication::focusWidget();
   const auto at = std::find_if(regions.begin(), regions.end(), [focus, this](const QWidget* region) {

@@ -33,6 +33,7 @@ class TCard : public QWidget {
     setAccessibleName(text);
     auto* label = new QLabel(text);
     SetSize(*label, UsualSize, true);
+    label->setAlignment(Qt::AlignTop);
     FLayout->addWidget(label);
     FLayout->addSpacing(4);
   }

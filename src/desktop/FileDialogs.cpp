@@ -2,6 +2,7 @@
 #include <QDir>
 #include <QFileDialog>
 #include <QScreen>
+#include <algorithm>
 
 #include "DesktopDialogs.h"
 #include "DesktopLook.h"
@@ -61,7 +62,12 @@ bool Choose(TFileDialog& told, QFileDialog::AcceptMode mode) {
   Prepare(shown, told);
   if (shown.exec() != QDialog::Accepted || shown.selectedFiles().isEmpty()) return false;
   told.FileName = ToUtf8(shown.selectedFiles().front());
-  told.FilterIndex = static_cast<int>(shown.nameFilters().indexOf(shown.selectedNameFilter())) + 1;
+  // The dialog itself answers with the shortened text.
+  const auto filters = NameFilters(told.Filter);
+  const auto chosen =
+      std::find_if(filters.begin(), filters.end(),
+                   [filter = shown.selectedNameFilter()](const auto& f) { return f.startsWith(filter); });
+  if (chosen != filters.end()) told.FilterIndex = static_cast<int>(chosen - filters.begin()) + 1;
   return true;
 }
 

@@ -1,0 +1,170 @@
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QComboBox>
+#include <QFileDialog>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QTabWidget>
+#include <QTest>
+#include <QTimer>
+
+#include "DesktopDialogs.h"
+#include "DesktopGrid.h"
+#include "DesktopMainWindow.h"
+#include "DesktopMsgBox.h"
+#include "DesktopStudentsView.h"
+#include "DesktopWelcomeView.h"
+#include "TempFolder.h"
+
+namespace {
+
+using enum TVantrelMsgBoxResult;
+
+/// Does something with the modal dialog as soon as it is there.
+template <class TWidget>
+void InDialog(std::function<void(TWidget&)> action) {
+  QTimer::singleShot(0, [action = std::move(action)] {
+    auto* dialog = qobject_cast<TWidget*>(QApplication::activeModalWidget());
+    ASSERT_NE(dialog, nullptr);
+    action(*dialog);
+  });
+}
+
+QPushButton* ButtonOf(const QWidget& dialog, const char* text) {
+  for (auto* button : dialog.findChildren<QPushButton*>())
+    if (button->text().remove('&') == text) return button;
+  return nullptr;
+}
+
+TEST(DesktopMsgBox, AnswersOnlyByItsButtons) {
+  const TDesktopMsgBoxes boxes;
+  InDialog<QMessageBox>([](QMessageBox& box) {
+    EXPECT_EQ(box.text(), "Speichern? <b>&amp;");
+    EXPECT_EQ(box.defaultButton(), ButtonOf(box, "Nein"));
+    QTest::keyClick(&box, Qt::Key_Escape);
+    box.close();
+    ASSERT_TRUE(box.isVisible());
+    QTest::keyClick(&box, Qt::Key_J, Qt::AltModifier);
+    if (box.isVisible()) ButtonOf(box, "Ja")->click();
+  });
+  EXPECT_EQ(MsgBoxAsk("Hinweis", "Speichern? <b>&amp;"), mbrYes);
+  InDialog<QMessageBox>([](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Escape); });
+  EXPECT_EQ(MsgBoxAsk("Hinweis", "Speichern?", true), mbrCancel);
+}
+
+TEST(DesktopDialogs, PasswordNeedsATextAndCancelForgetsIt) {
+  TDesktopDialogs dialogs;
+  const auto ask = [&](const char* button) {
+    InDialog<QDialog>([button](QDialog& dialog) {
+      auto* editor = dialog.findChild<QLineEdit*>();
+      EXPECT_FALSE(ButtonOf(dialog, "OK")->isEnabled());
+      QTest::keyClicks(editor, "geheim");
+      EXPECT_TRUE(ButtonOf(dialog, "OK")->isEnabled());
+      editor->clear();
+      EXPECT_FALSE(ButtonOf(dialog, "OK")->isEnabled());
+      QTest::keyClicks(editor, "geheim");
+      ButtonOf(dialog, button)->click();
+    });
+    return dialogs.AskPassword();
+  };
+  EXPECT_EQ(ask("OK"), "geheim");
+  EXPECT_EQ(ask("Abbrechen"), "");
+}
+
+TEST(DesktopDialogs, FileDialogStaysWhileTheNameIsRefused) {
+  const TDesktopMsgBoxes boxes;
+  TDesktopDialogs dialogs;
+  TempFolder folder;
+  TFileDialog told{"Datei speichern unter", "Eine (*.eins, alt)|*.eins|Alle Dateien|*.*", 1, folder / "", "", {}, {}};
+  told.Refuse = [](const std::string& path) { return path.ends_with(".txt") ? "Nein." : ""; };
+  InDialog<QFileDialog>([](QFileDialog& dialog) {
+    EXPECT_EQ(dialog.nameFilters(), (QStringList{"Eine (*.eins, alt) (*.eins)", "Alle Dateien (*)"}));
+    auto* kinds = dialog.findChild<QComboBox*>("fileTypeCombo");
+    EXPECT_EQ(kinds->currentText(), "Eine (*.eins, alt)");
+    kinds->setCurrentIndex(1);
+    auto* name = dialog.findChild<QLineEdit*>("fileNameEdit");
+    name->setText("falsch.txt");
+    InDialog<QMessageBox>([](QMessageBox& box) {
+      EXPECT_EQ(box.text(), "Nein.");
+      box.accept();
+    });
+    QTest::keyClick(name, Qt::Key_Return);
+    ASSERT_TRUE(dialog.isVisible());
+    name->setText("gut.eins");
+    QTest::keyClick(name, Qt::Key_Return);
+  });
+  ASSERT_TRUE(dialogs.SaveFile(told));
+  EXPECT_EQ(told.FileName, folder / "gut.eins");
+  EXPECT_EQ(told.FilterIndex, 2);
+}
+
+TEST(DesktopDialogs, TimerMayStopItself) {
+  TDesktopDialogs dialogs;
+  const auto timer = dialogs.CreateTimer();
+  int fired = 0;
+  timer->Start(0, [&] {
+    ++fired;
+    timer->Stop();
+  });
+  QTest::qWait(5);
+  EXPECT_EQ(fired, 1);
+}
+
+TEST(DesktopViews, WelcomeScrollsWhereItDoesNotFit) {
+  TDesktopMainWindow window;
+  TDesktopWelcomeView view(window);
+  view.OnResize = [&](int width, int height) { view.MoveCenterPanel(std::max(0, width / 2 - 300), height / 9); };
+  view.Text(TWelcomeText::FilepathText).SetValue("/" + std::string(400, 'x'));
+  view.Text(TWelcomeText::FilenameText).SetValue("Es fehlt:\n  Noten 1-5:   3");
+  EXPECT_EQ(view.Text(TWelcomeText::FilenameText).Value(), TVariant("Es fehlt:\n  Noten 1-5:   3"));
+  window.setMinimumSize(0, 0);
+  window.resize(400, 300);
+  window.show();
+  view.SetVisible(true);
+  QTest::qWait(1);
+  auto* area = window.findChild<QScrollArea*>();
+  ASSERT_NE(area, nullptr);
+  EXPECT_GT(area->verticalScrollBar()->maximum(), 0);
+  EXPECT_GE(area->widget()->minimumWidth(), TWelcomeView::CenterPanelWidth);
+}
+
+TEST(DesktopViews, NothingComesFromAStudentsViewThatHasEnded) {
+  TDesktopMainWindow window;
+  window.show();
+  auto table = std::make_unique<TVantrelMemTable>();
+  table->AddField("Name", TVantrelFieldType::ftText, 20);
+  table->Open();
+  table->Append();
+  table->Post();
+  auto view = std::make_unique<TDesktopStudentsView>(window);
+  int events = 0;
+  view->OnPageChanged = [&] { ++events; };
+  view->StudentsGrid().AddColumn({"name", "Name"});
+  view->StudentsGrid().BindTable(table.get());
+  view->StudentsGrid().OnFocusChanged = [&](int, int) { ++events; };
+  view->SetPageVisible(TStudentsPage::CertificateCommentsSheet, false);
+  view->SetActivePage(TStudentsPage::CertificateDataSheet);
+  EXPECT_EQ(view->ActivePage(), TStudentsPage::CertificateDataSheet);
+  view->SetVisible(true);
+  EXPECT_TRUE(window.isAncestorOf(dynamic_cast<QWidget*>(&view->AchievementsGrid())));
+  events = 0;
+
+  auto* pages = window.findChild<QTabWidget*>();
+  view->OnPageChanged = [&] {
+    ++events;
+    view.reset();
+    table.reset();
+  };
+  pages->setCurrentIndex(0);
+  pages->setCurrentIndex(1);
+  EXPECT_EQ(events, 1);
+  EXPECT_FALSE(pages->isVisible());
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  EXPECT_EQ(window.findChild<QTabWidget*>(), nullptr);
+}
+
+}  // namespace
