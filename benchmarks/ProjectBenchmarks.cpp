@@ -197,7 +197,7 @@ BENCHMARK(LibcryptoDecrypt)->Arg(Usual)->Unit(benchmark::kMillisecond);
 int main(int argc, char** argv) {
   // Memory that one round frees serves the next, whatever its size: no measure pays for the kernel's pages.
   mallopt(M_TRIM_THRESHOLD, INT_MAX);
-  mallopt(M_MMAP_THRESHOLD, INT_MAX);
+  mallopt(M_MMAP_MAX, 0);
   TMyTessaronProject::RegisterClasses();
   benchmark::Initialize(&argc, argv);
   benchmark::RunSpecifiedBenchmarks();

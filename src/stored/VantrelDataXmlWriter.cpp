@@ -10,6 +10,9 @@
 
 namespace {
 
+/// What an object of a project takes, roughly: room that is reserved and not needed costs nothing.
+constexpr std::size_t UsualBytesPerObject = 1600;
+
 /// What must be done about a byte of a text: nothing, an entity, or a closer look, since it may begin something that
 /// XML cannot hold (a control character, an encoded surrogate, U+FFFE, U+FFFF, or ill-formed UTF-8).
 enum class TCare : std::uint8_t { None, Entity, Look };
@@ -74,6 +77,7 @@ TVantrelDataObjectXMLWriter::TVantrelDataObjectXMLWriter(TVantrelDataStorage& st
     : TVantrelDataObjectTextWriter(storage),
       FStream(stream),
       FText(R"(<?xml version="1.0" encoding="utf-8" standalone="yes"?>)") {
+  FText.reserve(UsualBytesPerObject * static_cast<std::size_t>(storage.Objects().Count()));
   Enter("Storage");
   WriteLongInt("Version", storage.GetVersion());
 }
