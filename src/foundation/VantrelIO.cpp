@@ -81,7 +81,8 @@ void TVantrelWriter::WriteGuid(const TGuid& value) {
 }
 
 void TVantrelWriter::WriteCount(std::size_t count) {
-  if (count > std::numeric_limits<std::int32_t>::max()) throw EVantrelWriterError(ResourceText(FoundationTexts::ShortWrite));
+  if (count > std::numeric_limits<std::int32_t>::max())
+    throw EVantrelWriterError(ResourceText(FoundationTexts::ShortWrite));
   WriteLongInt(static_cast<std::int32_t>(count));
 }
 

@@ -34,7 +34,8 @@ void TVantrelStreamWriter::Write(const void* source, std::int64_t count) {
 void TVantrelStreamWriter::FlushBuffer() {
   if (FBufPos == 0) return;
   const auto count = static_cast<std::int64_t>(std::exchange(FBufPos, 0));
-  if (FStream.Write(FBuffer.data(), count) != count) throw EVantrelStreamWriterError(ResourceText(FoundationTexts::ShortWrite));
+  if (FStream.Write(FBuffer.data(), count) != count)
+    throw EVantrelStreamWriterError(ResourceText(FoundationTexts::ShortWrite));
 }
 
 TVantrelStreamReader::TVantrelStreamReader(TVantrelStream& stream, int bufferSize)
