@@ -130,17 +130,4 @@ TEST_F(CommandsTest, SamplesAreFreeOfDefects) {
   }
 }
 
-TEST_F(CommandsTest, AFileThatIsBeingEditedIsNotRead) {
-  for (const char* kind : {"kvr7", "kvrx", "kvrxr"}) {
-    const auto file = Save(Project(), std::string("offen.") + kind);
-    {
-      auto open = CreateVantrel<TMyTessaronProject>();
-      open->LoadFile(file);
-      EXPECT_EQ(Run({"info", file}), 2);
-      EXPECT_THAT(Err(), HasSubstr("in einem anderen Programm zum Bearbeiten geöffnet"));
-    }
-    EXPECT_EQ(Run({"info", file}), 0);
-  }
-}
-
 }  // namespace

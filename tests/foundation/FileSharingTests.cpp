@@ -3,9 +3,9 @@
 
 #include <csignal>
 
+#include "ErrorOf.h"
 #include "InChild.h"
 #include "TempFolder.h"
-#include "VantrelExceptions.h"
 #include "VantrelFileStreams.h"
 
 namespace {
@@ -37,12 +37,7 @@ std::vector<TOpening> AllOpenings() {
 
 /// 0 where the file opens, else the code of the error.
 int CodeOfOpening(const std::string& name, TOpening opening) {
-  try {
-    TVantrelFileHandle(name, opening.Access, opening.Mode);
-    return 0;
-  } catch (const EVantrelFileHandleError& error) {
-    return static_cast<int>(error.ErrorCode());
-  }
+  return static_cast<int>(FileErrorOf([&] { TVantrelFileHandle(name, opening.Access, opening.Mode); }));
 }
 
 /// How many openings come out otherwise than the share modes say while `first` is held.
@@ -121,14 +116,4 @@ TEST(FileSharing, ReadOnlyFilesCanBeHeld) {
             32);
 }
 
-TEST(FileSharing, FallbackPairIsTriedOnce) {
-  const TempFolder folder;
-  const auto name = folder / "f";
-  WriteFileText(name, "x");
-  const TVantrelFileHandle held(name, famShareDenyWrite, fomOpenRead);
-  const TVantrelFileStream stream(name, famShareDenyNone, fomOpenRead, famShareExclusive, fomOpenReadWrite);
-  EXPECT_EQ(stream.Handle().OpenMode(), fomOpenRead);
-  EXPECT_THROW(TVantrelFileStream(name, famShareExclusive, fomOpenRead, famShareExclusive, fomOpenReadWrite),
-               EVantrelFileHandleError);
-}
 }  // namespace

@@ -1,8 +1,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "ErrorOf.h"
 #include "TempFolder.h"
-#include "VantrelExceptions.h"
 #include "VantrelFileSystem.h"
 
 namespace {
@@ -87,13 +87,7 @@ TEST(FileSystem, DisksAndDriveLetters) {
   EXPECT_EQ(TSystem::GetDriveType("/fehlt/ganz"), TVantrelDriveType::dtypeNoRootDir);
   EXPECT_FALSE(TSystem::IsRemote("/proc"));
   EXPECT_TRUE(TSystem::HasDriveLetter("C:\\f"));
-  try {
-    TSystem::GetLogicalDriveList();
-    FAIL();
-  } catch (const EVantrelFileSystemError& error) {
-    EXPECT_EQ(error.ErrorCode(), 50U);
-    EXPECT_EQ(error.Message(),
-              "Systemfehler (Fehlercode: 50).\r\nAuf diesem System gibt es keine Laufwerksbuchstaben.");
-  }
+  EXPECT_EQ(ErrorOf<EVantrelFileSystemError>([] { TSystem::GetLogicalDriveList(); }),
+            "Systemfehler (Fehlercode: 50).\r\nAuf diesem System gibt es keine Laufwerksbuchstaben.");
 }
 }  // namespace

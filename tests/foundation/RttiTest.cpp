@@ -39,43 +39,28 @@ const TVantrelClass& TNode::ClassReference() const {
 }
 constexpr TVantrelTypeInfo NodeType = ClassTypeInfo(TNode::Class);
 
-template <class T>
-class TWith {
- public:
-  const T& Get() const { return FValue; }
-  void Set(const T& value) { FValue = value; }
-
- private:
-  T FValue{};
-};
+/// A field with the pair of operations that publish it.
+#define PUBLISHED(Type, Name)  \
+  Type Name() const {          \
+    return F##Name;            \
+  }                            \
+  void Set##Name(Type value) { \
+    F##Name = value;           \
+  }                            \
+  Type F##Name {}
 
 class TLeaf final : public TNode {
  public:
-  TSide Side() const { return FSide.Get(); }
-  void SetSide(TSide value) { FSide.Set(value); }
-  std::uint8_t Sides() const { return FSides.Get(); }
-  void SetSides(std::uint8_t value) { FSides.Set(value); }
-  std::int64_t Big() const { return FBig.Get(); }
-  void SetBig(std::int64_t value) { FBig.Set(value); }
-  float Ratio() const { return FRatio.Get(); }
-  void SetRatio(float value) { FRatio.Set(value); }
-  TNode* Partner() const { return FPartner.Get(); }
-  void SetPartner(TNode* value) { FPartner.Set(value); }
-  TPort* Port() const { return FPort.Get(); }
-  void SetPort(TPort* value) { FPort.Set(value); }
-  const TVariant& Value() const { return FValue.Get(); }
-  void SetValue(const TVariant& value) { FValue.Set(value); }
+  PUBLISHED(TSide, Side);
+  PUBLISHED(std::uint8_t, Sides);
+  PUBLISHED(std::int64_t, Big);
+  PUBLISHED(float, Ratio);
+  PUBLISHED(TNode*, Partner);
+  PUBLISHED(TPort*, Port);
+  PUBLISHED(TVariant, Value);
   const TVantrelClass& ClassReference() const override;
-
- private:
-  TWith<TSide> FSide;
-  TWith<std::uint8_t> FSides;
-  TWith<std::int64_t> FBig;
-  TWith<float> FRatio;
-  TWith<TNode*> FPartner;
-  TWith<TPort*> FPort;
-  TWith<TVariant> FValue;
 };
+#undef PUBLISHED
 
 constexpr TVantrelProperty LeafProperties[] = {
     Published<&TLeaf::Side, &TLeaf::SetSide>("Side", SideType, 1),

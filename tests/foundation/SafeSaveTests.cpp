@@ -1,9 +1,9 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
+#include "ErrorOf.h"
 #include "InChild.h"
 #include "TempFolder.h"
-#include "VantrelExceptions.h"
 #include "VantrelSafeSave.h"
 
 namespace {
@@ -19,12 +19,7 @@ THandle Save(const std::string& name, std::string_view text, TVantrelFileAccessM
 
 /// 0 where the save succeeds, else the code of the error.
 int CodeOfSaving(const std::string& name, std::string_view text, THandle* own = nullptr) {
-  try {
-    Save(name, text, famShareExclusive, own);
-    return 0;
-  } catch (const EVantrelFileHandleError& error) {
-    return static_cast<int>(error.ErrorCode());
-  }
+  return static_cast<int>(FileErrorOf([&] { Save(name, text, famShareExclusive, own); }));
 }
 
 struct stat StatusOf(const std::string& name) {

@@ -121,23 +121,4 @@ TEST(Binary, IsEqualByStreamAndStoresItsBytes) {
   EXPECT_EQ(stored.Value()->Size(), 0);
 }
 
-TEST(Graphics, EqualTheHeldPictureOfTheirClass) {
-  TVantrelMemoryStream bytes({9, 8, 7});
-  auto picture = CreateVantrel<TBitmap>();
-  picture->LoadFromStream(bytes, 3);
-  EXPECT_THROW(picture->LoadFromStream(bytes, 1), EVantrelReaderError);
-  const TBitmap* const held = picture.get();
-  TVantrelBitmap bitmap, stored;
-  TVantrelIcon icon;
-  EXPECT_EQ(bitmap.GetHashCode(), 0);
-  bitmap.SetValue(std::move(picture));
-  EXPECT_TRUE(bitmap.Equals(held));
-  EXPECT_FALSE(bitmap.Equals(&bitmap));
-  Store(bitmap, stored);
-  EXPECT_EQ(static_cast<TStoredGraphic*>(stored.Value())->Bytes(), bytes.Bytes());
-  icon.SetValue(bitmap.Extract());
-  EXPECT_FALSE(icon.Equals(held));
-  Store(bitmap, stored);
-  EXPECT_EQ(stored.Value(), nullptr);
-}
 }  // namespace

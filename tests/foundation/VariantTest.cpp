@@ -53,19 +53,4 @@ TEST(Variant, ComparesAsADatabaseDoes) {
   EXPECT_FALSE(TVariant(std::int64_t{1} << 53) == TVariant((std::int64_t{1} << 53) + 1));
 }
 
-TEST(Variant, TextsAreCopiedAndMoved) {
-  TVariant text("ein Text, der länger ist als ein kurzer");
-  TVariant copy(text);
-  const TVariant& same = copy;
-  copy = same;
-  EXPECT_EQ(copy, text);
-  TVariant moved(std::move(copy));
-  EXPECT_EQ(moved, text);
-  text = 5;
-  EXPECT_EQ(text.AsInteger(), 5);
-  text = std::move(moved);
-  EXPECT_EQ(text.Kind(), TVariantKind::Text);
-  text = TVariant::Null();
-  EXPECT_TRUE(text.IsNull());
-}
 }  // namespace

@@ -1,22 +1,11 @@
 #include <gtest/gtest.h>
-#include <unistd.h>
 
-#include <filesystem>
-#include <fstream>
-#include <iterator>
-
-#include "VantrelExceptions.h"
+#include "TempFolder.h"
 #include "uProject.h"
 
 namespace {
 
 namespace fs = std::filesystem;
-using TBytes = std::vector<std::uint8_t>;
-
-TBytes FileBytes(const fs::path& path) {
-  std::ifstream file(path, std::ios::binary);
-  return TBytes(std::istreambuf_iterator<char>(file), {});
-}
 
 TVantrelPtr<TMyTessaronProject> Load(const fs::path& path) {
   auto project = CreateVantrel<TMyTessaronProject>();
@@ -26,13 +15,9 @@ TVantrelPtr<TMyTessaronProject> Load(const fs::path& path) {
 
 class GoldenFilesTest : public testing::Test {
  protected:
-  void SetUp() override {
-    TMyTessaronProject::RegisterClasses();
-    fs::create_directories(FFolder);
-  }
-  void TearDown() override { fs::remove_all(FFolder); }
+  void SetUp() override { TMyTessaronProject::RegisterClasses(); }
 
-  const fs::path FFolder = fs::temp_directory_path() / ("golden-" + std::to_string(getpid()));
+  TempFolder FFolder;
 };
 
 class GoldenPairsTest : public GoldenFilesTest,
@@ -52,7 +37,7 @@ TEST_P(GoldenPairsTest, ConvertsAndComesBackWithoutADifference) {
     EXPECT_FALSE(project->Modified());
   }
 
-  EXPECT_EQ(FileBytes(back), FileBytes(original));
+  EXPECT_EQ(ReadFileText(back), ReadFileText(original));
 }
 
 INSTANTIATE_TEST_SUITE_P(All, GoldenPairsTest,

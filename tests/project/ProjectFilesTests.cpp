@@ -27,7 +27,7 @@ class ProjectFilesTest : public testing::Test {
     };
     FProject->OnModified = [this] { FEvents += 'M'; };
     FEvents.clear();
-    FBoxes.Last.clear();
+    FBoxes.Texts.clear();
   }
   std::string Fixture(std::string_view extension) {
     return ReadFileText(std::string(FIXTURES) + "/small." + std::string(extension == "kvr" ? "kvr7" : extension));
@@ -45,7 +45,7 @@ class ProjectFilesTest : public testing::Test {
   }
 
   TempFolder FFolder;
-  TBoxes FBoxes;
+  FakeBoxes FBoxes;
   std::string FEvents;
   TVantrelPtr<TMyTessaronProject> FProject;
 };
@@ -89,7 +89,7 @@ TEST_F(ProjectFilesTest, LoadFile) {
       Renew();
       const auto code = Load(name);
       EXPECT_EQ(fmt::format("{} {}{}{}{}{} {}", code, FEvents, FProject->FileName() == name ? " named" : "",
-                            Refusal(name) == 32 ? " held" : "", FBoxes.Last.empty() ? "" : " box",
+                            Refusal(name) == 32 ? " held" : "", FBoxes.Texts.empty() ? "" : " box",
                             FProject->LoadDamage() ? " damage" : "", FProject->Students().Count()),
                 extension == "kvrx" ? enciphered : heldKinds);
       EXPECT_FALSE(FProject->Modified());
@@ -101,21 +101,6 @@ TEST_F(ProjectFilesTest, LoadFile) {
   Renew();
   EXPECT_EQ(Load(Place("KVRX", Fixture("kvrx"))), 0u);
   EXPECT_EQ(FEvents + FProject->FileName(), "M");
-}
-
-TEST_F(ProjectFilesTest, SecondStartIsRefusedAndASecondLoadIsWhole) {
-  for (const char* extension : {"kvr7", "kvrx", "kvrxr"}) {
-    const auto name = Place(extension, Fixture(extension));
-    Renew();
-    Load(name);
-    auto second = CreateVantrel<TMyTessaronProject>();
-    EXPECT_THROW(second->LoadFile(name), EVantrelFileHandleError);
-    EXPECT_THROW(second->LoadForReading(name), EVantrelFileHandleError);
-    EXPECT_EQ(Load(""), 0u);
-    EXPECT_EQ(FProject->Courses().Count(), 60);
-    EXPECT_EQ(FProject->Options().Columns().Count(), 56);
-    FProject.reset();
-  }
 }
 
 /// A save ends in the same way in every kind: nothing modified, OnModified called, the file held, and ready for more.

@@ -8,7 +8,7 @@
 #include <fstream>
 #include <sstream>
 
-#include "VantrelExceptions.h"
+#include "ErrorOf.h"
 #include "VantrelFileStreams.h"
 
 namespace {
@@ -31,16 +31,6 @@ TVantrelAesCipher::TBlock Chain(const TVantrelAesCipher& cipher) {
   TVantrelAesCipher::TBlock result;
   cipher.GetIV(result);
   return result;
-}
-
-template <class TCall>
-void ExpectError(const char* text, TCall call) {
-  try {
-    call();
-    ADD_FAILURE() << "no exception: " << text;
-  } catch (const EVantrelAesCipherError& error) {
-    EXPECT_EQ(error.Message(), text);
-  }
 }
 
 const TBytes NistKey = FromHex("2b7e151628aed2a6abf7158809cf4f3c");
@@ -157,17 +147,17 @@ TEST(VantrelAesCipher, Refusals) {
   TVantrelAesCipher cipher;
   TVantrelAesCipher::TBlock block{};
   const char* notInitialized = "Cipher not initialized";
-  ExpectError(notInitialized, [&] { cipher.Reset(); });
-  ExpectError(notInitialized, [&] { cipher.SetIV(block); });
-  ExpectError(notInitialized, [&] { cipher.GetIV(block); });
+  EXPECT_EQ(ErrorOf<EVantrelAesCipherError>([&] { cipher.Reset(); }), notInitialized);
+  EXPECT_EQ(ErrorOf<EVantrelAesCipherError>([&] { cipher.SetIV(block); }), notInitialized);
+  EXPECT_EQ(ErrorOf<EVantrelAesCipherError>([&] { cipher.GetIV(block); }), notInitialized);
   for (const auto mode : {cmCBC, cmCFB8bit, cmCFBblock, cmOFB, cmCTR}) {
     cipher.SetCipherMode(mode);
-    ExpectError(notInitialized, [&] { cipher.Encrypt(block.data(), block.data(), 0); });
-    ExpectError(notInitialized, [&] { cipher.Decrypt(block.data(), block.data(), 0); });
+    EXPECT_EQ(ErrorOf<EVantrelAesCipherError>([&] { cipher.Encrypt(block.data(), block.data(), 0); }), notInitialized);
+    EXPECT_EQ(ErrorOf<EVantrelAesCipherError>([&] { cipher.Decrypt(block.data(), block.data(), 0); }), notInitialized);
   }
   for (const std::uint32_t size : {0U, 30U, 260U}) {
     cipher.Init(NistKey.data(), 128, nullptr);
-    ExpectError("Invalid key size", [&] { cipher.Init(NistKey.data(), size, nullptr); });
+    EXPECT_EQ(ErrorOf<EVantrelAesCipherError>([&] { cipher.Init(NistKey.data(), size, nullptr); }), "Invalid key size");
     EXPECT_FALSE(cipher.Initialized());
   }
 }

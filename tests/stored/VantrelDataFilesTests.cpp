@@ -189,15 +189,15 @@ TEST_F(DataFilesTest, FailedSave) {
 }
 
 TEST_F(DataFilesTest, FileErrorsInWords) {
-  TBoxes boxes;
+  FakeBoxes boxes;
   FDocument->SetFileName("x.xml");
   FDocument->ReportFileError(EVantrelException("Eigener Text"));
-  EXPECT_EQ(boxes.Last, "Eigener Text");
+  EXPECT_EQ(boxes.Texts.back(), "Eigener Text");
   for (const auto& [code, text] : {std::pair(2u, "Die Datei \"x.xml\" existiert nicht."),
                                    {3u, "Der Pfad \"x.xml\" ist ungültig."},
                                    {5u, "Der Zugriff auf die Datei \"x.xml\" ist nicht möglich."}}) {
     FDocument->ReportFileError(EVantrelFileHandleError(code));
-    EXPECT_TRUE(boxes.Last.starts_with(text)) << boxes.Last;
+    EXPECT_TRUE(boxes.Texts.back().starts_with(text)) << boxes.Texts.back();
   }
 }
 

@@ -6,24 +6,6 @@
 
 namespace {
 
-TEST(DataObjects, OwnerChain) {
-  auto document = CreateVantrel<TTestDocument>();
-  auto& item = document->AddItem("a");
-  auto& child = *static_cast<TTestItem*>(item.Children->Add(TTestItem::Class()));
-  EXPECT_EQ(child.GetRootOwner(), document.get());
-  EXPECT_EQ(child.GetStorage(), document.get());
-  EXPECT_EQ(document->GetRootOwner(), nullptr);
-  EXPECT_FALSE(document->HasStorage());
-  EXPECT_TRUE(item.IsOwnerOf(&child));
-  EXPECT_FALSE(item.IsOwnerOf(&item));
-  EXPECT_FALSE(item.IsOwnerOf(nullptr));
-  EXPECT_FALSE(child.IsOwnerOf(&item));
-  EXPECT_TRUE(item.IsOwnerOfOrHasSameOwner(&document->AddItem("b")));
-  EXPECT_FALSE(child.IsOwnerOfOrHasSameOwner(&item));
-  TTestItem loose;
-  EXPECT_EQ(loose.GetRootOwner(), nullptr);
-}
-
 TEST(DataObjects, IdentityAndClone) {
   auto document = CreateVantrel<TTestDocument>();
   auto& item = document->AddItem("a");
@@ -52,17 +34,6 @@ TEST(DataObjects, RegistryOfObjects) {
   const auto id = item.ID();
   document->Items->Clear();
   EXPECT_EQ(objects.GetObject(id), nullptr);
-}
-
-TEST(DataObjects, RegistryOfClassesGoesByKindOfDocument) {
-  auto& registry = TVantrelDataClassRegistry::Instance();
-  TTestDocument::RegisterClasses();
-  TTestDocument::RegisterClasses();
-  EXPECT_EQ(registry.GetClass("TTestDocument", "TTestItem"), &TTestItem::Class());
-  EXPECT_EQ(registry.GetClass("TOtherDocument", "TTestItem"), nullptr);
-  registry.RemoveClass("TTestDocument", TTestItem::Class());
-  EXPECT_FALSE(registry.ContainsClass("TTestDocument", TTestItem::Class()));
-  TTestDocument::RegisterClasses();
 }
 
 std::string EventLog;

@@ -4,12 +4,12 @@
 #include <vector>
 
 #include "FakeGrid.h"
-#include "VantrelMsgBox.h"
+#include "MsgBoxes.h"
 #include "VantrelText.h"
 #include "fStudentsView.h"
 #include "fWelcomeView.h"
 
-/// The screens of the views, the settings store and the message boxes, without a screen.
+/// The screens of the views and the settings store, without a screen.
 
 class FakeItem : public TVantrelFormItem {
  public:
@@ -84,18 +84,4 @@ class FakeSettings : public TVantrelSettings {
   }
 
   std::map<std::string, std::string> Values;
-};
-
-/// Answers each box as told beforehand, else with No, and keeps its text.
-class FakeBoxes : public TVantrelMsgBoxPort {
- public:
-  FakeBoxes() { TVantrelMsgBox::SetPort(this); }
-  ~FakeBoxes() override { TVantrelMsgBox::SetPort(nullptr); }
-  TVantrelMsgBoxResult ShowBox(const TVantrelMsgBox& box) override {
-    Texts.push_back(box.ShownText());
-    return Answer;
-  }
-
-  TVantrelMsgBoxResult Answer = TVantrelMsgBoxResult::mbrNo;
-  std::vector<std::string> Texts;
 };

@@ -1,22 +1,22 @@
 #pragma once
 
 #include <string>
-#include <utility>
+#include <vector>
 
 #include "VantrelMsgBox.h"
 
-/// Answers message boxes and remembers the text of the last one.
-class TBoxes final : public TVantrelMsgBoxPort {
+/// Answers each box as told beforehand, else with No, and keeps its text.
+class FakeBoxes : public TVantrelMsgBoxPort {
  public:
-  TBoxes() { TVantrelMsgBox::SetPort(this); }
-  TBoxes(const TBoxes&) = delete;
-  TBoxes& operator=(const TBoxes&) = delete;
-  ~TBoxes() override { TVantrelMsgBox::SetPort(nullptr); }
-
+  FakeBoxes() { TVantrelMsgBox::SetPort(this); }
+  FakeBoxes(const FakeBoxes&) = delete;
+  FakeBoxes& operator=(const FakeBoxes&) = delete;
+  ~FakeBoxes() override { TVantrelMsgBox::SetPort(nullptr); }
   TVantrelMsgBoxResult ShowBox(const TVantrelMsgBox& box) override {
-    Last = box.ShownText();
-    return TVantrelMsgBoxResult::mbrOK;
+    Texts.push_back(box.ShownText());
+    return Answer;
   }
 
-  std::string Last;
+  TVantrelMsgBoxResult Answer = TVantrelMsgBoxResult::mbrNo;
+  std::vector<std::string> Texts;
 };
