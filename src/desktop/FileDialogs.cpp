@@ -1,7 +1,9 @@
 // How a project file is chosen.
 #include <QDir>
 #include <QFileDialog>
+#include <QHeaderView>
 #include <QScreen>
+#include <QTreeView>
 #include <algorithm>
 
 #include "DesktopDialogs.h"
@@ -50,6 +52,10 @@ void Prepare(QFileDialog& shown, const TFileDialog& told) {
   shown.setDirectory(!folder.isEmpty() && QDir(folder).exists() ? folder : QDir::homePath());
   if (!told.FileName.empty()) shown.selectFile(FromUtf8(told.FileName));
   shown.setViewMode(QFileDialog::Detail);
+  if (const auto* details = shown.findChild<QTreeView*>("treeView")) {
+    details->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
+    details->header()->setSectionResizeMode(0, QHeaderView::Stretch);
+  }
   constexpr QSize usual(820, 520);
   shown.resize(usual.boundedTo(shown.screen()->availableSize()));
   StandAbove(shown);

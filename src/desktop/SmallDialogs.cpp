@@ -5,6 +5,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QScreen>
 
 #include "DesktopDialogs.h"
 #include "DesktopLook.h"
@@ -93,6 +94,8 @@ void TDesktopDialogs::ShowAbout(const TAboutInfo& about) {
   auto* close = dialog.AddButton(DesktopTexts::Close);
   close->setDefault(true);
   QObject::connect(close, &QPushButton::clicked, &dialog, &QDialog::accept);
-  dialog.ensurePolished();
+  dialog.adjustSize();
+  dialog.setFixedSize(dialog.size());
+  dialog.move(dialog.screen()->availableGeometry().center() - dialog.rect().center());
   dialog.Run();
 }
