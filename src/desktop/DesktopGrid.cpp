@@ -6,6 +6,7 @@
 #include <QLabel>
 #include <QScrollBar>
 #include <algorithm>
+#include <utility>
 
 #include "DesktopTexts.h"
 #include "QtText.h"
@@ -52,12 +53,12 @@ void TDesktopGrid::Release() {
   BeginUpdate();
   BindTable(nullptr);
   ClearColumns();
-  OnFocusChanged = nullptr;
-  OnEditing = nullptr;
-  OnEditChanged = OnHeaderClick = OnDoubleClick = nullptr;
-  OnKeyDown = nullptr;
-  OnSortChanged = nullptr;
-  OnDisplayText = nullptr;
+  // One of them may be running: they go with the widget.
+  connect(this, &QObject::destroyed,
+          [focus = std::exchange(OnFocusChanged, nullptr), editing = std::exchange(OnEditing, nullptr),
+           edit = std::exchange(OnEditChanged, nullptr), key = std::exchange(OnKeyDown, nullptr),
+           click = std::exchange(OnDoubleClick, nullptr), header = std::exchange(OnHeaderClick, nullptr),
+           sort = std::exchange(OnSortChanged, nullptr), text = std::exchange(OnDisplayText, nullptr)] {});
 }
 
 void TDesktopGrid::SetOptions(const TGridOptions& options) {

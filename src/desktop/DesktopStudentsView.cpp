@@ -25,6 +25,11 @@ QString Text(const char* text) {
   return FromUtf8(ResourceText(text));
 }
 
+/// The view may end within its handler, and the handler with it.
+void Tell(const std::function<void()>& event) {
+  if (const auto handler = event) handler();
+}
+
 QVBoxLayout* Column(QWidget* parent) {
   auto* layout = new QVBoxLayout(parent);
   layout->setContentsMargins(0, 0, 0, 0);
@@ -116,9 +121,7 @@ QWidget* TDesktopStudentsView::MakeAchievementSheet() {
   fit->setAccessibleName(fit->text());
   fit->setAutoRaise(true);
   fit->setFocusPolicy(Qt::StrongFocus);
-  QObject::connect(fit, &QToolButton::clicked, &FPanel.Receiver(), [this] {
-    if (OnFit) OnFit();
-  });
+  QObject::connect(fit, &QToolButton::clicked, &FPanel.Receiver(), [this] { Tell(OnFit); });
   status->addWidget(fit);
   status->addWidget(FAchievementsCount);
   status->addStretch();
@@ -130,9 +133,7 @@ void TDesktopStudentsView::MakePages() {
   FPages->addTab(MakeAchievementSheet(), Text(ViewTexts::AchievementSheet));
   FPages->addTab(new QWidget, Text(ViewTexts::CertificateDataSheet));
   FPages->addTab(new QWidget, Text(ViewTexts::CertificateCommentsSheet));
-  QObject::connect(FPages, &QTabWidget::currentChanged, &FPanel.Receiver(), [this] {
-    if (OnPageChanged) OnPageChanged();
-  });
+  QObject::connect(FPages, &QTabWidget::currentChanged, &FPanel.Receiver(), [this] { Tell(OnPageChanged); });
 }
 
 TVantrelGrid& TDesktopStudentsView::StudentsGrid() {
