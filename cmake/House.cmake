@@ -48,5 +48,6 @@ function(house_test name)
   target_link_libraries(${name}_tests PRIVATE ${ARGN} test_support GTest::gmock GTest::gtest_main)
   add_dependencies(${name}_tests disk_faults)
   gtest_discover_tests(${name}_tests TEST_PREFIX ${name}. WORKING_DIRECTORY ${CMAKE_SOURCE_DIR}/tests
-                       DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 300)
+                       DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 300
+                       ENVIRONMENT XDG_CONFIG_HOME=${PROJECT_BINARY_DIR}/config)
 endfunction()

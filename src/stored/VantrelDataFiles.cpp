@@ -16,6 +16,13 @@
 using enum TVantrelFileAccessMode;
 using enum TVantrelFileOpenMode;
 
+void KeepBytesBeside(const std::string& name) {
+  std::string keep = name + ".beschaedigt";
+  for (int number = 2; TVantrelFileSystem::Exists(keep); ++number) keep = fmt::format("{}.beschaedigt{}", name, number);
+  TVantrelFileStream original(name, famShareDenyNone, fomOpenRead);
+  TVantrelSafeSave::Write(keep, original.ReadAll(), famShareDenyWrite);
+}
+
 void TVantrelDataStorage::CloseFile() {
   FFileStream.reset();
 }
@@ -163,10 +170,7 @@ bool TVantrelDataStorage::TrySaveToFile(const std::string& name, TVantrelDataSto
 void TVantrelDataStorage::KeepDamagedOriginal(const std::string& name) {
   std::error_code error;
   if (FDamagedFile.empty() || !std::filesystem::equivalent(FDamagedFile, name, error)) return;
-  std::string keep = name + ".beschaedigt";
-  for (int number = 2; TVantrelFileSystem::Exists(keep); ++number) keep = fmt::format("{}.beschaedigt{}", name, number);
-  TVantrelFileStream original(name, famShareDenyNone, fomOpenRead);
-  TVantrelSafeSave::Write(keep, original.ReadAll(), famShareDenyWrite);
+  KeepBytesBeside(name);
   FDamagedFile.clear();
 }
 

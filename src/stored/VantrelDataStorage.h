@@ -23,6 +23,10 @@ struct TVantrelLoadDamage {
   std::string Place;
 };
 
+/// Copies a file that cannot be read to "NAME.beschaedigt" beside it, or "NAME.beschaedigt2" and so on where there is
+/// such a copy. Raises what the copying raises.
+void KeepBytesBeside(const std::string& name);
+
 /// A document: the root of a tree of data objects, read from and written to files in three forms. Belongs to the main
 /// thread.
 class TVantrelDataStorage : public TVantrelAbstractDataObject {

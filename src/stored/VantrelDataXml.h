@@ -18,6 +18,9 @@ using TXmlDocument = std::unique_ptr<xmlDoc, TXmlDocumentDeleter>;
 /// depth. Ill-formed text raises EVantrelXmlError with the parser's own text.
 TXmlDocument ParseXml(std::span<const std::uint8_t> bytes);
 
+/// The text without the characters that XML cannot hold.
+std::string XmlText(std::string_view text);
+
 /// Ill-formed XML text.
 class EVantrelXmlError : public EVantrelException {
  public:

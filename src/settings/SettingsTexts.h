@@ -1,0 +1,12 @@
+#pragma once
+
+/// The user texts of this folder. Those with placeholders go through fmt.
+namespace SettingsTexts {
+inline constexpr const char* NoPreferences = "Die Datei enthält keine Einstellungen.";
+inline constexpr const char* SettingsUnreadable =
+    "Die gespeicherten Einstellungen konnten nicht gelesen werden; es gelten die Voreinstellungen.\r\n\r\n{}\r\n{}";
+inline constexpr const char* OptionsUnreadable =
+    "Die gespeicherten Optionen konnten nicht gelesen werden; es gelten die Voreinstellungen.\r\n\r\n{}\r\n{}";
+inline constexpr const char* NoValue = "Der Wert \"{}\" ist nicht vorhanden oder von anderer Art.";
+inline constexpr const char* NoWriteAccess = "Der Schlüssel ist nur zum Lesen geöffnet.";
+}  // namespace SettingsTexts
