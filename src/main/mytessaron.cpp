@@ -6,6 +6,7 @@
 #include "DesktopMsgBox.h"
 #include "DesktopStudentsView.h"
 #include "DesktopWelcomeView.h"
+#include "HeapPages.h"
 #include "QtText.h"
 #include "ShellTexts.h"
 #include "VantrelI18n.h"
@@ -23,6 +24,7 @@ std::vector<std::string> Arguments() {
 }  // namespace
 
 int main(int argc, char** argv) {
+  TakeHeapInLargePages();
   QApplication application(argc, argv);
   PrepareApplication(application);
   TMyTessaronProject::RegisterClasses();

@@ -1,0 +1,199 @@
+#include <benchmark/benchmark.h>
+
+#include <QApplication>
+#include <QTest>
+
+#include "DesktopDialogs.h"
+#include "DesktopGrid.h"
+#include "DesktopLook.h"
+#include "DesktopMainWindow.h"
+#include "DesktopStudentsView.h"
+#include "DesktopWelcomeView.h"
+#include "SampleProject.h"
+#include "VantrelMemSettings.h"
+#include "fMain.h"
+
+namespace {
+
+/// Without the splash window, whose blending would be measured as well.
+class TQuietDialogs : public TDesktopDialogs {
+ public:
+  void ShowSplash(const std::string&) override {}
+};
+
+/// The program's own window with a sample of so many students, 12 courses each, open in it.
+class TProgram {
+ public:
+  explicit TProgram(int students)
+      : FPath(std::filesystem::temp_directory_path() / ("window-benchmark-" + std::to_string(::getpid()) + ".kvr7")) {
+    auto project = CreateVantrel<TMyTessaronProject>();
+    TSampleOptions options;
+    options.Students = students;
+    options.Classes = 2;  // marked by grades and by points, so that the grade columns are on show
+    BuildSample(*project, options);
+    project->SaveFile(FPath);
+    project.reset();
+    FForm = CreateVantrel<TMainForm>(
+        TMainFormPorts{Window, FDialogs, FStorage, [this] { return std::make_unique<TDesktopWelcomeView>(Window); },
+                       [this] { return std::make_unique<TDesktopStudentsView>(Window); }},
+        std::vector{FPath.string()});
+    Window.resize(1366, 768);
+    Window.show();
+    Paint();
+  }
+  TProgram(const TProgram&) = delete;
+  TProgram& operator=(const TProgram&) = delete;
+  ~TProgram() {
+    CurrentProject->SetModified(false);
+    FForm.reset();
+    std::filesystem::remove(FPath);
+  }
+
+  /// Handles what is waiting, the painting above all.
+  static void Paint() {
+    QApplication::sendPostedEvents();
+    QApplication::processEvents();
+  }
+  void ShowStudents() {
+    FForm->ShowView(TMyTessaronViews::viewStudents, true);
+    Paint();
+  }
+  void ShowWelcome() {
+    FForm->ShowView(TMyTessaronViews::viewWelcome, false);
+    Paint();
+  }
+  TDesktopGrid& Grid(bool list) {
+    for (auto* widget : Window.findChildren<QWidget*>())
+      if (auto* grid = dynamic_cast<TDesktopGrid*>(widget); grid != nullptr && grid->Options().ReadOnly == list)
+        return *grid;
+    throw std::logic_error("the students view is not on show");
+  }
+
+  TDesktopMainWindow Window;
+
+ private:
+  std::filesystem::path FPath;
+  TQuietDialogs FDialogs;
+  TVantrelMemSettings FStorage;
+  TVantrelPtr<TMainForm> FForm;
+};
+
+/// What takes the keys: the open editor, else the grid.
+QWidget* Keyboard(TDesktopGrid& grid) {
+  auto* editor = grid.View().indexWidget(grid.View().currentIndex());
+  return editor != nullptr && grid.IsEditing() ? editor : &grid.View();
+}
+
+void ShowStudents(benchmark::State& state) {
+  TProgram program(static_cast<int>(state.range(0)));
+  for (auto _ : state) {
+    state.PauseTiming();
+    program.ShowWelcome();
+    state.ResumeTiming();
+    QTest::keyClick(&program.Window, Qt::Key_F9);
+    program.Paint();
+    if (StudentsView == nullptr) return state.SkipWithError("F9 did nothing");
+  }
+}
+
+/// The key in the list of students, at whose end it turns.
+void NextStudent(benchmark::State& state) {
+  TProgram program(static_cast<int>(state.range(0)));
+  program.ShowStudents();
+  auto& list = program.Grid(true);
+  auto key = Qt::Key_Down;
+  for (auto _ : state) {
+    if (list.FocusedRecord() == list.RecordCount() - 1) key = Qt::Key_Up;
+    if (list.FocusedRecord() == 0) key = Qt::Key_Down;
+    QTest::keyClick(&list.View(), key);
+    program.Paint();
+  }
+}
+
+/// Grades typed into a column: a digit opens the editor with its drop-down, marks and posts; Enter goes down.
+void Keystroke(benchmark::State& state) {
+  TProgram program(static_cast<int>(state.range(0)));
+  program.ShowStudents();
+  auto& grid = program.Grid(false);
+  grid.SetFocus();
+  bool digit = true;
+  for (auto _ : state) {
+    if (digit)
+      QTest::keyClick(Keyboard(grid), '2');
+    else
+      QTest::keyClick(Keyboard(grid), Qt::Key_Return);
+    program.Paint();
+    if (grid.IsEditing() != digit) return state.SkipWithError("no editor");
+    digit = !digit;
+    if (!digit || grid.FocusedRecord() < grid.RecordCount() - 1) continue;
+    state.PauseTiming();
+    grid.GotoFirst();
+    program.Paint();
+    state.ResumeTiming();
+  }
+}
+
+/// The key that opens an editor with its drop-down, alone.
+void FirstKey(benchmark::State& state) {
+  TProgram program(static_cast<int>(state.range(0)));
+  program.ShowStudents();
+  auto& grid = program.Grid(false);
+  grid.SetFocus();
+  for (auto _ : state) {
+    QTest::keyClick(Keyboard(grid), '2');
+    program.Paint();
+    if (!grid.IsEditing()) return state.SkipWithError("no editor");
+    state.PauseTiming();
+    QTest::keyClick(Keyboard(grid), Qt::Key_Escape);
+    program.Paint();
+    state.ResumeTiming();
+  }
+}
+
+void SortByHeader(benchmark::State& state) {
+  TProgram program(static_cast<int>(state.range(0)));
+  program.ShowStudents();
+  auto& list = program.Grid(true);
+  for (auto _ : state) {
+    list.ClickHeader(2, false);
+    program.Paint();
+  }
+}
+
+/// A key of the incremental search that is found far from the focus, and what follows the change of student.
+void Search(benchmark::State& state) {
+  TProgram program(static_cast<int>(state.range(0)));
+  program.ShowStudents();
+  auto& list = program.Grid(true);
+  list.FocusColumn(3);
+  list.SetFocus();
+  bool back = false;
+  for (auto _ : state) {
+    QTest::keyClick(&list.View(), back ? 'a' : 'w');
+    program.Paint();
+    state.PauseTiming();
+    if (list.View().SearchText().isEmpty()) return state.SkipWithError("nothing found");
+    list.View().EndSearch();
+    back = !back;
+    state.ResumeTiming();
+  }
+}
+
+BENCHMARK(ShowStudents)->Arg(120)->Arg(2000)->Unit(benchmark::kMillisecond);
+BENCHMARK(NextStudent)->Arg(120)->Arg(2000)->Unit(benchmark::kMillisecond);
+BENCHMARK(Keystroke)->Arg(120)->Unit(benchmark::kMillisecond);
+BENCHMARK(FirstKey)->Arg(120)->Unit(benchmark::kMillisecond);
+BENCHMARK(SortByHeader)->Arg(2000)->Unit(benchmark::kMillisecond);
+BENCHMARK(Search)->Arg(2000)->Unit(benchmark::kMillisecond);
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+  QApplication application(argc, argv);
+  PrepareApplication(application);
+  TMyTessaronProject::RegisterClasses();
+  benchmark::Initialize(&argc, argv);
+  benchmark::RunSpecifiedBenchmarks();
+  return 0;
+}
