@@ -1,0 +1,136 @@
+#include "uConnections.h"
+
+#include <fmt/format.h>
+
+#include "VantrelDataRegistry.h"
+#include "uTessaron.h"
+
+namespace {
+constexpr std::string_view LocalServer = "LOCALHOST";
+constexpr std::string_view DefaultConnectionAlias = "Tessaron";
+constexpr std::string_view DefaultOdbcDataSource = "Tessaron-CR";
+constexpr std::int16_t NoRegion = -2;
+}  // namespace
+
+// The order of the table is the file format.
+constexpr auto TTessaronConnection::FieldTable() {
+  using namespace Fields;
+  using T = TTessaronConnection;
+  return std::tuple(String("Alias", &T::Alias), PlainSmallInt("Region", &T::Region, NoRegion),
+                    PlainSmallInt("BackupRestoreNaming", &T::BackupRestoreNaming), String("FileName", &T::FileName),
+                    String("FolderBaseBackupRestore", &T::FolderBaseBackupRestore),
+                    String("FolderBaseDocuments", &T::FolderBaseDocuments), String("FolderBackups", &T::FolderBackups),
+                    String("FolderDocuments", &T::FolderDocuments), String("FolderImports", &T::FolderImports),
+                    String("FolderReports", &T::FolderReports), String("FolderRestores", &T::FolderRestores),
+                    String("FolderScripts", &T::FolderScripts), String("FolderTemplates", &T::FolderTemplates),
+                    String("ODBCDataSource", &T::ODBCDataSource), String("OptFileName", &T::OptFileName),
+                    Byte("Protocol", &T::FProtocol), String("Server", &T::Server));
+}
+
+std::string TTessaronConnection::DatabaseName(bool withProtocol) const {
+  if (!withProtocol || Protocol() == TDBProtocol::dbpLocal) return FileName;
+  return fmt::format("{}:{}", UpperCase(Server), FileName);
+}
+
+bool TTessaronConnection::IsLocal() const {
+  return Protocol() == TDBProtocol::dbpLocal || UpperCase(Server) == LocalServer;
+}
+
+std::string TTessaronConnection::GetProtocolAsString() const {
+  return IsLocal() ? "Local" : "TCP/IP";
+}
+
+std::string TTessaronConnection::GetProtocolForFireDAC() const {
+  return IsLocal() ? "Local" : "TCPIP";
+}
+
+int TTessaronConnection::Compare(const TVantrelObject& other) const {
+  const auto* connection = dynamic_cast<const TTessaronConnection*>(&other);
+  return connection == nullptr ? 0 : CompareText(Alias, connection->Alias);
+}
+
+void TTessaronConnection::DoCreate() {
+  TVantrelDataClassOf::DoCreate();
+  DoClear();
+}
+
+void TTessaronConnection::DoClear() {
+  Fields::ClearAll(Fields::Of<FieldTable>, *this);
+  Alias = DefaultConnectionAlias;
+  ODBCDataSource = DefaultOdbcDataSource;
+  OptFileName = TessaronOptFileName;
+}
+
+void TTessaronConnection::Assign(const TVantrelObject& source) {
+  Fields::AssignAll(Fields::Of<FieldTable>, *this, source);
+}
+
+void TTessaronConnection::ReadData(TVantrelDataObjectReader& reader) {
+  TVantrelDataClassOf::ReadData(reader);
+  Fields::ReadAll(Fields::Of<FieldTable>, *this, reader);
+}
+
+void TTessaronConnection::WriteData(TVantrelDataObjectWriter& writer) const {
+  Fields::WriteAll(Fields::Of<FieldTable>, *this, writer);
+}
+
+TTessaronConnection* TTessaronConnections::AddConnection(std::string_view alias) {
+  auto connection = CreateVantrel<TTessaronConnection>(this);
+  connection->Alias = alias;
+  Add(connection.get());
+  return connection.release();
+}
+
+TTessaronConnection* TTessaronConnections::FindConnection(std::string_view alias) const {
+  const int index = IndexOf(alias);
+  return index < 0 ? nullptr : GetItem(index);
+}
+
+int TTessaronConnections::IndexOf(std::string_view alias) const {
+  for (int i = 0; i < Count(); ++i)
+    if (SameText(GetItem(i)->Alias, alias)) return i;
+  return -1;
+}
+
+constexpr auto TTessaronEnvironment::FieldTable() {
+  using T = TTessaronEnvironment;
+  return std::tuple(Fields::DataList("Connections", &T::FConnections),
+                    Fields::String("DefaultAlias", &T::DefaultAlias));
+}
+
+void TTessaronEnvironment::RegisterClasses() {
+  TVantrelDataClassRegistry::Instance().AddClass(StorageName, TTessaronConnection::Class());
+}
+
+std::string TTessaronEnvironment::GetDefaultFileName() const {
+  return EnvironmentFileName;
+}
+
+void TTessaronEnvironment::DoCreate() {
+  TVantrelDataStorage::DoCreate();
+  FConnections = CreateVantrel<TTessaronConnections>(this, true);
+  DoClear();
+}
+
+void TTessaronEnvironment::DoDestroy() {
+  FConnections.reset();
+  TVantrelDataStorage::DoDestroy();
+}
+
+void TTessaronEnvironment::DoClear() {
+  TVantrelDataStorage::DoClear();
+  Fields::ClearAll(Fields::Of<FieldTable>, *this);
+}
+
+void TTessaronEnvironment::ReadData(TVantrelDataObjectReader& reader) {
+  TVantrelDataStorage::ReadData(reader);
+  // An item comes into the list before its alias is read: the list is put in order when all are there.
+  FConnections->SetSorted(false);
+  Fields::ReadAll(Fields::Of<FieldTable>, *this, reader);
+  FConnections->SetSorted(true);
+}
+
+void TTessaronEnvironment::WriteData(TVantrelDataObjectWriter& writer) const {
+  TVantrelDataStorage::WriteData(writer);
+  Fields::WriteAll(Fields::Of<FieldTable>, *this, writer);
+}

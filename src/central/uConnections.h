@@ -1,0 +1,107 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "VantrelDataFields.h"
+#include "VantrelDataStorage.h"
+
+/// How a database is reached: as a file of this machine, or through a server.
+enum class TDBProtocol : std::uint8_t { dbpLocal, dbpTCPIP };
+
+/// Where the databases of one installation and their folders lie. Known by its alias.
+class TTessaronConnection : public TVantrelDataClassOf<TTessaronConnection> {
+ public:
+  static constexpr std::string_view ClassName = "TTessaronConnection";
+  using TVantrelDataClassOf::TVantrelDataClassOf;
+
+  std::string Alias;
+  std::int16_t Region = 0;
+  std::int16_t BackupRestoreNaming = 0;
+  std::string FileName;
+  std::string FolderBaseBackupRestore;
+  std::string FolderBaseDocuments;
+  std::string FolderBackups;
+  std::string FolderDocuments;
+  std::string FolderImports;
+  std::string FolderReports;
+  std::string FolderRestores;
+  std::string FolderScripts;
+  std::string FolderTemplates;
+  std::string ODBCDataSource;
+  std::string OptFileName;
+  std::string Server;
+
+  TDBProtocol Protocol() const { return static_cast<TDBProtocol>(FProtocol); }
+  void SetProtocol(TDBProtocol value) { FProtocol = static_cast<std::uint8_t>(value); }
+
+  /// The file of the database; with protocol, and of a database behind a server, "SERVER:file".
+  std::string DatabaseName(bool withProtocol) const;
+  /// The protocol as the user reads it. The server "localhost" is this machine, whatever the protocol says.
+  std::string GetProtocolAsString() const;
+  /// The same as the word of a connection's parameter list.
+  std::string GetProtocolForFireDAC() const;
+
+  /// By alias, without regard to case.
+  int Compare(const TVantrelObject& other) const override;
+  void DoCreate() override;
+  void DoClear() override;
+  void Assign(const TVantrelObject& source) override;
+  void ReadData(TVantrelDataObjectReader& reader) override;
+  void WriteData(TVantrelDataObjectWriter& writer) const override;
+
+ private:
+  static constexpr auto FieldTable();
+  bool IsLocal() const;
+
+  /// As it stands in the file.
+  std::uint8_t FProtocol = 0;
+};
+
+/// The connections of an environment. Aliases are compared without regard to case.
+class TTessaronConnections : public TVantrelDataListOf<TTessaronConnection> {
+ public:
+  using TVantrelDataListOf::TVantrelDataListOf;
+
+  /// A new connection of that alias.
+  TTessaronConnection* AddConnection(std::string_view alias);
+  /// The first one of that alias; null if there is none.
+  TTessaronConnection* FindConnection(std::string_view alias) const;
+  using TVantrelDataListOf::IndexOf;
+  /// -1 if there is none.
+  int IndexOf(std::string_view alias) const;
+};
+
+/// The document that the administrator of the central system lays down for all its programs on a machine.
+class TTessaronEnvironment : public TVantrelDataStorage {
+ public:
+  static constexpr std::string_view StorageName = "TTessaronEnvironment";
+  using TVantrelDataStorage::TVantrelDataStorage;
+
+  /// Makes the connections known to the readers. To be called once at program start.
+  static void RegisterClasses();
+
+  std::string DefaultAlias;
+
+  /// Sorted by alias after a read.
+  TTessaronConnections& Connections() const { return *FConnections; }
+  bool ExistAlias(std::string_view value) const { return GetIndexOfAlias(value) >= 0; }
+  /// There is at least one connection.
+  bool ExistConnection() const { return !FConnections->IsEmpty(); }
+  /// -1 if there is none.
+  int GetIndexOfAlias(std::string_view alias) const { return FConnections->IndexOf(alias); }
+
+  std::string_view StorageClassName() const override { return StorageName; }
+  std::string GetDefaultFileName() const override;
+  void DoCreate() override;
+  void DoDestroy() override;
+  void DoClear() override;
+  void ReadData(TVantrelDataObjectReader& reader) override;
+  void WriteData(TVantrelDataObjectWriter& writer) const override;
+
+ private:
+  static constexpr auto FieldTable();
+
+  TVantrelPtr<TTessaronConnections> FConnections;
+};
