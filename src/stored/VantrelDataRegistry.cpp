@@ -40,7 +40,7 @@ const TVantrelDataClass* TVantrelDataClassRegistry::GetClass(std::string_view st
   return entry == nullptr ? nullptr : &static_cast<const TVantrelDataClassRegistryEntry*>(entry)->FClass;
 }
 
-std::size_t TVantrelDataObjectRegistry::THash::operator()(const TGuid& id) const noexcept {
+std::size_t TVantrelDataObjectRegistry::THash::operator()(const TGuid& id) const {
   std::uint64_t halves[2];
   std::memcpy(halves, id.Bytes.data(), sizeof(halves));
   const std::uint64_t mixed = (halves[0] ^ (halves[1] * 0x9E3779B97F4A7C15u)) * 0xC2B2AE3D27D4EB4Fu;
@@ -51,14 +51,11 @@ void TVantrelDataObjectRegistry::RemoveObject(const TVantrelDataObject& object) 
   const auto found = FObjects.find(object.ID());
   if (found == FObjects.end() || *found != &object) return;
   FObjects.erase(found);
-  FLastFound = nullptr;
 }
 
 TVantrelDataObject* TVantrelDataObjectRegistry::GetObject(const TGuid& id) const {
-  if (FLastFound != nullptr && FLastFound->ID() == id) return FLastFound;
   const auto found = FObjects.find(id);
-  if (found == FObjects.end()) return nullptr;
-  return FLastFound = *found;
+  return found == FObjects.end() ? nullptr : *found;
 }
 
 void TVantrelDataObjectRegistry::Reserve(std::int64_t objects) {

@@ -1,8 +1,9 @@
 #pragma once
 
+#include <tsl/robin_set.h>
+
 #include <cstdint>
 #include <string_view>
-#include <unordered_set>
 #include <vector>
 
 #include "VantrelDataObjects.h"
@@ -28,6 +29,8 @@ class TVantrelDataClassRegistry {
 /// The objects of one document by GUID. Owns none of them.
 class TVantrelDataObjectRegistry {
  public:
+  TVantrelDataObjectRegistry() { FObjects.max_load_factor(0.8F); }
+
   /// Ignored if the GUID is present.
   void AddObject(TVantrelDataObject& object) { FObjects.insert(&object); }
   /// Only if this very object is the one that is registered.
@@ -44,8 +47,8 @@ class TVantrelDataObjectRegistry {
  private:
   struct THash {
     using is_transparent = void;
-    std::size_t operator()(const TGuid& id) const noexcept;
-    std::size_t operator()(const TVantrelDataObject* object) const noexcept { return (*this)(object->ID()); }
+    std::size_t operator()(const TGuid& id) const;
+    std::size_t operator()(const TVantrelDataObject* object) const { return (*this)(object->ID()); }
   };
   struct TSameId {
     using is_transparent = void;
@@ -54,8 +57,7 @@ class TVantrelDataObjectRegistry {
     bool operator()(const TVantrelDataObject* object, const TGuid& id) const { return id == object->ID(); }
   };
 
-  /// The objects know their GUIDs: a set takes less for each than a map from key to object.
-  std::unordered_set<TVantrelDataObject*, THash, TSameId> FObjects;
-  /// Courses of one student mostly stand together in a file and ask for the same object.
-  mutable TVantrelDataObject* FLastFound = nullptr;
+  /// Flat and with the hashes beside the objects, which know their GUIDs: a reader asks for every object that it meets,
+  /// and mostly finds out without a look at any other.
+  tsl::robin_set<TVantrelDataObject*, THash, TSameId, std::allocator<TVantrelDataObject*>, true> FObjects;
 };

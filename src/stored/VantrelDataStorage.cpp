@@ -51,10 +51,6 @@ void TVantrelDataStorage::DoClear() {
   FreeUnclaimed();
 }
 
-void TVantrelDataStorage::ReadData(TVantrelDataObjectReader& reader) {
-  TVantrelAbstractDataObject::ReadData(reader);
-}
-
 void TVantrelDataStorage::Clear() {
   {
     const TStateScope scope(FState, TVantrelDataStorageState::dssClearing, TVantrelDataStorageState::dssNormal);

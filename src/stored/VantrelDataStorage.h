@@ -105,7 +105,6 @@ class TVantrelDataStorage : public TVantrelAbstractDataObject {
   /// Shows an error box for a failed file operation on FileName.
   void ReportFileError(const EVantrelException& exception) const;
 
-  void ReadData(TVantrelDataObjectReader& reader) override;
   void DoClear() override;
   void AfterConstruction() override;
   void BeforeDestruction() override;
