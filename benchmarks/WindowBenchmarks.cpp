@@ -10,7 +10,6 @@
 #include "DesktopStudentsView.h"
 #include "DesktopWelcomeView.h"
 #include "SampleProject.h"
-#include "VantrelMemSettings.h"
 #include "fMain.h"
 
 namespace {
@@ -19,6 +18,17 @@ namespace {
 class TQuietDialogs : public TDesktopDialogs {
  public:
   void ShowSplash(const std::string&) override {}
+};
+
+/// Settings that last as long as the object.
+class TMemStorage : public TVantrelStorage {
+ public:
+  TMemStorage() { SetActive(true); }
+
+ protected:
+  std::unique_ptr<TVantrelAbstractPreferences> OpenStore() override {
+    return std::make_unique<TVantrelXMLPreferences>("", true);
+  }
 };
 
 /// The program's own window with a sample of so many students, 12 courses each, open in it.
@@ -74,7 +84,7 @@ class TProgram {
  private:
   std::filesystem::path FPath;
   TQuietDialogs FDialogs;
-  TVantrelMemSettings FStorage;
+  TMemStorage FStorage;
   TVantrelPtr<TMainForm> FForm;
 };
 

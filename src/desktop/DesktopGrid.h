@@ -6,6 +6,7 @@
 #include "GridView.h"
 #include "VantrelMemTable.h"
 
+class QJsonObject;
 class QLabel;
 
 /// The grid of the port as a widget: the view, and below it a line that tells search and filter.
@@ -95,6 +96,9 @@ class TDesktopGrid : public QWidget, public TVantrelGrid, private TVantrelTableL
   void AddFilterActions(QMenu& menu, int ordinal);
   void AddColumnActions(QMenu& menu, int ordinal);
   std::vector<int> SelectedRecords() const;
+  QJsonObject StoredFilter() const;
+  void RestoreFilter(const QJsonObject& stored);
+  int OrdinalOf(const QString& id) const;
 
   TGridModel FModel;
   TGridView* FView;

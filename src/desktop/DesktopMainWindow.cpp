@@ -76,8 +76,12 @@ void TDesktopMainWindow::SetStatusText(const std::string& text) {
 }
 
 TWindowPlacement TDesktopMainWindow::Placement() const {
-  const QRect normal = isMaximized() ? normalGeometry() : geometry();
-  return {normal.left(), normal.top(), normal.left() + normal.width(), normal.top() + normal.height(), isMaximized()};
+  const bool isNormal = (windowState() & (Qt::WindowMaximized | Qt::WindowMinimized)) == 0;
+  const QRect normal = isNormal ? geometry() : normalGeometry();
+  return {normal.left(), normal.top(), normal.left() + normal.width(), normal.top() + normal.height(),
+          isNormal        ? TWindowState::Normal
+          : isMinimized() ? TWindowState::Minimized
+                          : TWindowState::Maximized};
 }
 
 void TDesktopMainWindow::SetPlacement(const TWindowPlacement& placement) {
@@ -88,7 +92,8 @@ void TDesktopMainWindow::SetPlacement(const TWindowPlacement& placement) {
   wanted.moveLeft(std::clamp(wanted.left(), room.left(), std::max(room.left(), room.right() + 1 - wanted.width())));
   wanted.moveTop(std::clamp(wanted.top(), room.top(), std::max(room.top(), room.bottom() + 1 - wanted.height())));
   setGeometry(wanted);
-  if (placement.Maximized) setWindowState(windowState() | Qt::WindowMaximized);
+  if (placement.State == TWindowState::Maximized) setWindowState(windowState() | Qt::WindowMaximized);
+  if (placement.State == TWindowState::Minimized) setWindowState(windowState() | Qt::WindowMinimized);
 }
 
 void TDesktopMainWindow::SetHosted(QWidget* view) {

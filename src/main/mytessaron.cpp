@@ -10,10 +10,12 @@
 #include "QtText.h"
 #include "ShellTexts.h"
 #include "VantrelI18n.h"
-#include "VantrelMemSettings.h"
 #include "fMain.h"
+#include "mStorage.h"
 
 namespace {
+
+constexpr int ApplicationKind = 4;
 
 std::vector<std::string> Arguments() {
   std::vector<std::string> arguments;
@@ -34,7 +36,9 @@ int main(int argc, char** argv) {
 
   const TDesktopMsgBoxes boxes;
   TDesktopDialogs dialogs;
-  TVantrelMemSettings storage;
+  const auto storageModule = CreateVantrel<TStorageModule>(ApplicationKind);
+  auto& storage = storageModule->Storage();
+  if (!storage.Damage().empty()) MsgBoxWarning(ResourceText(ShellTexts::SettingsCaption), storage.Damage());
   TDesktopMainWindow window;
   const auto form = CreateVantrel<TMainForm>(
       TMainFormPorts{window, dialogs, storage, [&] { return std::make_unique<TDesktopWelcomeView>(window); },

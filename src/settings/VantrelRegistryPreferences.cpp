@@ -17,8 +17,8 @@
 
 namespace {
 
-constexpr const char* RegistryPlace = "/Orvenda Labs/Registry.pref";
-constexpr const char* MachineFolder = "/etc/xdg";
+constexpr const char* RegistryPlace = "Orvenda Labs/Registry.pref";
+constexpr const char* MachineFolder = "/etc/xdg/";
 
 std::string_view Environment(const char* name) {
   const char* value = std::getenv(name);
@@ -30,19 +30,6 @@ std::string HomeFolder() {
   if (home.starts_with('/')) return std::string(home);
   const passwd* user = ::getpwuid(::geteuid());
   return user == nullptr ? "/" : user->pw_dir;
-}
-
-std::string MachineRegistryFile() {
-  std::string first;
-  for (auto rest = Environment("XDG_CONFIG_DIRS"); !rest.empty();) {
-    const auto folder = rest.substr(0, rest.find(':'));
-    rest.remove_prefix(std::min(folder.size() + 1, rest.size()));
-    if (!folder.starts_with('/')) continue;
-    auto file = std::string(folder) + RegistryPlace;
-    if (TVantrelFileSystem::Exists(file)) return file;
-    if (first.empty()) first = std::move(file);
-  }
-  return first.empty() ? std::string(MachineFolder) + RegistryPlace : first;
 }
 
 /// As the tag of a value stands for no key, a key of that name is always encoded.
@@ -86,8 +73,22 @@ std::string UserConfigFolder() {
   return folder.starts_with('/') ? std::string(folder) : HomeFolder() + "/.config";
 }
 
+std::string MachineConfigFile(const std::string& place) {
+  std::string first;
+  for (auto rest = Environment("XDG_CONFIG_DIRS"); !rest.empty();) {
+    const auto folder = rest.substr(0, rest.find(':'));
+    rest.remove_prefix(std::min(folder.size() + 1, rest.size()));
+    if (!folder.starts_with('/')) continue;
+    auto file = std::string(folder) + "/" + place;
+    if (TVantrelFileSystem::Exists(file)) return file;
+    if (first.empty()) first = std::move(file);
+  }
+  return first.empty() ? MachineFolder + place : first;
+}
+
 std::string RegistryFileName(TVantrelRegistryRoot root) {
-  return root == TVantrelRegistryRoot::HKEY_CURRENT_USER ? UserConfigFolder() + RegistryPlace : MachineRegistryFile();
+  return root == TVantrelRegistryRoot::HKEY_CURRENT_USER ? UserConfigFolder() + "/" + RegistryPlace
+                                                         : MachineConfigFile(RegistryPlace);
 }
 
 TVantrelPreferenceRegistry::TVantrelPreferenceRegistry(TVantrelRegistryRoot root, TVantrelRegistryAccess access)

@@ -13,8 +13,10 @@ enum class TVantrelRegistryAccess { Read, Full };
 
 /// The user's configuration folder after the rules of the desktop: $XDG_CONFIG_HOME, else ".config" in the home folder.
 std::string UserConfigFolder();
-/// The file that holds the registry below this root: "Orvenda Labs/Registry.pref" in the user's configuration folder;
-/// in the first of the machine's that has one ($XDG_CONFIG_DIRS, else /etc/xdg), or simply in the first.
+/// A file in the machine's configuration folders ($XDG_CONFIG_DIRS, else /etc/xdg): in the first that has it, or simply
+/// in the first.
+std::string MachineConfigFile(const std::string& place);
+/// The file that holds the registry below this root: "Orvenda Labs/Registry.pref" in the configuration folder.
 std::string RegistryFileName(TVantrelRegistryRoot root);
 
 /// The registry object: typed values in a preference file. Backslash separates the names of a path, and any name is a

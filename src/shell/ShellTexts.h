@@ -60,6 +60,8 @@ inline constexpr const char* DamagedKeepsEntries =
     "geöffnet.";
 inline constexpr const char* SaveError = "Fehler beim Speichern der Datei.\r\n{}";
 
+inline constexpr const char* SettingsCaption = "Hinweis";
+
 // Version
 inline constexpr const char* SplashVersion = "Version {}.{}.{}";
 inline constexpr const char* AboutVersion = "Version {}.{}.{}.{} ";

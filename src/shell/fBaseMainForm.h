@@ -1,32 +1,21 @@
 #pragma once
 
-#include <string>
+#include "VantrelForms.h"
 
-#include "VantrelClasses.h"
-#include "VantrelMainWindow.h"
-#include "VantrelSettings.h"
-
-/// Base of the main window: its placement and its stored properties.
-///
-/// Created: FormCreate, then the properties load and the window takes its place. Destroyed: properties and placement
-/// are saved, then FormDestroy.
-class TBaseMainForm : public TVantrelObject {
+/// Base of the main window. It takes its stored place before it shows.
+class TBaseMainForm : public TVantrelDxRibbonForm {
  public:
-  TBaseMainForm(TVantrelMainWindow& window, TVantrelSettings& storage, std::string storageKey)
-      : FWindow(window), FStorage(storage), FStorageKey(std::move(storageKey)) {}
+  TBaseMainForm(TVantrelMainWindow& window, TVantrelStorage& storage, std::string_view storageKey)
+      : TVantrelDxRibbonForm(&storage, &window), FWindow(window) {
+    SetStorageKey(storageKey);
+    FStoreComponents = FStorePlacement = true;
+  }
 
-  void AfterConstruction() override;
-  void BeforeDestruction() override;
+  void AfterConstruction() override {
+    TVantrelDxRibbonForm::AfterConstruction();
+    DoShow();
+  }
 
  protected:
-  virtual void FormCreate() = 0;
-  virtual void FormDestroy() = 0;
-  virtual void FormLoadProperties() = 0;
-  virtual void FormSaveProperties() = 0;
-  void RestorePlacement();
-  void SavePlacement();
-
   TVantrelMainWindow& FWindow;
-  TVantrelSettings& FStorage;
-  const std::string FStorageKey;
 };

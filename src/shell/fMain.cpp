@@ -8,8 +8,6 @@
 using enum TMyTessaronViews;
 
 namespace {
-constexpr const char* OpenDialogKey = "\\OpenFileDialog";
-constexpr const char* InitialDirName = "InitialDir";
 constexpr int EncryptedXmlFilter = 3;
 }  // namespace
 
@@ -19,7 +17,7 @@ TMainForm::TMainForm(TMainFormPorts ports, std::vector<std::string> arguments)
       FArguments(std::move(arguments)),
       FWaitCursor(FPorts.Dialogs),
       FCommands(Handlers()),
-      FViewFrame{FStorage,
+      FViewFrame{FPorts.Storage,
                  ProgramInfo().VersionText(),
                  FCommands.GotoFirstCommand,
                  FCommands.GotoPrevCommand,
@@ -34,6 +32,9 @@ TMainForm::TMainForm(TMainFormPorts ports, std::vector<std::string> arguments)
   FOpenFileDialog.FilterIndex = EncryptedXmlFilter;
   FSaveDialog.Title = ResourceText(ShellTexts::SaveTitle);
   FSaveDialog.Filter = ResourceText(ShellTexts::SaveFilter);
+  FStorageLinks = {{&FOpenFileDialog, {{"InitialDir", "OpenFileDialog", "InitialDir"}}}};
+  FOnLoadProperties = [this] { FormLoadProperties(); };
+  FOnSaveProperties = [this] { FormSaveProperties(); };
 }
 
 TMainHandlers TMainForm::Handlers() {
@@ -83,14 +84,12 @@ void TMainForm::FormDestroy() {
 }
 
 void TMainForm::FormLoadProperties() {
-  FOpenFileDialog.InitialDir = FStorage.ReadString(FStorageKey + OpenDialogKey, InitialDirName, {});
-  FRecentFiles.Load(FStorage);
+  FRecentFiles.Load(*FStorage);
   ShowRecentFiles();
 }
 
 void TMainForm::FormSaveProperties() {
-  FStorage.WriteString(FStorageKey + OpenDialogKey, InitialDirName, FOpenFileDialog.InitialDir);
-  FRecentFiles.Save(FStorage);
+  FRecentFiles.Save(*FStorage);
 }
 
 TVantrelFormClass TMainForm::ClassOf(TMyTessaronViews view) {

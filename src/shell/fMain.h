@@ -12,13 +12,14 @@
 #include "fWelcomeView.h"
 #include "mLookup.h"
 #include "uMainCommands.h"
+#include "uOpenFileDialog.h"
 #include "uRecentFiles.h"
 
 /// What the main window is built on. All of it outlives it.
 struct TMainFormPorts {
   TVantrelMainWindow& Window;
   TVantrelDialogs& Dialogs;
-  TVantrelSettings& Storage;
+  TVantrelStorage& Storage;
   std::function<std::unique_ptr<TWelcomeViewUi>()> CreateWelcomeUi;
   std::function<std::unique_ptr<TStudentsViewUi>()> CreateStudentsUi;
 };
@@ -44,10 +45,10 @@ class TMainForm final : public TBaseMainForm {
  protected:
   void FormCreate() override;
   void FormDestroy() override;
-  void FormLoadProperties() override;
-  void FormSaveProperties() override;
 
  private:
+  void FormLoadProperties();
+  void FormSaveProperties();
   TMainHandlers Handlers();
   TVantrelFormClass ClassOf(TMyTessaronViews view);
   void FormShow();
@@ -76,7 +77,7 @@ class TMainForm final : public TBaseMainForm {
   TVantrelWaitCursor FWaitCursor;
   TMainCommands FCommands;
   TViewFrame FViewFrame;
-  TFileDialog FOpenFileDialog;
+  TOpenFileDialog FOpenFileDialog;
   TFileDialog FSaveDialog;
   TRecentFiles FRecentFiles;
   std::unique_ptr<TSplashScreenWindow> FSplash;

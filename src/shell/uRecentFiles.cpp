@@ -23,12 +23,12 @@ void TRecentFiles::RemoveRecentFile(const std::string& path) {
   std::erase_if(FItems, [&](const auto& item) { return item.StoredText == path; });
 }
 
-void TRecentFiles::Load(TVantrelSettings& storage) {
+void TRecentFiles::Load(TVantrelStorage& storage) {
   const int count = storage.ReadInteger(Key, CountName, 0);
   for (int i = 0; i < count; ++i) AddRecentFile(storage.ReadString(Key, fmt::format(FileName, i), {}));
 }
 
-void TRecentFiles::Save(TVantrelSettings& storage) const {
+void TRecentFiles::Save(TVantrelStorage& storage) const {
   storage.WriteInteger(Key, CountName, static_cast<std::int32_t>(FItems.size()));
   for (std::size_t i = 0; i < FItems.size(); ++i)
     storage.WriteString(Key, fmt::format(FileName, i), FItems[i].StoredText);

@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "VantrelMainWindow.h"
-#include "VantrelSettings.h"
+#include "VantrelStorage.h"
 
 /// The recent documents, in the order of their first opening; no limit, nothing moves.
 class TRecentFiles {
@@ -16,9 +16,9 @@ class TRecentFiles {
   void RemoveRecentFile(const std::string& path);
 
   /// Adds what the store holds, each through AddRecentFile.
-  void Load(TVantrelSettings& storage);
+  void Load(TVantrelStorage& storage);
   /// Surplus values of a longer list before stay behind, unused.
-  void Save(TVantrelSettings& storage) const;
+  void Save(TVantrelStorage& storage) const;
 
  private:
   std::vector<TRecentItem> FItems;

@@ -187,7 +187,7 @@ class TVantrelGrid {
   virtual void BestFitAll() = 0;
   virtual void EndBestFit() = 0;
 
-  /// Widths, order, visibility, sort and groups by column id as one text, to be stored whole. Restoring ignores columns
+  /// Widths, order, visibility, sort, groups and filter by column id as one text, to be stored whole. Restoring ignores columns
   /// that are not there and a text that is no layout.
   virtual std::string Layout() const = 0;
   virtual void RestoreLayout(std::string_view layout) = 0;

@@ -12,18 +12,30 @@ struct TRecentItem {
   std::string StoredText;
 };
 
-/// Where a window stands: its normal rectangle in pixels and whether it fills the screen.
+/// The show states of a window, as they are stored.
+enum class TWindowState { Normal = 1, Minimized = 2, Maximized = 3 };
+
+/// Where a window stands: its normal rectangle in pixels, and its show state.
 struct TWindowPlacement {
   int Left = 0, Top = 0, Right = 0, Bottom = 0;
-  bool Maximized = false;
+  TWindowState State = TWindowState::Normal;
+};
+
+/// A window as far as its place goes.
+class TVantrelPlacedWindow {
+ public:
+  virtual ~TVantrelPlacedWindow() = default;
+  virtual TWindowPlacement Placement() const = 0;
+  /// Kept on the screen that is there.
+  virtual void SetPlacement(const TWindowPlacement& placement) = 0;
+  /// The user may change its size.
+  virtual bool IsSizeable() const { return true; }
 };
 
 /// The main window as its logic sees it: ribbon, status text and recent documents. What hosts the views is the window's
 /// own matter.
-class TVantrelMainWindow {
+class TVantrelMainWindow : public TVantrelPlacedWindow {
  public:
-  virtual ~TVantrelMainWindow() = default;
-
   std::function<void()> OnShow;   ///< once, when the window first shows
   std::function<void()> OnClose;  ///< the window is about to close, and will
   std::function<void(int index)> OnRecentClick;
@@ -36,8 +48,5 @@ class TVantrelMainWindow {
   virtual void SetRecentItems(const std::vector<TRecentItem>& items) = 0;
   virtual void SetTitle(const std::string& title) = 0;
   virtual void SetStatusText(const std::string& text) = 0;
-  virtual TWindowPlacement Placement() const = 0;
-  /// Kept on the screen that is there.
-  virtual void SetPlacement(const TWindowPlacement& placement) = 0;
   virtual void Close() = 0;
 };

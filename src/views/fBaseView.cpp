@@ -1,14 +1,12 @@
 #include "fBaseView.h"
 
-#include <fmt/format.h>
-
 #include "VantrelCommandLinks.h"
 #include "VantrelExceptions.h"
 #include "VantrelGrid.h"
 #include "VantrelI18n.h"
 #include "VantrelMsgBox.h"
-#include "VantrelText.h"
 #include "ViewTexts.h"
+#include "mStorage.h"
 
 using enum TDBEnableType;
 
@@ -24,20 +22,16 @@ void RunForUser(const std::function<void()>& action) {
   }
 }
 
-void TBaseForm::AfterConstruction() {
+void TBaseForm::FormCreate() {
+  FIsInitialized = false;
   FStorageFormdir = "Forms";
+  FStorePlacement = false;
   CreateData();
   SetupView();
   UpdateViewCommands();
-  if (FOnLoadProperties) FOnLoadProperties();
 }
 
-void TBaseForm::BeforeDestruction() {
-  try {
-    if (FOnSaveProperties) FOnSaveProperties();
-  } catch (const std::exception&) {
-    // A layout that cannot be stored is no reason to keep the user: the one before stays.
-  }
+void TBaseForm::FormDestroy() {
   DestroyData();
   TeardownView();
 }
@@ -54,8 +48,7 @@ bool TBaseForm::CloseQuery() {
 }
 
 std::string TBaseForm::StoragePath() const {
-  return Join(FStorageSubdir, FStorageVersion < 1 ? FStorageKey : fmt::format("{}.{}", FStorageKey, FStorageVersion),
-              "\\");
+  return GetStoragePath(*FStorage, FStorageKey, FStorageSubdir, FStorageVersion);
 }
 
 void TBaseForm::UpdateStatus(const TVantrelMemTable*) {
@@ -72,12 +65,12 @@ void TBaseView::SetupView() {
 }
 
 void TBaseView::RestoreLayout(TVantrelGrid& grid) {
-  const auto layout = FStorage.ReadString(StoragePath(), LayoutName, {});
+  const auto layout = FStorage->ReadString(FStorage->KeyOf(StoragePath()), LayoutName, {});
   if (!layout.empty()) grid.RestoreLayout(layout);
 }
 
 void TBaseView::StoreLayout(const TVantrelGrid& grid) {
-  FStorage.WriteString(StoragePath(), LayoutName, grid.Layout());
+  FStorage->WriteString(FStorage->KeyOf(StoragePath()), LayoutName, grid.Layout());
 }
 
 void TBaseView::UpdateGotoCommands(const TVantrelMemTable& list) {

@@ -7,8 +7,8 @@
 
 #include "VantrelClasses.h"
 #include "VantrelCommands.h"
+#include "VantrelForms.h"
 #include "VantrelMemTable.h"
-#include "VantrelSettings.h"
 
 enum class TMyTessaronViews { viewWelcome, viewSubjects, viewStudents, viewClasses };
 
@@ -28,7 +28,7 @@ class TFormUi {
 
 /// What the main window lends to its views. It outlives them.
 struct TViewFrame {
-  TVantrelSettings& Storage;
+  TVantrelStorage& Storage;
   std::string ProgramVersion;
 
   TVantrelCommand& GotoFirstCommand;
@@ -47,13 +47,13 @@ struct TViewFrame {
 /// Runs what the user has asked for; what it raises is shown in an error box.
 void RunForUser(const std::function<void()>& action);
 
-/// Base of the forms inside the main window: the order of their life, and where their layout is stored.
+/// Base of the forms inside the main window: the order of their life, and where their layout is stored. It keeps no
+/// placement.
 ///
-/// Created: FormCreate with CreateData, SetupView, UpdateViewCommands; then the stored properties load. Destroyed: the
-/// properties are saved, then FormDestroy with DestroyData and TeardownView.
-class TBaseForm : public TVantrelObject {
+/// FormCreate runs CreateData, SetupView and UpdateViewCommands, FormDestroy runs DestroyData and TeardownView.
+class TBaseForm : public TVantrelForm {
  public:
-  TBaseForm(TVantrelSettings& storage, std::string name) : FStorage(storage), FName(std::move(name)) {}
+  TBaseForm(TVantrelStorage& storage, std::string name) : TVantrelForm(&storage, nullptr), FName(std::move(name)) {}
 
   void Show();
   void Hide() { Ui().SetVisible(false); }
@@ -63,7 +63,7 @@ class TBaseForm : public TVantrelObject {
   virtual bool CloseQuery();
   /// Whether the form may be kept for later instead of being destroyed.
   virtual bool CacheQuery() { return true; }
-  /// The key of the stored layout: subdirectory and StorageKey, with the version behind it from 1 on.
+  /// The complete path of the form's own place in the store: see GetStoragePath.
   std::string StoragePath() const;
 
   /// Writes what open editors hold to where it belongs.
@@ -100,22 +100,17 @@ class TBaseForm : public TVantrelObject {
   /// Rebuilds the form from CurrentProject.
   virtual void UpdateContent() { AbstractCall("UpdateContent"); }
 
-  void AfterConstruction() override;
-  void BeforeDestruction() override;
-
  protected:
+  void FormCreate() override;
+  void FormDestroy() override;
   virtual TFormUi& Ui() = 0;
   [[noreturn]] void AbstractCall(std::string_view operation) const;
 
-  TVantrelSettings& FStorage;
   std::string FName;
-  std::string FStorageKey;
   std::string FStorageSubdir;
   std::string FStorageFormdir;
   int FStorageVersion = 0;
   bool FIsInitialized = false;
-  std::function<void()> FOnLoadProperties;
-  std::function<void()> FOnSaveProperties;
 };
 
 /// A working surface of the main window. It is built from CurrentProject, writes straight into it, and dies at the next

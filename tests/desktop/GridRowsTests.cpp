@@ -66,6 +66,11 @@ TEST_F(GridTest, LayoutComesBackAndDoubtfulOnesDoNoHarm) {
   Grid.ClickHeader(Name, false);
   Grid.GroupColumn(Result, 0);
   Grid.View().horizontalHeader()->moveSection(1, 0);
+  Grid.AddFilter(Absences, 3, "Drei");
+  Grid.AddFilter(Name, TVariant::DateTime(2.5), "Datum");
+  Grid.AddFilter(Name, TVariant::Null(), "Nichts");
+  Grid.SetFilterActive(true);
+  Grid.SetFilterActive(false);
   const std::string layout = Grid.Layout();
 
   Grid.ClearColumns();

@@ -143,16 +143,16 @@ TEST_F(MainFormTest, RecentFilesAndPlacementOutliveTheRun) {
   Start();
   Open("small.kvrx");
   Open("empty.kvrx");
-  FWindow.Place = {1, 2, 3, 4, true};
+  FWindow.Place = {1, 2, 3, 4, TWindowState::Maximized};
   FForm.reset();
-  EXPECT_EQ(FSettings.Values["MRU:Count"], "2");
-  EXPECT_EQ(FSettings.Values["AppForm:FormState"], "3");
-  EXPECT_EQ(FSettings.Values["AppForm\\OpenFileDialog:InitialDir"], FFolder.Path());
+  EXPECT_EQ(FSettings.ReadInteger("MRU", "Count", 0), 2);
+  EXPECT_EQ(FSettings.ReadInteger("AppForm", "FormState", 0), 3);
+  EXPECT_EQ(FSettings.ReadString("AppForm\\OpenFileDialog", "InitialDir", ""), FFolder.Path());
   std::filesystem::remove(FFolder / "small.kvrx");
   FWindow.Place = {};
   Start();
   EXPECT_EQ(FWindow.Place.Bottom, 4);
-  EXPECT_TRUE(FWindow.Place.Maximized);
+  EXPECT_EQ(FWindow.Place.State, TWindowState::Maximized);
   EXPECT_THAT(RecentNames(), ElementsAre("empty.kvrx"));
 }
 
@@ -285,7 +285,7 @@ TEST_F(MainFormTest, AViewThatFailsIsPassedOverInSilence) {
 }
 
 struct TPlainForm : TBaseForm {
-  explicit TPlainForm(TVantrelSettings& storage) : TBaseForm(storage, "Plain") {}
+  explicit TPlainForm(TVantrelStorage& storage) : TBaseForm(storage, "Plain") {}
   TFormUi& Ui() override { return FUi; }
   bool CloseQuery() override { return Closes; }
   bool Closes = true;

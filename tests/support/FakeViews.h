@@ -1,6 +1,7 @@
 #pragma once
 
 #include <map>
+#include <memory>
 #include <vector>
 
 #include "FakeGrid.h"
@@ -67,21 +68,13 @@ class FakeWelcomeUi : public TWelcomeViewUi {
   std::pair<int, int> Place;
 };
 
-class FakeSettings : public TVantrelSettings {
+/// Settings that last as long as the object.
+class FakeSettings : public TVantrelStorage {
  public:
-  std::string ReadString(const std::string& key, const std::string& name, const std::string& defaultValue) override {
-    const auto found = Values.find(key + ":" + name);
-    return found == Values.end() ? defaultValue : found->second;
-  }
-  std::int32_t ReadInteger(const std::string& key, const std::string& name, std::int32_t defaultValue) override {
-    return std::stoi(ReadString(key, name, std::to_string(defaultValue)));
-  }
-  void WriteString(const std::string& key, const std::string& name, const std::string& value) override {
-    Values[key + ":" + name] = value;
-  }
-  void WriteInteger(const std::string& key, const std::string& name, std::int32_t value) override {
-    WriteString(key, name, std::to_string(value));
-  }
+  FakeSettings() { SetActive(true); }
 
-  std::map<std::string, std::string> Values;
+ protected:
+  std::unique_ptr<TVantrelAbstractPreferences> OpenStore() override {
+    return std::make_unique<TVantrelXMLPreferences>("", true);
+  }
 };

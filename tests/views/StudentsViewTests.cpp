@@ -212,8 +212,7 @@ TEST_F(StudentsViewTest, TheListsLayoutOutlivesTheView) {
   Open();
   Ui().List.SetColumnWidth(2, 222);
   FView.reset();
-  EXPECT_THAT(FSettings.Values,
-              ElementsAre(testing::Pair("Ansichten\\Forms\\StudentsView:Layout", "60 80 222 120 80 ")));
+  EXPECT_EQ(FSettings.ReadString("Ansichten\\Forms\\StudentsView", "Layout", ""), "60 80 222 120 80 ");
   Open();
   EXPECT_EQ(Ui().List.Columns()[2].Width, 222);
 }

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "VantrelClasses.h"
+
+/// Lines of text as a published property may hold them; kept in a store as one text with commas.
+class TVantrelStringList : public TVantrelPersistent {
+ public:
+  std::vector<std::string> Lines;
+};
+
+/// A property that outlives the run: its path below the component, and where it is stored below the form's own key.
+struct TVantrelPropertyLink {
+  std::string Path;
+  std::string StoredKey;
+  std::string StoredName;
+};
+
+class TVantrelPropertyLinks : public std::vector<TVantrelPropertyLink> {
+ public:
+  using std::vector<TVantrelPropertyLink>::vector;
+  /// Without regard to case; null if there is none.
+  const TVantrelPropertyLink* FindProperty(std::string_view path) const;
+};
+
+/// The stored properties of one component, which outlives the form's use of them.
+struct TVantrelComponentLink {
+  TVantrelObject* Component = nullptr;
+  TVantrelPropertyLinks Properties;
+};
+
+using TVantrelComponentLinks = std::vector<TVantrelComponentLink>;

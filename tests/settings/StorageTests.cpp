@@ -1,0 +1,247 @@
+#include <gmock/gmock.h>
+
+#include "PrivateConfig.h"
+#include "VantrelForms.h"
+#include "VantrelPublished.h"
+#include "mStorage.h"
+
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+
+constexpr std::string_view AlignNames[] = {"alLeft", "alRight"};
+constexpr auto AlignType = EnumTypeInfo("TAlign", AlignNames);
+constexpr auto AlignsType = SetTypeInfo("TAligns", AlignType);
+enum class TAlign { alLeft, alRight };
+
+struct TComponent : TVantrelPersistent {
+  const std::string& GetText() const { return Text; }
+  void SetText(const std::string& value) { Text = value; }
+  std::uint8_t GetNumber() const { return Number; }
+  void SetNumber(std::uint8_t value) { Number = value; }
+  char16_t GetLetter() const { return Letter; }
+  void SetLetter(char16_t value) { Letter = value; }
+  double GetFloat() const { return Float; }
+  void SetFloat(double value) { Float = value; }
+  TAlign GetAlign() const { return Align; }
+  void SetAlign(TAlign value) { Align = value; }
+  std::uint32_t GetAligns() const { return Aligns; }
+  void SetAligns(std::uint32_t value) { Aligns = value; }
+  TVariant GetVariant() const { return Variant; }
+  void SetVariant(const TVariant& value) { Variant = value; }
+  std::int64_t GetHuge() const { return Huge; }
+  void SetHuge(std::int64_t value) { Huge = value; }
+  TVantrelObject* GetLines() const { return const_cast<TVantrelStringList*>(&Lines); }
+  TVantrelObject* GetNext() const { return Next.get(); }
+  const TVantrelClass& ClassReference() const override;
+
+  std::string Text;
+  std::uint8_t Number = 0;
+  char16_t Letter = u' ';
+  double Float = 0;
+  TAlign Align = TAlign::alLeft;
+  std::uint32_t Aligns = 0;
+  TVariant Variant;
+  std::int64_t Huge = 0;
+  TVantrelStringList Lines;
+  std::unique_ptr<TComponent> Next;
+};
+
+const TVantrelClass& TComponent::ClassReference() const {
+  static constexpr TVantrelClass object{.Name = "TVantrelObject"};
+  static constexpr auto objectType = ClassTypeInfo(object);
+  static constexpr TVantrelProperty properties[] = {
+      Published<&TComponent::GetText, &TComponent::SetText>("Text"),
+      Published<&TComponent::GetText>("ReadOnly"),
+      Published<&TComponent::GetNumber, &TComponent::SetNumber>("Number"),
+      Published<&TComponent::GetLetter, &TComponent::SetLetter>("Letter"),
+      Published<&TComponent::GetFloat, &TComponent::SetFloat>("Float"),
+      Published<&TComponent::GetAlign, &TComponent::SetAlign>("Align", AlignType),
+      Published<&TComponent::GetAligns, &TComponent::SetAligns>("Aligns", AlignsType),
+      Published<&TComponent::GetVariant, &TComponent::SetVariant>("Variant"),
+      Published<&TComponent::GetHuge, &TComponent::SetHuge>("Huge"),
+      Published<&TComponent::GetLines>("Lines", objectType),
+      Published<&TComponent::GetNext>("Next", objectType)};
+  static constexpr TVantrelClass reference{.Name = "TComponent", .Properties = properties};
+  return reference;
+}
+
+class StorageTest : public testing::Test {
+ protected:
+  StorageTest() { FStorage.SetActive(true); }
+  void Reopen() {
+    FStorage.SetActive(false);
+    FStorage.SetActive(true);
+  }
+  std::string FileText() { return ReadFileText(FConfig.Folder / "Orvenda Labs/Registry.pref"); }
+
+  PrivateConfig FConfig;
+  TVantrelStorage FStorage;
+};
+
+TEST_F(StorageTest, EveryKindOfPropertyComesBack) {
+  const char* paths[] = {"Text", "Number", "Letter", "Float", "Align", "Aligns", "Variant", "Lines", "Next\\Text"};
+  for (const auto& variant : {TVariant("t"), TVariant(7), TVariant::DateTime(39571.75)}) {
+    TComponent one;
+    one.Text = "Text, \"2\"";
+    one.Number = 255;
+    one.Letter = u'ß';
+    one.Float = 0.1;
+    one.Align = TAlign::alRight;
+    one.Aligns = 3;
+    one.Variant = variant;
+    one.Lines.Lines = {"a b", "c,d", ""};
+    one.Next = std::make_unique<TComponent>();
+    one.Next->Text = "next";
+    TComponent two;
+    two.Next = std::make_unique<TComponent>();
+    two.Variant = variant.Kind() == TVariantKind::Text ? TVariant("") : TVariant(0);
+    if (variant.Kind() == TVariantKind::DateTime) two.Variant = TVariant::DateTime(0);
+    for (const char* path : paths) FStorage.WriteProperty("Key\\Sub", path, one, path);
+    Reopen();
+    for (const char* path : paths) FStorage.ReadProperty("Key\\Sub", path, two, path);
+    EXPECT_EQ(two.Text, one.Text);
+    EXPECT_EQ(two.Number, 255);
+    EXPECT_EQ(two.Letter, u'ß');
+    EXPECT_EQ(two.Float, 0.1);
+    EXPECT_EQ(two.Align, TAlign::alRight);
+    EXPECT_EQ(two.Aligns, 3U);
+    EXPECT_EQ(two.Variant, variant);
+    EXPECT_EQ(two.Lines.Lines, one.Lines.Lines);
+    EXPECT_EQ(two.Next->Text, "next");
+  }
+}
+
+TEST_F(StorageTest, PropertiesThatAreNotThereOrDoNotFitArePassedOver) {
+  TComponent one;
+  one.Text = "alt";
+  one.Huge = 5;
+  one.Variant = 1.5;
+  FStorage.WriteString("K", "n", "alSideways");
+  FStorage.WriteInteger("K", "i", 256);
+  for (const char* path :
+       {"Gone", "Next\\Text", "Text\\Length", "Lines\\Gone", "ReadOnly", "", "Next", "Align", "Aligns"})
+    FStorage.ReadProperty("K", "n", one, path);
+  for (const char* path : {"Number", "Huge", "Variant", "Text", "Align"}) FStorage.ReadProperty("K", "i", one, path);
+  EXPECT_EQ(one.Text, "alt");
+  EXPECT_EQ(one.Align, TAlign::alLeft);
+  EXPECT_EQ(one.Aligns, 0U);
+  EXPECT_EQ(one.Number, 0);
+  EXPECT_EQ(one.Huge, 5);
+  for (const char* path : {"Gone", "Next\\Text", "Huge", "Variant", "Next"})
+    FStorage.WriteProperty("W", "n", one, path);
+  EXPECT_EQ(FStorage.ReadString("W", "n", "none"), "none");
+}
+
+TEST_F(StorageTest, LiesWhereItsSettingsSay) {
+  FStorage.SetStoragePath("\\Haus\\Programm 1/\\");
+  FStorage.WriteInteger("Key", "n", 1);
+  FStorage.Flush();
+  EXPECT_THAT(FileText(), HasSubstr("<Programm_x0020_1>"));
+  EXPECT_EQ(FStorage.KeyOf("Software\\Haus\\Programm 1\\Key"), "Key");
+  FStorage.SetStorageType(TVantrelStorageType::cstSystem);
+  EXPECT_EQ(FStorage.ReadInteger("Key", "n", 0), 0);
+  FStorage.SetLocation(TVantrelStorageLocation::cslXML);
+  FStorage.SetStorageType(TVantrelStorageType::cstUser);
+  FStorage.WriteInteger("Key", "n", 2);
+  FStorage.SetCustomXMLFile(FConfig.Folder / "eigene/a.pref");
+  EXPECT_EQ(FStorage.ReadInteger("Key", "n", 0), 0);
+  EXPECT_THAT(ReadFileText(FConfig.Folder / "Haus/Programm 1.pref"), HasSubstr("<Key>\n    <Entry"));
+  FStorage.SetActive(false);
+  FStorage.WriteInteger("Key", "n", 3);
+  EXPECT_EQ(FStorage.ReadInteger("Key", "n", 9), 9);
+}
+
+TEST_F(StorageTest, TheModuleKeepsCaptionsValuesAndLists) {
+  struct TLayout : TCustomLayout {
+    std::string DefaultCaption(int tag) const override { return "Spalte " + std::to_string(tag); }
+  };
+  const auto module = CreateVantrel<TStorageModule>(4);
+  EXPECT_EQ(StorageModule, module.get());
+  EXPECT_EQ(module->GetStoragePath("Forms\\A", "Ansichten", 0),
+            "Software\\Orvenda Labs\\Tessaron 10 - MyTessaron\\Ansichten\\Forms\\A");
+  EXPECT_EQ(module->GetStoragePath("A", "", 2), "Software\\Orvenda Labs\\Tessaron 10 - MyTessaron\\A.2");
+  TStoredGridView grid{"Grid", {{"One", 1, "Eins"}}};
+  module->StoreColumns("Cols", grid);
+  grid.Columns = {{"One", 1, ""}, {"Two", 2, ""}};
+  module->RestoreColumns("Cols", TLayout(), grid);
+  EXPECT_EQ(grid.Columns[0].Caption, "Eins");
+  EXPECT_EQ(grid.Columns[1].Caption, "Spalte 2");
+  EXPECT_EQ(module->Storage().ReadString("Cols\\Cols.Grid\\One", "Caption", ""), "Eins");
+  using enum TStorageDataType;
+  module->StoreValue("V", "n", 7, dstInt);
+  module->StoreValue("V", "s", "text", dstString);
+  EXPECT_EQ(module->RestoreValue("V", "n", dstInt), TVariant(7));
+  EXPECT_EQ(module->Storage().ReadString("V", "s", "-"), "-");
+  const std::pair<TStorageDataType, TVariant> values[] = {{dstInt, 3}, {dstString, "drei"}, {dstBoolean, true}};
+  for (const auto& [type, value] : values) {
+    module->StoreList("L", "List", "Col", "Field", value, type);
+    EXPECT_EQ(module->RestoreList("L", "List", "Col", "Field", type == dstBoolean ? TVariant(false) : value, type),
+              value);
+  }
+  EXPECT_TRUE(module->Storage().ReadBoolean("L\\List\\Field", "Col", false));
+}
+
+struct TWindow : TVantrelPlacedWindow {
+  TWindowPlacement Placement() const override { return Place; }
+  void SetPlacement(const TWindowPlacement& placement) override { Place = placement; }
+  bool IsSizeable() const override { return Sizeable; }
+  TWindowPlacement Place{10, 20, 110, 220, TWindowState::Normal};
+  bool Sizeable = true;
+};
+
+struct TTestForm : TVantrelForm {
+  TTestForm(TVantrelStorage* storage, TWindow& window, std::string& log) : TVantrelForm(storage, &window), Log(log) {
+    SetStorageKey("\\Forms\\A/");
+    FStorePlacement = FStoreComponents = true;
+    FStorageLinks = {{&Component, {{"Text", "Part", "T"}, {"Gone", "Part", "G"}}}};
+    FOnLoadProperties = [this] { Log += "load:" + Component.Text + ";"; };
+    FOnSaveProperties = [this] { Log += "save;"; };
+  }
+  void FormCreate() override { Log += "create;"; }
+  void FormDestroy() override { Log += "destroy;"; }
+  void SavePlacement() override {
+    Log += "place;";
+    TVantrelForm::SavePlacement();
+  }
+  TComponent Component;
+  std::string& Log;
+};
+
+TEST_F(StorageTest, AFormLivesInTheToldOrder) {
+  TWindow window;
+  std::string log;
+  auto form = CreateVantrel<TTestForm>(&FStorage, window, log);
+  form->DoShow();
+  EXPECT_EQ(window.Place.Right, 110);
+  form->Component.Text = "bleibt";
+  window.Place = {1, 2, 31, 42, TWindowState::Minimized};
+  form.reset();
+  EXPECT_EQ(log, "create;load:;save;place;destroy;");
+  EXPECT_EQ(FStorage.ReadString("Forms\\A\\Part", "T", ""), "bleibt");
+  for (const bool sizeable : {true, false}) {
+    log.clear();
+    window = {};
+    window.Sizeable = sizeable;
+    form = CreateVantrel<TTestForm>(&FStorage, window, log);
+    EXPECT_EQ(window.Place.Left, 10);
+    form->DoShow();
+    EXPECT_EQ(window.Place.Left, 1);
+    EXPECT_EQ(window.Place.Right, sizeable ? 31 : 101);
+    EXPECT_EQ(window.Place.State, TWindowState::Minimized);
+    EXPECT_EQ(log, "create;load:bleibt;");
+    window.Place.Top = 7;
+    form->DoShow();
+    EXPECT_EQ(window.Place.Top, 7);
+    window.Place = {1, 2, 31, 42, TWindowState::Minimized};
+    form.reset();
+  }
+  log.clear();
+  FStorage.SetActive(false);
+  form = CreateVantrel<TTestForm>(&FStorage, window, log);
+  form.reset();
+  EXPECT_EQ(log, "create;place;destroy;");
+}
+
+}  // namespace
