@@ -2,6 +2,9 @@
 
 /// The user texts of this folder. Those with placeholders go through fmt.
 namespace CentralTexts {
+inline constexpr const char* EnvironmentLoaded = "Systemumgebung erfolgreich geladen!";
+inline constexpr const char* EnvironmentError = "Fehler beim Laden der Systemumgebung!\r\n{}";
+
 inline constexpr const char* WrongLogon = "Benutzer bzw. Kennwort sind falsch.";
 inline constexpr const char* LogonError = "Es ist ein Fehler bei der Anmeldung an die Datenbank aufgetreten.\r\n{}";
 inline constexpr const char* DatabaseError = "Die Datenbank meldet einen Fehler.\r\n{}";
@@ -11,4 +14,25 @@ inline constexpr const char* UnknownColumn = "Die Abfrage hat keine Spalte \"{}\
 inline constexpr const char* ParamType = "Der Parameter \"{}\" kann keinen Wert dieser Art aufnehmen.";
 inline constexpr const char* ColumnType = "Die Spalte \"{}\" ist von einer Art, die nicht gelesen werden kann.";
 inline constexpr const char* NoRow = "Die Abfrage steht auf keinem Datensatz.";
+
+inline constexpr const char* ProductTessaron = "TESSARON";
+inline constexpr const char* ProductMyTessaron = "MyTESSARON";
+inline constexpr const char* RefusalCaption = "Hinweis";
+inline constexpr const char* AdminOnly = "Diese Funktion darf nur von einem Administrator aufgerufen werden.";
+inline constexpr const char* MandantenAdminOnly =
+    "Diese Funktion darf nur von einem Administrator oder\r\neinem Mandanten-Administrator aufgerufen werden.";
+inline constexpr const char* StatistikAdminOnly =
+    "Diese Funktion darf nur von einem Administrator oder\r\neinem Statistik-Administrator aufgerufen werden.";
+inline constexpr const char* DocumentOnly =
+    "Diese Funktion darf nur von einem Administrator oder\r\nmit dem Recht für Dokumentenverwaltung aufgerufen "
+    "werden.";
+inline constexpr const char* ImportExportOnly =
+    "Diese Funktion darf nur von einem Administrator oder\r\nmit dem Recht für den Import/Export aufgerufen werden.";
+inline constexpr const char* PrintOnly =
+    "Diese Funktion darf nur von einem Administrator oder\r\nmit dem Recht zu Drucken aufgerufen werden.";
+inline constexpr const char* NoGroupRight =
+    "Der Benutzer \"{}\" hat nicht das Recht auf das Modul {} zuzugreifen.\r\n\r\n"
+    "Bitte kontaktieren Sie den Administrator.";
+inline constexpr const char* GuestDenied =
+    "Sie sind in TESSARON mit Gastrechten angemeldet.\r\nDiese Funktion kann nicht ausgeführt werden.";
 }  // namespace CentralTexts

@@ -105,3 +105,6 @@ class TTessaronEnvironment : public TVantrelDataStorage {
 
   TVantrelPtr<TTessaronConnections> FConnections;
 };
+
+/// The environment of this machine, empty where there is none; null before the program's start and behind its end.
+inline TTessaronEnvironment* Environment = nullptr;

@@ -6,6 +6,12 @@
 #include "FirebirdServer.h"
 #include "uDBQuery.h"
 
+/// What the client library keeps for the whole run.
+extern "C" const char* __lsan_default_suppressions();
+const char* __lsan_default_suppressions() {
+  return "leak:libfbclient.so";
+}
+
 namespace {
 using testing::StartsWith;
 

@@ -1,0 +1,141 @@
+#include <gmock/gmock.h>
+
+#include "MsgBoxes.h"
+#include "PrivateConfig.h"
+#include "VantrelRegistryPreferences.h"
+#include "uTessaron.h"
+#include "uTessaronStart.h"
+
+namespace {
+using testing::StartsWith;
+
+/// A machine of the test's own, at first with nothing on it.
+class EnvironmentTest : public testing::Test {
+ protected:
+  EnvironmentTest() {
+    ::setenv("XDG_DATA_DIRS", ("relative:" + (FFolder / "fehlt") + ":" + (FFolder / "daten")).c_str(), 1);
+    ::setenv("XDG_DATA_HOME", (FFolder / "eigene").c_str(), 1);
+  }
+  ~EnvironmentTest() override {
+    ::unsetenv("XDG_DATA_DIRS");
+    ::unsetenv("XDG_DATA_HOME");
+  }
+  std::string Common() const { return FFolder / "daten/Orvenda Labs/Tessaron 10"; }
+  void InstallCommonData(std::string_view environment) const {
+    std::filesystem::create_directories(Common());
+    WriteFileText(Common() + "/Tessaron.evm", environment);
+  }
+  void Register(std::string_view key, std::string_view name, const std::string& value) const {
+    TVantrelRegistryPreferences registry(TVantrelRegistryRoot::HKEY_LOCAL_MACHINE, TVantrelRegistryAccess::Full);
+    registry.OpenKey(key, true);
+    registry.WriteString(name, value);
+  }
+
+  const PrivateConfig FConfig;
+  const TempFolder FFolder;
+  const FakeBoxes FBoxes;
+};
+
+TEST_F(EnvironmentTest, AMachineWithoutTheCentralSystemIsNoError) {
+  EXPECT_EQ(Session, nullptr);
+  {
+    const TTessaronStart start({});
+    EXPECT_EQ(ProductVersion, "10.x");
+    EXPECT_EQ(BinFolder + MyTessaronVersion + ProductSetupType, "");
+    EXPECT_EQ(PathsFileName, "Tessaron.paths");
+    EXPECT_EQ(LogFileName, "Tessaron.log");
+    EXPECT_EQ(OptionsFileName, FFolder / "fehlt/Orvenda Labs/Tessaron 10/MyTessaron.opt");
+    EXPECT_EQ(UserDataFolder, FFolder / "eigene/Orvenda Labs/Tessaron 10");
+    ASSERT_NE(Session, nullptr);
+    EXPECT_EQ(Session->FModule, TApplicationKind::akNone);
+    ASSERT_NE(Environment, nullptr);
+    EXPECT_FALSE(Environment->ExistConnection());
+  }
+  EXPECT_EQ(Session, nullptr);
+  EXPECT_EQ(Environment, nullptr);
+  EXPECT_THAT(FBoxes.Texts, testing::IsEmpty());
+}
+
+TEST_F(EnvironmentTest, InstallationAndPathsFileSayWhereThingsLie) {
+  const auto bin = FFolder / "bin";
+  std::filesystem::create_directories(bin);
+  std::filesystem::create_directories(Common());
+  Register("Software\\Orvenda Labs\\Tessaron 10", "ProductVersion", "10.3.1");
+  Register("Software\\Orvenda Labs\\Tessaron 10", "BinFolder", bin);
+  Register("Software\\Orvenda Labs\\Tessaron 10", "DatabaseFolder", "/db");
+  Register("Software\\Orvenda Labs\\Tessaron 10 - MyTessaron", "ProductVersion", "10.3.2");
+  const struct {
+    const char* Paths;
+    std::string Dictionary, Options;
+  } cases[] = {
+      {"<Paths><Entry Name='TessaronEnvironmentFolder' Value='/umgebung'/><Entry Name='TessaronOptionsFolder' "
+       "Value=''/><Entry Name='TessaronEnvironmentFolder' Value='/zweite'/></Paths>",
+       "/umgebung", Common()},
+      {"<Paths><Other Name='TessaronOptionsFolder' Value='/x'/><Entry/><Entry Name='TessaronOptionsFolder' "
+       "Value='/optionen'/></Paths>",
+       Common(), "/optionen"},
+      {"<Paths><Entry Name='TessaronOptionsFolder' Value='/optionen'/>", Common(), Common()},
+  };
+  for (const auto& one : cases) {
+    WriteFileText(bin + "/Tessaron.paths", one.Paths);
+    const TTessaronStart start({});
+    EXPECT_EQ(ProductVersion + MyTessaronVersion + DatabaseFolder, "10.3.110.3.2/db");
+    EXPECT_EQ(DictionaryFileName, one.Dictionary + "/de_DE_frami.dic");
+    EXPECT_EQ(OptionsFileName, one.Options + "/MyTessaron.opt");
+  }
+  EXPECT_THAT(FBoxes.Texts, testing::ElementsAre(StartsWith("Fehler beim Laden der Systemumgebung!\r\n")));
+}
+
+TEST_F(EnvironmentTest, EnvironmentIsLoadedAndSorted) {
+  InstallCommonData(
+      "<Storage><Version>1</Version><Connections><Items>"
+      "<Item Class='TTessaronConnection' ID='{01F80DBF-A444-4C89-B72D-EA2E7A0CA3F7}'><Alias>Schule</Alias>"
+      "<FileName>/db/schule.fdb</FileName><Protocol>1</Protocol><Server>zentrale</Server></Item>"
+      "<Item Class='TTessaronConnection' ID='{78272132-B1AD-4972-8B3B-0FCDE048AD6A}'><Alias>archiv</Alias>"
+      "<FileName>/db/archiv.fdb</FileName><Protocol>1</Protocol><Server>localhost</Server><Region>3</Region></Item>"
+      "<Item Class='TTessaronConnection' ID='{3596001B-2E1E-4503-9E79-C1D578000000}'/>"
+      "</Items></Connections><DefaultAlias>Schule</DefaultAlias></Storage>");
+  const TTessaronStart start({"datei.kvrx", "-debug"});
+  EXPECT_TRUE(DebugFlag);
+  EXPECT_THAT(FBoxes.Texts, testing::IsEmpty());
+  EXPECT_EQ(Environment->DefaultAlias, "Schule");
+  const auto& connections = Environment->Connections();
+  ASSERT_EQ(connections.Count(), 3);
+  const struct {
+    const char *Alias, *Local, *Remote, *Protocol, *Word;
+    int Region;
+  } cases[] = {{"archiv", "/db/archiv.fdb", "LOCALHOST:/db/archiv.fdb", "Local", "Local", 3},
+               {"Schule", "/db/schule.fdb", "ZENTRALE:/db/schule.fdb", "TCP/IP", "TCPIP", -2},
+               {"Tessaron", "", "", "Local", "Local", -2}};
+  for (int i = 0; i < connections.Count(); ++i) {
+    const auto& connection = *connections.GetItem(i);
+    EXPECT_EQ(connection.Alias, cases[i].Alias);
+    EXPECT_EQ(connection.DatabaseName(false), cases[i].Local);
+    EXPECT_EQ(connection.DatabaseName(true), cases[i].Remote);
+    EXPECT_EQ(connection.GetProtocolAsString(), cases[i].Protocol);
+    EXPECT_EQ(connection.GetProtocolForFireDAC(), cases[i].Word);
+    EXPECT_EQ(connection.Region, cases[i].Region);
+    EXPECT_EQ(connection.ODBCDataSource, "Tessaron-CR");
+    EXPECT_EQ(connection.OptFileName, Common() + "/Tessaron.opt");
+  }
+  EXPECT_EQ(Environment->GetIndexOfAlias("SCHULE"), 1);
+  EXPECT_FALSE(Environment->ExistAlias("neu"));
+  const auto* added = Environment->Connections().AddConnection("neu");
+  EXPECT_EQ(Environment->Connections().FindConnection("Neu"), added);
+  EXPECT_EQ(Environment->GetIndexOfAlias("neu"), 1);
+
+  Environment->SaveToFile(TVantrelDataStorageFormat::dsfXml);
+  const auto again = CreateVantrel<TTessaronEnvironment>();
+  again->LoadFromFile(again->GetDefaultFileName(), TVantrelDataStorageFormat::dsfXml);
+  ASSERT_EQ(again->Connections().Count(), 4);
+  EXPECT_EQ(again->Connections().FindConnection("archiv")->Server, "localhost");
+}
+
+TEST_F(EnvironmentTest, ADamagedEnvironmentIsToldAndEmpty) {
+  InstallCommonData("<Storage><Connections><Items><Item Class='TStrange'/></Items></Connections></Storage>");
+  const TTessaronStart start({"Debugger"});
+  EXPECT_FALSE(DebugFlag);
+  EXPECT_THAT(FBoxes.Texts, testing::ElementsAre(StartsWith("Fehler beim Laden der Systemumgebung!\r\n")));
+  EXPECT_FALSE(Environment->ExistConnection());
+}
+}  // namespace

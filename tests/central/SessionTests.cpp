@@ -1,0 +1,142 @@
+#include "uTessaronSession.h"
+
+#include <gmock/gmock.h>
+
+#include "FirebirdServer.h"
+#include "MsgBoxes.h"
+
+namespace {
+using testing::HasSubstr;
+
+/// A session that somebody is logged on to.
+TVantrelPtr<TTessaronSession> SessionOf(const std::string& user, const TUserRights& rights = {}) {
+  auto session = CreateVantrel<TTessaronSession>();
+  session->FModule = TApplicationKind::akMyTessaron;
+  session->FLoggedIn = true;
+  session->FConnection->SetParams({"User_Name=" + user});
+  session->FPrivileges->InitRights(rights);
+  return session;
+}
+
+using TAsk = bool (*)(const TTessaronPrivileges&);
+bool Admin(const TTessaronPrivileges& rights) {
+  return rights.IsAdmin(true);
+}
+bool DBAdmin(const TTessaronPrivileges& rights) {
+  return rights.IsDBAdmin(true);
+}
+bool Mandanten(const TTessaronPrivileges& rights) {
+  return rights.IsMandantenAdmin(true);
+}
+bool Statistik(const TTessaronPrivileges& rights) {
+  return rights.IsStatistikAdmin();
+}
+bool Document(const TTessaronPrivileges& rights) {
+  return rights.HasRightDocument();
+}
+bool ImportExport(const TTessaronPrivileges& rights) {
+  return rights.HasRightImportExport(true);
+}
+bool Print(const TTessaronPrivileges& rights) {
+  return rights.HasRightPrint();
+}
+bool Group(const TTessaronPrivileges& rights) {
+  return rights.HasRightGroup();
+}
+
+TEST(Session, BeginsWithNobodyWhoIsAdministrator) {
+  const FakeBoxes boxes;
+  const auto session = CreateVantrel<TTessaronSession>();
+  EXPECT_FALSE(session->FLoggedIn || session->FConnection->Connected());
+  EXPECT_TRUE(session->FLastMediaCatalog.IsNull());
+  EXPECT_EQ(session->Username(), "");
+  EXPECT_TRUE(session->FPrivileges->IsAdmin(true));
+  EXPECT_FALSE(session->FPrivileges->IsAdmin(true, "MUE"));
+  EXPECT_FALSE(session->FPrivileges->IsDBAdmin(false));
+  EXPECT_TRUE(session->FPrivileges->HasRightGroup());
+  EXPECT_TRUE(session->FPrivileges->HasRightToView("Noten", "Lesen"));
+  EXPECT_EQ(boxes.Texts.size(), 1U);
+}
+
+TEST(Session, RightsGoByUserAndFlag) {
+  const std::vector<std::string> admins = {"SYSDBA", "dbadmin"}, two = {"sysdba", "48KKOR"};
+  const std::vector<std::string> three = {"SYSDBA", "DBADMIN", "48kkor"};
+  const struct {
+    TAsk Ask;
+    std::vector<std::string> Users;
+    TUserRights Rights;
+    const char* Refusal;
+  } cases[] = {
+      {Admin, admins, {}, "Diese Funktion darf nur von einem Administrator aufgerufen werden."},
+      {DBAdmin, admins, {}, "Diese Funktion darf nur von einem Administrator aufgerufen werden."},
+      {Mandanten, two, {.FAdminMandant = true}, "oder\r\neinem Mandanten-Administrator aufgerufen werden."},
+      {Statistik, {"SYSDBA"}, {}, "oder\r\neinem Statistik-Administrator aufgerufen werden."},
+      {Document, three, {.FCanShowDocuments = true}, "oder\r\nmit dem Recht für Dokumentenverwaltung aufgerufen"},
+      {ImportExport, three, {.FCanImportExport = true}, "oder\r\nmit dem Recht für den Import/Export aufgerufen"},
+      {Print, three, {.FCanPrint = true}, "oder\r\nmit dem Recht zu Drucken aufgerufen werden."},
+      {Group, admins, {.FGroupRight = 254}, "Benutzer \"MUE\" hat nicht das Recht auf das Modul MyTESSARON zuzu"},
+  };
+  for (const auto& one : cases) {
+    FakeBoxes boxes;
+    for (const auto& user : one.Users) EXPECT_TRUE(one.Ask(*SessionOf(user)->FPrivileges)) << user << one.Refusal;
+    EXPECT_FALSE(one.Ask(*SessionOf("MUE")->FPrivileges));
+    EXPECT_THAT(boxes.Texts, testing::ElementsAre(HasSubstr(one.Refusal)));
+    const bool helped = one.Ask != Admin && one.Ask != DBAdmin && one.Ask != Statistik;
+    EXPECT_EQ(one.Ask(*SessionOf("MUE", one.Rights)->FPrivileges), helped) << one.Refusal;
+  }
+}
+
+TEST(Session, GuestsAndViewRights) {
+  const FakeBoxes boxes;
+  EXPECT_TRUE(SessionOf("MUE")->FPrivileges->DenyGuest());
+  EXPECT_FALSE(SessionOf("Gast")->FPrivileges->DenyGuest());
+  EXPECT_THAT(boxes.Texts, testing::ElementsAre(HasSubstr("mit Gastrechten angemeldet.\r\nDiese Funktion kann")));
+  const auto session = SessionOf("MUE");
+  session->FPrivileges->InitViewRight("Noten", "Lesen");
+  session->FPrivileges->InitViewRight("Statistik", "Administrator");
+  EXPECT_TRUE(session->FPrivileges->HasRightToView("Noten", "Lesen"));
+  EXPECT_FALSE(session->FPrivileges->HasRightToView("Noten", "Schreiben"));
+  EXPECT_TRUE(session->FPrivileges->IsStatistikAdmin());
+}
+
+TEST(Session, TemporaryUsersAreCopies) {
+  const auto user = TTessaronSession::TempUser("MUE", "geheim", "Jürgen", "K.", "Müller");
+  const auto copy = TTessaronSession::TempUser(*user);
+  user->Lastname = "Meyer";
+  EXPECT_EQ(copy->Username + copy->Password + copy->Firstname + copy->Middlename + copy->Lastname,
+            "MUEgeheimJürgenK.Müller");
+  EXPECT_THROW(copy->Assign(TTessaronSession()), EVantrelAssignError);
+}
+
+TEST(Session, CertificateDataBelongToClassLeadersAndTutors) {
+  NEEDS_FIREBIRD(server,
+                 "CREATE TABLE \"KlassenZeitraeume\" (\"Mandant\" INTEGER, \"Klasse\" INTEGER, \"Zeitraum\" INTEGER,"
+                 " \"Klassenleiter1\" INTEGER, \"Klassenleiter2\" INTEGER);"
+                 "CREATE TABLE \"SchuelerZeitraeume\" (\"Mandant\" INTEGER, \"Schueler\" INTEGER,"
+                 " \"Zeitraum\" INTEGER, \"Tutor\" INTEGER); COMMIT;"
+                 "INSERT INTO \"KlassenZeitraeume\" VALUES (1, 5, 20, 42, NULL);"
+                 "INSERT INTO \"KlassenZeitraeume\" VALUES (1, 6, 20, 43, 42);"
+                 "INSERT INTO \"SchuelerZeitraeume\" VALUES (1, 300, 20, 42);");
+  const struct {
+    TGroupRight Right;
+    int Term, Class, Student;
+    bool Allowed;
+  } cases[] = {{0, 9, 9, 9, true},     {1, 9, 9, 9, true},     {4, 9, 9, 9, true},     {5, 9, 9, 9, true},
+               {6, 20, 5, 9, true},    {7, 20, 6, 9, true},    {8, 20, 9, 300, true},  {8, 21, 5, 300, false},
+               {6, 20, 9, 301, false}, {2, 20, 5, 300, false}, {3, 20, 5, 300, false}, {255, 20, 5, 300, false}};
+  for (const auto& one : cases) {
+    const FakeBoxes boxes;
+    const auto session = SessionOf("MUE", {.FGroupRight = one.Right});
+    session->FConnection = TFBUtils::GetConnection(*server.Connection(), FirebirdServer::Administrator());
+    session->FConnection->Open();
+    session->FConnection->SetParams({"User_Name=MUE"});
+    session->FTeacher = 42;
+    EXPECT_EQ(session->FPrivileges->HasRightToSaveKlassendaten(1, one.Term, one.Class, one.Student), one.Allowed);
+    EXPECT_EQ(boxes.Texts.size(), one.Allowed ? 0U : 1U);
+    session->FConnection->Close();
+    if (one.Right >= 6 && one.Right < NoGroupRight) {
+      EXPECT_THROW(session->FPrivileges->HasRightToSaveKlassendaten(1, 20, 5, 9), EDBError);
+    }
+  }
+}
+}  // namespace
