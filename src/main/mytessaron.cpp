@@ -10,12 +10,12 @@
 #include "QtText.h"
 #include "ShellTexts.h"
 #include "VantrelI18n.h"
+#include "VantrelRegistry.h"
 #include "fMain.h"
 #include "mStorage.h"
+#include "uTessaronStart.h"
 
 namespace {
-
-constexpr int ApplicationKind = 4;
 
 std::vector<std::string> Arguments() {
   std::vector<std::string> arguments;
@@ -29,14 +29,19 @@ int main(int argc, char** argv) {
   TakeHeapInLargePages();
   QApplication application(argc, argv);
   PrepareApplication(application);
+  TVantrelClassRegistry classes;
+  RegisterFoundationClasses(classes);
   TMyTessaronProject::RegisterClasses();
+  const TDesktopMsgBoxes boxes;
+  const TTessaronStart start(Arguments());
+
   QApplication::setApplicationDisplayName({});
   QApplication::setApplicationName(FromUtf8(ResourceText(ShellTexts::ApplicationTitle)));
   QApplication::setDesktopFileName("mytessaron");
-
-  const TDesktopMsgBoxes boxes;
+  // The storage module chooses its path by the kind.
+  Session->FModule = TApplicationKind::akMyTessaron;
   TDesktopDialogs dialogs;
-  const auto storageModule = CreateVantrel<TStorageModule>(ApplicationKind);
+  const auto storageModule = CreateVantrel<TStorageModule>(static_cast<int>(Session->FModule));
   auto& storage = storageModule->Storage();
   if (!storage.Damage().empty()) MsgBoxWarning(ResourceText(ShellTexts::SettingsCaption), storage.Damage());
   TDesktopMainWindow window;
