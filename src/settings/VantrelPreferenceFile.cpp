@@ -116,7 +116,7 @@ TXmlDocument ReadDocument(const std::string& fileName) {
   auto document = ParseXml(stream.ReadAll());
   const auto* root = xmlDocGetRootElement(document.get());
   if (root == nullptr || AsView(root->name) != RootTag)
-    throw EVantrelXmlError(ResourceText(SettingsTexts::NoPreferences), 0);
+    throw EVantrelXmlError(ResourceText(SettingsTexts::Damaged), 0);
   return document;
 }
 
@@ -202,8 +202,10 @@ TVantrelPreferenceFile::TVantrelPreferenceFile(std::string fileName, bool ignore
   if (FFileName.empty() || FIgnoreExisting) return;
   try {
     FDocument = ReadDocument(FFileName);
-  } catch (const EVantrelException& error) {
+  } catch (const EVantrelWin32Error& error) {
     FDamage = FormatText(SettingsTexts::SettingsUnreadable, FFileName, error.Message());
+  } catch (const EVantrelException&) {
+    FDamage = FormatText(SettingsTexts::SettingsUnreadable, FFileName, ResourceText(SettingsTexts::Damaged));
   }
 }
 
