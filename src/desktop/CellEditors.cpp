@@ -79,7 +79,7 @@ QDate DateOf(const QString& text) {
 TDateEdit::TDateEdit(QWidget* parent) : QLineEdit(parent) {
   setFrame(false);
   auto* open = addAction(ThemeIcon("view-calendar"), QLineEdit::TrailingPosition);
-  open->setToolTip(DesktopTexts::OpenCalendar);
+  open->setToolTip(UserText(DesktopTexts::OpenCalendar));
   connect(open, &QAction::triggered, this, [this] { OpenCalendar(); });
   connect(this, &QLineEdit::textEdited, this, [this](const QString& text) {
     if (text.isEmpty() || DateOf(text).isValid()) Changed();
@@ -118,8 +118,8 @@ void TDateEdit::OpenCalendar() {
   };
   connect(calendar, &QCalendarWidget::activated, this, choose);
   connect(calendar, &QCalendarWidget::clicked, this, choose);
-  auto* today = new QPushButton(DesktopTexts::Today);
-  auto* clear = new QPushButton(DesktopTexts::ClearDate);
+  auto* today = new QPushButton(UserText(DesktopTexts::Today));
+  auto* clear = new QPushButton(UserText(DesktopTexts::ClearDate));
   connect(today, &QPushButton::clicked, this, [choose] { choose(QDate::currentDate()); });
   connect(clear, &QPushButton::clicked, this, [choose] { choose({}); });
   row->addWidget(today);

@@ -9,7 +9,7 @@
 #include "VantrelGrid.h"
 
 TColumnChooser::TColumnChooser(TVantrelGrid& grid, QWidget* parent) : QDialog(parent), FList(new QListWidget) {
-  setWindowTitle(DesktopTexts::ColumnChooser);
+  setWindowTitle(UserText(DesktopTexts::ColumnChooser));
   auto* layout = new QVBoxLayout(this);
   layout->addWidget(FList);
   FList->setAccessibleName(windowTitle());

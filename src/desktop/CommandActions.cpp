@@ -32,7 +32,7 @@ QAction* TCommandActions::ActionOf(TVantrelCommand& command) {
   if (!info.Shortcut.empty()) {
     action->setShortcut(QKeySequence(FromUtf8(info.Shortcut), QKeySequence::PortableText));
     action->setToolTip(
-        QString(DesktopTexts::HintWithShortcut).arg(hint, action->shortcut().toString(QKeySequence::NativeText)));
+        UserText(DesktopTexts::HintWithShortcut).arg(hint, action->shortcut().toString(QKeySequence::NativeText)));
   }
   action->setCheckable(!info.RadioGroup.empty());
   ShowState(command, *action);

@@ -258,7 +258,7 @@ void TDesktopGrid::GotoLast() {
 
 void TDesktopGrid::ShowInfo() {
   QStringList parts;
-  if (!FView->SearchText().isEmpty()) parts << QString(DesktopTexts::Search).arg(FView->SearchText());
+  if (!FView->SearchText().isEmpty()) parts << UserText(DesktopTexts::Search).arg(FView->SearchText());
   if (FModel.FilterActive)
     for (const auto& item : FModel.Filter) parts << item.DisplayText;
   FInfo->setText(parts.join(", "));

@@ -26,7 +26,7 @@ TDesktopMainWindow::TDesktopMainWindow() : FHost(new QWidget(this)), FStatus(new
   layout->setContentsMargins(0, 0, 0, 0);
   setCentralWidget(FHost);
   statusBar()->addWidget(FStatus, 1);
-  statusBar()->setAccessibleName(DesktopTexts::StatusBar);
+  statusBar()->setAccessibleName(UserText(DesktopTexts::StatusBar));
   FStatus->setFocusPolicy(Qt::TabFocus);
   FStatus->setTextFormat(Qt::PlainText);
   FStatus->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);

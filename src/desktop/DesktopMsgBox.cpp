@@ -68,7 +68,7 @@ void AddButtons(TBox& shown, const TVantrelMsgBox& box) {
   int place = 0;
   for (const auto result : results) {
     auto* button = shown.addButton(ButtonOf(result).Standard);
-    button->setText(ButtonOf(result).Text);
+    button->setText(UserText(ButtonOf(result).Text));
     if (++place == box.DefaultButton()) shown.setDefaultButton(button);
     if (result == mbrCancel) shown.setEscapeButton(button);
   }

@@ -12,7 +12,7 @@
 #include "DesktopGrid.h"
 #include "DesktopLook.h"
 #include "DesktopMainWindow.h"
-#include "VantrelI18n.h"
+#include "QtText.h"
 #include "ViewTexts.h"
 
 namespace {
@@ -20,10 +20,6 @@ namespace {
 constexpr QSize toldMinimum(1264, 616);
 constexpr int listWidth = 300;
 constexpr int windowParts = 260;  // title bar, ribbon, status bar and taskbar
-
-QString Text(const char* text) {
-  return FromUtf8(ResourceText(text));
-}
 
 /// The view may end within its handler, and the handler with it.
 void Tell(const std::function<void()>& event) {
@@ -99,7 +95,7 @@ TDesktopStudentsView::~TDesktopStudentsView() {
 QWidget* TDesktopStudentsView::MakeStudentsPanel() {
   auto* panel = new QWidget;
   auto* layout = Column(panel);
-  auto* label = new QLabel(Text(ViewTexts::StudentsLabel));
+  auto* label = new QLabel(UserText(ViewTexts::StudentsLabel));
   label->setMargin(6);
   label->setBuddy(FStudents);
   layout->addWidget(label);
@@ -115,7 +111,7 @@ QWidget* TDesktopStudentsView::MakeAchievementSheet() {
   auto* status = new QHBoxLayout;
   layout->addLayout(status);
   auto* fit = new QToolButton;
-  fit->setText(Text(ViewTexts::FitColumns));
+  fit->setText(UserText(ViewTexts::FitColumns));
   fit->setIcon(ThemeIcon("zoom-fit-width"));
   fit->setToolTip(fit->text());
   fit->setAccessibleName(fit->text());
@@ -130,9 +126,9 @@ QWidget* TDesktopStudentsView::MakeAchievementSheet() {
 
 void TDesktopStudentsView::MakePages() {
   FPages->setDocumentMode(true);
-  FPages->addTab(MakeAchievementSheet(), Text(ViewTexts::AchievementSheet));
-  FPages->addTab(new QWidget, Text(ViewTexts::CertificateDataSheet));
-  FPages->addTab(new QWidget, Text(ViewTexts::CertificateCommentsSheet));
+  FPages->addTab(MakeAchievementSheet(), UserText(ViewTexts::AchievementSheet));
+  FPages->addTab(new QWidget, UserText(ViewTexts::CertificateDataSheet));
+  FPages->addTab(new QWidget, UserText(ViewTexts::CertificateCommentsSheet));
   QObject::connect(FPages, &QTabWidget::currentChanged, &FPanel.Receiver(), [this] { Tell(OnPageChanged); });
 }
 

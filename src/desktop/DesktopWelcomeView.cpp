@@ -7,7 +7,7 @@
 #include <algorithm>
 
 #include "DesktopLook.h"
-#include "VantrelI18n.h"
+#include "QtText.h"
 #include "ViewTexts.h"
 
 using enum TWelcomeText;
@@ -29,7 +29,7 @@ class TCard : public QWidget {
   explicit TCard(const char* heading) : FLayout(new QVBoxLayout(this)) {
     FLayout->setContentsMargins(20, 10, 20, 12);
     FLayout->setSpacing(3);
-    const QString text = FromUtf8(ResourceText(heading));
+    const QString text = UserText(heading);
     setAccessibleName(text);
     auto* label = new QLabel(text);
     SetSize(*label, UsualSize, true);
@@ -179,7 +179,7 @@ void TDesktopWelcomeView::AddMemo(QVBoxLayout& layout) {
   memo->viewport()->setAutoFillBackground(false);
   memo->setTabChangesFocus(true);
   memo->setMinimumHeight(3 * memo->fontMetrics().lineSpacing());
-  memo->setAccessibleName(FromUtf8(ResourceText(ViewTexts::DescriptionGroup)));
+  memo->setAccessibleName(UserText(ViewTexts::DescriptionGroup));
   layout.addWidget(memo, 1);
   FItems[DescriptionMemo] = std::make_unique<TDesktopMemoItem>(*memo);
 }

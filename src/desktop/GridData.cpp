@@ -154,11 +154,12 @@ class TRowBuilder {
       const auto groupEnd =
           std::find_if(begin, end, [&](int record) { return FData.DisplayText(record, ordinal) != text; });
       const QString key = parentKey + QChar('\n') + text;
-      FRows.push_back({-1, depth,
-                       QString(DesktopTexts::GroupHeading)
-                           .arg(FromUtf8(FData.Column(ordinal).Caption),
-                                text.isEmpty() ? DesktopTexts::EmptyValue : text, QString::number(groupEnd - begin)),
-                       key});
+      FRows.push_back(
+          {-1, depth,
+           UserText(DesktopTexts::GroupHeading)
+               .arg(FromUtf8(FData.Column(ordinal).Caption), text.isEmpty() ? UserText(DesktopTexts::EmptyValue) : text,
+                    QString::number(groupEnd - begin)),
+           key});
       if (!FClosed.contains(key)) AddRows(begin, groupEnd, level + 1, key);
       begin = groupEnd;
     }

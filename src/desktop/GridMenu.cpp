@@ -8,7 +8,7 @@
 
 void TDesktopGrid::AddSortActions(QMenu& menu, int ordinal) {
   const auto add = [&](const char* text, TGridSortOrder order) {
-    menu.addAction(text, this, [this, ordinal, order] { SortBy(ordinal, order, false); });
+    menu.addAction(UserText(text), this, [this, ordinal, order] { SortBy(ordinal, order, false); });
   };
   add(DesktopTexts::SortAscending, TGridSortOrder::Ascending);
   add(DesktopTexts::SortDescending, TGridSortOrder::Descending);
@@ -19,16 +19,16 @@ void TDesktopGrid::AddSortActions(QMenu& menu, int ordinal) {
 void TDesktopGrid::AddFilterActions(QMenu& menu, int ordinal) {
   if (FFocused >= 0) {
     const QString text = FModel.Data().DisplayText(FFocused, ordinal);
-    const QString shown = text.isEmpty() ? QString(DesktopTexts::EmptyValue) : text;
-    menu.addAction(QString(DesktopTexts::FilterByCell).arg(shown.left(40)), this, [this, ordinal, shown] {
+    const QString shown = text.isEmpty() ? UserText(DesktopTexts::EmptyValue) : text;
+    menu.addAction(UserText(DesktopTexts::FilterByCell).arg(shown.left(40)), this, [this, ordinal, shown] {
       const QString caption = FromUtf8(FModel.Data().Column(ordinal).Caption);
       BeginUpdate();
-      AddFilter(ordinal, Value(FFocused, ordinal), ToUtf8(QString(DesktopTexts::FilterItem).arg(caption, shown)));
+      AddFilter(ordinal, Value(FFocused, ordinal), ToUtf8(UserText(DesktopTexts::FilterItem).arg(caption, shown)));
       SetFilterActive(true);
       EndUpdate();
     });
   }
-  auto* off = menu.addAction(DesktopTexts::FilterOff, this, [this] {
+  auto* off = menu.addAction(UserText(DesktopTexts::FilterOff), this, [this] {
     BeginUpdate();
     ClearFilter();
     SetFilterActive(false);
@@ -42,9 +42,9 @@ void TDesktopGrid::AddColumnActions(QMenu& menu, int ordinal) {
   if (FModel.Options().Grouping) {
     const int groups = static_cast<int>(ColumnsInOrder(Columns(), &TGridColumn::GroupIndex).size());
     const auto& column = FModel.Data().Column(ordinal);
-    menu.addAction(DesktopTexts::GroupBy, this, [this, ordinal, groups] { GroupColumn(ordinal, groups); })
+    menu.addAction(UserText(DesktopTexts::GroupBy), this, [this, ordinal, groups] { GroupColumn(ordinal, groups); })
         ->setEnabled(column.GroupIndex < 0);
-    menu.addAction(DesktopTexts::Ungroup, this,
+    menu.addAction(UserText(DesktopTexts::Ungroup), this,
                    [this] {
                      BeginUpdate();
                      for (int i = 0; i < FModel.Data().ColumnCount(); ++i) GroupColumn(i, -1);
@@ -54,15 +54,15 @@ void TDesktopGrid::AddColumnActions(QMenu& menu, int ordinal) {
     menu.addSeparator();
   }
   if (FModel.Options().Chooser) {
-    menu.addAction(DesktopTexts::HideColumn, this, [this, ordinal] { ShowColumn(ordinal, false); })
+    menu.addAction(UserText(DesktopTexts::HideColumn), this, [this, ordinal] { ShowColumn(ordinal, false); })
         ->setEnabled(FModel.Data().Column(ordinal).InChooser);
-    menu.addAction(DesktopTexts::ChooseColumns, this, [this] { TColumnChooser(*this, this).exec(); });
+    menu.addAction(UserText(DesktopTexts::ChooseColumns), this, [this] { TColumnChooser(*this, this).exec(); });
   }
-  menu.addAction(DesktopTexts::BestFit, this, [this, ordinal] {
+  menu.addAction(UserText(DesktopTexts::BestFit), this, [this, ordinal] {
     BestFit(ordinal);
     FView->FitRows();
   });
-  menu.addAction(DesktopTexts::BestFitAll, this, [this] {
+  menu.addAction(UserText(DesktopTexts::BestFitAll), this, [this] {
     BeginBestFit();
     BestFitAll();
     EndBestFit();

@@ -21,7 +21,7 @@ TLookupEdit::TLookupEdit(std::vector<TLookupEntry> entries, QWidget* parent)
   // The text is always that of an entry; keys go through keyPressEvent.
   setReadOnly(true);
   auto* open = addAction(ThemeIcon("arrow-down"), QLineEdit::TrailingPosition);
-  open->setToolTip(DesktopTexts::OpenList);
+  open->setToolTip(UserText(DesktopTexts::OpenList));
   connect(open, &QAction::triggered, this, [this] { IsListOpen() ? CloseList() : OpenList(); });
   FillList();
   connect(FList, &QTreeWidget::itemClicked, this, [this](QTreeWidgetItem* item) {
@@ -49,7 +49,7 @@ void TLookupEdit::FillList() {
   const bool described =
       std::any_of(FEntries.begin(), FEntries.end(), [](const auto& entry) { return !entry.Description.isEmpty(); });
   FList->setColumnCount(described ? 2 : 1);
-  FList->setHeaderLabels({DesktopTexts::LookupToken, DesktopTexts::LookupDescription});
+  FList->setHeaderLabels({UserText(DesktopTexts::LookupToken), UserText(DesktopTexts::LookupDescription)});
   FList->setHeaderHidden(!described);
   for (const auto& entry : FEntries) {
     auto* item = new QTreeWidgetItem(QStringList{entry.Shown, entry.Description});

@@ -19,7 +19,7 @@ class TTabRow : public QTabBar {
   explicit TTabRow(QWidget* parent) : QTabBar(parent) {
     setDrawBase(false);
     setExpanding(false);
-    setAccessibleName(DesktopTexts::Ribbon);
+    setAccessibleName(UserText(DesktopTexts::Ribbon));
   }
 
  protected:
@@ -104,7 +104,7 @@ void TRibbonPage::Fit() {
 
 TRibbon::TRibbon(const TRibbonDescription& description, TCommandActions& actions, QWidget& window)
     : QWidget(&window), FWindow(window) {
-  setAccessibleName(DesktopTexts::Ribbon);
+  setAccessibleName(UserText(DesktopTexts::Ribbon));
   FLayout = new QVBoxLayout(this);
   FLayout->setContentsMargins(0, 0, 0, 0);
   FLayout->setSpacing(0);
@@ -146,7 +146,7 @@ TRibbon::TRibbon(const TRibbonDescription& description, TCommandActions& actions
   });
   connect(new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_F1), &window), &QShortcut::activated, this,
           [this] { SetFolded(!FFolded); });
-  FTabs->setToolTip(DesktopTexts::FoldRibbon);
+  FTabs->setToolTip(UserText(DesktopTexts::FoldRibbon));
   FKeyTips = new TKeyTips(
       window, [this] { return TabTargets(); }, [this] { return ButtonTargets(); });
   qApp->installEventFilter(this);

@@ -26,7 +26,7 @@ class TSmallDialog : public QDialog {
     FButtons->addStretch();
   }
   QVBoxLayout& Layout() { return *FLayout; }
-  QPushButton* AddButton(const char* text) {
+  QPushButton* AddButton(const QString& text) {
     auto* button = new QPushButton(text);
     button->setAutoDefault(false);
     FButtons->addWidget(button);
@@ -47,19 +47,19 @@ class TSmallDialog : public QDialog {
 }  // namespace
 
 std::string TDesktopDialogs::AskPassword() {
-  TSmallDialog dialog(DesktopTexts::PasswordTitle);
-  auto* text = new QLabel(DesktopTexts::PasswordText);
+  TSmallDialog dialog(UserText(DesktopTexts::PasswordTitle));
+  auto* text = new QLabel(UserText(DesktopTexts::PasswordText));
   auto* editor = new QLineEdit;
   editor->setEchoMode(QLineEdit::Password);
   editor->setStyleSheet("lineedit-password-character: 42");
-  editor->setAccessibleName(DesktopTexts::PasswordEdit);
+  editor->setAccessibleName(UserText(DesktopTexts::PasswordEdit));
   text->setBuddy(editor);
   dialog.Layout().addWidget(text);
   dialog.Layout().addWidget(editor);
-  auto* ok = dialog.AddButton(DesktopTexts::BoxOK);
+  auto* ok = dialog.AddButton(UserText(DesktopTexts::BoxOK));
   ok->setDefault(true);
   ok->setEnabled(false);
-  auto* cancel = dialog.AddButton(DesktopTexts::BoxCancel);
+  auto* cancel = dialog.AddButton(UserText(DesktopTexts::BoxCancel));
   QObject::connect(editor, &QLineEdit::textChanged, ok,
                    [ok](const QString& typed) { ok->setEnabled(!typed.isEmpty()); });
   QObject::connect(ok, &QPushButton::clicked, &dialog, &QDialog::accept);
@@ -69,7 +69,7 @@ std::string TDesktopDialogs::AskPassword() {
 
 void TDesktopDialogs::ShowAbout(const TAboutInfo& about) {
   constexpr int height = 220, pictureSize = 128;
-  TSmallDialog dialog(DesktopTexts::AboutTitle);
+  TSmallDialog dialog(UserText(DesktopTexts::AboutTitle));
   auto* parts = new QHBoxLayout;
   parts->setSpacing(20);
   auto* picture = new QLabel;
@@ -91,7 +91,7 @@ void TDesktopDialogs::ShowAbout(const TAboutInfo& about) {
   dialog.Layout().addLayout(parts);
   dialog.setMinimumHeight(height);
   dialog.Layout().setSizeConstraint(QLayout::SetMinimumSize);
-  auto* close = dialog.AddButton(DesktopTexts::Close);
+  auto* close = dialog.AddButton(UserText(DesktopTexts::Close));
   close->setDefault(true);
   QObject::connect(close, &QPushButton::clicked, &dialog, &QDialog::accept);
   dialog.adjustSize();

@@ -20,7 +20,7 @@ TSplashWindow::TSplashWindow(const std::string& versionText)
       FBlend(this, "windowOpacity") {
   setAttribute(Qt::WA_ShowWithoutActivating);
   setAttribute(Qt::WA_QuitOnClose, false);
-  setWindowTitle(FromUtf8(ResourceText(ShellTexts::WindowTitle)));
+  setWindowTitle(UserText(ShellTexts::WindowTitle));
   setAccessibleName(FVersion);
   const QRect room = screen()->availableGeometry();
   setFixedSize(QSize(side, side).boundedTo(room.size()));

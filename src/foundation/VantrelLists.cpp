@@ -7,6 +7,7 @@
 
 #include "FoundationTexts.h"
 #include "VantrelExceptions.h"
+#include "VantrelI18n.h"
 
 namespace {
 constexpr int MaxCapacity = 1 << 27;
@@ -22,8 +23,7 @@ TIterator DropRepeats(TIterator first, TIterator last) {
 }  // namespace
 
 void TVantrelAbstractList::CheckIndex(int index, int count) const {
-  if (index < 0 || index >= count)
-    throw EVantrelCollectionError(fmt::format(fmt::runtime(FoundationTexts::ListIndex), index));
+  if (index < 0 || index >= count) throw EVantrelCollectionError(FormatText(FoundationTexts::ListIndex, index));
 }
 
 int TVantrelAbstractList::CompareItems(const TVantrelObject* a, const TVantrelObject* b) const {
@@ -54,7 +54,7 @@ int TVantrelAbstractList::Add(TVantrelObject* item) {
   if (FDuplicates != TVantrelDuplicates::dupAccept) {
     const int present = FindDuplicate(item, place);
     if (present >= 0 && FDuplicates == TVantrelDuplicates::dupError)
-      throw EVantrelCollectionError(FoundationTexts::ListDuplicate);
+      throw EVantrelCollectionError(ResourceText(FoundationTexts::ListDuplicate));
     if (present >= 0) return present;
   }
   Insert(place, item);
@@ -94,7 +94,7 @@ TVantrelArrayList::~TVantrelArrayList() {
 
 void TVantrelArrayList::SetCapacity(int capacity) {
   if (capacity < FCount || capacity >= MaxCapacity)
-    throw EVantrelCollectionError(fmt::format(fmt::runtime(FoundationTexts::ListCapacity), capacity));
+    throw EVantrelCollectionError(FormatText(FoundationTexts::ListCapacity, capacity));
   if (capacity == FCapacity) return;
   auto items =
       capacity > 0 ? std::make_unique_for_overwrite<TVantrelObject*[]>(static_cast<std::size_t>(capacity)) : nullptr;
@@ -154,12 +154,12 @@ void TVantrelArrayList::Sort() {
 }
 
 TVantrelObject* TVantrelAbstractSequencedList::First() const {
-  if (IsEmpty()) throw EVantrelCollectionError(FoundationTexts::ListItemNotFound);
+  if (IsEmpty()) throw EVantrelCollectionError(ResourceText(FoundationTexts::ListItemNotFound));
   return Get(0);
 }
 
 TVantrelObject* TVantrelAbstractSequencedList::Last() const {
-  if (IsEmpty()) throw EVantrelCollectionError(FoundationTexts::ListItemNotFound);
+  if (IsEmpty()) throw EVantrelCollectionError(ResourceText(FoundationTexts::ListItemNotFound));
   return Get(Count() - 1);
 }
 

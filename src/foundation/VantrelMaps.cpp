@@ -8,13 +8,14 @@
 
 #include "FoundationTexts.h"
 #include "VantrelExceptions.h"
+#include "VantrelI18n.h"
 #include "VantrelTypes.h"
 
 namespace {
 constexpr int MaxBuckets = 1 << 30;
 
 std::size_t BucketsFor(int capacity) {
-  if (capacity < 0) throw EVantrelMapError(FoundationTexts::MapCapacity);
+  if (capacity < 0) throw EVantrelMapError(ResourceText(FoundationTexts::MapCapacity));
   return std::bit_ceil(static_cast<std::size_t>(std::clamp(capacity, 1, MaxBuckets)));
 }
 
@@ -60,7 +61,7 @@ bool IsKey(const TVantrelObject* held, const TVantrelObject* key) {
 
 TVantrelHashMap::TVantrelHashMap(int capacity, double loadFactor, bool itemOwner, bool keyOwner)
     : TVantrelAbstractMap(itemOwner, keyOwner), FLoadFactor(loadFactor), FBuckets(BucketsFor(capacity)) {
-  if (!(loadFactor > 0)) throw EVantrelMapError(FoundationTexts::MapLoadFactor);
+  if (!(loadFactor > 0)) throw EVantrelMapError(ResourceText(FoundationTexts::MapLoadFactor));
   UpdateThreshold();
 }
 

@@ -6,6 +6,7 @@
 
 #include "FoundationTexts.h"
 #include "VantrelExceptions.h"
+#include "VantrelI18n.h"
 #include "VantrelLists.h"
 #include "VantrelSets.h"
 #include "VantrelTypes.h"
@@ -14,7 +15,7 @@ bool TVantrelClassRegistry::FExists = false;
 
 TVantrelClassRegistry::TVantrelClassRegistry() {
   if (std::exchange(FExists, true))
-    throw EVantrelSingletonError(fmt::format(fmt::runtime(FoundationTexts::SecondInstance), "TVantrelClassRegistry"));
+    throw EVantrelSingletonError(FormatText(FoundationTexts::SecondInstance, "TVantrelClassRegistry"));
 }
 
 TVantrelClassRegistry::~TVantrelClassRegistry() {

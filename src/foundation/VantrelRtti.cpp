@@ -4,6 +4,7 @@
 
 #include "FoundationTexts.h"
 #include "VantrelExceptions.h"
+#include "VantrelI18n.h"
 #include "VantrelText.h"
 
 namespace {
@@ -46,7 +47,7 @@ std::string_view Trimmed(std::string_view text, std::string_view characters) {
 }  // namespace
 
 void RaisePropertyAccess() {
-  throw EVantrelRTTIError(FoundationTexts::PropertyAccess);
+  throw EVantrelRTTIError(ResourceText(FoundationTexts::PropertyAccess));
 }
 
 const TVantrelClass& TVantrelObject::ClassReference() const {
@@ -64,7 +65,7 @@ TVantrelClassRTTI::TVantrelClassRTTI(const TVantrelClass& classReference) : FCla
 
 const TVantrelProperty& TVantrelClassRTTI::Property(TKey key) const {
   const int index = key.FName.empty() ? key.FIndex : GetPropertyIndex(key.FName);
-  if (index < 0 || index >= PropCount()) throw EVantrelRTTIError(FoundationTexts::PropertyNotFound);
+  if (index < 0 || index >= PropCount()) throw EVantrelRTTIError(ResourceText(FoundationTexts::PropertyNotFound));
   return *FPropList[static_cast<std::size_t>(index)];
 }
 

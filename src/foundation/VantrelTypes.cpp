@@ -8,6 +8,7 @@
 #include "FoundationTexts.h"
 #include "VantrelExceptions.h"
 #include "VantrelHashes.h"
+#include "VantrelI18n.h"
 #include "VantrelNumbers.h"
 #include "VantrelText.h"
 
@@ -85,14 +86,14 @@ std::int32_t HashOf(const T& value) {
 template <std::integral T>
 T IntegerOf(std::string_view text) {
   const std::int64_t value = TextToInteger(text);
-  if (!std::in_range<T>(value)) throw EConvertError(fmt::format(fmt::runtime(FoundationTexts::NoInteger), text));
+  if (!std::in_range<T>(value)) throw EConvertError(FormatText(FoundationTexts::NoInteger, text));
   return static_cast<T>(value);
 }
 
 TCurrency CurrencyOf(std::string_view text) {
   constexpr double twoTo63 = 9223372036854775808.0;
   const double scaled = std::round(TextToFloat(text) * CurrencyScale);
-  if (!(std::abs(scaled) < twoTo63)) throw EConvertError(fmt::format(fmt::runtime(FoundationTexts::NoFloat), text));
+  if (!(std::abs(scaled) < twoTo63)) throw EConvertError(FormatText(FoundationTexts::NoFloat, text));
   return {static_cast<std::int64_t>(scaled)};
 }
 
@@ -125,11 +126,11 @@ std::int32_t HashOfValue(std::int64_t value) {
 }
 
 void TVantrelType::Read(TVantrelReader&) {
-  throw EVantrelPersistentError(FoundationTexts::NotStorable);
+  throw EVantrelPersistentError(ResourceText(FoundationTexts::NotStorable));
 }
 
 void TVantrelType::Write(TVantrelWriter&) const {
-  throw EVantrelPersistentError(FoundationTexts::NotStorable);
+  throw EVantrelPersistentError(ResourceText(FoundationTexts::NotStorable));
 }
 
 template <class T, TVantrelValueType Kind>
