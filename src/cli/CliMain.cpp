@@ -31,11 +31,9 @@ struct TCommand {
   std::size_t MostFiles;
   TCliResult (*Run)(const TArguments& files, TCliContext& context);
 };
-constexpr TCommand CommandTable[] = {{"info", 1, 1, Commands::Info},
-                                     {"check", 1, SIZE_MAX, Commands::Check},
-                                     {"convert", 2, 2, Commands::Convert},
-                                     {"diff", 2, 2, Commands::Diff},
-                                     {SampleCommand, 1, 1, Commands::Sample}};
+constexpr TCommand CommandTable[] = {{"info", 1, 1, Commands::Info},          {"check", 1, SIZE_MAX, Commands::Check},
+                                     {"convert", 2, 2, Commands::Convert},    {"diff", 2, 2, Commands::Diff},
+                                     {SampleCommand, 1, 1, Commands::Sample}, {"texts", 1, 1, Commands::Texts}};
 
 std::string FirstLine(const std::string& fileName) {
   std::ifstream file(fileName, std::ios::binary);

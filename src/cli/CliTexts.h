@@ -10,6 +10,8 @@ inline constexpr const char* Usage =
     "  convert QUELLE ZIEL     Jede Art in jede andere, nach der Endung des Ziels\n"
     "  diff ALT NEU            Was sich zwischen zwei Ständen geändert hat\n"
     "  sample ZIEL             Eine Beispieldatei herstellen\n"
+    "  texts ZIEL              Wörterbuch mit allen Texten des Programms zum Übersetzen;\n"
+    "                          eines, das es schon gibt, wird ergänzt\n"
     "\n"
     "Arten: .kvrx (XML, verschlüsselt), .kvr7 und .kvr (binär), .kvrxr (XML im Klartext);\n"
     "als Ziel auch .json (nur zum Ansehen, wird nicht wieder gelesen).\n"
@@ -51,6 +53,8 @@ inline constexpr const char* NoPasswordFile = "Die Kennwortdatei \"{}\" kann nic
 inline constexpr const char* Converted = "\"{}\" wurde als \"{}\" gespeichert.";
 
 inline constexpr const char* SampleMade = "\"{}\" wurde hergestellt: {} Schüler, {} Kurse.";
+inline constexpr const char* TextsWritten = "\"{}\" enthält nun alle {} Texte des Programms.";
+inline constexpr const char* NoDictionary = "Die Endung von \"{}\" gehört zu einer Projektdatei.";
 
 inline constexpr const char* InfoFile = "Datei";
 inline constexpr const char* InfoKind = "Art";

@@ -16,6 +16,7 @@ TCliResult Check(const TArguments& files, TCliContext& context);
 TCliResult Convert(const TArguments& files, TCliContext& context);
 TCliResult Diff(const TArguments& files, TCliContext& context);
 TCliResult Sample(const TArguments& files, TCliContext& context);
+TCliResult Texts(const TArguments& files, TCliContext& context);
 
 }  // namespace Commands
 

@@ -1,0 +1,56 @@
+#include "CliFixture.h"
+#include "ProgramTexts.h"
+#include "VantrelI18n.h"
+
+namespace {
+using TTextsTest = CliFixture;
+
+/// Puts a sign before every text of a dictionary.
+void Mark(const std::string& fileName) {
+  auto text = ReadFileText(fileName);
+  for (auto at = text.find('\n'); at != std::string::npos; at = text.find('\n', at + 1)) {
+    const auto equals = text.find('=', at);
+    if (equals != std::string::npos) text.insert(equals + 1, "*");
+  }
+  WriteFileText(fileName, text);
+}
+
+TEST_F(TTextsTest, EveryTextComesBackTranslated) {
+  const auto dictionary = FFolder / "texte.ini";
+  ASSERT_EQ(Run({"texts", dictionary}), 0);
+  Mark(dictionary);
+  I18nManager().LoadStrings(dictionary);
+  TVantrelResourceStringTable table;
+  AddProgramTexts(table);
+  for (const auto& [identifier, text] : table) {
+    const auto stored = TVantrelI18nManager::UnEscapeString(TVantrelI18nManager::EscapeString(text));
+    EXPECT_EQ(ResourceText(text), "*" + stored) << identifier;
+  }
+  // One text of each folder, one of an array and one of a table among them.
+  for (const char* text :
+       {"Zugriff verweigert.", "Wahrheitswert", "Fehler", "Kein Klassenname gefunden.",
+        "Die Datei enthält keine Einstellungen.", "Benutzer bzw. Kennwort sind falsch.", "{} not found", "Anzahl: {}",
+        "Keine Projektdatei geladen.", "&Ja", "Heftführung", "Geburtsdatum"})
+    EXPECT_EQ(ResourceText(text).starts_with('*'), std::string_view(text) != "Heftführung") << text;
+  EXPECT_EQ(Run({"info", FFolder / "fehlt.kvrx"}), 2);
+  EXPECT_EQ(Err(), "*Die Datei \"" + (FFolder / "fehlt.kvrx") + "\" existiert nicht.\n");
+  I18nManager().ClearStrings();
+}
+
+TEST_F(TTextsTest, AnExistingDictionaryIsCompleted) {
+  const auto dictionary = FFolder / "texte.ini";
+  WriteFileText(dictionary, fmt::format("[Dictionary]\n{:08X}=No\n", TVantrelI18nManager::GetStringHash("nein")));
+  ASSERT_EQ(Run({"texts", dictionary}), 0);
+  TVantrelI18nManager manager;
+  manager.LoadStrings(dictionary);
+  EXPECT_EQ(manager.Translate("nein"), "No");
+  EXPECT_THAT(ReadFileText(dictionary), testing::HasSubstr("=ja\r\n"));
+
+  const auto project = Save(Project(), "datei.kvrx");
+  const auto bytes = ReadFileText(project);
+  EXPECT_EQ(Run({"texts", project}), 2);
+  EXPECT_EQ(ReadFileText(project), bytes);
+  EXPECT_EQ(Run({"texts", FFolder / "fehlt/texte.ini"}), 2);
+  EXPECT_THAT(Err(), testing::StartsWith("Der Pfad der Datei"));
+}
+}  // namespace
