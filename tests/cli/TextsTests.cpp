@@ -1,5 +1,12 @@
+#include "CentralTexts.h"
 #include "CliFixture.h"
+#include "CliTexts.h"
+#include "FoundationTexts.h"
 #include "ProgramTexts.h"
+#include "ProjectTexts.h"
+#include "SettingsTexts.h"
+#include "StoredTexts.h"
+#include "ToolkitTexts.h"
 #include "VantrelI18n.h"
 
 namespace {
@@ -28,10 +35,11 @@ TEST_F(TTextsTest, EveryTextComesBackTranslated) {
   }
   // One text of each folder, one of an array and one of a table among them.
   for (const char* text :
-       {"Zugriff verweigert.", "Wahrheitswert", "Fehler", "Kein Klassenname gefunden.",
-        "Die Datei enthält keine Einstellungen.", "Benutzer bzw. Kennwort sind falsch.", "{} not found", "Anzahl: {}",
-        "Keine Projektdatei geladen.", "&Ja", "Heftführung", "Geburtsdatum"})
-    EXPECT_EQ(ResourceText(text).starts_with('*'), std::string_view(text) != "Heftführung") << text;
+       {FoundationTexts::AccessDenied, FoundationTexts::VariantKinds[2], ToolkitTexts::MsgBoxError,
+        StoredTexts::NoClassName, SettingsTexts::NoValue, CentralTexts::WrongLogon, ProjectTexts::OrdinalNotFound,
+        "Anzahl: {}", "Keine Projektdatei geladen.", "&Ja", CliTexts::Captions[0].Caption})
+    EXPECT_TRUE(ResourceText(text).starts_with('*')) << text;
+  EXPECT_EQ(ResourceText("Heftführung"), "Heftführung");
   EXPECT_EQ(Run({"info", FFolder / "fehlt.kvrx"}), 2);
   EXPECT_EQ(Err(), "*Die Datei \"" + (FFolder / "fehlt.kvrx") + "\" existiert nicht.\n");
   I18nManager().ClearStrings();
