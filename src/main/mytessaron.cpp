@@ -13,6 +13,8 @@
 #include "VantrelRegistry.h"
 #include "fMain.h"
 #include "mStorage.h"
+#include "uOptions.h"
+#include "uTessaron.h"
 #include "uTessaronStart.h"
 
 namespace {
@@ -34,6 +36,7 @@ int main(int argc, char** argv) {
   TMyTessaronProject::RegisterClasses();
   const TDesktopMsgBoxes boxes;
   const TTessaronStart start(Arguments());
+  const auto options = CreateVantrel<TMyTessaronOptions>(OptionsFileName, UserDataFolder);
 
   QApplication::setApplicationDisplayName({});
   QApplication::setApplicationName(FromUtf8(ResourceText(ShellTexts::ApplicationTitle)));

@@ -3,7 +3,9 @@
 #include "ShellTexts.h"
 #include "VantrelFileLauncher.h"
 #include "VantrelI18n.h"
+#include "VantrelMsgBox.h"
 #include "dialogs/fAboutDialog.h"
+#include "uOptions.h"
 
 using enum TMyTessaronViews;
 
@@ -65,8 +67,15 @@ void TMainForm::FormCreate() {
   FWindow.SetTitle(ResourceText(ShellTexts::WindowTitle));
   FWindow.SetRibbon(FCommands.Ribbon());
   UpdateBars();
+  LoadOptions();
   OpenCommandLineFile();
   UpdateStatusText();
+}
+
+void TMainForm::LoadOptions() {
+  if (Options == nullptr) return;
+  if (const auto damage = Options->Load(); !damage.empty())
+    MsgBoxWarning(ResourceText(ShellTexts::SettingsCaption), damage);
 }
 
 void TMainForm::FormShow() {
@@ -80,6 +89,7 @@ void TMainForm::FormDestroy() {
   FWindow.SetRibbon({});
   SetCurrentProject(nullptr);
   FLookupModule.reset();
+  if (Options != nullptr) Options->Save();
   MainForm = nullptr;
 }
 

@@ -65,6 +65,7 @@ class TMainForm final : public TBaseMainForm {
   bool CostsEntries(const TMyTessaronProject& project) const;
   void SetCurrentProject(TVantrelPtr<TMyTessaronProject> project);
   void AfterProjectLoaded();
+  void LoadOptions();
   void OpenCommandLineFile();
   void OpenNamedFile(const std::string& path);
   void LoadChosenFile(const std::string& path);

@@ -4,6 +4,7 @@
 #include "TempFolder.h"
 #include "VantrelExceptions.h"
 #include "fMain.h"
+#include "uOptions.h"
 
 namespace {
 
@@ -154,6 +155,19 @@ TEST_F(MainFormTest, RecentFilesAndPlacementOutliveTheRun) {
   EXPECT_EQ(FWindow.Place.Bottom, 4);
   EXPECT_EQ(FWindow.Place.State, TWindowState::Maximized);
   EXPECT_THAT(RecentNames(), ElementsAre("empty.kvrx"));
+}
+
+TEST_F(MainFormTest, OptionsAreReadAtTheStartAndWrittenAtTheEnd) {
+  const auto options = CreateVantrel<TMyTessaronOptions>(FFolder / "MyTessaron.opt", FFolder / "own");
+  WriteFileText(FFolder / "MyTessaron.opt", "kaputt");
+  Start();
+  EXPECT_THAT(FBoxes.Texts, ElementsAre(HasSubstr("MyTessaron.opt")));
+  options->RechtschreibungURL = false;
+  FForm.reset();
+  options->RechtschreibungURL = true;
+  Start();
+  EXPECT_FALSE(options->RechtschreibungURL);
+  EXPECT_EQ(FBoxes.Texts.size(), 1U);
 }
 
 TEST_F(MainFormTest, AVanishedRecentFileIsToldAndLeavesTheList) {

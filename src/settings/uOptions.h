@@ -1,0 +1,47 @@
+#pragma once
+
+#include "VantrelDataStorage.h"
+
+/// The options of the program, all about spell checking, in an XML file of their own.
+class TMyTessaronOptions final : public TVantrelDataStorage {
+ public:
+  bool RechtschreibungAktiv = true;
+  bool RechtschreibungEingabe = true;
+  bool RechtschreibungGross = true;
+  bool RechtschreibungZahl = true;
+  bool RechtschreibungEmail = true;
+  bool RechtschreibungURL = true;
+  bool RechtschreibungMischfaelle = true;
+  bool RechtschreibungWiederholt = false;
+
+  /// `fileName` is the full path of "MyTessaron.opt" in the options folder. Where that folder is missing or forbids
+  /// writing, the options lie under the same name in `ownFolder`, the user's own, and begin there with what the file in
+  /// the options folder says.
+  TMyTessaronOptions(std::string fileName, std::string ownFolder);
+  ~TMyTessaronOptions() override;
+
+  std::string_view StorageClassName() const override { return "TMyTessaronOptions"; }
+  int GetVersion() const override { return 700; }
+  std::string GetDefaultFileName() const override;
+  std::string GetFallbackFileName() const override { return FCommonFileName; }
+
+  /// Reads the options' own file; a missing one leaves the defaults. Gives what the user has to know about a file that
+  /// cannot be read, which leaves the defaults as well, else nothing.
+  std::string Load();
+  /// Writes the options' own file. Never raises: options that cannot be written are those of the file.
+  void Save() { TrySaveToFile(TVantrelDataStorageFormat::dsfXml); }
+
+  void DoCreate() override;
+  void DoClear() override;
+  void ReadData(TVantrelDataObjectReader& reader) override;
+  void WriteData(TVantrelDataObjectWriter& writer) const override;
+
+ private:
+  std::string Unreadable(std::string_view reason);
+
+  std::string FCommonFileName;
+  std::string FOwnFolder;
+};
+
+/// The options of the program; null before its start and behind its end.
+inline TMyTessaronOptions* Options = nullptr;

@@ -1,0 +1,102 @@
+#include <gmock/gmock.h>
+
+#include "InChild.h"
+#include "TempFolder.h"
+#include "uOptions.h"
+
+namespace {
+
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+class OptionsTest : public testing::Test {
+ protected:
+  auto Create() { return CreateVantrel<TMyTessaronOptions>(FCommon, FFolder / "own"); }
+
+  TempFolder FFolder;
+  std::string FCommon = FFolder / "common/MyTessaron.opt";
+  std::string FOwn = FFolder / "own/MyTessaron.opt";
+};
+
+TEST_F(OptionsTest, DefaultsBecomeAFileOfTheToldForm) {
+  std::filesystem::create_directory(FFolder / "common");
+  auto options = Create();
+  EXPECT_EQ(Options, options.get());
+  EXPECT_THAT(options->Load(), IsEmpty());
+  options->Save();
+  EXPECT_EQ(ReadFileText(FCommon),
+            "<?xml version=\"1.0\" encoding=\"utf-8\" standalone=\"yes\"?>\n<Storage>\n  <Version>700</Version>\n"
+            "  <RechtschreibungAktiv>1</RechtschreibungAktiv>\n"
+            "  <RechtschreibungEingabe>1</RechtschreibungEingabe>\n"
+            "  <RechtschreibungGross>1</RechtschreibungGross>\n"
+            "  <RechtschreibungZahl>1</RechtschreibungZahl>\n"
+            "  <RechtschreibungEmail>1</RechtschreibungEmail>\n"
+            "  <RechtschreibungURL>1</RechtschreibungURL>\n"
+            "  <RechtschreibungMischfaelle>1</RechtschreibungMischfaelle>\n"
+            "  <RechtschreibungWiederholt>0</RechtschreibungWiederholt>\n</Storage>");
+  options->RechtschreibungWiederholt = true;
+  options->RechtschreibungGross = false;
+  options->Save();
+  options.reset();
+  EXPECT_EQ(Options, nullptr);
+  options = Create();
+  EXPECT_THAT(options->Load(), IsEmpty());
+  EXPECT_TRUE(options->RechtschreibungWiederholt && options->RechtschreibungAktiv);
+  EXPECT_FALSE(options->RechtschreibungGross);
+}
+
+TEST_F(OptionsTest, NamesThatAreMissingKeepTheirDefaults) {
+  std::filesystem::create_directory(FFolder / "common");
+  WriteFileText(FCommon, "<Storage><RechtschreibungZahl>0</RechtschreibungZahl></Storage>");
+  const auto options = Create();
+  EXPECT_THAT(options->Load(), IsEmpty());
+  EXPECT_FALSE(options->RechtschreibungZahl || options->RechtschreibungWiederholt);
+  EXPECT_TRUE(options->RechtschreibungAktiv && options->RechtschreibungMischfaelle);
+}
+
+TEST_F(OptionsTest, DamageIsToldAndKept) {
+  std::filesystem::create_directory(FFolder / "common");
+  for (const std::string damaged : {"kaputt",
+                                    "<Storage><RechtschreibungZahl>0</RechtschreibungZahl>"
+                                    "<RechtschreibungEmail>vielleicht</RechtschreibungEmail></Storage>"}) {
+    WriteFileText(FCommon, damaged);
+    const auto options = Create();
+    EXPECT_THAT(options->Load(), HasSubstr(FCommon));
+    EXPECT_TRUE(options->RechtschreibungZahl);
+    options->Save();
+    EXPECT_EQ(ReadFileText(FCommon + ".beschaedigt"), damaged);
+    EXPECT_THAT(Create()->Load(), IsEmpty());
+    std::filesystem::remove(FCommon + ".beschaedigt");
+  }
+}
+
+TEST_F(OptionsTest, AFolderThatIsMissingGivesWayToTheUsersOwn) {
+  auto options = Create();
+  EXPECT_THAT(options->Load(), IsEmpty());
+  options->Save();
+  EXPECT_TRUE(std::filesystem::exists(FOwn));
+  EXPECT_FALSE(std::filesystem::exists(FCommon));
+}
+
+TEST_F(OptionsTest, AFolderThatForbidsWritingIsWhereTheUsersOwnBegin) {
+  std::filesystem::create_directory(FFolder / "common");
+  std::filesystem::create_directory(FFolder / "own");
+  WriteFileText(FCommon, "<Storage><RechtschreibungZahl>0</RechtschreibungZahl></Storage>");
+  std::filesystem::permissions(FCommon, static_cast<std::filesystem::perms>(0444));
+  std::filesystem::permissions(FFolder / "common", static_cast<std::filesystem::perms>(0555));
+  const auto run = [&](bool email) {
+    return InChildAsOrdinaryUser(FFolder.Path(), [&] {
+      const auto options = Create();
+      if (!options->Load().empty() || options->RechtschreibungZahl || !options->RechtschreibungEmail) return 1;
+      options->RechtschreibungEmail = email;
+      options->Save();
+      return 0;
+    });
+  };
+  EXPECT_EQ(run(true), 0);
+  EXPECT_THAT(ReadFileText(FOwn), HasSubstr("<RechtschreibungZahl>0"));
+  EXPECT_EQ(run(false), 0);
+  EXPECT_EQ(run(false), 1);
+}
+
+}  // namespace
