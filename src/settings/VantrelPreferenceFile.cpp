@@ -115,8 +115,7 @@ TXmlDocument ReadDocument(const std::string& fileName) {
   TVantrelFileStream stream(fileName, TVantrelFileAccessMode::famShareDenyNone, TVantrelFileOpenMode::fomOpenRead);
   auto document = ParseXml(stream.ReadAll());
   const auto* root = xmlDocGetRootElement(document.get());
-  if (root == nullptr || AsView(root->name) != RootTag)
-    throw EVantrelXmlError(ResourceText(SettingsTexts::Damaged), 0);
+  if (root == nullptr || AsView(root->name) != RootTag) throw EVantrelXmlError(ResourceText(SettingsTexts::Damaged), 0);
   return document;
 }
 

@@ -1,0 +1,58 @@
+#include <gmock/gmock.h>
+
+#include "DiskFaults.h"
+#include "PrivateConfig.h"
+#include "mStorage.h"
+#include "uOptions.h"
+
+namespace {
+
+class SettingsCrash : public testing::TestWithParam<std::tuple<TDiskFault, bool>> {
+ protected:
+  /// What the program finds at its next start: settings and options that are whole.
+  void Check() {
+    const auto options = CreateVantrel<TMyTessaronOptions>(FFolder / "MyTessaron.opt", FFolder.Path().string());
+    EXPECT_EQ(options->Load(), "");
+    const auto module = CreateVantrel<TStorageModule>(4);
+    EXPECT_EQ(module->Storage().Damage(), "");
+    EXPECT_THAT(module->Storage().ReadString("AppForm", "Value", "old"), testing::AnyOf("old", "new"));
+    EXPECT_EQ(module->Storage().ReadInteger("Other", "Value", 0), std::get<bool>(GetParam()) ? 7 : 0);
+  }
+  void Prepare() {
+    std::filesystem::remove_all(FFolder.Path().string());
+    std::filesystem::create_directory(FFolder.Path().string());
+    if (!std::get<bool>(GetParam())) return;
+    CreateVantrel<TMyTessaronOptions>(FFolder / "MyTessaron.opt", FFolder.Path().string())->Save();
+    const auto module = CreateVantrel<TStorageModule>(4);
+    module->Storage().WriteInteger("Other", "Value", 7);
+    module->Storage().WriteString("AppForm", "Value", "old");
+  }
+
+  PrivateConfig FConfig;
+  TempFolder& FFolder = FConfig.Folder;
+};
+
+TEST_P(SettingsCrash, LeavesTheOldOrTheNewOnesWhole) {
+  const std::vector<std::string> command{SETTINGS_WRITER, FFolder.Path().string(), "new"};
+  const int struck = ForEachDiskFault(
+      command, FFolder.Path().string(), std::get<TDiskFault>(GetParam()), [&] { Prepare(); },
+      [&](const TFaultyRun& run) {
+        EXPECT_EQ(run.Killed, run.Fired && std::get<TDiskFault>(GetParam()) == TDiskFault::Kill);
+        Check();
+        const auto next = RunWithFault(command, FFolder.Path().string(), TDiskFault::Kill, 10000);
+        EXPECT_EQ(next.ExitCode, 0);
+        Check();
+        std::vector<std::string> names;
+        for (const auto& file : std::filesystem::recursive_directory_iterator(FFolder.Path()))
+          names.push_back(file.path().filename());
+        EXPECT_THAT(names, testing::UnorderedElementsAre("MyTessaron.opt", "Orvenda Labs", "Registry.pref"));
+      });
+  // Both files are created, written, flushed and renamed.
+  EXPECT_GE(struck, 8);
+}
+
+INSTANTIATE_TEST_SUITE_P(Faults, SettingsCrash,
+                         testing::Combine(testing::Values(TDiskFault::Kill, TDiskFault::Full, TDiskFault::Failure),
+                                          testing::Bool()));
+
+}  // namespace
