@@ -1,9 +1,6 @@
 #include <gmock/gmock.h>
 
-#include "FakeShell.h"
-#include "TempFolder.h"
-#include "VantrelExceptions.h"
-#include "fMain.h"
+#include "MainFormFixture.h"
 #include "uOptions.h"
 
 namespace {
@@ -14,73 +11,6 @@ using testing::IsEmpty;
 using enum TMyTessaronViews;
 using enum TVantrelFileAccessMode;
 using enum TVantrelFileOpenMode;
-
-class MainFormTest : public testing::Test {
- protected:
-  void SetUp() override {
-    TMyTessaronProject::RegisterClasses();
-    for (const char* name : {"small.kvrx", "small.kvr7", "empty.kvrx", "protected.kvrx"})
-      std::filesystem::copy_file(std::filesystem::path(FIXTURES) / name, FFolder / name);
-    WriteFileText(FFolder / "damaged.kvrx", "no project");
-    WriteFileText(FFolder / "foreign.txt", "no project");
-  }
-  void TearDown() override {
-    FForm.reset();
-    EXPECT_EQ(CurrentProject, nullptr);
-    EXPECT_EQ(LookupModule, nullptr);
-    EXPECT_EQ(FDialogs.Splash, "");
-  }
-
-  void Start(std::vector<std::string> arguments = {}) {
-    FForm.reset();
-    FForm = CreateVantrel<TMainForm>(
-        TMainFormPorts{FWindow, FDialogs, FSettings, [] { return std::make_unique<FakeWelcomeUi>(); },
-                       [this]() -> std::unique_ptr<TStudentsViewUi> {
-                         if (FFailing) throw EVantrelException("no screen");
-                         return std::make_unique<FakeStudentsUi>();
-                       }},
-        std::move(arguments));
-    FWindow.OnShow();
-  }
-  void Open(const char* name) {
-    FDialogs.FileName = name == nullptr ? std::string() : FFolder / name;
-    FForm->Commands().OpenFileCommand.Execute();
-    EXPECT_FALSE(FDialogs.Waiting);
-  }
-  void SaveAs(const std::string& name) {
-    FDialogs.FileName = name;
-    FForm->Commands().SaveFileAsCommand.Execute();
-  }
-  /// Types into the first course of the students view; the editor stays open.
-  void TypeAssessment(const char* text) {
-    CurrentProject->Options().Columns().Find("Beurteilung")->Editable = true;
-    for (const char* note : {"Note1", "Note2", "Note3", "Note4", "Note5", "Endnote1", "Endnote2", "Vornote"})
-      if (auto* column = CurrentProject->Options().Columns().Find(note)) column->Visible = false;
-    for (int i = 1; i < 10; ++i)
-      if (auto* column = CurrentProject->Options().Columns().Find("Zusatznote" + std::to_string(i)))
-        column->Visible = false;
-    FForm->ShowView(viewStudents, false);
-    ASSERT_TRUE(FakeStudentsUi::Last->Courses.Type(15, text));
-  }
-  std::vector<std::string> RecentNames() {
-    std::vector<std::string> names;
-    for (const auto& item : FWindow.Recent) names.push_back(item.DisplayText);
-    return names;
-  }
-  static std::string AssessmentIn(const std::string& path) {
-    auto project = CreateVantrel<TMyTessaronProject>();
-    project->LoadForReading(path);
-    return project->CoursesByStudent(project->Students().GetItem(0)->TessaronId.Value)->GetItem(0)->Beurteilung;
-  }
-
-  TempFolder FFolder;
-  FakeBoxes FBoxes;
-  FakeSettings FSettings;
-  FakeDialogs FDialogs;
-  FakeWindow FWindow;
-  bool FFailing = false;
-  TVantrelPtr<TMainForm> FForm;
-};
 
 TEST_F(MainFormTest, StartsEmptyOrWithTheFileOfTheCommandLine) {
   Start({FFolder / "gone.kvrx"});

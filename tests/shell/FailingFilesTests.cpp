@@ -1,0 +1,225 @@
+#include <gmock/gmock.h>
+#include <sys/resource.h>
+#include <unistd.h>
+
+#include <csignal>
+
+#include "MainFormFixture.h"
+
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::StartsWith;
+using enum TVantrelFileAccessMode;
+using enum TVantrelFileOpenMode;
+
+constexpr const char* Question = "Möchten Sie die aktuelle MyTESSARON-Datei speichern?";
+constexpr const char* Damaged = "Die Datei ließ sich nicht vollständig lesen.";
+constexpr const char* LoadError = "konnte nicht geladen werden.\r\nSystem-Fehlermeldung: ";
+constexpr const char* WrongPassword = "Das angegebene Passwort ist nicht korrekt. Datei wird geschlossen.";
+constexpr const char* AnyText = "";
+constexpr const char* Silence = nullptr;
+
+constexpr auto ReadOnly = std::filesystem::perms(0444);
+
+/// Gives up the rights of the superuser, whom no permission stops.
+class TPlainUser {
+ public:
+  TPlainUser() { Become(65534); }
+  TPlainUser(const TPlainUser&) = delete;
+  TPlainUser& operator=(const TPlainUser&) = delete;
+  ~TPlainUser() { Become(0); }
+
+ private:
+  void Become(uid_t user) const {
+    if (FSuper && ::seteuid(user) != 0) std::abort();
+  }
+  bool FSuper = ::getuid() == 0;
+};
+
+/// A disk with room for so many bytes of a file.
+class TSmallDisk {
+ public:
+  explicit TSmallDisk(rlim_t bytes) : FSignal(std::signal(SIGXFSZ, SIG_IGN)) {
+    ::getrlimit(RLIMIT_FSIZE, &FBefore);
+    const rlimit limit{bytes, FBefore.rlim_max};
+    ::setrlimit(RLIMIT_FSIZE, &limit);
+  }
+  TSmallDisk(const TSmallDisk&) = delete;
+  TSmallDisk& operator=(const TSmallDisk&) = delete;
+  ~TSmallDisk() {
+    ::setrlimit(RLIMIT_FSIZE, &FBefore);
+    std::signal(SIGXFSZ, FSignal);
+  }
+
+ private:
+  sighandler_t FSignal;
+  rlimit FBefore{};
+};
+
+/// Files that do not open as they should, next to those of the main window's test.
+class FailingFilesTest : public MainFormTest {
+ protected:
+  enum class TWay { Dialog, Pane, CommandLine };
+
+  void SetUp() override {
+    MainFormTest::SetUp();
+    std::filesystem::permissions(FFolder.Path(), std::filesystem::perms::all);
+    for (const char* name : {"cut.kvr7", "cut.kvrxr", "locked.kvrx", "locked.kvr7", "locked.kvrxr", "secret.kvrx",
+                             "readonly.kvr7", "own.kvrx", "own.kvr7"})
+      Restore(name);
+    WriteFileText(FFolder / "cut.kvr7", ReadFileText(FFolder / "small.kvr7").substr(0, 2000));
+    WriteFileText(FFolder / "cut.kvrxr", ReadFileText(std::filesystem::path(FIXTURES) / "small.kvrxr").substr(0, 2000));
+    std::filesystem::permissions(FFolder / "secret.kvrx", std::filesystem::perms::none);
+    std::filesystem::permissions(FFolder / "readonly.kvr7", ReadOnly);
+  }
+  /// A sound file of that name, which everybody may write.
+  void Restore(const std::string& name) {
+    const auto fixture = "small" + std::filesystem::path(name).extension().string();
+    std::filesystem::copy_file(std::filesystem::path(FIXTURES) / fixture, FFolder / name,
+                               std::filesystem::copy_options::overwrite_existing);
+    std::filesystem::permissions(FFolder / name, std::filesystem::perms::all);
+  }
+  /// Opens the file in that way; for the pane it has been opened once before.
+  void OpenBy(TWay way, const std::string& name) {
+    if (way == TWay::Dialog) return Open(name.c_str());
+    if (way == TWay::CommandLine) return Start({FFolder / name});
+    const auto names = RecentNames();
+    const auto at = std::find(names.begin(), names.end(), name);
+    ASSERT_NE(at, names.end());
+    FWindow.OnRecentClick(static_cast<int>(at - names.begin()));
+  }
+};
+
+/// What becomes of a file that fails. One that is not read whole never takes the place of unsaved entries.
+struct TFailure {
+  const char* File;
+  const char* Password;
+  const char* Box;
+  enum { Kept, Opened, OpenedByDialog, Whole } End;
+};
+const TFailure Failures[] = {
+    {"damaged.kvrx", "", AnyText, TFailure::OpenedByDialog},
+    {"cut.kvr7", "", Silence, TFailure::Opened},
+    {"cut.kvrxr", "", Silence, TFailure::Opened},
+    {"locked.kvrx", "", LoadError, TFailure::Kept},
+    {"locked.kvr7", "", LoadError, TFailure::Kept},
+    {"locked.kvrxr", "", LoadError, TFailure::Kept},
+    {"secret.kvrx", "", LoadError, TFailure::Kept},
+    {"readonly.kvr7", "", LoadError, TFailure::Kept},
+    {"foreign.txt", "", Silence, TFailure::OpenedByDialog},
+    {"protected.kvrx", "falsch", WrongPassword, TFailure::Kept},
+    {"protected.kvrx", "", WrongPassword, TFailure::Kept},
+    {"protected.kvrx", "Geheim-Ä1", Silence, TFailure::Whole},
+};
+
+TEST_F(FailingFilesTest, AreToldAsTheyShallAndCostNoEntries) {
+  std::vector<std::unique_ptr<TVantrelFileStream>> held;
+  for (const char* name : {"locked.kvrx", "locked.kvr7", "locked.kvrxr"})
+    held.push_back(std::make_unique<TVantrelFileStream>(FFolder / name, famShareExclusive, fomOpenRead));
+  FSettings.Values["MRU:Count"] = std::to_string(std::size(Failures));
+  for (std::size_t i = 0; i < std::size(Failures); ++i)
+    FSettings.Values["MRU:File" + std::to_string(i)] = FFolder / Failures[i].File;
+  const TPlainUser plain;
+
+  for (const auto way : {TWay::CommandLine, TWay::Dialog, TWay::Pane}) {
+    for (const auto& failure : Failures) {
+      for (const bool modified : {false, true}) {
+        if (modified && way == TWay::CommandLine) continue;
+        SCOPED_TRACE(testing::Message() << failure.File << " " << failure.Password << " way " << static_cast<int>(way)
+                                        << (modified ? " modified" : ""));
+        const auto settings = FSettings.Values;
+        Start();
+        if (way != TWay::CommandLine) {
+          Open("own.kvrx");
+          FForm->Commands().StudentsViewCommand.Execute();
+          CurrentProject->Description = "Eingabe";
+          CurrentProject->SetModified(modified);
+        }
+        FBoxes.Texts.clear();
+        FDialogs.Password = failure.Password;
+        OpenBy(way, failure.File);
+
+        std::vector<std::string> texts;
+        if (modified) texts.emplace_back(Question);
+        if (failure.Box != Silence) texts.emplace_back(failure.Box);
+        const bool costs = modified && (failure.End == TFailure::Opened || failure.End == TFailure::OpenedByDialog);
+        if (costs) texts.emplace_back(Damaged);
+        const bool opens =
+            !costs && failure.End != TFailure::Kept && (way == TWay::Dialog || failure.End != TFailure::OpenedByDialog);
+        ASSERT_EQ(FBoxes.Texts.size(), texts.size()) << testing::PrintToString(FBoxes.Texts);
+        for (std::size_t i = 0; i < texts.size(); ++i) EXPECT_THAT(FBoxes.Texts[i], HasSubstr(texts[i]));
+        const bool kept = CurrentProject != nullptr && CurrentProject->Description == "Eingabe";
+        EXPECT_EQ(kept, way != TWay::CommandLine && !opens);
+        EXPECT_EQ(CurrentProject != nullptr, kept || opens);
+        if (kept) {
+          EXPECT_NE(StudentsView, nullptr);
+          EXPECT_EQ(CurrentProject->Modified(), modified);
+          FForm->Commands().GotoNextCommand.Execute();
+          FForm->Commands().SaveFileCommand.Execute();
+          EXPECT_EQ(FBoxes.Texts.size(), texts.size());
+        }
+        FBoxes.Answer = TVantrelMsgBoxResult::mbrNo;
+        FForm.reset();
+        FSettings.Values = settings;
+      }
+    }
+  }
+}
+
+TEST_F(FailingFilesTest, AFailedSaveIsToldAndLosesNothing) {
+  for (const char* name : {"own.kvrx", "own.kvr7", "own.kvrxr"}) {
+    SCOPED_TRACE(name);
+    Restore(name);
+    Start();
+    Open(name);
+    const auto path = FFolder / name, before = ReadFileText(path);
+    const auto files = FFolder.FileCount();
+    TypeAssessment("neu");
+    FForm->ShowView(TMyTessaronViews::viewWelcome, false);
+    auto& save = FForm->Commands().SaveFileCommand;
+    {
+      const TSmallDisk disk(1000);
+      save.Execute();
+    }
+    EXPECT_THAT(FBoxes.Texts, ElementsAre(StartsWith("Fehler beim Speichern der Datei.\r\n")));
+    EXPECT_TRUE(save.Enabled() && CurrentProject->Modified());
+    EXPECT_EQ(ReadFileText(path), before);
+    EXPECT_EQ(FFolder.FileCount(), files);
+    EXPECT_THROW(TVantrelFileStream(path, famShareDenyNone, fomOpenReadWrite), EVantrelFileHandleError);
+    save.Execute();
+    EXPECT_FALSE(save.Enabled());
+    EXPECT_EQ(FBoxes.Texts.size(), 1U);
+    FBoxes.Texts.clear();
+    FForm.reset();
+    EXPECT_EQ(AssessmentIn(path), "neu");
+  }
+}
+
+TEST_F(FailingFilesTest, AFileWithoutTheRightToWriteIsSavedUnderAnotherName) {
+  std::filesystem::permissions(FFolder / "own.kvrx", ReadOnly);
+  const TPlainUser plain;
+  Start();
+  Open("own.kvrx");
+  CurrentProject->SetModified(true);
+  FForm->Commands().SaveFileCommand.Execute();
+  EXPECT_THAT(FBoxes.Texts, ElementsAre(StartsWith("Fehler beim Speichern der Datei.\r\n")));
+  EXPECT_TRUE(CurrentProject->Modified());
+  SaveAs(FFolder / "anders.kvrx");
+  EXPECT_FALSE(CurrentProject->Modified());
+  EXPECT_EQ(FWindow.Status, FFolder / "anders.kvrx");
+  EXPECT_EQ(FBoxes.Texts.size(), 1U);
+}
+
+TEST_F(FailingFilesTest, TheOpenFileItselfIsNotOpenedTwice) {
+  Start();
+  Open("own.kvr7");
+  FWindow.OnRecentClick(0);
+  EXPECT_THAT(FBoxes.Texts, ElementsAre(HasSubstr(LoadError)));
+  EXPECT_EQ(FWindow.Status, FFolder / "own.kvr7");
+  EXPECT_THAT(RecentNames(), IsEmpty());
+}
+
+}  // namespace
