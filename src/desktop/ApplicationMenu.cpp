@@ -24,6 +24,11 @@ class TMenuButton : public QToolButton {
   using QToolButton::QToolButton;
 
  protected:
+  /// The arrow keys are the menu's.
+  void keyPressEvent(QKeyEvent* event) override {
+    const bool arrow = event->key() >= Qt::Key_Left && event->key() <= Qt::Key_Down;
+    arrow ? event->ignore() : QToolButton::keyPressEvent(event);
+  }
   void initStyleOption(QStyleOptionToolButton* option) const override {
     QToolButton::initStyleOption(option);
     option->text = defaultAction()->text();

@@ -1,11 +1,13 @@
 #include "CellEditors.h"
 
+#include <QAbstractTextDocumentLayout>
 #include <QAction>
 #include <QBoxLayout>
 #include <QCalendarWidget>
 #include <QKeyEvent>
 #include <QLocale>
 #include <QPushButton>
+#include <QSignalBlocker>
 #include <algorithm>
 
 #include "DesktopLook.h"
@@ -24,6 +26,53 @@ TVariant TPlainEdit::Value() const {
 
 void TPlainEdit::SetValue(const TVariant& value) {
   setText(FromUtf8(value.AsTextOrEmpty()));
+}
+
+TMemoEdit::TMemoEdit(QWidget* parent) : QPlainTextEdit(parent) {
+  setFrameShape(NoFrame);
+  setTabChangesFocus(true);
+  setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  document()->setDocumentMargin(2);
+  connect(this, &QPlainTextEdit::textChanged, this, [this] {
+    Fit(FCell);
+    Changed();
+  });
+}
+
+TVariant TMemoEdit::Value() const {
+  auto text = toPlainText();
+  if (FWindowsLines) text.replace('\n', "\r\n");
+  return text.isEmpty() ? TVariant::Null() : TVariant(ToUtf8(text));
+}
+
+void TMemoEdit::SetValue(const TVariant& value) {
+  const QSignalBlocker silent(this);
+  const auto text = FromUtf8(value.AsTextOrEmpty());
+  FWindowsLines = text.contains("\r\n");
+  setPlainText(text);
+  selectAll();
+}
+
+void TMemoEdit::Fit(const QRect& cell) {
+  FCell = cell;
+  if (cell.isEmpty()) return;
+  resize(cell.size());
+  const auto* lines = document()->documentLayout();
+  const int wanted = static_cast<int>(lines->documentSize().height()) * fontMetrics().lineSpacing() + 6;
+  const int room = parentWidget()->height();
+  const int high = std::clamp(wanted, cell.height(), std::max(room, cell.height()));
+  setGeometry(cell.x(), std::clamp(cell.y(), 0, std::max(room - high, 0)), cell.width(), high);
+  setVerticalScrollBarPolicy(wanted > high ? Qt::ScrollBarAsNeeded : Qt::ScrollBarAlwaysOff);
+}
+
+bool TMemoEdit::IsAtEdge(int key) const {
+  auto cursor = textCursor();
+  return !cursor.movePosition(key == Qt::Key_Up ? QTextCursor::Up : QTextCursor::Down);
+}
+
+void TMemoEdit::keyPressEvent(QKeyEvent* event) {
+  if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) return textCursor().insertBlock();
+  QPlainTextEdit::keyPressEvent(event);
 }
 
 TSpinEdit::TSpinEdit(double minimum, double maximum, int decimals, QWidget* parent)

@@ -2,6 +2,7 @@
 
 #include <QAbstractSpinBox>
 #include <QLineEdit>
+#include <QPlainTextEdit>
 #include <functional>
 #include <vector>
 
@@ -32,6 +33,26 @@ class TPlainEdit : public QLineEdit, public TCellEditor {
   explicit TPlainEdit(QWidget* parent);
   TVariant Value() const override;
   void SetValue(const TVariant& value) override;
+};
+
+/// Text of any number of lines; Shift or Alt with Enter begins a new one. Grows with its text as far as the room above
+/// and below allows. Line ends are written as they were read.
+class TMemoEdit : public QPlainTextEdit, public TCellEditor {
+ public:
+  explicit TMemoEdit(QWidget* parent);
+  TVariant Value() const override;
+  void SetValue(const TVariant& value) override;
+  /// Takes place over a cell.
+  void Fit(const QRect& cell);
+  /// Whether an arrow key would leave the text upwards or downwards.
+  bool IsAtEdge(int key) const;
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override;
+
+ private:
+  QRect FCell;
+  bool FWindowsLines = false;
 };
 
 /// A number or nothing, typed or stepped. With places it gives floats, without integers.

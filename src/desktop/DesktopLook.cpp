@@ -7,8 +7,37 @@
 #include <QStyleFactory>
 #include <QTranslator>
 #include <algorithm>
+#include <cmath>
 
 #include "QtText.h"
+
+namespace {
+
+double Luminance(const QColor& colour) {
+  const auto linear = [](double part) {
+    return part <= 0.03928 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
+  };
+  return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) + 0.0722 * linear(colour.blueF());
+}
+
+/// Moves the highlight away from its text, as far as needed and no further.
+void DeepenHighlight(const QPalette& palette) {
+  QPalette changed;
+  bool changes = false;
+  for (const auto group : {QPalette::Active, QPalette::Inactive}) {
+    const QColor text = palette.color(group, QPalette::HighlightedText);
+    const QColor told = palette.color(group, QPalette::Highlight);
+    const QColor away = Luminance(text) > 0.18 ? Qt::black : Qt::white;
+    QColor ground = told;
+    for (int step = 1; step <= 20 && Contrast(text, ground) < MinimumContrast; ++step)
+      ground = Blend(told, away, step * 0.05);
+    changed.setColor(group, QPalette::Highlight, ground);
+    changes = changes || ground != told;
+  }
+  if (changes) QApplication::setPalette(changed);
+}
+
+}  // namespace
 
 void PrepareApplication(QApplication& application) {
   Q_INIT_RESOURCE(pictures);
@@ -27,6 +56,12 @@ void FollowPalette(const QPalette& palette) {
   const bool dark = palette.color(QPalette::Window).lightness() < 128;
   const QString theme = dark ? "breeze-dark" : "breeze";
   if (QIcon::themeName() != theme) QIcon::setThemeName(theme);
+  DeepenHighlight(palette);
+}
+
+double Contrast(const QColor& a, const QColor& b) {
+  const auto [darker, lighter] = std::minmax(Luminance(a), Luminance(b));
+  return (lighter + 0.05) / (darker + 0.05);
 }
 
 QIcon ThemeIcon(const std::string& name) {

@@ -11,8 +11,13 @@ class QWidget;
 /// Style, icon theme and German texts of Qt itself. Called once, before the first window.
 void PrepareApplication(QApplication& application);
 
-/// Chooses the icons that can be seen on the palette: the dark variant of the theme on dark windows.
+/// Makes text and icons readable on the palette: the dark variant of the theme on dark windows, and a highlight that
+/// leaves its text a contrast of MinimumContrast at least.
 void FollowPalette(const QPalette& palette);
+inline constexpr double MinimumContrast = 4.5;
+
+/// How well two colours can be told apart, from 1 (not at all) to 21 (black and white), by their relative luminance.
+double Contrast(const QColor& a, const QColor& b);
 
 /// An icon of the theme, sharp at any size; empty for an empty name.
 QIcon ThemeIcon(const std::string& name);

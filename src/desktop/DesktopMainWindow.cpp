@@ -21,7 +21,8 @@ constexpr QSize toldMinimum(1280, 800);
 constexpr QSize designSize(1463, 1216);
 }  // namespace
 
-TDesktopMainWindow::TDesktopMainWindow() : FHost(new QWidget(this)), FStatus(new QLabel(this)) {
+TDesktopMainWindow::TDesktopMainWindow()
+    : FHost(new QWidget(this)), FStatus(new QLabel(this)), FNote(new QLabel(this)) {
   auto* layout = new QVBoxLayout(FHost);
   layout->setContentsMargins(0, 0, 0, 0);
   setCentralWidget(FHost);
@@ -30,6 +31,9 @@ TDesktopMainWindow::TDesktopMainWindow() : FHost(new QWidget(this)), FStatus(new
   FStatus->setFocusPolicy(Qt::TabFocus);
   FStatus->setTextFormat(Qt::PlainText);
   FStatus->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+  FNote->setTextFormat(Qt::PlainText);
+  FNote->setContentsMargins(0, 0, 6, 0);
+  statusBar()->addPermanentWidget(FNote);
   for (const int step : {1, -1}) {
     auto* shortcut = new QShortcut(step > 0 ? QKeySequence(Qt::Key_F6) : QKeySequence(Qt::SHIFT | Qt::Key_F6), this);
     connect(shortcut, &QShortcut::activated, this, [this, step] { GotoRegion(step); });
@@ -73,6 +77,10 @@ void TDesktopMainWindow::SetTitle(const std::string& title) {
 void TDesktopMainWindow::SetStatusText(const std::string& text) {
   FStatus->setText(FromUtf8(text));
   FStatus->setToolTip(FStatus->text());
+}
+
+void TDesktopMainWindow::SetStatusNote(const std::string& text) {
+  FNote->setText(FromUtf8(text));
 }
 
 TWindowPlacement TDesktopMainWindow::Placement() const {

@@ -21,6 +21,7 @@ class TDesktopMainWindow : public QMainWindow, public TVantrelMainWindow {
   void SetRecentItems(const std::vector<TRecentItem>& items) override;
   void SetTitle(const std::string& title) override;
   void SetStatusText(const std::string& text) override;
+  void SetStatusNote(const std::string& text) override;
   TWindowPlacement Placement() const override;
   void SetPlacement(const TWindowPlacement& placement) override;
   void Close() override { close(); }
@@ -41,5 +42,6 @@ class TDesktopMainWindow : public QMainWindow, public TVantrelMainWindow {
   TRibbon* FRibbon = nullptr;
   QWidget* FHost;
   QLabel* FStatus;
+  QLabel* FNote;
   bool FShown = false;
 };

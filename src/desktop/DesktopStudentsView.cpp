@@ -8,6 +8,7 @@
 #include <QTabBar>
 #include <QTabWidget>
 #include <QToolButton>
+#include <algorithm>
 
 #include "DesktopGrid.h"
 #include "DesktopLook.h"
@@ -38,6 +39,30 @@ QLabel* StatusLabel() {
   label->setMargin(3);
   return label;
 }
+
+/// List and pages side by side. At the told minimum the list is as wide as told; a wider window shows more of the
+/// list's columns first. Once the user has moved the handle it stays there.
+class TListSplitter : public QSplitter {
+ public:
+  explicit TListSplitter(TDesktopGrid& list) : FList(list) {
+    setChildrenCollapsible(false);
+    connect(this, &QSplitter::splitterMoved, this, [this] { FMoved = true; });
+  }
+
+ protected:
+  void resizeEvent(QResizeEvent* event) override {
+    QSplitter::resizeEvent(event);
+    if (FMoved) return;
+    const int columns = FList.View().WidthOfColumns();
+    const int more = (width() - toldMinimum.width()) * 5 / 4;
+    const int wide = std::clamp(listWidth + more, listWidth, std::max(columns, listWidth));
+    setSizes({wide, width() - wide});
+  }
+
+ private:
+  TDesktopGrid& FList;
+  bool FMoved = false;
+};
 
 /// What shows the screen: it scrolls where the window is smaller than the told minimum and the screen had more to give.
 QScrollArea* Scrolled(QWidget* content, const QWidget& window) {
@@ -75,14 +100,10 @@ TDesktopStudentsView::TDesktopStudentsView(TDesktopMainWindow& window)
   FTitleLabel->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
   layout->addWidget(FTitleLabel);
 
-  auto* splitter = new QSplitter;
+  auto* splitter = new TListSplitter(*FStudents);
   splitter->addWidget(MakeStudentsPanel());
   MakePages();
   splitter->addWidget(FPages);
-  splitter->setChildrenCollapsible(false);
-  splitter->setStretchFactor(0, 0);
-  splitter->setStretchFactor(1, 1);
-  splitter->setSizes({listWidth, toldMinimum.width() - listWidth});
   layout->addWidget(splitter, 1);
   area->setFocusProxy(&FStudents->View());
 }

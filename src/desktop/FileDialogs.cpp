@@ -1,8 +1,12 @@
 // How a project file is chosen.
+#include <QDateTime>
 #include <QDir>
 #include <QFileDialog>
+#include <QFileSystemModel>
 #include <QHeaderView>
+#include <QLocale>
 #include <QScreen>
+#include <QStyledItemDelegate>
 #include <QTreeView>
 #include <algorithm>
 
@@ -40,6 +44,24 @@ QStringList NameFilters(const std::string& filter) {
   return filters;
 }
 
+constexpr int SizeColumn = 1, DateColumn = 3;
+
+/// Sizes and dates as the program writes them: the dialog itself follows the system's language.
+class TFileFacts : public QStyledItemDelegate {
+ public:
+  using QStyledItemDelegate::QStyledItemDelegate;
+
+ protected:
+  void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
+    QStyledItemDelegate::initStyleOption(option, index);
+    const QFileInfo file(index.siblingAtColumn(0).data(QFileSystemModel::FilePathRole).toString());
+    if (index.column() == DateColumn)
+      option->text = file.lastModified().toString("dd.MM.yyyy HH:mm");
+    else if (!file.isDir())
+      option->text = QLocale().formattedDataSize(file.size());
+  }
+};
+
 void Prepare(QFileDialog& shown, const TFileDialog& told) {
   shown.setOptions(QFileDialog::DontUseNativeDialog | QFileDialog::DontConfirmOverwrite |
                    QFileDialog::HideNameFilterDetails);
@@ -52,7 +74,9 @@ void Prepare(QFileDialog& shown, const TFileDialog& told) {
   shown.setDirectory(!folder.isEmpty() && QDir(folder).exists() ? folder : QDir::homePath());
   if (!told.FileName.empty()) shown.selectFile(FromUtf8(told.FileName));
   shown.setViewMode(QFileDialog::Detail);
-  if (const auto* details = shown.findChild<QTreeView*>("treeView")) {
+  if (auto* details = shown.findChild<QTreeView*>("treeView")) {
+    for (const int column : {SizeColumn, DateColumn})
+      details->setItemDelegateForColumn(column, new TFileFacts(details));
     details->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
     details->header()->setSectionResizeMode(0, QHeaderView::Stretch);
   }

@@ -35,7 +35,7 @@ std::vector<TLookupEntry> EntriesOf(const TGridColumn& column) {
   return entries;
 }
 
-QWidget* MakeEditor(const TGridColumn& column, QWidget* parent) {
+QWidget* MakeEditor(const TGridColumn& column, bool ofLines, QWidget* parent) {
   const bool isNumber = column.Kind == TGridValueKind::Integer || column.Kind == TGridValueKind::Float;
   switch (column.Editor) {
     case TGridEditorKind::Lookup:
@@ -48,6 +48,7 @@ QWidget* MakeEditor(const TGridColumn& column, QWidget* parent) {
     case TGridEditorKind::Plain:
       break;
   }
+  if (!isNumber && ofLines) return new TMemoEdit(parent);
   if (!isNumber) return new TPlainEdit(parent);
   auto* editor = new TSpinEdit(column.Minimum, column.Maximum, column.Decimals, parent);
   editor->setButtonSymbols(QAbstractSpinBox::NoButtons);
@@ -104,7 +105,7 @@ QSize TGridDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelIn
 
 QWidget* TGridDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem&, const QModelIndex& index) const {
   const auto& column = Model().Data().Column(index.column());
-  auto* editor = MakeEditor(column, parent);
+  auto* editor = MakeEditor(column, Model().Options().RowsFollowContent, parent);
   editor->setAccessibleName(FromUtf8(column.Caption));
   editor->setAutoFillBackground(true);
   if (auto* line = qobject_cast<QLineEdit*>(editor)) line->setAlignment(AlignmentOf(column));
@@ -128,7 +129,9 @@ void TGridDelegate::setModelData(QWidget* editor, QAbstractItemModel*, const QMo
 void TGridDelegate::updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem& option,
                                          const QModelIndex&) const {
   // The frame of the focused cell stays in sight.
-  editor->setGeometry(option.rect.adjusted(2, 2, -2, -2));
+  const QRect inside = option.rect.adjusted(2, 2, -2, -2);
+  if (auto* memo = dynamic_cast<TMemoEdit*>(editor)) return memo->Fit(inside);
+  editor->setGeometry(inside);
 }
 
 void TGridDelegate::Finish(QWidget* editor, bool revert) {

@@ -85,6 +85,9 @@ bool TGridView::Leave(TGridKey key, bool backwards) {
 
 bool TGridView::EditorKey(QWidget* editor, QKeyEvent* event) {
   const TGridKey key = KeyOf(*event);
+  const auto* memo = dynamic_cast<const TMemoEdit*>(editor);
+  const bool newLine = key == TGridKey::Enter && (event->modifiers() & (Qt::ShiftModifier | Qt::AltModifier)) != 0;
+  if (memo != nullptr && newLine) return false;
   if (FEvents.OnKeyDown && FEdited.isValid()) {
     switch (FEvents.OnKeyDown(FEdited.column(), key)) {
       case TGridKeyAction::MoveDown:
@@ -108,8 +111,9 @@ bool TGridView::EditorKey(QWidget* editor, QKeyEvent* event) {
       QTableView::focusNextPrevChild(!backwards);
     return true;
   }
-  const bool plain = dynamic_cast<TPlainEdit*>(editor) != nullptr;
-  if (plain && (event->key() == Qt::Key_Up || event->key() == Qt::Key_Down)) {
+  const bool upOrDown = event->key() == Qt::Key_Up || event->key() == Qt::Key_Down;
+  const bool leaves = memo != nullptr ? memo->IsAtEdge(event->key()) : dynamic_cast<TPlainEdit*>(editor) != nullptr;
+  if (upOrDown && leaves && event->modifiers() == Qt::NoModifier) {
     FDelegate->Finish(editor, false);
     MoveRow(event->key() == Qt::Key_Up ? -1 : 1);
     return true;

@@ -61,6 +61,11 @@ int TGridView::FromPixels(int pixels) const {
   return static_cast<int>(std::lround(pixels / Scale()));
 }
 
+int TGridView::WidthOfColumns() const {
+  const int rows = verticalHeader()->isHidden() ? 0 : verticalHeader()->sizeHint().width();
+  return horizontalHeader()->length() + rows + verticalScrollBar()->sizeHint().width() + 2 * frameWidth();
+}
+
 void TGridView::FitRows() {
   const int lineHeight = fontMetrics().height();
   auto* rows = verticalHeader();

@@ -23,6 +23,8 @@ class TGridView : public QTableView {
   /// Widths of columns are told for the usual font size and grow with larger ones.
   int ToPixels(int width) const;
   int FromPixels(int pixels) const;
+  /// The pixels that the view needs to show all visible columns, with a scroll bar beside them.
+  int WidthOfColumns() const;
   /// Shows or hides the contents of the group in this row.
   void SetGroupClosed(int row, bool closed);
 

@@ -1,3 +1,4 @@
+#include <QAccessibleWidget>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QScreen>
@@ -13,10 +14,35 @@
 
 namespace {
 constexpr int shownRows = 12;
+
+/// To a screen reader it is a list to choose from, not a line that cannot be edited.
+class TLookupAccess : public QAccessibleWidget {
+ public:
+  explicit TLookupAccess(TLookupEdit& edit) : QAccessibleWidget(&edit, QAccessible::ComboBox), FEdit(edit) {}
+  QString text(QAccessible::Text kind) const override {
+    return kind == QAccessible::Value ? FEdit.text() : QAccessibleWidget::text(kind);
+  }
+  QAccessible::State state() const override {
+    auto state = QAccessibleWidget::state();
+    state.editable = state.hasPopup = state.expandable = true;
+    state.expanded = FEdit.IsListOpen();
+    state.collapsed = !state.expanded;
+    return state;
+  }
+
+ private:
+  TLookupEdit& FEdit;
+};
+
+QAccessibleInterface* MakeAccess(const QString&, QObject* object) {
+  auto* edit = dynamic_cast<TLookupEdit*>(object);
+  return edit == nullptr ? nullptr : new TLookupAccess(*edit);
 }
+}  // namespace
 
 TLookupEdit::TLookupEdit(std::vector<TLookupEntry> entries, QWidget* parent)
     : QLineEdit(parent), FEntries(std::move(entries)), FList(new QTreeWidget(this)) {
+  [[maybe_unused]] static const bool once = (QAccessible::installFactory(MakeAccess), true);
   setFrame(false);
   // The text is always that of an entry; keys go through keyPressEvent.
   setReadOnly(true);
@@ -83,6 +109,8 @@ void TLookupEdit::Mark(int entry, qsizetype typed) {
   FTyped = shown.left(typed);
   setText(shown);
   SelectRest();
+  QAccessibleValueChangeEvent told(this, shown);
+  QAccessible::updateAccessibility(&told);
   auto* item = FList->topLevelItem(entry);
   FList->clearSelection();
   FList->setCurrentItem(item);

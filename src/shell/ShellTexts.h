@@ -58,6 +58,7 @@ inline constexpr const char* FileNotFound = "Die angegebene MyTESSARON-Datei kon
 inline constexpr const char* DamagedKeepsEntries =
     "Die Datei ließ sich nicht vollständig lesen. Die geöffnete Datei bleibt mit ihren nicht gespeicherten Eingaben "
     "geöffnet.";
+inline constexpr const char* SavedAt = "Gespeichert um {:02}:{:02} Uhr";
 inline constexpr const char* SaveError = "Fehler beim Speichern der Datei.\r\n{}";
 
 inline constexpr const char* SettingsCaption = "Hinweis";

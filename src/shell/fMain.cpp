@@ -132,7 +132,9 @@ void TMainForm::UpdateBars() {
 
 void TMainForm::UpdateCommands() {
   const bool loaded = CurrentProject != nullptr;
-  TMainCommands::SetEnabled(FCommands.SaveFileCommand, loaded && CurrentProject->Modified());
+  const bool modified = loaded && CurrentProject->Modified();
+  TMainCommands::SetEnabled(FCommands.SaveFileCommand, modified);
+  if (modified) FWindow.SetStatusNote({});
   for (auto* command : {&FCommands.SaveFileAsCommand, &FCommands.StudentsViewCommand, &FCommands.SubjectsViewCommand,
                         &FCommands.ClassesViewCommand})
     TMainCommands::SetEnabled(*command, loaded);

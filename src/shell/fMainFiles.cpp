@@ -3,6 +3,7 @@
 #include <filesystem>
 
 #include "ShellTexts.h"
+#include "VantrelDateTime.h"
 #include "VantrelExceptions.h"
 #include "VantrelI18n.h"
 #include "VantrelMsgBox.h"
@@ -65,6 +66,7 @@ void TMainForm::SetCurrentProject(TVantrelPtr<TMyTessaronProject> project) {
   FFormContainer.FreeEmbeddedForm();
   CurrentProject = nullptr;
   FProject = std::move(project);
+  FWindow.SetStatusNote({});
   CurrentProject = FProject.get();
 }
 
@@ -151,6 +153,8 @@ void TMainForm::SaveFile() {
   if (CurrentProject->FileName().empty()) return SaveFileAs();
   try {
     CurrentProject->SaveFile({});
+    const auto now = DecodeDateTime(CurrentDateTime());
+    FWindow.SetStatusNote(FormatText(ShellTexts::SavedAt, now.Hour, now.Minute));
   } catch (const std::exception& error) {
     MsgBoxError(FormatText(ShellTexts::SaveError, error.what()));
   }

@@ -14,7 +14,7 @@ TMainCommands::TMainCommands(const TMainHandlers& on)
       SaveFileAsCommand(Add(ShellTexts::SaveFileAs, "document-save-as", "Ctrl+Shift+S", on.SaveFileAs)),
       CloseApplicationCommand(
           Add(ShellTexts::CloseApplication, "application-exit", "Ctrl+Alt+F4", on.CloseApplication)),
-      StudentsViewCommand(Add(ShellTexts::StudentsView, "system-users", "F9", on.ShowStudents)),
+      StudentsViewCommand(Add(ShellTexts::StudentsView, "im-user", "F9", on.ShowStudents)),
       SubjectsViewCommand(Add(ShellTexts::SubjectsView, "view-list-details", "F10", on.ShowSubjects)),
       ClassesViewCommand(Add(ShellTexts::ClassesView, "view-task", "", on.ShowClasses)),
       GotoFirstCommand(Add(ShellTexts::GotoFirst, "go-first", "", on.GotoFirst)),

@@ -15,7 +15,7 @@ struct TXmlDocumentDeleter {
 using TXmlDocument = std::unique_ptr<xmlDoc, TXmlDocumentDeleter>;
 
 /// Parses a document from memory. No network, no external entities, no entity expansion, no document type; bounded
-/// depth. Ill-formed text raises EVantrelXmlError with the parser's own text.
+/// depth. Ill-formed text raises EVantrelXmlError, which tells line and the parser's own text.
 TXmlDocument ParseXml(std::span<const std::uint8_t> bytes);
 
 /// The text without the characters that XML cannot hold.

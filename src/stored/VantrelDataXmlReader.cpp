@@ -72,8 +72,10 @@ TXmlDocument ParseXml(std::span<const std::uint8_t> bytes) {
     throw EVantrelXmlError(ResourceText(StoredTexts::DocumentType), parser->lastError.line);
   if (document == nullptr) {
     const auto& error = parser->lastError;
-    throw EVantrelXmlError(
-        error.message == nullptr ? ResourceText(StoredTexts::NoXml) : std::string(Trimmed(error.message)), error.line);
+    throw EVantrelXmlError(error.message == nullptr
+                               ? ResourceText(StoredTexts::NoXml)
+                               : FormatText(StoredTexts::IllFormedXml, error.line, Trimmed(error.message)),
+                           error.line);
   }
   return document;
 }

@@ -48,5 +48,7 @@ class TVantrelMainWindow : public TVantrelPlacedWindow {
   virtual void SetRecentItems(const std::vector<TRecentItem>& items) = 0;
   virtual void SetTitle(const std::string& title) = 0;
   virtual void SetStatusText(const std::string& text) = 0;
+  /// A quiet word at the end of the status bar; an empty one takes it away.
+  virtual void SetStatusNote(const std::string& text) = 0;
   virtual void Close() = 0;
 };

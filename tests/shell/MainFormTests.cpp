@@ -193,9 +193,11 @@ TEST_F(MainFormTest, ASaveLeavesTheOpenEditorAlone) {
   EXPECT_TRUE(FForm->Commands().SaveFileCommand.Enabled());
   FForm->Commands().SaveFileCommand.Execute();
   EXPECT_FALSE(FForm->Commands().SaveFileCommand.Enabled());
+  EXPECT_THAT(FWindow.Note, testing::MatchesRegex("Gespeichert um [0-9][0-9]:[0-9][0-9] Uhr"));
   EXPECT_TRUE(FakeStudentsUi::Last->Courses.IsEditing());
   FForm->ShowView(viewWelcome, false);
   EXPECT_TRUE(FForm->Commands().SaveFileCommand.Enabled());
+  EXPECT_EQ(FWindow.Note, "");
   FForm.reset();
   EXPECT_NE(AssessmentIn(FFolder / "small.kvrx"), "offen");
 }

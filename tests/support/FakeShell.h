@@ -16,13 +16,14 @@ class FakeWindow : public TVantrelMainWindow {
   void SetRecentItems(const std::vector<TRecentItem>& items) override { Recent = items; }
   void SetTitle(const std::string&) override {}
   void SetStatusText(const std::string& text) override { Status = text; }
+  void SetStatusNote(const std::string& text) override { Note = text; }
   TWindowPlacement Placement() const override { return Place; }
   void SetPlacement(const TWindowPlacement& placement) override { Place = placement; }
   void Close() override { OnClose(); }
 
   TRibbonDescription Ribbon;
   std::map<std::string, bool> Groups;
-  std::string Tab, Status;
+  std::string Tab, Status, Note;
   std::vector<TRecentItem> Recent;
   TWindowPlacement Place;
 };
