@@ -5,6 +5,7 @@
 #include <QBoxLayout>
 #include <QCloseEvent>
 #include <QLabel>
+#include <QPainter>
 #include <QScreen>
 #include <QShortcut>
 #include <QStatusBar>
@@ -19,10 +20,25 @@
 namespace {
 constexpr QSize toldMinimum(1280, 800);
 constexpr QSize designSize(1463, 1216);
+
+/// A line of text that shows when it has the keyboard.
+class TStatusLabel : public QLabel {
+ public:
+  using QLabel::QLabel;
+
+ protected:
+  void paintEvent(QPaintEvent* event) override {
+    QLabel::paintEvent(event);
+    if (!hasFocus()) return;
+    QPainter painter(this);
+    painter.setPen(QPen(palette().color(QPalette::Highlight), 2));
+    painter.drawRect(rect().adjusted(1, 1, -1, -1));
+  }
+};
 }  // namespace
 
 TDesktopMainWindow::TDesktopMainWindow()
-    : FHost(new QWidget(this)), FStatus(new QLabel(this)), FNote(new QLabel(this)) {
+    : FHost(new QWidget(this)), FStatus(new TStatusLabel(this)), FNote(new QLabel(this)) {
   auto* layout = new QVBoxLayout(FHost);
   layout->setContentsMargins(0, 0, 0, 0);
   setCentralWidget(FHost);

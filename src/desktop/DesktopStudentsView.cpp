@@ -56,7 +56,7 @@ class TListSplitter : public QSplitter {
     const int columns = FList.View().WidthOfColumns();
     const int more = (width() - toldMinimum.width()) * 5 / 4;
     const int wide = std::clamp(listWidth + more, listWidth, std::max(columns, listWidth));
-    setSizes({wide, width() - wide});
+    setSizes({wide, width() - handleWidth() - wide});
   }
 
  private:
