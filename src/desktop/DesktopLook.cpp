@@ -22,7 +22,7 @@ double Luminance(const QColor& colour) {
 
 /// Moves the highlight away from its text, as far as needed and no further.
 void DeepenHighlight(const QPalette& palette) {
-  QPalette changed;
+  QPalette changed = QApplication::palette();
   bool changes = false;
   for (const auto group : {QPalette::Active, QPalette::Inactive}) {
     const QColor text = palette.color(group, QPalette::HighlightedText);

@@ -32,7 +32,10 @@ TKeyTips::TKeyTips(QWidget& window, TTargets firstTargets, TTargets nextTargets)
 }
 
 void TKeyTips::Hide() {
-  for (auto* label : FLabels) label->deleteLater();
+  for (auto* label : FLabels) {
+    label->hide();
+    label->deleteLater();
+  }
   FLabels.clear();
   FLetters.clear();
   FTargets.clear();
