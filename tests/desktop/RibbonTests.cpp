@@ -145,7 +145,7 @@ TEST_F(RibbonTest, ApplicationMenuIsWorkedByKey) {
   Window.SetRecentItems({{"a.kvrx", "/x/a.kvrx"}, {"b.kvrx", "/x/b.kvrx"}});
   auto& menu = Ribbon().Menu();
   menu.ShowBelow(Tabs());
-  QTest::keyClick(&menu, Qt::Key_Right);
+  QTest::keyClick(menu.focusWidget(), Qt::Key_Right);
   QTest::keyClick(&menu.Recent(), Qt::Key_Down);
   QTest::keyClick(&menu.Recent(), Qt::Key_Return);
   EXPECT_EQ(chosen, 1);

@@ -1,0 +1,152 @@
+#include <QAccessible>
+#include <QLabel>
+#include <QMenu>
+#include <QSplitter>
+#include <QStatusBar>
+#include <QTabBar>
+#include <QTimer>
+
+#include "DesktopLook.h"
+#include "DesktopMainWindow.h"
+#include "DesktopStudentsView.h"
+#include "GridFixture.h"
+#include "Ribbon.h"
+
+namespace {
+
+/// A place among the cells: record and column.
+using TCell = std::pair<int, int>;
+
+TEST_F(GridTest, TabAndEnterGoRoundTheCells) {
+  struct TMove {
+    TCell From;
+    Qt::Key Key;
+    Qt::KeyboardModifiers Modifiers;
+    TCell To;
+  };
+  const TMove moves[] = {{{0, Name}, Qt::Key_Tab, {}, {0, Grade}},
+                         {{0, Result}, Qt::Key_Tab, {}, {1, Name}},
+                         {{1, Name}, Qt::Key_Backtab, Qt::ShiftModifier, {0, Result}},
+                         {{0, Absences}, Qt::Key_Return, {}, {0, Result}},
+                         {{0, Result}, Qt::Key_Enter, {}, {1, Name}},
+                         {{1, Grade}, Qt::Key_Return, {}, {2, Grade}},
+                         {{2, Grade}, Qt::Key_Return, {}, {2, Grade}},
+                         {{1, Grade}, Qt::Key_Right, {}, {1, Absences}}};
+  for (const bool editing : {false, true}) {
+    for (const auto& move : moves) {
+      if (editing && move.From.second == Name) continue;
+      FocusCell(move.From.first, move.From.second);
+      if (editing) Key(Qt::Key_F4);
+      EXPECT_EQ(Grid.IsEditing(), editing);
+      Key(move.Key, move.Modifiers);
+      EXPECT_EQ(TCell(Grid.FocusedRecord(), Grid.FocusedColumn()), move.To) << move.Key << editing;
+      EXPECT_FALSE(Grid.IsEditing());
+    }
+  }
+  EXPECT_TRUE(Source.Written.empty());
+}
+
+TEST_F(GridTest, TheMenuKeyOffersWhatCanBeDoneWithTheCell) {
+  QStringList offered;
+  QTimer::singleShot(0, [&] {
+    auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    ASSERT_NE(menu, nullptr);
+    for (const auto* action : menu->actions()) offered << action->text();
+    menu->setActiveAction(menu->actions().at(1));
+    QTest::keyClick(menu, Qt::Key_Return);
+  });
+  FocusCell(0, Name);
+  QContextMenuEvent event(QContextMenuEvent::Keyboard, QPoint(), QPoint());
+  QApplication::sendEvent(Grid.View().viewport(), &event);
+  EXPECT_TRUE(offered.contains("Alle Spaltenbreiten anpassen"));
+  EXPECT_EQ(Grid.Columns()[Name].SortOrder, TGridSortOrder::Descending);
+}
+
+TEST_F(GridTest, TextsOfSeveralLinesKeepThem) {
+  auto options = Grid.Options();
+  options.RowsFollowContent = true;
+  Grid.SetOptions(options);
+  TGridColumn text{"text", "Beurteilung"};
+  const int ordinal = Grid.AddColumn(text);
+  for (auto& row : Source.Rows) row->Cells.emplace_back("eins\r\nzwei");
+  FocusCell(1, ordinal);
+  Key(Qt::Key_F2);
+  ASSERT_NE(dynamic_cast<TMemoEdit*>(Keyboard()), nullptr);
+  Key(Qt::Key_End, Qt::ControlModifier);
+  Key(Qt::Key_Return, Qt::ShiftModifier);
+  Type("drei");
+  EXPECT_GT(Keyboard()->height(), 2 * Keyboard()->fontMetrics().height());
+  Key(Qt::Key_Up);
+  Key(Qt::Key_Up);
+  EXPECT_TRUE(Grid.IsEditing());
+  EXPECT_EQ(Source.Rows[1]->Cells.back(), TVariant("eins\r\nzwei\r\ndrei"));
+  Key(Qt::Key_Up);
+  EXPECT_EQ(Grid.FocusedRecord(), 0);
+  EXPECT_EQ(Source.Rows[1]->Cells.back(), TVariant("eins\r\nzwei\r\ndrei"));
+  Key(Qt::Key_F2);
+  Key(Qt::Key_Escape);
+  EXPECT_EQ(Source.Rows[0]->Cells.back(), TVariant("eins\r\nzwei"));
+}
+
+TEST_F(GridTest, ALookupIsAListToAScreenReader) {
+  FocusCell(1, Grade);
+  Key(Qt::Key_F4);
+  auto* access = QAccessible::queryAccessibleInterface(Keyboard());
+  ASSERT_NE(access, nullptr);
+  EXPECT_EQ(access->role(), QAccessible::ComboBox);
+  EXPECT_FALSE(access->state().readOnly);
+  EXPECT_TRUE(access->state().expanded);
+  EXPECT_EQ(access->text(QAccessible::Value), "15");
+}
+
+TEST(DesktopLookTest, SelectedTextIsReadableOnEveryPalette) {
+  const QPalette before = QApplication::palette();
+  for (const auto& [ground, text] :
+       {std::pair(QColor(61, 174, 233), QColor(Qt::white)), std::pair(QColor(40, 90, 120), QColor(Qt::black)),
+        std::pair(QColor(48, 140, 198), QColor(252, 252, 252))}) {
+    QPalette palette = before;
+    palette.setColor(QPalette::Highlight, ground);
+    palette.setColor(QPalette::HighlightedText, text);
+    QApplication::setPalette(palette);
+    FollowPalette(palette);
+    const QPalette now = QApplication::palette();
+    EXPECT_EQ(now.color(QPalette::HighlightedText), text);
+    EXPECT_GE(Contrast(now.color(QPalette::Highlight), text), MinimumContrast);
+  }
+  QApplication::setPalette(before);
+  EXPECT_NEAR(Contrast(Qt::black, Qt::white), 21, 0.01);
+}
+
+TEST(DesktopWindowTest, F6GoesRoundTheRegionsAndTheListTakesWhatTheWindowHasToSpare) {
+  TDesktopMainWindow window;
+  TVantrelCommands commands;
+  TRibbonDescription ribbon;
+  ribbon.Tabs = {{"tab", "Start", {}}};
+  window.SetRibbon(ribbon);
+  window.SetStatusNote("Gespeichert um 19:42 Uhr");
+  window.setMinimumSize(0, 0);
+  window.resize(1800, 900);
+  window.show();
+  TDesktopStudentsView view(window);
+  view.StudentsGrid().AddColumn({"name", "Name"});
+  view.AchievementsGrid().AddColumn({"fach", "Fach"});
+  view.SetVisible(true);
+  QTest::qWait(1);
+  auto* list = &dynamic_cast<TDesktopGrid&>(view.StudentsGrid()).View();
+  auto* grid = &dynamic_cast<TDesktopGrid&>(view.AchievementsGrid()).View();
+  EXPECT_EQ(list->parentWidget()->width(), 300);
+  list->setFocus();
+  auto* bar = window.statusBar()->findChild<QLabel*>();
+  for (QWidget* region : std::initializer_list<QWidget*>{grid, bar, &window.Ribbon().Tabs(), list}) {
+    QTest::keyClick(&window, Qt::Key_F6);
+    EXPECT_EQ(QApplication::focusWidget(), region);
+  }
+  QTest::keyClick(&window, Qt::Key_F6, Qt::ShiftModifier);
+  EXPECT_EQ(QApplication::focusWidget(), &window.Ribbon().Tabs());
+  for (int i = 0; i < 5; ++i) view.StudentsGrid().AddColumn({"mehr", "Mehr"});
+  window.resize(1400, 900);
+  QTest::qWait(1);
+  EXPECT_GT(list->parentWidget()->width(), 400);
+}
+
+}  // namespace
