@@ -99,7 +99,7 @@ bool ReadDigits(std::string_view text, int& value) {
 int RequiredNumber(std::string_view text, std::size_t first, std::size_t count) {
   int value = 0;
   if (ReadDigits(Slice(text, first, count), value)) return value;
-  throw EConvertError(FormatText(FoundationTexts::NoDate, text));
+  throw EVantrelDateTimeError(FormatText(FoundationTexts::NoDate, text));
 }
 
 int NumberOrZero(std::string_view text) {
@@ -216,7 +216,7 @@ TDateTime TextToDateTime(std::string_view text) {
   try {
     return EncodeDateTime(parts);
   } catch (const EVantrelDateTimeError&) {
-    throw EConvertError(FormatText(FoundationTexts::NoDate, text));
+    throw EVantrelDateTimeError(FormatText(FoundationTexts::NoDate, text));
   }
 }
 

@@ -46,8 +46,8 @@ std::string TimeToShortText(TDateTime value);
 /// that local time.
 std::string TimeToOffsetText(TDateTime value);
 std::string DateTimeToOffsetText(TDateTime value);
-/// Reads the three forms above by fixed positions, shorter texts too; all parts 0 gives 0. Raises EConvertError for
-/// a text that has no numbers where they must stand or is no date.
+/// Reads the three forms above by fixed positions, shorter texts too; all parts 0 gives 0. Raises EVantrelDateTimeError
+/// for a text that has no numbers where they must stand or is no date.
 TDateTime TextToDateTime(std::string_view text);
 
 /// dd.mm.yyyy, as the user reads it.

@@ -53,8 +53,9 @@ class TVantrelType : public TVantrelPersistent {
 class TVantrelSimpleType : public TVantrelType {
  public:
   virtual std::string AsString() const = 0;
-  /// Raises EConvertError for a text that is no value of the type. A Boolean reads "J" in either case as true and
-  /// all else as false; a character is taken from a text of one UTF-16 unit only, else the value stays.
+  /// Raises EConvertError for a text that is no value of the type, EVantrelDateTimeError for one that is no date. A
+  /// Boolean reads "J" in either case as true and all else as false; a character is taken from a text of one UTF-16
+  /// unit only, else the value stays.
   virtual void SetAsString(std::string_view text) = 0;
 };
 

@@ -98,7 +98,7 @@ class TVantrelPreferenceKeys {
 };
 
 /// A preference store in an XML file, whose name ends in ".pref". Backslash and slash separate the names of a path
-/// alike. A malformed number, date or GUID raises EConvertError on reading.
+/// alike. A malformed number or GUID raises EConvertError on reading, a malformed date EVantrelDateTimeError.
 class TVantrelXMLPreferences final : public TVantrelAbstractPreferences {
  public:
   /// As TVantrelPreferenceFile.

@@ -7,7 +7,8 @@
 #include "VantrelDataIO.h"
 
 /// The texts of scalar values in the forms that are text. One pair per operation of writer and reader: WriteX puts
-/// the text into the buffer and returns it, ParseX reads it back, raising EConvertError for a text that is none.
+/// the text into the buffer and returns it, ParseX reads it back, raising EConvertError for a text that is none,
+/// EVantrelDateTimeError for one that is no date.
 namespace ScalarTexts {
 
 struct TBuffer {

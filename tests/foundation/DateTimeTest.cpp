@@ -61,7 +61,7 @@ TEST(DateTime, ShorterAndOddTextsAreReadByPosition) {
   EXPECT_EQ(TextToDateTime("0000-00-00T00:00:00.000Z"), 0);
   for (const char* text : {"", "abcd", "2008-", "2008-5-03", "2008-05-0", "2008-05-03T1", "2008-05-03T18:3x",
                            "2008-13-01", "2008-02-30", "0000-01-01", "12:30:00.000Z", "2008-05-03T18:30:15.1234Z"}) {
-    EXPECT_THROW(TextToDateTime(text), EConvertError) << text;
+    EXPECT_THROW(TextToDateTime(text), EVantrelDateTimeError) << text;
   }
 }
 

@@ -76,6 +76,11 @@ TEST(FileSystem, AttributesAndTimes) {
   TSystem::SetLastAccessTimeUtc(name, 30000.25);
   EXPECT_DOUBLE_EQ(TSystem::GetLastAccessTimeUtc(name), 30000.25);
   EXPECT_DOUBLE_EQ(TSystem::GetCreationTimeUtc(name), created);
+  TSystem::SetTime(name, TVantrelFileTimeInfo::ftimeLastAccess, 30000.5);
+  EXPECT_DOUBLE_EQ(TSystem::GetTime(name, TVantrelFileTimeInfo::ftimeLastAccess), 30000.5);
+  TSystem::SetLastWriteTimeUtc(name, 30000.75);
+  EXPECT_DOUBLE_EQ(TSystem::GetLastWriteTimeUtc(name), 30000.75);
+  EXPECT_EQ(TSystem::GetFileMode(folder / "fehlt"), TVantrelFileMode::fmodeUnknown);
   EXPECT_THROW(TSystem::SetCreationTime(name, created), EVantrelFileSystemError);
 }
 
@@ -86,8 +91,13 @@ TEST(FileSystem, DisksAndDriveLetters) {
   EXPECT_NE(drive.VolumeInfo().FileSystemName, "");
   EXPECT_EQ(TSystem::GetDriveType("/fehlt/ganz"), TVantrelDriveType::dtypeNoRootDir);
   EXPECT_FALSE(TSystem::IsRemote("/proc"));
+  EXPECT_THAT(TSystem::GetDrives(), testing::Contains("/"));
   EXPECT_TRUE(TSystem::HasDriveLetter("C:\\f"));
   EXPECT_EQ(ErrorOf<EVantrelFileSystemError>([] { TSystem::GetLogicalDriveList(); }),
             "Systemfehler (Fehlercode: 50).\r\nAuf diesem System gibt es keine Laufwerksbuchstaben.");
+  EXPECT_THROW(TSystem::GetDriveLetter("C:"), EVantrelFileSystemError);
+  EXPECT_THROW(TSystem::QueryDosDevice("C:"), EVantrelFileSystemError);
+  EXPECT_THROW(TSystem::SetVolumeLabel("/", "x"), EVantrelFileSystemError);
+  EXPECT_THROW(TSystem::DeleteFileAfterReboot("/f"), EVantrelFileSystemError);
 }
 }  // namespace

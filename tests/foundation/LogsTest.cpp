@@ -87,6 +87,23 @@ TEST(Logs, ManagerPassesKnownNamespacesToEveryTarget) {
   EXPECT_EQ(errors, "kaputtkaputt");
 }
 
+TEST(Logs, ConsoleAndDebuggerGetLines) {
+  TVantrelLogManager manager;
+  auto console = CreateVantrel<TVantrelConsoleLog>();
+  console->SetEntryLimit(1);
+  manager.AddLog(std::move(console));
+  manager.AddLog(CreateVantrel<TVantrelDebuggerLog>());
+  manager.AddNamespace("Projekt");
+  testing::internal::CaptureStdout();
+  testing::internal::CaptureStderr();
+  for (const char* text : {"eins", "zwei"}) manager.AddEntry(letError, text, "Projekt", Evening, "beck");
+  manager.ClearNamespaces();
+  manager.AddEntry(letError, "drei", "Projekt");
+  const std::string head = "03.05.2008 18:00.00 - [Projekt] [beck] [ERROR] ";
+  EXPECT_EQ(testing::internal::GetCapturedStdout(), head + "eins\n*** Log limit reached ***\n");
+  EXPECT_EQ(testing::internal::GetCapturedStderr(), head + "eins\n" + head + "zwei\n");
+}
+
 TEST(Logs, ConfigurationMakesTargetsAndNamespaces) {
   const std::string folder = testing::TempDir() + "logs/";
   std::filesystem::remove_all(folder);

@@ -56,6 +56,32 @@ TEST(FilePath, ChangesParts) {
   EXPECT_EQ(TPath::GetDisplayName("/a/b/"), "b");
 }
 
+TEST(FilePath, DelimitersAndRoots) {
+  const struct {
+    const char *Path, *Added, *Removed, *WithoutLeading;
+    bool IsPath, IsRooted, IsRoot;
+  } cases[] = {{"/", "/", "", "", true, true, true},
+               {"C:\\", "C:\\", "C:", "C:\\", true, true, true},
+               {"C:\\a", "C:\\a\\", "C:\\a", "C:\\a", true, true, false},
+               {"\\a", "\\a\\", "\\a", "a", true, false, false},
+               {"/a/", "/a/", "/a", "a/", true, true, false},
+               {"a", "a/", "a", "a", false, false, false},
+               {"", "/", "", "", false, false, false}};
+  for (const auto& one : cases) {
+    SCOPED_TRACE(one.Path);
+    EXPECT_EQ(TPath::AddTrailingPathDelimiter(one.Path), one.Added);
+    EXPECT_EQ(TPath::RemoveTrailingPathDelimiter(one.Path), one.Removed);
+    EXPECT_EQ(TPath::RemoveLeadingPathDelimiter(one.Path), one.WithoutLeading);
+    EXPECT_EQ(TPath::IsPath(one.Path), one.IsPath);
+    EXPECT_EQ(TPath::IsPathRooted(one.Path), one.IsRooted);
+    EXPECT_EQ(TPath::IsRoot(one.Path), one.IsRoot);
+    EXPECT_EQ(TPath::GetLongPath(TPath::GetShortPath(one.Path)), one.Path);
+  }
+  EXPECT_EQ(TPath::AddTrailingHTTPPathDelimiter("http://a"), "http://a/");
+  EXPECT_EQ(TPath::GetGuidFileName("/a", "kvr").size(), std::string_view("/a/.kvr").size() + 36);
+  EXPECT_TRUE(TVantrelFileSystem::IsDirectory(TPath::GetTempPath()));
+}
+
 TEST(FilePath, RelativePaths) {
   const char* cases[][3] = {{"/a/b", "/a/c/f", "../c/f"}, {"C:\\A", "c:\\a\\f", "f"}, {"/a", "/a", "."},
                             {"C:\\a", "D:\\a", "D:\\a"},  {"/a/b/c", "/a", "../.."},  {"/a", "b", "b"}};

@@ -107,6 +107,13 @@ TEST(ClassRtti, TellsTypes) {
   EXPECT_EQ(rtti.GetPropertyEnumValue("Side", "sdBottom"), -1);
   EXPECT_EQ(rtti.GetPropertySetEnumTypeName("Sides"), "TSide");
   EXPECT_EQ(rtti.GetPropertySetEnumValue("Sides", "sdTop"), 1);
+  EXPECT_EQ(rtti.GetPropertySetEnumName("Sides", 2), "sdRight");
+  EXPECT_EQ(rtti.GetPropertySetEnumTypeKind("Sides"), TVantrelTypeKind::tkEnumeration);
+  EXPECT_EQ(rtti.GetPropertySetEnumOrdType("Sides"), TVantrelOrdType::otUByte);
+  EXPECT_EQ(rtti.GetPropertySetEnumOrdMinValue("Sides"), 0);
+  EXPECT_EQ(rtti.GetPropertySetEnumOrdMaxValue("Sides"), 2);
+  EXPECT_EQ(rtti.GetPropertyTypeName(3), "TSide");
+  EXPECT_EQ(rtti.GetPropertyInt64MinValue("Big"), std::numeric_limits<std::int64_t>::min());
   EXPECT_THROW(rtti.GetPropertyEnumName("Side", 3), EVantrelRTTIError);
   EXPECT_THROW(rtti.GetPropertyFloatType("Tag"), EVantrelRTTIError);
   EXPECT_THROW(rtti.GetPropertyOrdType("Big"), EVantrelRTTIError);

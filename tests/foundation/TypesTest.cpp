@@ -74,7 +74,7 @@ TEST(SimpleTypes, OddTexts) {
   EXPECT_THROW(TVantrelLongWord().SetAsString("-1"), EConvertError);
   EXPECT_THROW(TVantrelDouble().SetAsString("x"), EConvertError);
   EXPECT_THROW(TVantrelCurrency().SetAsString("1e30"), EConvertError);
-  EXPECT_THROW(TVantrelDateTime().SetAsString("morgen"), EConvertError);
+  EXPECT_THROW(TVantrelDateTime().SetAsString("morgen"), EVantrelDateTimeError);
   EXPECT_THROW(TVantrelLongInt().Assign(TVantrelInt64()), EVantrelAssignError);
 }
 
@@ -119,6 +119,28 @@ TEST(Binary, IsEqualByStreamAndStoresItsBytes) {
   EXPECT_FALSE(holder.Equals(&other));
   Store(holder, stored);
   EXPECT_EQ(stored.Value()->Size(), 0);
+}
+
+TEST(Graphic, IsEqualToThePictureItHolds) {
+  auto picture = CreateVantrel<TBitmap>();
+  TVantrelMemoryStream bytes({1, 2, 3});
+  picture->LoadFromStream(bytes, 3);
+  TBitmap* const held = picture.get();
+  TVantrelBitmap holder, other;
+  TVantrelIcon icon;
+  EXPECT_EQ(holder.GetHashCode(), 0);
+  EXPECT_FALSE(holder.Equals(nullptr));
+  holder.SetValue(std::move(picture));
+  EXPECT_TRUE(holder.Equals(held));
+  EXPECT_FALSE(holder.Equals(&holder));
+  Store(holder, other);
+  EXPECT_EQ(static_cast<TBitmap*>(other.Value())->Bytes(), held->Bytes());
+  EXPECT_FALSE(other.Equals(held));
+  icon.SetValue(holder.Extract());
+  EXPECT_FALSE(icon.Equals(held));
+  EXPECT_EQ(holder.Value(), nullptr);
+  Store(holder, other);
+  EXPECT_EQ(other.Value(), nullptr);
 }
 
 }  // namespace

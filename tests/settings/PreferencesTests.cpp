@@ -155,9 +155,9 @@ TEST(XmlPreferences, ReadsTextsAsTheyStand) {
   EXPECT_EQ(store.ReadString("empty", "d"), "d");
   for (const auto& read : std::initializer_list<std::function<void()>>{
            [&] { store.ReadInteger("bad", 0); }, [&] { store.ReadInteger("big", 0); },
-           [&] { store.ReadFloat("bad", 0); }, [&] { store.ReadDateTime("bad", 0); },
-           [&] { store.ReadGuid("bad", {}); }})
+           [&] { store.ReadFloat("bad", 0); }, [&] { store.ReadGuid("bad", {}); }})
     EXPECT_NE(ErrorOf<EConvertError>(read), "");
+  EXPECT_THROW(store.ReadDateTime("bad", 0), EVantrelDateTimeError);
   EXPECT_EQ(store.ReadChar("bad", u' '), u'1');
   std::vector<std::string> names;
   store.GetKeyNames(names);

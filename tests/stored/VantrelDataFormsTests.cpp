@@ -90,7 +90,7 @@ TEST_F(DataFormsTest, ScalarsInThreeForms) {
       const auto text = TextOf(*FDocument, form);
       if (form == TFormat::dsfJson && astral) continue;
       if (form != TFormat::dsfBinary && std::string_view(scalar.Type) == "Time") {
-        EXPECT_THROW(LoadText(*FDocument, text, form), EConvertError);
+        EXPECT_THROW(LoadText(*FDocument, text, form), EVantrelDateTimeError);
       } else {
         LoadText(*FDocument, text, form);
       }
