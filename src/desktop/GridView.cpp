@@ -68,20 +68,26 @@ int TGridView::WidthOfColumns() const {
 
 void TGridView::FitRows() {
   const int lineHeight = fontMetrics().height();
-  auto* rows = verticalHeader();
-  rows->setDefaultSectionSize(lineHeight + 8);
-  if (!FModel.Options().RowsFollowContent) return;
-  for (int row = 0; row < FModel.rowCount(); ++row) {
-    int height = lineHeight;
-    for (int column = 0; column < FModel.columnCount() && FModel.RecordAt(row) >= 0; ++column) {
-      if (isColumnHidden(column) || FModel.Data().Column(column).Kind != TGridValueKind::Text) continue;
-      const QString text = FModel.Data().DisplayText(FModel.RecordAt(row), column);
-      const int room = columnWidth(column) - 8;
-      if (!text.contains('\n') && fontMetrics().horizontalAdvance(text) <= room) continue;
-      height = std::max(height, fontMetrics().boundingRect(QRect(0, 0, room, 10000), Qt::TextWordWrap, text).height());
-    }
-    if (rows->sectionSize(row) != height + 8) rows->resizeSection(row, height + 8);
+  verticalHeader()->setDefaultSectionSize(lineHeight + 8);
+  for (int row = 0; row < FModel.rowCount() && FModel.Options().RowsFollowContent; ++row) FitRow(row);
+}
+
+void TGridView::FitRow(int row) {
+  int height = fontMetrics().height();
+  for (int column = 0; column < FModel.columnCount() && FModel.RecordAt(row) >= 0; ++column) {
+    if (isColumnHidden(column) || FModel.Data().Column(column).Kind != TGridValueKind::Text) continue;
+    const QString text = FModel.Data().DisplayText(FModel.RecordAt(row), column);
+    const int room = columnWidth(column) - 8;
+    if (!text.contains('\n') && fontMetrics().horizontalAdvance(text) <= room) continue;
+    height = std::max(height, fontMetrics().boundingRect(QRect(0, 0, room, 10000), Qt::TextWordWrap, text).height());
   }
+  auto* rows = verticalHeader();
+  if (rows->sectionSize(row) != height + 8) rows->resizeSection(row, height + 8);
+}
+
+void TGridView::dataChanged(const QModelIndex& first, const QModelIndex& last, const QList<int>& roles) {
+  QTableView::dataChanged(first, last, roles);
+  for (int row = first.row(); row <= last.row() && FModel.Options().RowsFollowContent; ++row) FitRow(row);
 }
 
 void TGridView::SetGroupClosed(int row, bool closed) {

@@ -65,11 +65,13 @@ class TGridView : public QTableView {
   void contextMenuEvent(QContextMenuEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
   void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
+  void dataChanged(const QModelIndex& first, const QModelIndex& last, const QList<int>& roles) override;
   void changeEvent(QEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
 
  private:
   double Scale() const;
+  void FitRow(int row);
   bool MayEdit(int ordinal) const;
   bool TakeKey(QKeyEvent* event);
   bool TakeGroupKey(QKeyEvent* event);

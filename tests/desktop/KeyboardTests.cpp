@@ -83,6 +83,7 @@ TEST_F(GridTest, TextsOfSeveralLinesKeepThem) {
   Key(Qt::Key_Up);
   EXPECT_EQ(Grid.FocusedRecord(), 0);
   EXPECT_EQ(Source.Rows[1]->Cells.back(), TVariant("eins\r\nzwei\r\ndrei"));
+  EXPECT_GT(Grid.View().rowHeight(1), Grid.View().rowHeight(0));
   Key(Qt::Key_F2);
   Key(Qt::Key_Escape);
   EXPECT_EQ(Source.Rows[0]->Cells.back(), TVariant("eins\r\nzwei"));
