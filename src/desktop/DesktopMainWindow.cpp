@@ -9,6 +9,7 @@
 #include <QScreen>
 #include <QShortcut>
 #include <QStatusBar>
+#include <QStyle>
 #include <algorithm>
 
 #include "ApplicationMenu.h"
@@ -111,7 +112,9 @@ TWindowPlacement TDesktopMainWindow::Placement() const {
 void TDesktopMainWindow::SetPlacement(const TWindowPlacement& placement) {
   QRect wanted(placement.Left, placement.Top, placement.Right - placement.Left, placement.Bottom - placement.Top);
   const QScreen* target = QApplication::screenAt(wanted.center());
-  const QRect room = (target != nullptr ? target : screen())->availableGeometry();
+  QRect room = (target != nullptr ? target : screen())->availableGeometry();
+  // What has to move to be seen whole leaves room for its title.
+  if (!room.contains(wanted)) room.setTop(room.top() + style()->pixelMetric(QStyle::PM_TitleBarHeight));
   wanted.setSize(wanted.size().boundedTo(room.size()).expandedTo(minimumSize()));
   wanted.moveLeft(std::clamp(wanted.left(), room.left(), std::max(room.left(), room.right() + 1 - wanted.width())));
   wanted.moveTop(std::clamp(wanted.top(), room.top(), std::max(room.top(), room.bottom() + 1 - wanted.height())));

@@ -11,6 +11,8 @@ namespace {
 constexpr const char* Key = "MRU";
 constexpr const char* CountName = "Count";
 constexpr const char* FileName = "File{}";
+/// What nobody opens in a lifetime: a count beyond it is a damaged one.
+constexpr std::int32_t MaxCount = 10000;
 }  // namespace
 
 void TRecentFiles::AddRecentFile(const std::string& path) {
@@ -24,7 +26,7 @@ void TRecentFiles::RemoveRecentFile(const std::string& path) {
 }
 
 void TRecentFiles::Load(TVantrelStorage& storage) {
-  const int count = storage.ReadInteger(Key, CountName, 0);
+  const int count = std::min(storage.ReadInteger(Key, CountName, 0), MaxCount);
   for (int i = 0; i < count; ++i) AddRecentFile(storage.ReadString(Key, fmt::format(FileName, i), {}));
 }
 

@@ -6,6 +6,7 @@
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QScreen>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QTabWidget>
@@ -112,6 +113,27 @@ TEST(DesktopDialogs, TimerMayStopItself) {
   });
   QTest::qWait(5);
   EXPECT_EQ(fired, 1);
+}
+
+TEST(DesktopMainWindow, TakesItsPlaceOnAScreenThatIsThere) {
+  TDesktopMainWindow window;
+  window.setMinimumSize(100, 100);
+  const QRect room = window.screen()->availableGeometry();
+  for (const QRect& stored : {QRect(-5000, -5000, 300, 200), QRect(5000, 5000, 300, 200), QRect(0, 0, 9000, 9000)}) {
+    window.SetPlacement({stored.left(), stored.top(), stored.right() + 1, stored.bottom() + 1});
+    EXPECT_TRUE(room.contains(window.geometry()));
+    EXPECT_GT(window.geometry().top(), room.top());
+  }
+  for (const auto state : {TWindowState::Minimized, TWindowState::Maximized, TWindowState::Normal}) {
+    TDesktopMainWindow other;
+    other.setMinimumSize(100, 100);
+    other.SetPlacement({10, 20, 310, 200, state});
+    other.show();
+    QTest::qWait(1);
+    EXPECT_EQ(other.Placement().State, state);
+    EXPECT_EQ(other.Placement().Right, 310);
+    EXPECT_EQ(other.Placement().Top, 20);
+  }
 }
 
 TEST(DesktopViews, WelcomeScrollsWhereItDoesNotFit) {

@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include "ErrorOf.h"
 #include "TempFolder.h"
 
 namespace {
@@ -27,16 +26,6 @@ TEST(LogConfiguration, ThePreferenceFileSaysWhatIsLogged) {
   std::string rows;
   for (const auto& file : std::filesystem::directory_iterator(folder / "logs")) rows += ReadFileText(file.path());
   EXPECT_EQ(rows, "03.05.2008;18:00:00;projekt;beck;DEBUG INFO;eins");
-}
-
-TEST(LogConfiguration, AMalformedNumberIsTold) {
-  const TempFolder folder;
-  WriteFileText(
-      folder / "log.config",
-      "<Preferences><Logs><ConsoleLog><Entry Name='EntryLimit' Value='viel'/></ConsoleLog></Logs></Preferences>");
-  TVantrelXMLLogPreferences preferences(folder / "log.config");
-  TVantrelLogManager manager;
-  EXPECT_NE(ErrorOf<EConvertError>([&] { manager.SelfConfiguration(preferences); }), "");
 }
 
 }  // namespace

@@ -9,7 +9,6 @@
 
 namespace {
 
-using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
 
@@ -93,18 +92,6 @@ TEST_F(PreferenceFileTest, WhatCannotBeReadIsNotReplaced) {
             5);
   std::filesystem::permissions(FName, std::filesystem::perms::owner_all);
   EXPECT_THAT(ReadFileText(FName), HasSubstr("alt"));
-}
-
-TEST_F(PreferenceFileTest, IgnoringTheFileReplacesItOnce) {
-  WriteFileText(FName, "<Preferences><Entry Name='a' Value='alt'/></Preferences>");
-  TVantrelPreferenceFile file(FName, true);
-  file.Write({}, "b", Text("1"));
-  file.Flush();
-  EXPECT_EQ(ValueOf("", "a"), "-");
-  TVantrelPreferenceFile(FName, false).Write({}, "c", Text("1"));
-  file.Write({}, "b", Text("2"));
-  file.Flush();
-  EXPECT_THAT(TVantrelPreferenceFile(FName, false).ValueNames({}), ElementsAre("b", "c"));
 }
 
 TEST(KeyTags, EveryNameIsATagAndComesBack) {

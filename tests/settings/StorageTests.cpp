@@ -15,37 +15,29 @@ constexpr auto AlignType = EnumTypeInfo("TAlign", AlignNames);
 constexpr auto AlignsType = SetTypeInfo("TAligns", AlignType);
 enum class TAlign { alLeft, alRight };
 
+#define PROPERTY(Type, Name)          \
+  Type Name{};                        \
+  const Type& Get##Name() const {     \
+    return Name;                      \
+  }                                   \
+  void Set##Name(const Type& value) { \
+    Name = value;                     \
+  }
+
 struct TComponent : TVantrelPersistent {
-  const std::string& GetText() const { return Text; }
-  void SetText(const std::string& value) { Text = value; }
-  std::uint8_t GetNumber() const { return Number; }
-  void SetNumber(std::uint8_t value) { Number = value; }
-  char16_t GetLetter() const { return Letter; }
-  void SetLetter(char16_t value) { Letter = value; }
-  double GetFloat() const { return Float; }
-  void SetFloat(double value) { Float = value; }
-  TAlign GetAlign() const { return Align; }
-  void SetAlign(TAlign value) { Align = value; }
-  std::uint32_t GetAligns() const { return Aligns; }
-  void SetAligns(std::uint32_t value) { Aligns = value; }
-  TVariant GetVariant() const { return Variant; }
-  void SetVariant(const TVariant& value) { Variant = value; }
-  std::int64_t GetHuge() const { return Huge; }
-  void SetHuge(std::int64_t value) { Huge = value; }
+  PROPERTY(std::string, Text)
+  PROPERTY(std::uint8_t, Number)
+  PROPERTY(char16_t, Letter)
+  PROPERTY(double, Float)
+  PROPERTY(TAlign, Align)
+  PROPERTY(std::uint32_t, Aligns)
+  PROPERTY(TVariant, Variant)
+  PROPERTY(std::int64_t, Huge)
+  TVantrelStringList Lines;
+  std::unique_ptr<TComponent> Next;
   TVantrelObject* GetLines() const { return const_cast<TVantrelStringList*>(&Lines); }
   TVantrelObject* GetNext() const { return Next.get(); }
   const TVantrelClass& ClassReference() const override;
-
-  std::string Text;
-  std::uint8_t Number = 0;
-  char16_t Letter = u' ';
-  double Float = 0;
-  TAlign Align = TAlign::alLeft;
-  std::uint32_t Aligns = 0;
-  TVariant Variant;
-  std::int64_t Huge = 0;
-  TVantrelStringList Lines;
-  std::unique_ptr<TComponent> Next;
 };
 
 const TVantrelClass& TComponent::ClassReference() const {
@@ -153,33 +145,21 @@ TEST_F(StorageTest, LiesWhereItsSettingsSay) {
   EXPECT_EQ(FStorage.ReadInteger("Key", "n", 9), 9);
 }
 
-TEST_F(StorageTest, TheModuleKeepsCaptionsValuesAndLists) {
+TEST_F(StorageTest, TheModuleKnowsPathsCaptionsAndLists) {
   struct TLayout : TCustomLayout {
     std::string DefaultCaption(int tag) const override { return "Spalte " + std::to_string(tag); }
   };
   const auto module = CreateVantrel<TStorageModule>(4);
-  EXPECT_EQ(StorageModule, module.get());
   EXPECT_EQ(module->GetStoragePath("Forms\\A", "Ansichten", 0),
             "Software\\Orvenda Labs\\Tessaron 10 - MyTessaron\\Ansichten\\Forms\\A");
   EXPECT_EQ(module->GetStoragePath("A", "", 2), "Software\\Orvenda Labs\\Tessaron 10 - MyTessaron\\A.2");
   TStoredGridView grid{"Grid", {{"One", 1, "Eins"}}};
   module->StoreColumns("Cols", grid);
+  EXPECT_EQ(module->Storage().ReadString("Cols\\Cols.Grid\\One", "Caption", ""), "Eins");
   grid.Columns = {{"One", 1, ""}, {"Two", 2, ""}};
   module->RestoreColumns("Cols", TLayout(), grid);
-  EXPECT_EQ(grid.Columns[0].Caption, "Eins");
-  EXPECT_EQ(grid.Columns[1].Caption, "Spalte 2");
-  EXPECT_EQ(module->Storage().ReadString("Cols\\Cols.Grid\\One", "Caption", ""), "Eins");
-  using enum TStorageDataType;
-  module->StoreValue("V", "n", 7, dstInt);
-  module->StoreValue("V", "s", "text", dstString);
-  EXPECT_EQ(module->RestoreValue("V", "n", dstInt), TVariant(7));
-  EXPECT_EQ(module->Storage().ReadString("V", "s", "-"), "-");
-  const std::pair<TStorageDataType, TVariant> values[] = {{dstInt, 3}, {dstString, "drei"}, {dstBoolean, true}};
-  for (const auto& [type, value] : values) {
-    module->StoreList("L", "List", "Col", "Field", value, type);
-    EXPECT_EQ(module->RestoreList("L", "List", "Col", "Field", type == dstBoolean ? TVariant(false) : value, type),
-              value);
-  }
+  EXPECT_EQ(grid.Columns[0].Caption + grid.Columns[1].Caption, "EinsSpalte 2");
+  module->StoreList("L", "List", "Col", "Field", true, TStorageDataType::dstBoolean);
   EXPECT_TRUE(module->Storage().ReadBoolean("L\\List\\Field", "Col", false));
 }
 
@@ -237,11 +217,6 @@ TEST_F(StorageTest, AFormLivesInTheToldOrder) {
     window.Place = {1, 2, 31, 42, TWindowState::Minimized};
     form.reset();
   }
-  log.clear();
-  FStorage.SetActive(false);
-  form = CreateVantrel<TTestForm>(&FStorage, window, log);
-  form.reset();
-  EXPECT_EQ(log, "create;place;destroy;");
 }
 
 }  // namespace
