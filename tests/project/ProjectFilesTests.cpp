@@ -175,24 +175,6 @@ TEST_F(ProjectFilesTest, FailedSaveKeepsFileFlagAndHold) {
   }
 }
 
-TEST_F(ProjectFilesTest, DamagedFileIsKeptBesideTheFirstSave) {
-  for (const char* extension : {"kvr7", "kvrx", "kvrxr"}) {
-    auto bytes = Fixture(extension);
-    bytes.resize(bytes.size() / 2);
-    const auto name = Place(extension, bytes);
-    Renew();
-    Load(name);
-    FProject->SetFileName(name);
-    for (int times = 0; times < 2; ++times) FProject->SaveFile({});
-    EXPECT_EQ(ReadFileText(name + ".beschaedigt"), bytes) << extension;
-    EXPECT_FALSE(std::filesystem::exists(name + ".beschaedigt2"));
-    FProject.reset();
-    FProject = CreateVantrel<TMyTessaronProject>();
-    EXPECT_EQ(Load(name), 0u);
-    EXPECT_FALSE(FProject->LoadDamage().has_value());
-  }
-}
-
 TEST_F(ProjectFilesTest, EmptyDocumentAndItsStamp) {
   const auto stamp = std::exchange(ProductVersion, "11.5");
   Renew();

@@ -114,51 +114,6 @@ TEST_F(MainFormTest, AVanishedRecentFileIsToldAndLeavesTheList) {
   EXPECT_EQ(FBoxes.Texts.size(), 2U);
 }
 
-TEST_F(MainFormTest, AWrongPasswordClosesTheNewFileOnly) {
-  Start();
-  Open("small.kvrx");
-  FDialogs.Password = "geheim";
-  Open("protected.kvrx");
-  EXPECT_THAT(FBoxes.Texts, ElementsAre("Das angegebene Passwort ist nicht korrekt. Datei wird geschlossen."));
-  EXPECT_EQ(FWindow.Status, FFolder / "small.kvrx");
-  EXPECT_THAT(RecentNames(), ElementsAre("small.kvrx"));
-  FForm->Commands().StudentsViewCommand.Execute();
-  EXPECT_EQ(FakeStudentsUi::Last->ListCount.Text(), "Anzahl: 12");
-  FDialogs.Password = "Geheim-Ä1";
-  Open("protected.kvrx");
-  EXPECT_EQ(FWindow.Status, FFolder / "protected.kvrx");
-}
-
-TEST_F(MainFormTest, AFailedOpenLeavesTheOldProject) {
-  Start();
-  Open("small.kvrx");
-  FForm->Commands().StudentsViewCommand.Execute();
-  const TVantrelFileStream held(FFolder / "empty.kvrx", famShareExclusive, fomOpenRead);
-  Open("empty.kvrx");
-  EXPECT_THAT(FBoxes.Texts,
-              ElementsAre(testing::StartsWith("Die MyTESSARON-Datei \"" + (FFolder / "empty.kvrx") +
-                                              "\" konnte nicht geladen werden.\r\nSystem-Fehlermeldung: ")));
-  EXPECT_EQ(FWindow.Status, FFolder / "small.kvrx");
-  ASSERT_NE(StudentsView, nullptr);
-  FForm->Commands().GotoNextCommand.Execute();
-  EXPECT_THAT(RecentNames(), ElementsAre("small.kvrx"));
-}
-
-TEST_F(MainFormTest, UnreadableFilesOpenAsToldButCostNoEntries) {
-  Start();
-  Open("small.kvrx");
-  CurrentProject->SetModified(true);
-  for (const char* name : {"damaged.kvrx", "foreign.txt"}) {
-    Open(name);
-    EXPECT_EQ(FWindow.Status, FFolder / "small.kvrx");
-  }
-  EXPECT_TRUE(CurrentProject->Modified());
-  CurrentProject->SetModified(false);
-  Open("damaged.kvrx");
-  EXPECT_EQ(FWindow.Status, "");
-  EXPECT_NE(CurrentProject, nullptr);
-}
-
 TEST_F(MainFormTest, TheAnswerOnOpeningChangesNothing) {
   Start();
   Open("small.kvrx");

@@ -292,13 +292,4 @@ TEST_F(DataFormsTest, TextsOfEveryKind) {
   }
 }
 
-TEST_F(DataFormsTest, JsonTakesNumbersAsTheirText) {
-  FDocument->OnRead = [](auto& reader) {
-    EXPECT_EQ(reader.ReadLongInt("V"), 12);
-    EXPECT_THROW(reader.ReadChar("E", u'x'), EVantrelDataObjectReaderError);
-    EXPECT_EQ(reader.ReadChar("S", u'x'), u'a');
-  };
-  LoadText(*FDocument, R"({"V": 12, "E": "", "S": "abc"})", TFormat::dsfJson);
-}
-
 }  // namespace

@@ -148,17 +148,6 @@ TEST_F(DataListTest, ItemInTwoOwningListsIsFreedOnce) {
   EXPECT_EQ(TTestItem::Alive, 4);
 }
 
-TEST_F(DataListTest, ItemInVeryManyEntriesIsFreedWithTheLast) {
-  constexpr int entries = 65537;
-  auto list = CreateVantrel<TVantrelDataList>(true);
-  auto* item = list->Add(TTestItem::Class());
-  while (list->Count() < entries) list->Add(item);
-  list->Delete(entries - 1);
-  EXPECT_EQ(TTestItem::Alive, 6);
-  list.reset();
-  EXPECT_EQ(TTestItem::Alive, 5);
-}
-
 TEST_F(DataListTest, RefusesUnsuitableItems) {
   auto& children = *Item(0)->Children;
   EXPECT_NE(ErrorOf<EVantrelCollectionError>([&] { children.Add(Item(0)); }), "");
