@@ -67,8 +67,8 @@ TEST_F(GridTest, TextsOfSeveralLinesKeepThem) {
   options.RowsFollowContent = true;
   Grid.SetOptions(options);
   TGridColumn text{"text", "Beurteilung"};
-  const int ordinal = Grid.AddColumn(text);
   for (auto& row : Source.Rows) row->Cells.emplace_back("eins\r\nzwei");
+  const int ordinal = Grid.AddColumn(text);
   FocusCell(1, ordinal);
   Key(Qt::Key_F2);
   ASSERT_NE(dynamic_cast<TMemoEdit*>(Keyboard()), nullptr);
