@@ -55,6 +55,12 @@ TDesktopMainWindow::TDesktopMainWindow()
     auto* shortcut = new QShortcut(step > 0 ? QKeySequence(Qt::Key_F6) : QKeySequence(Qt::SHIFT | Qt::Key_F6), this);
     connect(shortcut, &QShortcut::activated, this, [this, step] { GotoRegion(step); });
   }
+  connect(qApp, &QApplication::focusChanged, this, [this](const QWidget*, const QWidget* now) {
+    if (OnFocusChanged && now != nullptr && isAncestorOf(now)) OnFocusChanged();
+  });
+  connect(qApp, &QGuiApplication::commitDataRequest, this, [this] {
+    if (OnQueryEndSession) OnQueryEndSession();
+  });
   const QSize room = screen()->availableSize();
   setMinimumSize(toldMinimum.boundedTo(room - QSize(0, 40)));
   resize(designSize.boundedTo(room - QSize(0, 40)));
@@ -121,6 +127,13 @@ void TDesktopMainWindow::SetPlacement(const TWindowPlacement& placement) {
   setGeometry(wanted);
   if (placement.State == TWindowState::Maximized) setWindowState(windowState() | Qt::WindowMaximized);
   if (placement.State == TWindowState::Minimized) setWindowState(windowState() | Qt::WindowMinimized);
+}
+
+void TDesktopMainWindow::ShowTopMost() {
+  setWindowState(windowState() & ~Qt::WindowMinimized);
+  show();
+  raise();
+  activateWindow();
 }
 
 void TDesktopMainWindow::SetHosted(QWidget* view) {

@@ -24,6 +24,8 @@ class TDesktopMainWindow : public QMainWindow, public TVantrelMainWindow {
   void SetStatusNote(const std::string& text) override;
   TWindowPlacement Placement() const override;
   void SetPlacement(const TWindowPlacement& placement) override;
+  void SetRedraw(bool redraw) override { setUpdatesEnabled(redraw); }
+  void ShowTopMost() override;
   void Close() override { close(); }
 
   /// Fills the client area with the view; none empties it. The widget stays its owner's.

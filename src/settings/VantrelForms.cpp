@@ -11,6 +11,12 @@ constexpr const char* FormState = "FormState";
 }  // namespace
 
 void TVantrelForm::AfterConstruction() {
+  if (FPlacedWindow != nullptr) {
+    FPlacedWindow->OnQueryEndSession = [this] { FQueryEndSession = true; };
+    FPlacedWindow->OnFocusChanged = [this] {
+      if (FOnFocusChanged) FOnFocusChanged();
+    };
+  }
   FormCreate();
   FRestored = false;
   LoadProperties();
@@ -24,11 +30,35 @@ void TVantrelForm::BeforeDestruction() {
     // Settings that cannot be written are no reason to stay: those before hold on.
   }
   FormDestroy();
+  if (FPlacedWindow != nullptr) FPlacedWindow->OnQueryEndSession = FPlacedWindow->OnFocusChanged = nullptr;
 }
 
 void TVantrelForm::DoShow() {
   if (!FRestored) RestorePlacement();
   FRestored = true;
+}
+
+void TVantrelForm::DisableRedraw() {
+  if (FPlacedWindow != nullptr) DisableRedraw(*FPlacedWindow);
+}
+
+void TVantrelForm::DisableRedraw(TVantrelControl& control) {
+  if (++FRedrawDisabled[&control] == 1) control.SetRedraw(false);
+}
+
+void TVantrelForm::EnableRedraw() {
+  if (FPlacedWindow != nullptr) EnableRedraw(*FPlacedWindow);
+}
+
+void TVantrelForm::EnableRedraw(TVantrelControl& control) {
+  const auto disabled = FRedrawDisabled.find(&control);
+  if (disabled == FRedrawDisabled.end() || --disabled->second > 0) return;
+  FRedrawDisabled.erase(disabled);
+  control.SetRedraw(true);
+}
+
+void TVantrelForm::ShowTopMost() {
+  if (FPlacedWindow != nullptr) FPlacedWindow->ShowTopMost();
 }
 
 void TVantrelForm::ForEachLink(TPropertyAct act) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <map>
 
 #include "VantrelMainWindow.h"
 #include "VantrelPropertySaver.h"
@@ -29,17 +30,34 @@ class TVantrelForm : public TVantrelObject {
   virtual void SavePlacement();
   virtual void SaveProperties();
 
+  /// Whether the form may be kept for later instead of being destroyed: the handler's word, by default yes.
+  bool CacheQuery() const { return !FOnCacheQuery || FOnCacheQuery(); }
+  /// Puts off the drawing of the form's window, or of a part of it, until each call has met its EnableRedraw. A form
+  /// without a window has nothing to put off.
+  void DisableRedraw();
+  void DisableRedraw(TVantrelControl& control);
+  void EnableRedraw();
+  /// One without a DisableRedraw before it is nothing.
+  void EnableRedraw(TVantrelControl& control);
+  /// Shows the form's window in front of all others.
+  void ShowTopMost();
+  /// The user's desktop is about to end.
+  bool QueryEndSession() const { return FQueryEndSession; }
+
  protected:
   virtual void FormCreate() {}
   virtual void FormDestroy() {}
 
   TVantrelPlacedWindow* FPlacedWindow;
+  bool FQueryEndSession = false;
   bool FRestored = false;
   TVantrelStorage* FStorage;
   std::string FStorageKey;
   TVantrelComponentLinks FStorageLinks;
   bool FStoreComponents = false;
   bool FStorePlacement = false;
+  std::function<bool()> FOnCacheQuery;
+  std::function<void()> FOnFocusChanged;
   std::function<void()> FOnLoadProperties;
   std::function<void()> FOnSaveProperties;
 
@@ -47,6 +65,8 @@ class TVantrelForm : public TVantrelObject {
   bool HasPlacement() const;
   using TPropertyAct = decltype(&TVantrelStorage::ReadProperty);
   void ForEachLink(TPropertyAct act);
+
+  std::map<TVantrelControl*, int> FRedrawDisabled;
 };
 
 /// The same for a window with a ribbon.

@@ -21,15 +21,27 @@ struct TWindowPlacement {
   TWindowState State = TWindowState::Normal;
 };
 
-/// A window as far as its place goes.
-class TVantrelPlacedWindow {
+/// A part of the screen whose drawing can be put off.
+class TVantrelControl {
  public:
-  virtual ~TVantrelPlacedWindow() = default;
+  virtual ~TVantrelControl() = default;
+  /// Off: nothing is drawn until it is on again, which draws all of it.
+  virtual void SetRedraw(bool redraw) = 0;
+};
+
+/// A window as far as its place goes, and what the system tells of it.
+class TVantrelPlacedWindow : public TVantrelControl {
+ public:
+  std::function<void()> OnFocusChanged;     ///< another part of the window has the keyboard
+  std::function<void()> OnQueryEndSession;  ///< the user's desktop is about to end; the window is asked to close next
+
   virtual TWindowPlacement Placement() const = 0;
   /// Kept on the screen that is there.
   virtual void SetPlacement(const TWindowPlacement& placement) = 0;
   /// The user may change its size.
   virtual bool IsSizeable() const { return true; }
+  /// Shows the window in front of all others, with the keyboard.
+  virtual void ShowTopMost() = 0;
 };
 
 /// The main window as its logic sees it: ribbon, status text and recent documents. What hosts the views is the window's

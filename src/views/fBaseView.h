@@ -61,8 +61,6 @@ class TBaseForm : public TVantrelForm {
   bool IsInitialized() const { return FIsInitialized; }
   /// Whether the form may close. Ends open editors, which post.
   virtual bool CloseQuery();
-  /// Whether the form may be kept for later instead of being destroyed.
-  virtual bool CacheQuery() { return true; }
   /// The complete path of the form's own place in the store: see GetStoragePath.
   std::string StoragePath() const;
 

@@ -98,25 +98,21 @@ TEST_F(RibbonTest, OneOfARadioGroupIsDown) {
 TEST_F(RibbonTest, FoldsAndOpensOverTheView) {
   const int open = Window.centralWidget()->y();
   QTest::mouseDClick(&Tabs(), Qt::LeftButton, {}, Tabs().tabRect(0).center());
-  QTest::qWait(1);
-  EXPECT_TRUE(Ribbon().IsFolded());
-  EXPECT_LT(Window.centralWidget()->y(), open - 50);
+  EXPECT_TRUE(QTest::qWaitFor([&] { return Ribbon().IsFolded() && Window.centralWidget()->y() < open - 50; }));
   EXPECT_FALSE(Button(0, 0)->isVisible());
 
   ClickTab(1);
   ClickTab(0);
   EXPECT_TRUE(Ribbon().IsOpenedOver());
   QTest::mouseClick(Button(0, 0), Qt::LeftButton);
-  QTest::qWait(1);
+  EXPECT_TRUE(QTest::qWaitFor([&] { return !Ribbon().IsOpenedOver(); }));
   EXPECT_EQ(Executed.size(), 1U);
-  EXPECT_FALSE(Ribbon().IsOpenedOver());
   ClickTab(0);
   QTest::mouseClick(Window.centralWidget(), Qt::LeftButton);
   EXPECT_FALSE(Ribbon().IsOpenedOver());
 
   QTest::keyClick(&Window, Qt::Key_F1, Qt::ControlModifier);
-  QTest::qWait(1);
-  EXPECT_EQ(Window.centralWidget()->y(), open);
+  EXPECT_TRUE(QTest::qWaitFor([&] { return Window.centralWidget()->y() == open; }));
   EXPECT_TRUE(Button(0, 0)->isVisible());
 }
 

@@ -167,8 +167,11 @@ struct TWindow : TVantrelPlacedWindow {
   TWindowPlacement Placement() const override { return Place; }
   void SetPlacement(const TWindowPlacement& placement) override { Place = placement; }
   bool IsSizeable() const override { return Sizeable; }
+  void SetRedraw(bool redraw) override { Calls += redraw ? "on " : "off "; }
+  void ShowTopMost() override { Calls += "top "; }
   TWindowPlacement Place{10, 20, 110, 220, TWindowState::Normal};
   bool Sizeable = true;
+  std::string Calls;
 };
 
 struct TTestForm : TVantrelForm {
@@ -178,6 +181,8 @@ struct TTestForm : TVantrelForm {
     FStorageLinks = {{&Component, {{"Text", "Part", "T"}, {"Gone", "Part", "G"}}}};
     FOnLoadProperties = [this] { Log += "load:" + Component.Text + ";"; };
     FOnSaveProperties = [this] { Log += "save;"; };
+    FOnFocusChanged = [this] { Log += "focus;"; };
+    FOnCacheQuery = [] { return false; };
   }
   void FormCreate() override { Log += "create;"; }
   void FormDestroy() override { Log += "destroy;"; }
@@ -217,6 +222,16 @@ TEST_F(StorageTest, AFormLivesInTheToldOrder) {
     window.Place = {1, 2, 31, 42, TWindowState::Minimized};
     form.reset();
   }
+  form = CreateVantrel<TTestForm>(&FStorage, window, log);
+  for (int twice = 0; twice < 2; ++twice) form->DisableRedraw();
+  for (int thrice = 0; thrice < 3; ++thrice) form->EnableRedraw();
+  form->ShowTopMost();
+  EXPECT_EQ(window.Calls, "off on top ");
+  EXPECT_FALSE(form->CacheQuery() || form->QueryEndSession());
+  window.OnQueryEndSession();
+  window.OnFocusChanged();
+  EXPECT_TRUE(form->QueryEndSession());
+  EXPECT_TRUE(log.ends_with("focus;"));
 }
 
 }  // namespace

@@ -19,6 +19,8 @@ class FakeWindow : public TVantrelMainWindow {
   void SetStatusNote(const std::string& text) override { Note = text; }
   TWindowPlacement Placement() const override { return Place; }
   void SetPlacement(const TWindowPlacement& placement) override { Place = placement; }
+  void SetRedraw(bool) override {}
+  void ShowTopMost() override {}
   void Close() override { OnClose(); }
 
   TRibbonDescription Ribbon;
