@@ -32,16 +32,6 @@ TEST(Firebird, ParameterListStandsInItsOrder) {
   EXPECT_THROW(database->Handle(), EDBError);
 }
 
-TEST(Firebird, UnreachableServerIsReported) {
-  const auto connection = CreateVantrel<TTessaronConnection>();
-  connection->FileName = "schule.fdb";
-  connection->Server = "127.0.0.1/" + std::to_string(FirebirdServer::FreePort());
-  connection->SetProtocol(TDBProtocol::dbpTCPIP);
-  const auto report = TFBUtils::CheckConnection(*connection, FirebirdServer::Administrator());
-  EXPECT_THAT(report, StartsWith(OtherFailure));
-  EXPECT_GT(report.size(), std::string_view(OtherFailure).size());
-}
-
 TEST(Firebird, LogonIsJudgedByTheServer) {
   NEEDS_FIREBIRD(server, "");
   const struct {

@@ -80,18 +80,6 @@ TEST_F(CommandsTest, ProtectedFilesNeedTheirPassword) {
   }
 }
 
-TEST_F(CommandsTest, ConvertsIntoEveryKind) {
-  for (const char* kind : {"kvr", "kvr7", "kvrx", "kvrxr"}) {
-    const auto target = FFolder / (std::string("ziel.") + kind);
-    EXPECT_EQ(Run({"convert", Fixture("small.kvrx"), target}), 0);
-    EXPECT_EQ(Run({"diff", Fixture("small.kvr7"), target}), 0);
-    EXPECT_EQ(Out(), "Keine Unterschiede.\n");
-  }
-  EXPECT_EQ(Run({"convert", Fixture("small.kvrx"), FFolder / "ziel.json"}), 0);
-  EXPECT_THAT(ReadFileText(FFolder / "ziel.json"), HasSubstr("von-der-Heide"));
-  EXPECT_EQ(Run({"info", FFolder / "ziel.json"}), 2);
-}
-
 TEST_F(CommandsTest, ConvertLeavesTheTargetWhereItCannotDoItsWork) {
   const auto target = FFolder / "ziel.kvrx";
   const auto damaged = FFolder / "kaputt.kvr7";
@@ -106,28 +94,6 @@ TEST_F(CommandsTest, ConvertLeavesTheTargetWhereItCannotDoItsWork) {
   EXPECT_EQ(Run({"convert", Save(std::move(unwritable), "steuerzeichen.kvr7"), target}), 2);
   EXPECT_THAT(Err(), HasSubstr("Kennwort"));
   EXPECT_EQ(ReadFileText(target), "alt");
-}
-
-TEST_F(CommandsTest, ConvertsAFileOntoItselfByAnotherName) {
-  const auto file = FFolder / "datei.kvrxr";
-  fs::copy_file(Fixture("small.kvrxr"), file);
-  fs::create_symlink(file, FFolder / "link.kvr7");
-  fs::create_hard_link(file, FFolder / "hart.kvr7");
-  EXPECT_EQ(Run({"convert", file, FFolder / "hart.kvr7"}), 0);
-  EXPECT_EQ(Run({"diff", file, FFolder / "hart.kvr7"}), 0);
-  EXPECT_EQ(Run({"convert", file, FFolder / "link.kvr7"}), 0);
-  EXPECT_EQ(Run({"diff", FFolder / "link.kvr7", Fixture("small.kvr7")}), 0);
-}
-
-TEST_F(CommandsTest, SamplesAreFreeOfDefects) {
-  const std::vector<std::string> size{"--students", "40", "--subjects=3", "--classes", "4", "--seed", "7"};
-  for (const char* edition : {"8", "10"}) {
-    std::vector<std::string> arguments{"sample", FFolder / "muster.kvrx", "--edition", edition};
-    arguments.insert(arguments.end(), size.begin(), size.end());
-    EXPECT_EQ(Run(arguments), 0) << Err();
-    EXPECT_THAT(Out(), HasSubstr("40 Schüler, 120 Kurse"));
-    EXPECT_EQ(Run({"check", FFolder / "muster.kvrx"}), 0) << Out();
-  }
 }
 
 }  // namespace

@@ -18,12 +18,6 @@ std::vector<std::uint8_t> XmlOf(const TSampleOptions& options) {
 
 }  // namespace
 
-TEST(SampleRandom, IsTheSameEverywhere) {
-  TSampleRandom random(0);
-  EXPECT_EQ(random.Next(), 0xE220A8397B1DCDAFULL);
-  EXPECT_EQ(random.Next(), 0x6E789E6AA1B965F4ULL);
-}
-
 TEST(SampleNames, ClassesAreDistinctAndOfEveryMarking) {
   for (const int count : {3, 6, 20, 300}) {
     std::set<std::string> tokens;

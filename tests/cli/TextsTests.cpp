@@ -44,21 +44,4 @@ TEST_F(TTextsTest, EveryTextComesBackTranslated) {
   EXPECT_EQ(Err(), "*Die Datei \"" + (FFolder / "fehlt.kvrx") + "\" existiert nicht.\n");
   I18nManager().ClearStrings();
 }
-
-TEST_F(TTextsTest, AnExistingDictionaryIsCompleted) {
-  const auto dictionary = FFolder / "texte.ini";
-  WriteFileText(dictionary, fmt::format("[Dictionary]\n{:08X}=No\n", TVantrelI18nManager::GetStringHash("nein")));
-  ASSERT_EQ(Run({"texts", dictionary}), 0);
-  TVantrelI18nManager manager;
-  manager.LoadStrings(dictionary);
-  EXPECT_EQ(manager.Translate("nein"), "No");
-  EXPECT_THAT(ReadFileText(dictionary), testing::HasSubstr("=ja\r\n"));
-
-  const auto project = Save(Project(), "datei.kvrx");
-  const auto bytes = ReadFileText(project);
-  EXPECT_EQ(Run({"texts", project}), 2);
-  EXPECT_EQ(ReadFileText(project), bytes);
-  EXPECT_EQ(Run({"texts", FFolder / "fehlt/texte.ini"}), 2);
-  EXPECT_THAT(Err(), testing::StartsWith("Der Pfad der Datei"));
-}
 }  // namespace

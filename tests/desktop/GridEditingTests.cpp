@@ -114,19 +114,6 @@ TEST_F(GridTest, NumbersHoldTheirLimitsAndMayBeEmpty) {
   EXPECT_EQ(Shown(1, Absences), "12");
 }
 
-TEST_F(GridTest, TheDropDownLeavesTheCellFreeAndStaysOnTheScreen) {
-  for (const QPoint place : {QPoint(0, 0), QPoint(700, 560), QPoint(0, 560)}) {
-    Grid.move(place);
-    FocusCell(0, Grade);
-    Key(Qt::Key_F2);
-    const QRect cell(Lookup()->mapToGlobal(QPoint(0, 0)), Lookup()->size());
-    const QRect list = Lookup()->List().geometry();
-    EXPECT_FALSE(cell.intersects(list));
-    EXPECT_TRUE(Grid.screen()->availableGeometry().contains(list)) << list.bottom();
-    Key(Qt::Key_Escape);
-  }
-}
-
 TEST(CellEditorTest, DatesAreTypedSteppedAndEmptied) {
   TDateEdit edit(nullptr);
   const struct {

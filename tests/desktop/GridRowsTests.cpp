@@ -113,17 +113,6 @@ TEST_F(GridTest, ChooserShowsAndHides) {
   EXPECT_TRUE(Grid.View().isColumnHidden(2));
 }
 
-TEST_F(GridTest, BestFitOnlyWhenAsked) {
-  Grid.BeginBestFit();
-  Grid.EndBestFit();
-  EXPECT_EQ(Grid.Columns()[Result].Width, 100);
-  Grid.BeginBestFit();
-  Grid.BestFitAll();
-  Grid.EndBestFit();
-  EXPECT_GT(Grid.Columns()[Result].Width, 100);
-  EXPECT_LT(Grid.Columns()[Absences].Width, 100);
-}
-
 namespace {
 /// A read-only list over the table of grades.
 class ListTest : public GridTest {
@@ -165,14 +154,4 @@ TEST_F(ListTest, SearchesWhatIsTyped) {
   EXPECT_EQ(Grid.FocusedRecord(), 4);
   Key(Qt::Key_Down);
   EXPECT_TRUE(Grid.View().SearchText().isEmpty());
-}
-
-TEST_F(ListTest, DeletesTheSelection) {
-  Grid.SelectRecords({1, 3});
-  EXPECT_EQ(Grid.SelectedCount(), 2);
-  EXPECT_EQ(Grid.SelectedRecord(1), 3);
-  EXPECT_EQ(Grid.SelectedRecord(2), -1);
-  Grid.DeleteSelection();
-  EXPECT_EQ(Grades.RecordCount(), 3);
-  EXPECT_EQ(Shown(0, 0) + Shown(1, 0) + Shown(2, 0), "1-15tf");
 }

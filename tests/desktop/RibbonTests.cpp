@@ -134,21 +134,3 @@ TEST_F(RibbonTest, KeyTipsReachEveryCommand) {
 TEST(KeyTipsTest, LettersAreDistinct) {
   EXPECT_EQ(AssignKeyTips({"Sichern", "&Schüler", "Sso", "SS", "S"}), (QStringList{"I", "S", "O", "1", "2"}));
 }
-
-TEST_F(RibbonTest, ApplicationMenuIsWorkedByKey) {
-  int chosen = -1;
-  Window.OnRecentClick = [&](int index) { chosen = index; };
-  Window.SetRecentItems({{"a.kvrx", "/x/a.kvrx"}, {"b.kvrx", "/x/b.kvrx"}});
-  auto& menu = Ribbon().Menu();
-  menu.ShowBelow(Tabs());
-  QTest::keyClick(menu.focusWidget(), Qt::Key_Right);
-  QTest::keyClick(&menu.Recent(), Qt::Key_Down);
-  QTest::keyClick(&menu.Recent(), Qt::Key_Return);
-  EXPECT_EQ(chosen, 1);
-  EXPECT_FALSE(menu.isVisible());
-
-  menu.ShowBelow(Tabs());
-  QTest::keyClick(&menu, Qt::Key_N);
-  EXPECT_EQ(Executed, std::vector<std::string>{"Öff&nen..."});
-  EXPECT_FALSE(menu.isVisible());
-}

@@ -103,18 +103,6 @@ TEST(DesktopDialogs, FileDialogStaysWhileTheNameIsRefused) {
   EXPECT_EQ(told.FilterIndex, 2);
 }
 
-TEST(DesktopDialogs, TimerMayStopItself) {
-  TDesktopDialogs dialogs;
-  const auto timer = dialogs.CreateTimer();
-  int fired = 0;
-  timer->Start(0, [&] {
-    ++fired;
-    timer->Stop();
-  });
-  QTest::qWait(5);
-  EXPECT_EQ(fired, 1);
-}
-
 TEST(DesktopMainWindow, TakesItsPlaceOnAScreenThatIsThere) {
   TDesktopMainWindow window;
   window.setMinimumSize(100, 100);
@@ -134,24 +122,6 @@ TEST(DesktopMainWindow, TakesItsPlaceOnAScreenThatIsThere) {
     EXPECT_EQ(other.Placement().Right, 310);
     EXPECT_EQ(other.Placement().Top, 20);
   }
-}
-
-TEST(DesktopViews, WelcomeScrollsWhereItDoesNotFit) {
-  TDesktopMainWindow window;
-  TDesktopWelcomeView view(window);
-  view.OnResize = [&](int width, int height) { view.MoveCenterPanel(std::max(0, width / 2 - 300), height / 9); };
-  view.Text(TWelcomeText::FilepathText).SetValue("/" + std::string(400, 'x'));
-  view.Text(TWelcomeText::FilenameText).SetValue("Es fehlt:\n  Noten 1-5:   3");
-  EXPECT_EQ(view.Text(TWelcomeText::FilenameText).Value(), TVariant("Es fehlt:\n  Noten 1-5:   3"));
-  window.setMinimumSize(0, 0);
-  window.resize(400, 300);
-  window.show();
-  view.SetVisible(true);
-  QTest::qWait(1);
-  auto* area = window.findChild<QScrollArea*>();
-  ASSERT_NE(area, nullptr);
-  EXPECT_GT(area->verticalScrollBar()->maximum(), 0);
-  EXPECT_GE(area->widget()->minimumWidth(), TWelcomeView::CenterPanelWidth);
 }
 
 TEST(DesktopViews, NothingComesFromAStudentsViewThatHasEnded) {

@@ -88,16 +88,6 @@ TEST(FileSharing, CreateEmptiesOnlyWhatItGets) {
   EXPECT_EQ(ReadFileText(name), "");
 }
 
-TEST(FileSharing, SystemErrorsHaveTheirCodes) {
-  const TempFolder folder;
-  WriteFileText(folder / "f", "");
-  EXPECT_EQ(CodeOfOpening(folder / "fehlt", {fomOpenRead, famShareDenyNone}), 2);
-  EXPECT_EQ(CodeOfOpening(folder / "fehlt/f", {fomCreate, famShareDenyNone}), 3);
-  EXPECT_EQ(CodeOfOpening(folder / "f/f", {fomOpenRead, famShareDenyNone}), 3);
-  EXPECT_EQ(CodeOfOpening(folder.Path(), {fomOpenRead, famShareDenyNone}), 5);
-  EXPECT_EQ(CodeOfOpening(folder.Path(), {fomOpenReadWrite, famShareDenyNone}), 5);
-}
-
 TEST(FileSharing, ReadOnlyFilesCanBeHeld) {
   const TempFolder folder;
   const auto name = folder / "f";

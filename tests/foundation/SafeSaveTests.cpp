@@ -108,15 +108,4 @@ TEST(SafeSave, WritesInPlaceWhereTheFolderForbidsFiles) {
   EXPECT_EQ(ReadFileText(name), "neuer");
   EXPECT_EQ(InChildAsOrdinaryUser(folder.Path(), [&] { return CodeOfSaving(folder / "g", "neu"); }), 5);
 }
-
-TEST(SafeSave, RefusesWithTheCodeOfTheCause) {
-  const TempFolder folder;
-  WriteFileText(folder / "f", "alt");
-  ::chmod((folder / "f").c_str(), 0400);
-  EXPECT_EQ(InChildAsOrdinaryUser(folder.Path(), [&] { return CodeOfSaving(folder / "f", "neu"); }), 5);
-  EXPECT_EQ(ReadFileText(folder / "f"), "alt");
-  EXPECT_EQ(CodeOfSaving(folder.Path(), "neu"), 5);
-  EXPECT_EQ(CodeOfSaving(folder / "fehlt/f", "neu"), 3);
-  EXPECT_EQ(CodeOfSaving("/dev/full", "neu"), 112);
-}
 }  // namespace

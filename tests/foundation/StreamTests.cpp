@@ -90,19 +90,6 @@ TEST(Streams, ReadBackWhatWasWrittenWithAnyBuffer) {
   }
 }
 
-TEST(Streams, ExtendedKeepsEveryValue) {
-  using TLimits = std::numeric_limits<long double>;
-  for (const auto value : {0.0L, -0.0L, 1.0L, 3.14159265358979323846L, TLimits::max(), TLimits::min(),
-                           TLimits::denorm_min(), TLimits::infinity(), -TLimits::infinity()}) {
-    TVantrelMemoryStream stream;
-    TVantrelStreamWriter(stream, 0).WriteExtended(value);
-    stream.SetPosition(0);
-    const auto read = TVantrelStreamReader(stream, 0).ReadExtended();
-    EXPECT_EQ(read, value);
-    EXPECT_EQ(std::signbit(read), std::signbit(value));
-  }
-}
-
 TEST(Streams, ShortReadsAndAbsurdLengthsRaise) {
   const TempFolder folder;
   const std::vector<std::vector<std::uint8_t>> texts{

@@ -48,15 +48,6 @@ TEST(Text, IllFormedUtf8BecomesReplacementCharacters) {
   }
 }
 
-TEST(Text, AppendReadsUtf16AtOddAddresses) {
-  const std::u16string units = u"Sechzehn Zeichen und dann ein ü";
-  std::vector<std::uint8_t> bytes(1 + units.size() * 2);
-  std::memcpy(bytes.data() + 1, units.data(), units.size() * 2);
-  std::string target = "vorher ";
-  AppendUtf16LeAsUtf8(bytes.data() + 1, units.size(), target);
-  EXPECT_EQ(target, "vorher Sechzehn Zeichen und dann ein ü");
-}
-
 TEST(Text, AnsiIsWindows1252) {
   EXPECT_EQ(Utf8ToAnsi("Größe 5 € – Ÿ"), "Gr\xF6\xDF"s + "e 5 \x80 \x96 \x9F");
   EXPECT_EQ(AnsiToUtf8("\x80\x9F\xA0\xFC"), "€Ÿ\u00A0ü");
@@ -101,12 +92,5 @@ TEST(Text, DelimitedTextGoesBothWays) {
     EXPECT_EQ(ToDelimitedText(lines), text);
     EXPECT_EQ(FromDelimitedText(text), lines) << text;
   }
-}
-
-TEST(Text, DelimitedTextOfOtherHandsIsRead) {
-  using TLines = std::vector<std::string>;
-  EXPECT_EQ(FromDelimitedText("  a b ,c "), (TLines{"a", "b", "c"}));
-  EXPECT_EQ(FromDelimitedText("\"offen, ohne Ende"), TLines{"offen, ohne Ende"});
-  EXPECT_EQ(FromDelimitedText("\""), TLines{""});
 }
 }  // namespace

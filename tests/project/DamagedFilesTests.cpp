@@ -113,31 +113,6 @@ TEST_F(DamagedFilesTest, SingleBytesChanged) {
   }
 }
 
-TEST_F(DamagedFilesTest, HostileXml) {
-  std::string deep;
-  for (int i = 0; i < 100000; ++i) deep += "<a>";
-  EXPECT_FALSE(Opens(deep, TForm::dsfXml));
-  EXPECT_TRUE(
-      Opens("<?xml version='1.0' encoding='iso-8859-1'?><Storage><TeacherName>M\xFCller</TeacherName></Storage>",
-            TForm::dsfXml, true));
-}
-
-/// Numbers and dates that no text has a form for come by the binary form only.
-TEST_F(DamagedFilesTest, ValuesWithoutAText) {
-  auto project = CreateVantrel<TMyTessaronProject>();
-  auto* grade = project->Noten().AddNote(1, "a", "", 0, TGradeTypes::gtValue);
-  auto* student = static_cast<TStudent*>(project->Students().Add(TStudent::Class()));
-  student->Geschlecht = u'\1';
-  for (const float value : {INFINITY, -INFINITY, NAN}) {
-    grade->GradeValue = value;
-    student->Abschluss1Note.SetAsFloat(value);
-    SaveAndReadBack(*project);
-  }
-  student->Abgang.SetAsDateTime(1e300);
-  TVantrelMemoryStream saved;
-  EXPECT_THROW(project->SaveToXmlStream(saved), EVantrelDateTimeError);
-}
-
 /// The dearest file has courses that each name another student who never comes: 37 bytes make an empty student.
 TEST_F(DamagedFilesTest, MemoryStaysWithinAMultipleOfTheFile) {
   using TList = TVantrelDataList& (*)(TMyTessaronProject&);

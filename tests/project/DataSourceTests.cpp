@@ -66,14 +66,6 @@ TEST_F(DataSourceTest, OrdinalsReadTheirFields) {
   }
 }
 
-TEST_F(DataSourceTest, AMissingClassOrStudentRaises) {
-  Course().Student->ClassId.SetAsInt(4711);
-  for (const int ordinal : {1, 6, 40}) EXPECT_THROW(Value(FSubjects, ordinal), EVantrelException) << ordinal;
-  EXPECT_EQ(Value(FSubjects, 2), TVariant("Köhler"));
-  Course().Student = nullptr;
-  EXPECT_THROW(Value(FSubjects, 2), EVantrelException);
-}
-
 TEST_F(DataSourceTest, WritingStoresByKindAndAlwaysMarksAsModified) {
   FStudents.SetValue(&Course(), 8, 77);
   EXPECT_EQ(Course().Note1Id.AsInt(), 77);

@@ -74,12 +74,4 @@ TEST_F(GoldenFilesTest, ValuesOfTheSmallDocument) {
   }
 }
 
-TEST_F(GoldenFilesTest, PasswordOfTheProtectedDocument) {
-  const auto project = Load(fs::path(FIXTURES) / "protected.kvrx");
-  EXPECT_TRUE(project->PasswordProtected);
-  EXPECT_EQ(project->ProductEdition(), 8);
-  EXPECT_TRUE(project->CheckPassword("Geheim-Ä1"));
-  for (const char* wrong : {"", "geheim-Ä1", "Geheim-Ä1 ", "Geheim-Ä"}) EXPECT_FALSE(project->CheckPassword(wrong));
-}
-
 }  // namespace

@@ -50,19 +50,6 @@ class ProjectFilesTest : public testing::Test {
   TVantrelPtr<TMyTessaronProject> FProject;
 };
 
-TEST_F(ProjectFilesTest, Kinds) {
-  using enum TProjectFileKind;
-  const std::vector<const char*> names[] = {
-      {"a.KVRX", "a.Kvr7", "kvrx", ""}, {"a.kvr", "a.kvr7"}, {"C:\\x.y\\a.kvrx"}, {"/x/a.b.kvrxr"}};
-  const char* extensions[] = {"", "alt", "kvrx", "kvrxr"};
-  for (const auto kind : {pfkUnknown, pfkBinary, pfkEncryptedXml, pfkPlainXml}) {
-    for (const char* name : names[static_cast<int>(kind)]) EXPECT_EQ(GetProjectFileKind(name), kind) << name;
-    std::string extension = "alt";
-    GetProjectFileExtension(kind, extension);
-    EXPECT_EQ(extension, extensions[static_cast<int>(kind)]);
-  }
-}
-
 /// What LoadFile does with a file in each state: error code, events (before, after, modified), and what stands then.
 TEST_F(ProjectFilesTest, LoadFile) {
   const struct {
@@ -133,18 +120,6 @@ TEST_F(ProjectFilesTest, SaveFile) {
   EXPECT_EQ(FFolder.FileCount(), 0u);
 }
 
-TEST_F(ProjectFilesTest, SaveUnderAnotherKindHoldsTheNewFile) {
-  Load(Place("kvr7", Fixture("kvr7")));
-  FProject->SetFileName(FFolder / "b.kvrx");
-  FProject->SaveFile({});
-  EXPECT_EQ(Refusal(FFolder / "b.kvrx"), 32u);
-  FProject->SetFileName(FFolder / "c.kvr7");
-  FProject->SaveFile({});
-  EXPECT_EQ(Refusal(FFolder / "c.kvr7"), 32u);
-  EXPECT_EQ(Refusal(FFolder / "b.kvrx"), 0u);
-  EXPECT_EQ(Refusal(FFolder / "a.kvr7"), 0u);
-}
-
 TEST_F(ProjectFilesTest, FailedSaveKeepsFileFlagAndHold) {
   for (const char* extension : {"kvr7", "kvrx", "kvrxr"}) {
     SCOPED_TRACE(extension);
@@ -173,27 +148,6 @@ TEST_F(ProjectFilesTest, FailedSaveKeepsFileFlagAndHold) {
     }
     FProject.reset();
   }
-}
-
-TEST_F(ProjectFilesTest, EmptyDocumentAndItsStamp) {
-  const auto stamp = std::exchange(ProductVersion, "11.5");
-  Renew();
-  ProductVersion = "12.0";
-  EXPECT_EQ(FProject->ProductVersion(), "11.5");
-  const auto name = FFolder / "neu.kvrxr";
-  FProject->SetFileName(name);
-  FProject->SaveFile({});
-  const auto text = ReadFileText(name);
-  for (const char* part : {"<Version>1000</Version>", "<Version>11.5</Version>", "<TenantId>-1</TenantId>",
-                           "<TeacherId>-1</TeacherId>", "<TermId>-1</TermId>", "<Password />"})
-    EXPECT_NE(text.find(part), std::string::npos) << part;
-  FProject.reset();
-  FProject = CreateVantrel<TMyTessaronProject>();
-  FProject->TenantId.SetAsInt(3);
-  Load(name);
-  EXPECT_TRUE(FProject->TenantId.IsNull());
-  EXPECT_EQ(FProject->ProductVersion(), "11.5");
-  ProductVersion = stamp;
 }
 
 }  // namespace

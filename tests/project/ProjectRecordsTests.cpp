@@ -261,12 +261,4 @@ TEST_F(ProjectRecordsTest, RemarksMarkTheProject) {
   EXPECT_TRUE(student.CertificateComments().IsEmpty());
 }
 
-TEST_F(ProjectRecordsTest, GridStateRecordsDropTheIndex) {
-  TVisibleFields fields;
-  auto& field = fields.AddField("b", 5, 3, false, 80);
-  EXPECT_EQ(std::tie(field.Index, field.VisibleIndex, field.Visible, field.Width), std::tuple(0, 3, false, 80));
-  field.Clear();
-  EXPECT_EQ(std::tie(field.Name, field.VisibleIndex, field.Visible, field.Width), std::tuple("", -1, true, 0));
-}
-
 }  // namespace

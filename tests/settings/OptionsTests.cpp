@@ -41,15 +41,6 @@ TEST_F(OptionsTest, DefaultsBecomeAFileOfTheToldForm) {
   EXPECT_FALSE(options->RechtschreibungGross);
 }
 
-TEST_F(OptionsTest, NamesThatAreMissingKeepTheirDefaults) {
-  std::filesystem::create_directory(FFolder / "common");
-  WriteFileText(FCommon, "<Storage><RechtschreibungZahl>0</RechtschreibungZahl></Storage>");
-  const auto options = Create();
-  EXPECT_THAT(options->Load(), IsEmpty());
-  EXPECT_FALSE(options->RechtschreibungZahl || options->RechtschreibungWiederholt);
-  EXPECT_TRUE(options->RechtschreibungAktiv && options->RechtschreibungMischfaelle);
-}
-
 TEST_F(OptionsTest, DamageIsToldAndKept) {
   std::filesystem::create_directory(FFolder / "common");
   for (const std::string damaged : {"kaputt",

@@ -47,22 +47,6 @@ TEST_F(PreferenceFileTest, TwoProgramsKeepEachOthersValues) {
   EXPECT_EQ(two.Read({"both"}, "first")->Value, "1");
 }
 
-TEST_F(PreferenceFileTest, ManyWritersAtOnceLoseNothing) {
-  std::vector<std::thread> writers;
-  for (int writer = 0; writer < 8; ++writer) {
-    writers.emplace_back([this, writer] {
-      for (int round = 0; round < 5; ++round) {
-        TVantrelPreferenceFile file(FName, false);
-        file.Write({"key"}, std::to_string(writer * 100 + round), Text("x"));
-        file.Flush();
-      }
-    });
-  }
-  for (auto& writer : writers) writer.join();
-  EXPECT_EQ(TVantrelPreferenceFile(FName, false).ValueNames({"key"}).size(), 40U);
-  EXPECT_EQ(FFolder.FileCount(), 1U);
-}
-
 TEST_F(PreferenceFileTest, ADamagedFileIsTheDefaultsAndIsKept) {
   for (const std::string damaged : {"", "<Preferences><Entry", "<Other/>", "<!DOCTYPE a><Preferences/>", "\xFF\xFE"}) {
     WriteFileText(FName, damaged);

@@ -78,10 +78,6 @@ TEST_P(PreferencesTest, EveryKindOfValueComesBack) {
   EXPECT_EQ(font, SomeFont);
 }
 
-TEST_P(PreferencesTest, WhatIsMissingIsTheDefault) {
-  ExpectDefaults(*Open());
-}
-
 TEST_P(PreferencesTest, KeysAndValuesAreListedAndDeleted) {
   const auto store = Open();
   std::vector<std::string> names;
@@ -145,26 +141,6 @@ TEST(XmlPreferences, KeepsTheToldLayout) {
   EXPECT_EQ(store.CurrentKey(), "");
   store.FlushBuffer();
   EXPECT_THAT(ReadFileText(name), testing::HasSubstr("<Preferences/>"));
-}
-
-TEST(XmlPreferences, ReadsTextsAsTheyStand) {
-  const TempFolder folder;
-  WriteFileText(folder / "a.pref",
-                "<Preferences><Entry Name='none'/><Entry Name='bad' Value='1x'/><Entry Name='big' Value='2147483648'/>"
-                "<Entry Name='empty' Value=''/><Entry><k/></Entry></Preferences>");
-  TVantrelXMLPreferences store(folder / "a.pref", false);
-  EXPECT_EQ(store.ReadInteger("none", 5), 5);
-  EXPECT_EQ(store.ReadString("empty", "d"), "d");
-  for (const auto& read : std::initializer_list<std::function<void()>>{
-           [&] { store.ReadInteger("bad", 0); }, [&] { store.ReadInteger("big", 0); },
-           [&] { store.ReadFloat("bad", 0); }, [&] { store.ReadGuid("bad", {}); }})
-    EXPECT_NE(ErrorOf<EConvertError>(read), "");
-  EXPECT_THROW(store.ReadDateTime("bad", 0), EVantrelDateTimeError);
-  EXPECT_EQ(store.ReadChar("bad", u' '), u'1');
-  std::vector<std::string> names;
-  store.GetKeyNames(names);
-  EXPECT_THAT(names, IsEmpty());
-  EXPECT_TRUE(store.KeyExists("Entry"));
 }
 
 TEST(RegistryPreferences, AWrongKindIsTheDefault) {

@@ -7,7 +7,6 @@
 
 namespace {
 
-using testing::ElementsAre;
 using testing::HasSubstr;
 
 constexpr std::string_view AlignNames[] = {"alLeft", "alRight"};
@@ -103,27 +102,6 @@ TEST_F(StorageTest, EveryKindOfPropertyComesBack) {
     EXPECT_EQ(two.Lines.Lines, one.Lines.Lines);
     EXPECT_EQ(two.Next->Text, "next");
   }
-}
-
-TEST_F(StorageTest, PropertiesThatAreNotThereOrDoNotFitArePassedOver) {
-  TComponent one;
-  one.Text = "alt";
-  one.Huge = 5;
-  one.Variant = 1.5;
-  FStorage.WriteString("K", "n", "alSideways");
-  FStorage.WriteInteger("K", "i", 256);
-  for (const char* path :
-       {"Gone", "Next\\Text", "Text\\Length", "Lines\\Gone", "ReadOnly", "", "Next", "Align", "Aligns"})
-    FStorage.ReadProperty("K", "n", one, path);
-  for (const char* path : {"Number", "Huge", "Variant", "Text", "Align"}) FStorage.ReadProperty("K", "i", one, path);
-  EXPECT_EQ(one.Text, "alt");
-  EXPECT_EQ(one.Align, TAlign::alLeft);
-  EXPECT_EQ(one.Aligns, 0U);
-  EXPECT_EQ(one.Number, 0);
-  EXPECT_EQ(one.Huge, 5);
-  for (const char* path : {"Gone", "Next\\Text", "Huge", "Variant", "Next"})
-    FStorage.WriteProperty("W", "n", one, path);
-  EXPECT_EQ(FStorage.ReadString("W", "n", "none"), "none");
 }
 
 TEST_F(StorageTest, LiesWhereItsSettingsSay) {

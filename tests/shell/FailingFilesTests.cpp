@@ -1,8 +1,5 @@
 #include <gmock/gmock.h>
-#include <sys/resource.h>
 #include <unistd.h>
-
-#include <csignal>
 
 #include "MainFormFixture.h"
 
@@ -10,7 +7,6 @@ namespace {
 
 using testing::ElementsAre;
 using testing::HasSubstr;
-using testing::IsEmpty;
 using testing::StartsWith;
 using enum TVantrelFileAccessMode;
 using enum TVantrelFileOpenMode;
@@ -37,26 +33,6 @@ class TPlainUser {
     if (FSuper && ::seteuid(user) != 0) std::abort();
   }
   bool FSuper = ::getuid() == 0;
-};
-
-/// A disk with room for so many bytes of a file.
-class TSmallDisk {
- public:
-  explicit TSmallDisk(rlim_t bytes) : FSignal(std::signal(SIGXFSZ, SIG_IGN)) {
-    ::getrlimit(RLIMIT_FSIZE, &FBefore);
-    const rlimit limit{bytes, FBefore.rlim_max};
-    ::setrlimit(RLIMIT_FSIZE, &limit);
-  }
-  TSmallDisk(const TSmallDisk&) = delete;
-  TSmallDisk& operator=(const TSmallDisk&) = delete;
-  ~TSmallDisk() {
-    ::setrlimit(RLIMIT_FSIZE, &FBefore);
-    std::signal(SIGXFSZ, FSignal);
-  }
-
- private:
-  sighandler_t FSignal;
-  rlimit FBefore{};
 };
 
 /// Files that do not open as they should, next to those of the main window's test.
@@ -173,35 +149,6 @@ TEST_F(FailingFilesTest, AreToldAsTheyShallAndCostNoEntries) {
   }
 }
 
-TEST_F(FailingFilesTest, AFailedSaveIsToldAndLosesNothing) {
-  for (const char* name : {"own.kvrx", "own.kvr7", "own.kvrxr"}) {
-    SCOPED_TRACE(name);
-    Restore(name);
-    Start();
-    Open(name);
-    const auto path = FFolder / name, before = ReadFileText(path);
-    const auto files = FFolder.FileCount();
-    TypeAssessment("neu");
-    FForm->ShowView(TMyTessaronViews::viewWelcome, false);
-    auto& save = FForm->Commands().SaveFileCommand;
-    {
-      const TSmallDisk disk(1000);
-      save.Execute();
-    }
-    EXPECT_THAT(FBoxes.Texts, ElementsAre(StartsWith("Fehler beim Speichern der Datei.\r\n")));
-    EXPECT_TRUE(save.Enabled() && CurrentProject->Modified());
-    EXPECT_EQ(ReadFileText(path), before);
-    EXPECT_EQ(FFolder.FileCount(), files);
-    EXPECT_THROW(TVantrelFileStream(path, famShareDenyNone, fomOpenReadWrite), EVantrelFileHandleError);
-    save.Execute();
-    EXPECT_FALSE(save.Enabled());
-    EXPECT_EQ(FBoxes.Texts.size(), 1U);
-    FBoxes.Texts.clear();
-    FForm.reset();
-    EXPECT_EQ(AssessmentIn(path), "neu");
-  }
-}
-
 TEST_F(FailingFilesTest, AFileWithoutTheRightToWriteIsSavedUnderAnotherName) {
   std::filesystem::permissions(FFolder / "own.kvrx", ReadOnly);
   const TPlainUser plain;
@@ -215,15 +162,6 @@ TEST_F(FailingFilesTest, AFileWithoutTheRightToWriteIsSavedUnderAnotherName) {
   EXPECT_FALSE(CurrentProject->Modified());
   EXPECT_EQ(FWindow.Status, FFolder / "anders.kvrx");
   EXPECT_EQ(FBoxes.Texts.size(), 1U);
-}
-
-TEST_F(FailingFilesTest, TheOpenFileItselfIsNotOpenedTwice) {
-  Start();
-  Open("own.kvr7");
-  FWindow.OnRecentClick(0);
-  EXPECT_THAT(FBoxes.Texts, ElementsAre(HasSubstr(LoadError)));
-  EXPECT_EQ(FWindow.Status, FFolder / "own.kvr7");
-  EXPECT_THAT(RecentNames(), IsEmpty());
 }
 
 }  // namespace

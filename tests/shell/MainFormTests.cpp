@@ -70,36 +70,6 @@ TEST_F(MainFormTest, AnOpenLandsOnTheWelcomeViewAndEntersTheRecentList) {
   EXPECT_THAT(FBoxes.Texts, IsEmpty());
 }
 
-TEST_F(MainFormTest, RecentFilesAndPlacementOutliveTheRun) {
-  Start();
-  Open("small.kvrx");
-  Open("empty.kvrx");
-  FWindow.Place = {1, 2, 3, 4, TWindowState::Maximized};
-  FForm.reset();
-  EXPECT_EQ(FSettings.ReadInteger("MRU", "Count", 0), 2);
-  EXPECT_EQ(FSettings.ReadInteger("AppForm", "FormState", 0), 3);
-  EXPECT_EQ(FSettings.ReadString("AppForm\\OpenFileDialog", "InitialDir", ""), FFolder.Path());
-  std::filesystem::remove(FFolder / "small.kvrx");
-  FWindow.Place = {};
-  Start();
-  EXPECT_EQ(FWindow.Place.Bottom, 4);
-  EXPECT_EQ(FWindow.Place.State, TWindowState::Maximized);
-  EXPECT_THAT(RecentNames(), ElementsAre("empty.kvrx"));
-}
-
-TEST_F(MainFormTest, OptionsAreReadAtTheStartAndWrittenAtTheEnd) {
-  const auto options = CreateVantrel<TMyTessaronOptions>(FFolder / "MyTessaron.opt", FFolder / "own");
-  WriteFileText(FFolder / "MyTessaron.opt", "kaputt");
-  Start();
-  EXPECT_THAT(FBoxes.Texts, ElementsAre(HasSubstr("MyTessaron.opt")));
-  options->RechtschreibungURL = false;
-  FForm.reset();
-  options->RechtschreibungURL = true;
-  Start();
-  EXPECT_FALSE(options->RechtschreibungURL);
-  EXPECT_EQ(FBoxes.Texts.size(), 1U);
-}
-
 TEST_F(MainFormTest, AVanishedRecentFileIsToldAndLeavesTheList) {
   Start();
   for (const char* name : {"small.kvrx", "small.kvr7", "empty.kvrx"}) Open(name);
@@ -171,18 +141,6 @@ TEST_F(MainFormTest, SavingUnderANameMakesItAKnownKind) {
 
   SaveAs("/dev/null/neu.kvrx");
   EXPECT_THAT(FBoxes.Texts, ElementsAre(testing::StartsWith("Fehler beim Speichern der Datei.\r\n")));
-}
-
-TEST_F(MainFormTest, AViewThatFailsIsPassedOverInSilence) {
-  Start();
-  Open("small.kvrx");
-  FFailing = true;
-  FForm->Commands().StudentsViewCommand.Execute();
-  EXPECT_EQ(FForm->CurrentView(), viewWelcome);
-  EXPECT_THAT(FBoxes.Texts, IsEmpty());
-  FFailing = false;
-  FForm->Commands().StudentsViewCommand.Execute();
-  EXPECT_NE(StudentsView, nullptr);
 }
 
 struct TPlainForm : TBaseForm {

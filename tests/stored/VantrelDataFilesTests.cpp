@@ -82,25 +82,6 @@ TEST_F(DataFilesTest, NothingHappensWithoutANameOrAFile) {
   CreateVantrel<TTestDocument>()->StoreFile(dsfXml);
 }
 
-TEST_F(DataFilesTest, OpenFallsBackToReadingWhereItCannotWrite) {
-  const TVantrelFileStream reader(FName, famShareDenyWrite, fomOpenRead);
-  EXPECT_THROW(FDocument->OpenFileExclusive(FName, dsfXml), EVantrelFileHandleError);
-  EXPECT_EQ(FDocument->FileName(), FName);
-  EXPECT_EQ(FDocument->Log, "BeforeOpen ");
-  FDocument->OpenFile(FName, dsfXml);
-  EXPECT_EQ(FDocument->Items->Count(), 1);
-  EXPECT_EQ(ErrorOf<EVantrelFileHandleError>([&] { FDocument->StoreFile(dsfXml); }),
-            EVantrelFileHandleError(5u).what());
-  EXPECT_TRUE(FDocument->IsFileOpen());
-  EXPECT_EQ(ReadFileText(FName), Xml);
-
-  auto other = CreateVantrel<TTestDocument>();
-  const TVantrelFileStream writer(FFolder / "b.xml", famShareDenyNone, fomCreate);
-  WriteFileText(FFolder / "b.xml", Xml);
-  other->LoadFromFile(FFolder / "b.xml", dsfXml);
-  EXPECT_EQ(other->Items->Count(), 1);
-}
-
 TEST_F(DataFilesTest, FallbackIsReadAsXml) {
   FDocument->Fallback = FName;
   const auto missing = FFolder / "fehlt.bin";
@@ -126,18 +107,6 @@ TEST_F(DataFilesTest, DamagedFileOpensInSilenceAndIsKeptAtTheFirstSave) {
   EXPECT_EQ(ReadFileText(FName + ".beschaedigt2"), Damaged);
   EXPECT_EQ(ReadFileText(FName + ".beschaedigt"), "frueher");
   EXPECT_EQ(FFolder.FileCount(), 3u);
-}
-
-TEST_F(DataFilesTest, LoadFromFileHandsTheDamageOn) {
-  WriteFileText(FName, Damaged);
-  EXPECT_THROW(FDocument->LoadFromFile(FName, dsfXml), EVantrelDataObjectReaderError);
-  EXPECT_FALSE(FDocument->TryLoadFromFile(FName, dsfXml));
-  EXPECT_EQ(FDocument->Log, "BeforeOpen Clear4 BeforeOpen Clear4 ");
-  FDocument->SaveToFile(dsfXml);
-  EXPECT_EQ(ReadFileText(FName + ".beschaedigt"), Damaged);
-  WriteFileText(FName, "<a>\n\n<b");
-  FDocument->OpenFile(FName, dsfXml);
-  EXPECT_EQ(FDocument->LoadDamage()->Place, "Zeile 3");
 }
 
 TEST_F(DataFilesTest, Saving) {
@@ -167,25 +136,6 @@ TEST_F(DataFilesTest, Saving) {
   EXPECT_EQ(FDocument->Log, "BeforeNew Clear3 AfterNew ");
   EXPECT_EQ(FDocument->FileName(), "");
   EXPECT_FALSE(FDocument->Modified() || FDocument->IsFileOpen());
-}
-
-/// A save that fails keeps the old bytes, the modified flag and, on the same file, the hold.
-TEST_F(DataFilesTest, FailedSave) {
-  FDocument->StoreFile(FName, dsfXml);
-  const auto before = ReadFileText(FName);
-  FDocument->SetModifiedFlag(true);
-  FDocument->OnWrite = [](auto&) { throw EVantrelWriterError("voll"); };
-  for (int form = 0; form < 3; ++form)
-    EXPECT_EQ(ErrorOf<EVantrelWriterError>([&] {
-                if (form == 0) FDocument->StoreFile(FName, dsfXml);
-                if (form == 1) FDocument->StoreFile(dsfXml);
-                if (form == 2) FDocument->SaveToFile(dsfXml);
-              }),
-              "voll");
-  EXPECT_EQ(FDocument->State(), TVantrelDataStorageState::dssNormal);
-  EXPECT_TRUE(FDocument->Modified());
-  EXPECT_EQ(ReadFileText(FName), before);
-  EXPECT_EQ(Refusal(FName, fomOpenWrite), 32u);
 }
 
 TEST_F(DataFilesTest, FileErrorsInWords) {

@@ -113,20 +113,6 @@ TEST_F(DataFormsTest, ScalarsInThreeForms) {
   }
 }
 
-TEST_F(DataFormsTest, TextsThatAreNoValuesAreRefused) {
-  const std::pair<const char*, void (*)(TVantrelDataObjectReader&)> cases[] = {
-      {"x", [](auto& reader) { reader.ReadBoolean("V"); }},
-      {"", [](auto& reader) { reader.ReadLongInt("V", 1); }},
-      {"256", [](auto& reader) { reader.ReadByte("V"); }},
-      {"-40000", [](auto& reader) { reader.ReadSmallInt("V"); }},
-      {"1e300", [](auto& reader) { reader.ReadCurrency("V"); }},
-  };
-  for (const auto& [text, read] : cases) {
-    FDocument->OnRead = read;
-    EXPECT_THROW(LoadXml(*FDocument, fmt::format("<V>{}</V>", text)), EConvertError) << text;
-  }
-}
-
 TEST_F(DataFormsTest, ReadingOfOtherTexts) {
   FDocument->OnRead = [](auto& reader) {
     EXPECT_EQ(reader.ReadDouble("F"), 1.25);
@@ -223,42 +209,6 @@ TEST_F(DataFormsTest, Structures) {
     EXPECT_EQ(readPair.A, 1);
   };
   for (const auto form : AllFormats) LoadText(*FDocument, TextOf(*FDocument, form), form);
-}
-
-TEST_F(DataFormsTest, MissingStructures) {
-  FDocument->OnWrite = [](auto& writer) {
-    writer.WriteVCLBrush("B", nullptr);
-    writer.WriteVCLGraphic("G", nullptr);
-    writer.WriteDataObjectRef("R", nullptr);
-  };
-  EXPECT_EQ(XmlOf(*FDocument), "<Storage><Version>1</Version></Storage>");
-  FDocument->OnRead = [](auto& reader) {
-    EXPECT_NE(reader.ReadVCLBrush("B", std::make_unique<TVantrelBrush>()), nullptr);
-    EXPECT_EQ(reader.ReadVCLGraphic("G", NewBitmap, NewBitmap()) == nullptr, reader.Version() == 0);
-    EXPECT_EQ(reader.ReadDataObjectRef("R"), nullptr);
-  };
-  for (const auto form : AllFormats) LoadText(*FDocument, TextOf(*FDocument, form), form);
-  FDocument->OnRead = [](auto& reader) {
-    EXPECT_EQ(reader.ReadShortCut("S"), TVantrelShortCut());
-    std::vector<std::string> list{"weg"};
-    reader.ReadStringList("L", list);
-    EXPECT_TRUE(list.empty());
-    EXPECT_EQ(reader.ReadVCLGraphic("G0", NewBitmap, NewBitmap()), nullptr);
-  };
-  LoadXml(*FDocument, "<G0 Size='0'/>");
-  constexpr auto null = "Objektinstanz darf nicht NIL sein.";
-  FDocument->OnWrite = [](auto& writer) { writer.WriteDataProperty("D", nullptr); };
-  FDocument->OnRead = [](auto& reader) { reader.ReadDataProperty("D", nullptr); };
-  for (const auto form : AllFormats) {
-    const char* empty = form == TFormat::dsfXml ? "<S/>" : "{}";
-    EXPECT_EQ(ErrorOf<EVantrelDataObjectWriterError>([&] { TextOf(*FDocument, form); }), null);
-    EXPECT_EQ(ErrorOf<EVantrelDataObjectReaderError>([&] { LoadText(*FDocument, empty, form); }), null);
-  }
-  const auto graphic = [](auto& reader) { reader.ReadVCLGraphic("G", NewBitmap, nullptr); };
-  EXPECT_EQ(XmlError("<G/>", graphic), "Knoten /Storage konnte nicht gelesen werden: XML-Attribut \"Size\" erwartet.");
-  EXPECT_NE(XmlError("<G Size='2000000000'>AQID</G>", graphic), "");
-  EXPECT_EQ(XmlError("<B><Color>1</Color></B>", [](auto& reader) { reader.ReadVCLBrush("B", nullptr); }),
-            "Knoten /Storage/B konnte nicht gelesen werden: XML-Tag \"Styles\" erwartet.");
 }
 
 /// What XML cannot hold is left out, the rest survives; so does every other form's text.

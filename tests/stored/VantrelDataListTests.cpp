@@ -148,17 +148,4 @@ TEST_F(DataListTest, ItemInTwoOwningListsIsFreedOnce) {
   EXPECT_EQ(TTestItem::Alive, 4);
 }
 
-TEST_F(DataListTest, RefusesUnsuitableItems) {
-  auto& children = *Item(0)->Children;
-  EXPECT_NE(ErrorOf<EVantrelCollectionError>([&] { children.Add(Item(0)); }), "");
-  EXPECT_NE(ErrorOf<EVantrelCollectionError>([&] { children.Insert(0, Item(0)); }), "");
-  TVantrelDataListOf<TTestItem> typed(true);
-  EXPECT_NE(ErrorOf<EVantrelCollectionError>([&] { typed.Add(TOtherItem::Class()); }), "");
-  TVantrelDataList others(true);
-  others.Add(TOtherItem::Class());
-  EXPECT_NE(ErrorOf<EVantrelCollectionError>([&] { typed.Assign(others); }), "");
-  EXPECT_TRUE(typed.IsEmpty());
-  EXPECT_THROW(Items().GetItem(5), EVantrelCollectionError);
-}
-
 }  // namespace

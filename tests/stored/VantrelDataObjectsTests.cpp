@@ -100,16 +100,4 @@ TEST(DataObjects, EventsInTheirOrder) {
   EXPECT_EQ(TakeLog(), "Save;Load;");
 }
 
-TEST(DataObjects, MethodListTellsCodeAndDataApart) {
-  TVantrelMethodList<int> list;
-  int sums[2] = {};
-  const auto add = [](void* data, int value) { *static_cast<int*>(data) += value; };
-  for (auto* sum : {&sums[0], &sums[1], &sums[0]}) list.Add(add, sum);
-  EXPECT_EQ(list.IndexOf(add, &sums[1]), 1);
-  list.Remove(add, &sums[0]);
-  EXPECT_EQ(list.IndexOf(add, &sums[0]), 1);
-  list.Call(3);
-  EXPECT_EQ(sums[0], 3);
-}
-
 }  // namespace

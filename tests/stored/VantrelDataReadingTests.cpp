@@ -107,31 +107,6 @@ TEST_F(DataReadingTest, MessagesOfTheXmlForm) {
   EXPECT_THROW(LoadXml(*FDocument, Items(Object("Item", "{0}"))), EConvertError);
 }
 
-TEST_F(DataReadingTest, UnknownClassInTheOtherForms) {
-  const auto json = [](const char* properties) {
-    return fmt::format(
-        R"({{"Refs": {{"Items": [{{"Class": "TTestItem", "ID": "{}"}}, null]}}, "Items": {{"Items": [{}]}}}})", A,
-        properties);
-  };
-  LoadText(*FDocument, json(fmt::format(R"({{"Class": "TFremd", "ID": "{}"}})", A).c_str()), TFormat::dsfJson);
-  EXPECT_EQ(FDocument->Items->Count(), 1);
-  for (const char* item : {"{}", "5", R"({"Class": "TTestItem"})"})
-    EXPECT_THROW(LoadText(*FDocument, json(item), TFormat::dsfJson), EConvertError) << item;
-
-  TVantrelMemoryStream stream;
-  TVantrelStreamWriter writer(stream, 0);
-  writer.WriteLongInt(1);
-  writer.WriteBoolean(true);
-  writer.WriteString("TFremd");
-  const auto load = [&] {
-    stream.SetPosition(0);
-    FDocument->LoadFromBinStream(stream);
-  };
-  EXPECT_EQ(ErrorOf<EVantrelDataObjectReaderError>(load), "Klasse \"TFremd\" wurde nicht registriert.");
-  stream.Bytes().assign({1, 0, 0, 0, 1, 0, 0, 0, 0});
-  EXPECT_EQ(ErrorOf<EVantrelDataObjectReaderError>(load), "Kein Klassenname gefunden.");
-}
-
 /// What was read before the damage stays, and nothing of it leaks.
 TEST_F(DataReadingTest, FailureInTheMiddle) {
   FDocument->AddItem("a").Children->Add(TTestItem::Class());
@@ -155,14 +130,6 @@ TEST_F(DataReadingTest, FailureInTheMiddle) {
   }
   EXPECT_EQ(mostRead, 1);
   LoadText(*FDocument, whole + "Rest", TFormat::dsfBinary);
-}
-
-TEST_F(DataReadingTest, CountsAndLengthsBeyondTheFile) {
-  const std::string largest = "\xFF\xFF\xFF\x7F";
-  for (const auto& bytes : {largest, largest + std::string(9, '\0'), "\1" + std::string(3, '\0') + "\1" + largest})
-    EXPECT_THROW(LoadText(*FDocument, bytes, TFormat::dsfBinary), EVantrelReaderError);
-  LoadText(*FDocument, "\xFF\xFF\xFF\xFF" + std::string(4, '\0'), TFormat::dsfBinary);
-  EXPECT_TRUE(FDocument->Items->IsEmpty());
 }
 
 TEST_F(DataReadingTest, DepthIsBounded) {

@@ -58,21 +58,6 @@ TEST_F(VantrelMemTable, ValuesTakeTheFieldsType) {
   EXPECT_EQ(Table.FieldByName("ID").DisplayLabel(), "ID");
 }
 
-TEST_F(VantrelMemTable, WrongUseIsRefused) {
-  try {
-    Table.FieldByName("id");
-    ADD_FAILURE();
-  } catch (const EVantrelException& error) {
-    EXPECT_EQ(error.Message(), "Feld \"id\" nicht gefunden.");
-  }
-  EXPECT_THROW(Table.FieldByName("ID").SetValue(1), EVantrelException);
-  EXPECT_THROW(Table.Edit(), EVantrelException);
-  EXPECT_THROW(Table.Delete(), EVantrelException);
-  EXPECT_THROW(Table.AddField("X", ftText), EVantrelException);
-  Table.Close();
-  EXPECT_THROW(Table.Append(), EVantrelException);
-}
-
 TEST_F(VantrelMemTable, EditsArePostedOrDropped) {
   Add(1, "a");
   Add(2, "b");

@@ -5,7 +5,6 @@
 namespace {
 
 using testing::ElementsAre;
-using testing::IsEmpty;
 using enum TStudentsPage;
 
 constexpr int Note1 = 8, Beurteilung = 15, Zusatznote9 = 28;
@@ -81,17 +80,6 @@ TEST_F(StudentsViewTest, ShowsTheFirstStudentAtOnce) {
   EXPECT_EQ(Ui().Title.Text(), Student(0).ViewDisplayName() + " - " + Course(0).SubjectName);
   EXPECT_EQ(Ui().List.DisplayText(0, 1), FProject->Classes().Find(Student(0).ClassId.Value)->Token);
   EXPECT_EQ(Grid().Updates(), 0);
-}
-
-TEST_F(StudentsViewTest, ListWithoutStudentsStandsEmpty) {
-  FProject->Courses().Clear();
-  FProject->Students().Clear();
-  Open();
-  EXPECT_EQ(Ui().ListCount.Text() + Ui().CourseCount.Text(), "Anzahl: 0Anzahl: 0");
-  EXPECT_THAT(Grid().Columns(), IsEmpty());
-  for (const auto* command :
-       {&FFrame.GotoFirstCommand, &FFrame.GotoPrevCommand, &FFrame.GotoNextCommand, &FFrame.GotoLastCommand})
-    EXPECT_FALSE(command->Enabled());
 }
 
 TEST_F(StudentsViewTest, GotoCommandsFollowThePlaceInTheList) {
@@ -196,25 +184,6 @@ TEST_F(StudentsViewTest, AFieldWithoutAColumnIsHiddenAndNotOffered) {
   Open();
   const auto& position = Grid().Column("col_student_course_position");
   EXPECT_FALSE(position.Visible || position.InChooser);
-}
-
-TEST_F(StudentsViewTest, HeaderClickSortsTheRecords) {
-  Open();
-  Ui().List.ClickHeader(3, TGridSortOrder::Descending);
-  std::vector<std::string> names;
-  for (int i = 0; i < 12; ++i) names.push_back(Ui().List.Value(i, 3).AsText());
-  EXPECT_TRUE(std::ranges::is_sorted(names, [](const auto& a, const auto& b) { return CompareText(a, b) > 0; }));
-  FView->GotoFirst();
-  EXPECT_EQ(Ui().Title.Text().find(FProject->Students().Find(Ui().List.Value(0, 0))->ViewDisplayName()), 0U);
-}
-
-TEST_F(StudentsViewTest, TheListsLayoutOutlivesTheView) {
-  Open();
-  Ui().List.SetColumnWidth(2, 222);
-  FView.reset();
-  EXPECT_EQ(FSettings.ReadString("Ansichten\\Forms\\StudentsView", "Layout", ""), "60 80 222 120 80 ");
-  Open();
-  EXPECT_EQ(Ui().List.Columns()[2].Width, 222);
 }
 
 TEST_F(StudentsViewTest, LivesWithoutItsLookupModule) {

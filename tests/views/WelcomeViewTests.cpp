@@ -35,15 +35,6 @@ class WelcomeViewTest : public testing::Test {
   TVantrelPtr<TWelcomeView> FView;
 };
 
-TEST_F(WelcomeViewTest, StandsEmptyWithoutAProject) {
-  Open();
-  EXPECT_EQ(Text(VersionText), "Sie arbeiten mit MyTessaron in der Version 10.2.0");
-  EXPECT_EQ(Text(FilenameText), "Aktuelle Datei");
-  EXPECT_TRUE(FakeWelcomeUi::Last->Texts[VersionText].Visible);
-  for (const auto text : {FileVersionText, FilenameText, DescriptionMemo, TenantText})
-    EXPECT_FALSE(FakeWelcomeUi::Last->Texts[text].Visible);
-}
-
 TEST_F(WelcomeViewTest, TellsFileAndMissingGrades) {
   CurrentProject = FProject.get();
   Show({"Note1", "Endnote1", "Endnote2"});
@@ -74,15 +65,6 @@ TEST_F(WelcomeViewTest, TellsFileAndMissingGrades) {
   Show({"Endnote2"});
   Open();
   EXPECT_EQ(Text(FilenameText), "Folgende Noten sind noch einzugeben:");
-}
-
-TEST_F(WelcomeViewTest, PanelStandsInTheCentreAndNeverLeftOfIt) {
-  Open();
-  FakeWelcomeUi::Last->OnResize(1281, 721);
-  EXPECT_EQ(FakeWelcomeUi::Last->Place, std::pair(340, 100));
-  FakeWelcomeUi::Last->OnResize(500, 400);
-  EXPECT_EQ(FakeWelcomeUi::Last->Place, std::pair(0, 0));
-  EXPECT_THROW(FView->GotoNext(), EVantrelException);
 }
 
 TEST_F(WelcomeViewTest, GridHelpers) {
