@@ -2,89 +2,18 @@
 
 #include <gtest/gtest.h>
 
+#include "PublishedObjects.h"
 #include "VantrelExceptions.h"
-#include "VantrelPublished.h"
 
 namespace {
-enum class TSide : std::uint8_t { sdLeft, sdTop, sdRight };
-constexpr std::string_view SideNames[] = {"sdLeft", "sdTop", "sdRight"};
-constexpr TVantrelTypeInfo SideType = EnumTypeInfo("TSide", SideNames);
-constexpr TVantrelTypeInfo SidesType = SetTypeInfo("TSides", SideType);
-constexpr TVantrelTypeInfo PortType = InterfaceTypeInfo("IPort");
-struct TPort {};
-
-class TNode : public TVantrelObject {
- public:
-  const std::string& Caption() const { return FCaption; }
-  void SetCaption(const std::string& value) { FCaption = value; }
-  std::int16_t Tag() const { return FTag; }
-  void SetTag(std::int16_t value) { FTag = value; }
-  bool Visible() const { return FTag != 0; }
-  const TVantrelClass& ClassReference() const override;
-  static const TVantrelClass Class;
-
- private:
-  std::string FCaption;
-  std::int16_t FTag = 0;
-};
-
-constexpr TVantrelProperty NodeProperties[] = {
-    Published<&TNode::Caption, &TNode::SetCaption>("Caption"),
-    Published<&TNode::Tag, &TNode::SetTag>("Tag", 7),
-    Published<&TNode::Visible>("Visible"),
-};
-constexpr TVantrelClass TNode::Class{.Name = "TNode", .Properties = NodeProperties};
-const TVantrelClass& TNode::ClassReference() const {
-  return Class;
-}
-constexpr TVantrelTypeInfo NodeType = ClassTypeInfo(TNode::Class);
-
-/// A field with the pair of operations that publish it.
-#define PUBLISHED(Type, Name)  \
-  Type Name() const {          \
-    return F##Name;            \
-  }                            \
-  void Set##Name(Type value) { \
-    F##Name = value;           \
-  }                            \
-  Type F##Name {}
-
-class TLeaf final : public TNode {
- public:
-  PUBLISHED(TSide, Side);
-  PUBLISHED(std::uint8_t, Sides);
-  PUBLISHED(std::int64_t, Big);
-  PUBLISHED(float, Ratio);
-  PUBLISHED(TNode*, Partner);
-  PUBLISHED(TPort*, Port);
-  PUBLISHED(TVariant, Value);
-  const TVantrelClass& ClassReference() const override;
-};
-#undef PUBLISHED
-
-constexpr TVantrelProperty LeafProperties[] = {
-    Published<&TLeaf::Side, &TLeaf::SetSide>("Side", SideType, 1),
-    Published<&TLeaf::Sides, &TLeaf::SetSides>("Sides", SidesType),
-    Published<&TLeaf::Big, &TLeaf::SetBig>("Big"),
-    Published<&TLeaf::Ratio, &TLeaf::SetRatio>("Ratio"),
-    Published<&TLeaf::Partner, &TLeaf::SetPartner>("Partner", NodeType),
-    Published<&TLeaf::Port, &TLeaf::SetPort>("Port", PortType),
-    Published<&TLeaf::Value, &TLeaf::SetValue>("Value"),
-};
-
-const TVantrelClass& TLeaf::ClassReference() const {
-  static constexpr TVantrelClass reference{.Name = "TLeaf", .Base = &TNode::Class, .Properties = LeafProperties};
-  return reference;
-}
-
 TEST(ClassRtti, ListsInheritedPropertiesFirst) {
   const TVantrelClassRTTI rtti(TLeaf().ClassReference());
-  EXPECT_EQ(rtti.PropCount(), 10);
+  EXPECT_EQ(rtti.PropCount(), 11);
   EXPECT_EQ(rtti.GetPropertyName(0), "Caption");
   EXPECT_EQ(rtti.GetPropertyIndex("SIDE"), 3);
   EXPECT_EQ(rtti.GetPropertyIndex("Weg"), -1);
   EXPECT_FALSE(rtti.IsPropertyPublished(""));
-  for (const int index : {-1, 10}) EXPECT_THROW(rtti.GetPropertyName(index), EVantrelRTTIError);
+  for (const int index : {-1, 11}) EXPECT_THROW(rtti.GetPropertyName(index), EVantrelRTTIError);
   EXPECT_THROW(rtti.GetPropertyTypeKind("Weg"), EVantrelRTTIError);
   EXPECT_EQ(TVantrelClassRTTI(TVantrelObject().ClassReference()).PropCount(), 0);
 }

@@ -1,62 +1,26 @@
 #include <gmock/gmock.h>
 
 #include "PrivateConfig.h"
+#include "PublishedObjects.h"
 #include "VantrelForms.h"
-#include "VantrelPublished.h"
 #include "mStorage.h"
 
 namespace {
 
 using testing::HasSubstr;
 
-constexpr std::string_view AlignNames[] = {"alLeft", "alRight"};
-constexpr auto AlignType = EnumTypeInfo("TAlign", AlignNames);
-constexpr auto AlignsType = SetTypeInfo("TAligns", AlignType);
-enum class TAlign { alLeft, alRight };
-
-#define PROPERTY(Type, Name)          \
-  Type Name{};                        \
-  const Type& Get##Name() const {     \
-    return Name;                      \
-  }                                   \
-  void Set##Name(const Type& value) { \
-    Name = value;                     \
-  }
-
-struct TComponent : TVantrelPersistent {
-  PROPERTY(std::string, Text)
-  PROPERTY(std::uint8_t, Number)
-  PROPERTY(char16_t, Letter)
-  PROPERTY(double, Float)
-  PROPERTY(TAlign, Align)
-  PROPERTY(std::uint32_t, Aligns)
-  PROPERTY(TVariant, Variant)
-  PROPERTY(std::int64_t, Huge)
+/// A leaf with lines.
+struct TComponent : TLeaf {
   TVantrelStringList Lines;
-  std::unique_ptr<TComponent> Next;
   TVantrelObject* GetLines() const { return const_cast<TVantrelStringList*>(&Lines); }
-  TVantrelObject* GetNext() const { return Next.get(); }
-  const TVantrelClass& ClassReference() const override;
+  const TVantrelClass& ClassReference() const override {
+    static constexpr TVantrelClass object{.Name = "TVantrelObject"};
+    static constexpr auto objectType = ClassTypeInfo(object);
+    static constexpr TVantrelProperty properties[] = {Published<&TComponent::GetLines>("Lines", objectType)};
+    static constexpr TVantrelClass reference{.Name = "TComponent", .Base = &TLeaf::Class, .Properties = properties};
+    return reference;
+  }
 };
-
-const TVantrelClass& TComponent::ClassReference() const {
-  static constexpr TVantrelClass object{.Name = "TVantrelObject"};
-  static constexpr auto objectType = ClassTypeInfo(object);
-  static constexpr TVantrelProperty properties[] = {
-      Published<&TComponent::GetText, &TComponent::SetText>("Text"),
-      Published<&TComponent::GetText>("ReadOnly"),
-      Published<&TComponent::GetNumber, &TComponent::SetNumber>("Number"),
-      Published<&TComponent::GetLetter, &TComponent::SetLetter>("Letter"),
-      Published<&TComponent::GetFloat, &TComponent::SetFloat>("Float"),
-      Published<&TComponent::GetAlign, &TComponent::SetAlign>("Align", AlignType),
-      Published<&TComponent::GetAligns, &TComponent::SetAligns>("Aligns", AlignsType),
-      Published<&TComponent::GetVariant, &TComponent::SetVariant>("Variant"),
-      Published<&TComponent::GetHuge, &TComponent::SetHuge>("Huge"),
-      Published<&TComponent::GetLines>("Lines", objectType),
-      Published<&TComponent::GetNext>("Next", objectType)};
-  static constexpr TVantrelClass reference{.Name = "TComponent", .Properties = properties};
-  return reference;
-}
 
 class StorageTest : public testing::Test {
  protected:
@@ -72,36 +36,44 @@ class StorageTest : public testing::Test {
 };
 
 TEST_F(StorageTest, EveryKindOfPropertyComesBack) {
-  const char* paths[] = {"Text", "Number", "Letter", "Float", "Align", "Aligns", "Variant", "Lines", "Next\\Text"};
+  const char* paths[] = {"Caption", "Tag", "Letter", "Ratio", "Side", "Sides", "Value", "Lines", "Partner\\Caption"};
   for (const auto& variant : {TVariant("t"), TVariant(7), TVariant::DateTime(39571.75)}) {
-    TComponent one;
-    one.Text = "Text, \"2\"";
-    one.Number = 255;
-    one.Letter = u'ß';
-    one.Float = 0.1;
-    one.Align = TAlign::alRight;
-    one.Aligns = 3;
-    one.Variant = variant;
+    TNode partnerOfOne, partnerOfTwo;
+    TComponent one, two;
+    one.SetCaption("Text, \"2\"");
+    one.SetTag(-32768);
+    one.SetLetter(u'ß');
+    one.SetRatio(0.1F);
+    one.SetSide(TSide::sdRight);
+    one.SetSides(3);
+    one.SetValue(variant);
     one.Lines.Lines = {"a b", "c,d", ""};
-    one.Next = std::make_unique<TComponent>();
-    one.Next->Text = "next";
-    TComponent two;
-    two.Next = std::make_unique<TComponent>();
-    two.Variant = variant.Kind() == TVariantKind::Text ? TVariant("") : TVariant(0);
-    if (variant.Kind() == TVariantKind::DateTime) two.Variant = TVariant::DateTime(0);
+    one.SetPartner(&partnerOfOne);
+    partnerOfOne.SetCaption("next");
+    two.SetPartner(&partnerOfTwo);
+    two.SetValue(variant.Kind() == TVariantKind::Text ? TVariant("") : TVariant(0));
+    if (variant.Kind() == TVariantKind::DateTime) two.SetValue(TVariant::DateTime(0));
     for (const char* path : paths) FStorage.WriteProperty("Key\\Sub", path, one, path);
     Reopen();
     for (const char* path : paths) FStorage.ReadProperty("Key\\Sub", path, two, path);
-    EXPECT_EQ(two.Text, one.Text);
-    EXPECT_EQ(two.Number, 255);
-    EXPECT_EQ(two.Letter, u'ß');
-    EXPECT_EQ(two.Float, 0.1);
-    EXPECT_EQ(two.Align, TAlign::alRight);
-    EXPECT_EQ(two.Aligns, 3U);
-    EXPECT_EQ(two.Variant, variant);
-    EXPECT_EQ(two.Lines.Lines, one.Lines.Lines);
-    EXPECT_EQ(two.Next->Text, "next");
+    EXPECT_EQ(std::tie(two.FCaption, two.FTag, two.FLetter, two.FRatio, two.FSide, two.FSides, two.Lines.Lines),
+              std::tie(one.FCaption, one.FTag, one.FLetter, one.FRatio, one.FSide, one.FSides, one.Lines.Lines));
+    EXPECT_EQ(two.Value(), variant);
+    EXPECT_EQ(partnerOfTwo.Caption(), "next");
   }
+}
+
+TEST_F(StorageTest, WhatDoesNotFitIsPassedOver) {
+  TComponent one;
+  FStorage.WriteString("Key", "text", "sdSideways");
+  FStorage.WriteInteger("Key", "number", 40000);
+  for (const char* path : {"Gone", "Partner\\Caption", "Caption\\Length", "Visible", "", "Partner", "Side", "Sides"})
+    FStorage.ReadProperty("Key", "text", one, path);
+  for (const char* path : {"Tag", "Big", "Side"}) FStorage.ReadProperty("Key", "number", one, path);
+  for (const char* path : {"Gone", "Partner\\Caption", "Big", "Partner"})
+    FStorage.WriteProperty("New", "name", one, path);
+  EXPECT_EQ(std::tie(one.FTag, one.FSide, one.FSides, one.FBig), std::tuple(0, TSide::sdLeft, 0, 0));
+  EXPECT_EQ(FStorage.ReadString("New", "name", "none"), "none");
 }
 
 TEST_F(StorageTest, LiesWhereItsSettingsSay) {
@@ -156,8 +128,8 @@ struct TTestForm : TVantrelForm {
   TTestForm(TVantrelStorage* storage, TWindow& window, std::string& log) : TVantrelForm(storage, &window), Log(log) {
     SetStorageKey("\\Forms\\A/");
     FStorePlacement = FStoreComponents = true;
-    FStorageLinks = {{&Component, {{"Text", "Part", "T"}, {"Gone", "Part", "G"}}}};
-    FOnLoadProperties = [this] { Log += "load:" + Component.Text + ";"; };
+    FStorageLinks = {{&Component, {{"Caption", "Part", "T"}, {"Gone", "Part", "G"}}}};
+    FOnLoadProperties = [this] { Log += "load:" + Component.Caption() + ";"; };
     FOnSaveProperties = [this] { Log += "save;"; };
     FOnFocusChanged = [this] { Log += "focus;"; };
     FOnCacheQuery = [] { return false; };
@@ -178,7 +150,7 @@ TEST_F(StorageTest, AFormLivesInTheToldOrder) {
   auto form = CreateVantrel<TTestForm>(&FStorage, window, log);
   form->DoShow();
   EXPECT_EQ(window.Place.Right, 110);
-  form->Component.Text = "bleibt";
+  form->Component.SetCaption("bleibt");
   window.Place = {1, 2, 31, 42, TWindowState::Minimized};
   form.reset();
   EXPECT_EQ(log, "create;load:;save;place;destroy;");
