@@ -1,7 +1,7 @@
 #include "CliFixture.h"
 #include "DiskFaults.h"
+#include "ErrorOf.h"
 #include "InChild.h"
-#include "VantrelExceptions.h"
 
 namespace {
 
@@ -64,17 +64,13 @@ TEST_P(ConvertFaultTest, LeavesTheOldOrTheNewFile) {
 
 INSTANTIATE_TEST_SUITE_P(Kinds, ConvertFaultTest,
                          testing::Combine(testing::Values("kvrx", "kvr7", "kvrxr"),
-                                          testing::Values(TDiskFault::Kill, TDiskFault::Full)));
+                                          testing::Values(TDiskFault::Kill, TDiskFault::Full, TDiskFault::Failure)));
 
 /// Opens the file for editing as the window does; 0 or the code of the refusal.
 int OpenForEditing(const std::string& file) {
-  try {
-    const auto project = CreateVantrel<TMyTessaronProject>();
-    project->LoadFile(file);
-    return project->Students().Count() == 1 ? 0 : 255;
-  } catch (const EVantrelFileHandleError& error) {
-    return static_cast<int>(error.ErrorCode());
-  }
+  const auto project = CreateVantrel<TMyTessaronProject>();
+  const auto code = FileErrorOf([&] { project->LoadFile(file); });
+  return code == 0 && project->Students().Count() != 1 ? 255 : static_cast<int>(code);
 }
 
 class HoldTest : public ProgramTest, public testing::WithParamInterface<const char*> {};

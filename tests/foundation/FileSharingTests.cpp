@@ -93,17 +93,13 @@ TEST(FileSharing, ReadOnlyFilesCanBeHeld) {
   const auto name = folder / "f";
   WriteFileText(name, "x");
   ::chmod(name.c_str(), 0400);
-  EXPECT_EQ(InChildAsOrdinaryUser(folder.Path(),
-                                  [&] {
-                                    return CodeOfOpening(name, {fomOpenReadWrite, famShareExclusive});
-                                  }),
-            5);
-  EXPECT_EQ(InChildAsOrdinaryUser(folder.Path(),
-                                  [&] {
-                                    const TVantrelFileHandle held(name, famShareExclusive, fomOpenRead);
-                                    return CodeOfOpening(name, {fomOpenRead, famShareDenyNone});
-                                  }),
-            32);
+  const auto write = [&] { return CodeOfOpening(name, {fomOpenReadWrite, famShareExclusive}); };
+  const auto readTwice = [&] {
+    const TVantrelFileHandle held(name, famShareExclusive, fomOpenRead);
+    return CodeOfOpening(name, {fomOpenRead, famShareDenyNone});
+  };
+  EXPECT_EQ(InChildAsOrdinaryUser(folder.Path(), write), 5);
+  EXPECT_EQ(InChildAsOrdinaryUser(folder.Path(), readTwice), 32);
 }
 
 }  // namespace

@@ -52,13 +52,6 @@ INSTANTIATE_TEST_SUITE_P(All, GoldenPairsTest,
 TEST_F(GoldenFilesTest, ValuesOfTheSmallDocument) {
   for (const char* extension : {"kvr7", "kvrx", "kvrxr"}) {
     const auto project = Load(fs::path(FIXTURES) / (std::string("small.") + extension));
-    EXPECT_EQ(project->ProductVersion(), "10.2.1");
-    EXPECT_EQ(project->TeacherName, "Müller, Jürgen");
-    EXPECT_EQ(project->Description, "Beschreibung\nmit zwei Zeilen");
-    EXPECT_EQ(project->TenantId.AsInt(), 7);
-    EXPECT_TRUE(project->TermId.IsNull());
-    EXPECT_EQ(project->Students().Count(), 12);
-    EXPECT_EQ(project->Classes().Count(), 5);
     EXPECT_EQ(project->Noten().Count(), 34);
     ASSERT_EQ(project->Courses().Count(), 60);
     const auto* student = project->Students().GetItem(0);

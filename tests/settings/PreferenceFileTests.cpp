@@ -1,7 +1,5 @@
 #include <gmock/gmock.h>
 
-#include <thread>
-
 #include "ErrorOf.h"
 #include "InChild.h"
 #include "TempFolder.h"
@@ -66,14 +64,13 @@ TEST_F(PreferenceFileTest, ADamagedFileIsTheDefaultsAndIsKept) {
 TEST_F(PreferenceFileTest, WhatCannotBeReadIsNotReplaced) {
   WriteFileText(FName, "<Preferences><Entry Name='a' Value='alt'/></Preferences>");
   std::filesystem::permissions(FName, std::filesystem::perms::none);
-  EXPECT_EQ(InChildAsOrdinaryUser(FFolder.Path(),
-                                  [&] {
-                                    TVantrelPreferenceFile file(FName, false);
-                                    file.Write({}, "a", Text("neu"));
-                                    const auto code = FileErrorOf([&] { file.Flush(); });
-                                    return file.Damage().empty() || !file.Modified() ? 1 : static_cast<int>(code);
-                                  }),
-            5);
+  const auto write = [&] {
+    TVantrelPreferenceFile file(FName, false);
+    file.Write({}, "a", Text("neu"));
+    const auto code = FileErrorOf([&] { file.Flush(); });
+    return file.Damage().empty() || !file.Modified() ? 1 : static_cast<int>(code);
+  };
+  EXPECT_EQ(InChildAsOrdinaryUser(FFolder.Path(), write), 5);
   std::filesystem::permissions(FName, std::filesystem::perms::owner_all);
   EXPECT_THAT(ReadFileText(FName), HasSubstr("alt"));
 }

@@ -127,6 +127,9 @@ TEST_F(DataFormsTest, ReadingOfOtherTexts) {
   };
   LoadXml(*FDocument,
           "<F>1,25</F><S>abc</S><E/><C>ei<!-- -->ns<![CDATA[<]]>zwei</C><Doppelt>1</Doppelt><Doppelt>2</Doppelt>");
+  FDocument->OnRead = [](auto& reader) { reader.ReadByte("V", 1); };
+  for (const char* text : {"", "x", "256", "-1"})
+    EXPECT_THROW(LoadXml(*FDocument, fmt::format("<V>{}</V>", text)), EConvertError) << text;
 }
 
 TEST_F(DataFormsTest, VersionsOfTheTextForms) {

@@ -1,6 +1,5 @@
 #include <gtest/gtest.h>
 
-#include "ErrorOf.h"
 #include "TestDocument.h"
 #include "VantrelExceptions.h"
 
@@ -146,6 +145,13 @@ TEST_F(DataListTest, ItemInTwoOwningListsIsFreedOnce) {
   EXPECT_EQ(extracted->GetStorage(), FDocument.get());
   Items().Delete(0);
   EXPECT_EQ(TTestItem::Alive, 4);
+}
+
+TEST_F(DataListTest, RefusesUnsuitableItems) {
+  TVantrelDataListOf<TTestItem> typed(true);
+  EXPECT_THROW(typed.Add(TOtherItem::Class()), EVantrelCollectionError);
+  EXPECT_THROW(Item(0)->Children->Add(Item(0)), EVantrelCollectionError);
+  EXPECT_THROW(Items().GetItem(5), EVantrelCollectionError);
 }
 
 }  // namespace

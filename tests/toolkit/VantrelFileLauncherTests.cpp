@@ -5,7 +5,7 @@
 #include <filesystem>
 #include <future>
 
-#include "VantrelExceptions.h"
+#include "ErrorOf.h"
 
 namespace {
 
@@ -41,13 +41,7 @@ TEST(VantrelFileLauncher, HandsOverAndAnswers) {
       {31, "Systemfehler (Fehlercode: 31).\r\nThere is no application associated with the given file name extension."}};
   for (const auto& [code, text] : texts) {
     opener.Code = code;
-    try {
-      launcher.Execute("print");
-      ADD_FAILURE() << text;
-    } catch (const EVantrelFileLaunchError& error) {
-      EXPECT_EQ(error.Message(), text);
-      EXPECT_EQ(error.ErrorCode(), code);
-    }
+    EXPECT_EQ(ErrorOf<EVantrelFileLaunchError>([&] { launcher.Execute("print"); }), text);
   }
   EXPECT_EQ(opener.Last.Operation, "print");
 }
