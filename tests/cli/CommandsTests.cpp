@@ -1,5 +1,4 @@
 #include "CliFixture.h"
-#include "InChild.h"
 
 namespace {
 

@@ -2,10 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include <QListWidget>
 #include <QTest>
 
-#include "ApplicationMenu.h"
 #include "DesktopMainWindow.h"
 
 namespace {

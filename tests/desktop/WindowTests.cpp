@@ -7,8 +7,6 @@
 #include <QMessageBox>
 #include <QPushButton>
 #include <QScreen>
-#include <QScrollArea>
-#include <QScrollBar>
 #include <QTabWidget>
 #include <QTest>
 #include <QTimer>
@@ -18,7 +16,6 @@
 #include "DesktopMainWindow.h"
 #include "DesktopMsgBox.h"
 #include "DesktopStudentsView.h"
-#include "DesktopWelcomeView.h"
 #include "TempFolder.h"
 
 namespace {

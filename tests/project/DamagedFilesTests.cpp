@@ -2,7 +2,6 @@
 #include <malloc.h>
 
 #include <algorithm>
-#include <cmath>
 #include <cstdlib>
 #include <new>
 

@@ -1,8 +1,5 @@
 #include <gmock/gmock.h>
 
-#include <functional>
-
-#include "ErrorOf.h"
 #include "PrivateConfig.h"
 #include "VantrelRegistryPreferences.h"
 

@@ -1,7 +1,6 @@
 #include <gmock/gmock.h>
 
 #include "MainFormFixture.h"
-#include "uOptions.h"
 
 namespace {
 
@@ -9,8 +8,6 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
 using enum TMyTessaronViews;
-using enum TVantrelFileAccessMode;
-using enum TVantrelFileOpenMode;
 
 TEST_F(MainFormTest, StartsEmptyOrWithTheFileOfTheCommandLine) {
   Start({FFolder / "gone.kvrx"});

@@ -25,12 +25,6 @@ class FakeGrid : public TVantrelGrid, private TVantrelTableListener {
     if (action == TGridKeyAction::MoveDown) GotoNext();
     return action;
   }
-  void ClickHeader(int ordinal, TGridSortOrder order) {
-    for (auto& column : FColumns) column.SortOrder = TGridSortOrder::None, column.SortIndex = -1;
-    SetColumnSort(ordinal, order, 0);
-    OnHeaderClick(ordinal);
-    OnSortChanged();
-  }
   std::vector<std::string> ShownIds() const {
     std::vector<std::string> ids;
     for (const auto& column : FColumns)

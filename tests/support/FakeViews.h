@@ -6,7 +6,6 @@
 
 #include "FakeGrid.h"
 #include "MsgBoxes.h"
-#include "VantrelText.h"
 #include "fStudentsView.h"
 #include "fWelcomeView.h"
 
@@ -62,10 +61,9 @@ class FakeWelcomeUi : public TWelcomeViewUi {
 
   void SetVisible(bool) override {}
   TVantrelFormItem& Text(TWelcomeText text) override { return Texts[text]; }
-  void MoveCenterPanel(int left, int top) override { Place = {left, top}; }
+  void MoveCenterPanel(int, int) override {}
 
   std::map<TWelcomeText, FakeItem> Texts;
-  std::pair<int, int> Place;
 };
 
 /// Settings that last as long as the object.

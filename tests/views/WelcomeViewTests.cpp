@@ -1,7 +1,6 @@
 #include <gtest/gtest.h>
 
 #include "FakeViews.h"
-#include "VantrelExceptions.h"
 #include "uCXUtils.h"
 
 namespace {
