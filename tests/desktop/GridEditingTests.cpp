@@ -1,4 +1,3 @@
-#include <QSignalSpy>
 
 #include "GridFixture.h"
 

@@ -107,5 +107,7 @@ TEST(SafeSave, WritesInPlaceWhereTheFolderForbidsFiles) {
   EXPECT_EQ(InChildAsOrdinaryUser(folder.Path(), withOwn), 32);
   EXPECT_EQ(ReadFileText(name), "neuer");
   EXPECT_EQ(InChildAsOrdinaryUser(folder.Path(), [&] { return CodeOfSaving(folder / "g", "neu"); }), 5);
+  EXPECT_EQ(CodeOfSaving(folder / "fehlt/f", "neu"), 3);
+  EXPECT_EQ(CodeOfSaving("/dev/full", "neu"), 112);
 }
 }  // namespace
