@@ -1,6 +1,6 @@
-# program_texts(TARGET): adds to the target a source file that is made of all text headers of src/, and the function in
-# it: AddProgramTexts(table) puts every text of the program into a TVantrelResourceStringTable, with one function per
-# header. A text is a constant of type const char*, or an array of such.
+# program_texts(TARGET): whoever links to the target carries the texts of all text headers of src/ as a string table, in
+# the form and the section that VantrelResources.h tells. A program made of the headers, with one function for each,
+# writes that table. A text is a constant of type const char*, or an array of such.
 function(program_texts target)
   file(GLOB headers CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/src/*/*Texts.h
        ${PROJECT_SOURCE_DIR}/src/*/dialogs/*Texts.h)
@@ -24,6 +24,13 @@ function(program_texts target)
       string(APPEND calls "  Add${name}(table);\n")
     endif()
   endforeach()
-  configure_file(${PROJECT_SOURCE_DIR}/cmake/ProgramTexts.cpp.in ${CMAKE_CURRENT_BINARY_DIR}/ProgramTexts.cpp @ONLY)
-  target_sources(${target} PRIVATE ${CMAKE_CURRENT_BINARY_DIR}/ProgramTexts.cpp)
+  set(maker ${CMAKE_CURRENT_BINARY_DIR}/MakeProgramTexts.cpp)
+  set(texts ${CMAKE_CURRENT_BINARY_DIR}/ProgramTexts.cpp)
+  configure_file(${PROJECT_SOURCE_DIR}/cmake/MakeProgramTexts.cpp.in ${maker} @ONLY)
+  add_executable(make_program_texts ${maker})
+  target_link_libraries(make_program_texts PRIVATE foundation)
+  add_custom_command(OUTPUT ${texts} COMMAND make_program_texts ${texts} VERBATIM)
+  add_library(program_texts OBJECT ${texts})
+  target_link_libraries(program_texts PRIVATE house_options)
+  target_sources(${target} INTERFACE $<TARGET_OBJECTS:program_texts>)
 endfunction()

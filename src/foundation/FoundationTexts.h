@@ -36,6 +36,7 @@ inline constexpr const char* NotStorable = "Der Wert kann nicht gespeichert werd
 
 inline constexpr const char* ShortRead = "Es konnten nicht alle Daten gelesen werden.";
 inline constexpr const char* ShortWrite = "Es konnten nicht alle Daten geschrieben werden.";
+inline constexpr const char* NoBinary = "Die Datei ist keine Programmdatei dieses Systems oder beschädigt.";
 inline constexpr const char* HashFailed = "Die Prüfsumme konnte nicht gebildet werden.";
 inline constexpr const char* RandomFailed = "Das System liefert keine Zufallszahlen.";
 inline constexpr const char* UuidVersion = "Version must be either 3 or 5.";

@@ -2,19 +2,18 @@
 
 #include <fmt/format.h>
 
-#include <iterator>
-
 #include "FoundationTexts.h"
 #include "VantrelExceptions.h"
 #include "VantrelFileStreams.h"
 #include "VantrelNumbers.h"
+#include "VantrelResources.h"
 #include "VantrelText.h"
 #include "VantrelTextWriters.h"
 
 namespace {
 constexpr std::string_view Section = "[Dictionary]";
-constexpr int MaxIdentifier = 65535;
 constexpr int WriteBufferSize = 8192;
+constexpr const char* OwnFile = "/proc/self/exe";
 
 void ReplaceAll(std::string& text, std::string_view from, std::string_view to) {
   for (auto at = text.find(from); at != std::string::npos; at = text.find(from, at + to.size())) {
@@ -51,23 +50,6 @@ std::map<std::uint32_t, std::string> ParseDictionary(std::string_view text) {
   return dictionary;
 }
 }  // namespace
-
-int TVantrelResourceStringTable::GetIdentifier(int index) const {
-  if (index < 0 || index >= Count()) throw EArgumentOutOfRangeException(FormatText(FoundationTexts::ListIndex, index));
-  return std::next(FTexts.begin(), index)->first;
-}
-
-std::string TVantrelResourceStringTable::GetString(int identifier) const {
-  const auto found = FTexts.find(identifier);
-  return found == FTexts.end() ? std::string() : found->second;
-}
-
-void TVantrelResourceStringTable::SetString(int identifier, std::string_view text) {
-  if (identifier < 0 || identifier > MaxIdentifier) {
-    throw EArgumentOutOfRangeException(FormatText(FoundationTexts::ListIndex, identifier));
-  }
-  FTexts[identifier] = text;
-}
 
 std::string TVantrelI18nManager::EscapeString(std::string_view value) {
   std::string text(value);
@@ -117,6 +99,18 @@ void TVantrelI18nManager::SaveStrings(const std::string& fileName) const {
 void TVantrelI18nManager::ExtractAndMergeStrings(const TVantrelResourceStringTable& table) {
   const std::lock_guard lock(FDictionaryCS);
   for (const auto& [identifier, text] : table) FDictionary.emplace(GetStringHash(text), text);
+}
+
+int TVantrelI18nManager::ExtractAndMergeStrings(const std::string& binaryFileName) {
+  TVantrelFileStream binary(binaryFileName, TVantrelFileAccessMode::famShareDenyWrite,
+                            TVantrelFileOpenMode::fomOpenRead);
+  const TVantrelResourceStringTable table = TVantrelResourceReader(binary).ReadStringTable();
+  ExtractAndMergeStrings(table);
+  return table.Count();
+}
+
+int TVantrelI18nManager::ExtractAndMergeStrings() {
+  return ExtractAndMergeStrings(OwnFile);
 }
 
 std::string TVantrelI18nManager::Translate(std::string_view text) const {

@@ -9,24 +9,7 @@
 #include <string_view>
 
 class TVantrelObject;
-
-/// The built-in texts of the program by identifier, so that a dictionary can be made of them.
-class TVantrelResourceStringTable {
- public:
-  int Count() const { return static_cast<int>(FTexts.size()); }
-  /// The identifier of the text at `index`, in ascending order; raises EArgumentOutOfRangeException.
-  int GetIdentifier(int index) const;
-  /// Empty if there is no such text.
-  std::string GetString(int identifier) const;
-  /// Adds or replaces. An identifier outside 0 to 65535 raises EArgumentOutOfRangeException.
-  void SetString(int identifier, std::string_view text);
-
-  auto begin() const { return FTexts.begin(); }
-  auto end() const { return FTexts.end(); }
-
- private:
-  std::map<int, std::string> FTexts;
-};
+class TVantrelResourceStringTable;
 
 /// A dictionary for the texts of the program, by the hash of the built-in text. May be used from any thread.
 class TVantrelI18nManager {
@@ -47,12 +30,18 @@ class TVantrelI18nManager {
   void SaveStrings(const std::string& fileName) const;
   /// Adds the texts that the dictionary lacks, untranslated.
   void ExtractAndMergeStrings(const TVantrelResourceStringTable& table);
+  /// As above, with the texts that stand in a compiled file; gives their number. Raises EVantrelFileHandleError if the
+  /// file cannot be read, and EVantrelReaderError if it is no compiled file of this machine or a damaged one.
+  int ExtractAndMergeStrings(const std::string& binaryFileName);
+  /// As above, with the file of the running program.
+  int ExtractAndMergeStrings();
 
   /// The translation, or the text itself.
   std::string Translate(std::string_view text) const;
-  /// Translates the published text properties of the object, of the objects in its published properties, and of the
-  /// items of lists among them. Pictures and read-only texts stay as they are.
-  void TranslateStrings(TVantrelObject& object) const;
+  /// Translates the text properties of the object, of the objects in its properties, and of the items of lists among
+  /// them; of a list of texts each text by itself. Properties that are public but not published count only if
+  /// `includePublicMembers`. Pictures and read-only texts stay as they are.
+  void TranslateStrings(TVantrelObject& object, bool includePublicMembers = false) const;
 
  private:
   std::map<std::uint32_t, std::string> FDictionary;

@@ -4,21 +4,23 @@
 #include "VantrelI18n.h"
 #include "VantrelLists.h"
 #include "VantrelRtti.h"
+#include "VantrelTypes.h"
 
 namespace {
 /// One walk through an object and what hangs on it; each object is visited once, however they refer to each other.
 class TTranslationWalk {
  public:
-  explicit TTranslationWalk(const TVantrelI18nManager& manager) : FManager(manager) {}
+  TTranslationWalk(const TVantrelI18nManager& manager, bool includePublicMembers)
+      : FManager(manager), FIncludePublicMembers(includePublicMembers) {}
 
   void Visit(TVantrelObject* object) {
     if (object == nullptr || dynamic_cast<TVantrelGraphic*>(object) != nullptr) return;
     if (!FVisited.insert(object).second) return;
-    TVantrelInstanceRTTI rtti(*object);
+    if (auto* text = dynamic_cast<TVantrelString*>(object)) return text->SetValue(FManager.Translate(text->Value()));
+    const auto* list = dynamic_cast<const TVantrelAbstractList*>(object);
+    TVantrelInstanceRTTI rtti(*object, FIncludePublicMembers);
     for (int i = 0; i < rtti.ClassRTTI().PropCount(); ++i) VisitProperty(rtti, i);
-    if (const auto* list = dynamic_cast<const TVantrelAbstractList*>(object)) {
-      for (int i = 0; i < list->Count(); ++i) Visit(list->Get(i));
-    }
+    for (int i = 0; list != nullptr && i < list->Count(); ++i) Visit(list->Get(i));
   }
 
  private:
@@ -34,10 +36,11 @@ class TTranslationWalk {
   }
 
   const TVantrelI18nManager& FManager;
+  bool FIncludePublicMembers;
   std::unordered_set<const TVantrelObject*> FVisited;
 };
 }  // namespace
 
-void TVantrelI18nManager::TranslateStrings(TVantrelObject& object) const {
-  TTranslationWalk(*this).Visit(&object);
+void TVantrelI18nManager::TranslateStrings(TVantrelObject& object, bool includePublicMembers) const {
+  TTranslationWalk(*this, includePublicMembers).Visit(&object);
 }

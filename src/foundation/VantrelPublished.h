@@ -195,3 +195,11 @@ constexpr TVantrelProperty Published(std::string_view name, std::int64_t default
   return Published<Getter, Setter>(name, TPlainType<typename TPropertyAccess<decltype(Getter)>::TValue>::Info,
                                    defaultValue);
 }
+
+/// As Published, for a property that is public but not published.
+template <auto Getter, auto Setter = nullptr, class... TArgs>
+constexpr TVantrelProperty Public(std::string_view name, const TArgs&... args) {
+  TVantrelProperty property = Published<Getter, Setter>(name, args...);
+  property.IsPublished = false;
+  return property;
+}

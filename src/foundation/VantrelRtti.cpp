@@ -55,12 +55,14 @@ const TVantrelClass& TVantrelObject::ClassReference() const {
   return root;
 }
 
-TVantrelClassRTTI::TVantrelClassRTTI(const TVantrelClass& classReference) : FClass(&classReference) {
+TVantrelClassRTTI::TVantrelClassRTTI(const TVantrelClass& classReference, bool includePublicMembers)
+    : FClass(&classReference) {
   std::vector<const TVantrelClass*> line;
   for (const TVantrelClass* one = FClass; one != nullptr; one = one->Base) line.push_back(one);
   std::ranges::reverse(line);
   for (const TVantrelClass* one : line)
-    for (const TVantrelProperty& property : one->Properties) FPropList.push_back(&property);
+    for (const TVantrelProperty& property : one->Properties)
+      if (property.IsPublished || includePublicMembers) FPropList.push_back(&property);
 }
 
 const TVantrelProperty& TVantrelClassRTTI::Property(TKey key) const {

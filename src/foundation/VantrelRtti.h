@@ -54,7 +54,7 @@ struct TVantrelTypeInfo {
 /// Ordinals and sets, floats, texts in UTF-8, objects, other interfaces, variants.
 using TVantrelPropertyValue = std::variant<std::int64_t, double, std::string, TVantrelObject*, void*, TVariant>;
 
-/// One published property.
+/// One property of a class.
 struct TVantrelProperty {
   static constexpr std::int64_t NoDefault = std::numeric_limits<std::int32_t>::min();
 
@@ -64,6 +64,8 @@ struct TVantrelProperty {
   TVantrelPropertyValue (*Get)(const TVantrelObject& object);
   void (*Set)(TVantrelObject& object, const TVantrelPropertyValue& value);
   std::int64_t Default = NoDefault;
+  /// False for one that is public only: it is passed over wherever public members are not asked for.
+  bool IsPublished = true;
 };
 
 /// The class reference: what is known of a class at run time.
@@ -76,9 +78,9 @@ struct TVantrelClass {
   std::span<const TVantrelProperty> Properties = {};
 };
 
-/// The properties of a class, with the inherited ones in front. A property is named by its index or by its name
-/// without regard to case; one that is not there raises EVantrelRTTIError, and so does a question that does not go
-/// with the kind of its type.
+/// The published properties of a class, and on demand the public ones, with the inherited ones in front. A property is
+/// named by its index or by its name without regard to case; one that is not there raises EVantrelRTTIError, and so
+/// does a question that does not go with the kind of its type.
 class TVantrelClassRTTI {
  public:
   /// An index or a name.
@@ -95,7 +97,7 @@ class TVantrelClassRTTI {
     std::string_view FName;
   };
 
-  explicit TVantrelClassRTTI(const TVantrelClass& classReference);
+  explicit TVantrelClassRTTI(const TVantrelClass& classReference, bool includePublicMembers = false);
 
   const TVantrelClass& Class() const { return *FClass; }
   int PropCount() const { return static_cast<int>(FPropList.size()); }
@@ -146,13 +148,14 @@ class TVantrelClassRTTI {
   std::vector<const TVantrelProperty*> FPropList;
 };
 
-/// Reads and writes the published properties of one object. Beyond what TVantrelClassRTTI raises, EVantrelRTTIError
+/// Reads and writes the properties of one object. Beyond what TVantrelClassRTTI raises, EVantrelRTTIError
 /// says that a property has not that access, or that a value is none of its type.
 class TVantrelInstanceRTTI {
  public:
   using TKey = TVantrelClassRTTI::TKey;
 
-  explicit TVantrelInstanceRTTI(TVantrelObject& object) : FClassRTTI(object.ClassReference()), FObject(&object) {}
+  explicit TVantrelInstanceRTTI(TVantrelObject& object, bool includePublicMembers = false)
+      : FClassRTTI(object.ClassReference(), includePublicMembers), FObject(&object) {}
 
   const TVantrelClassRTTI& ClassRTTI() const { return FClassRTTI; }
   std::string_view GetPropertyName(int index) const { return FClassRTTI.GetPropertyName(index); }

@@ -2,12 +2,13 @@
 #include "CliFixture.h"
 #include "CliTexts.h"
 #include "FoundationTexts.h"
-#include "ProgramTexts.h"
 #include "ProjectTexts.h"
 #include "SettingsTexts.h"
 #include "StoredTexts.h"
 #include "ToolkitTexts.h"
+#include "VantrelFileStreams.h"
 #include "VantrelI18n.h"
+#include "VantrelResources.h"
 
 namespace {
 using TTextsTest = CliFixture;
@@ -27,8 +28,9 @@ TEST_F(TTextsTest, EveryTextComesBackTranslated) {
   ASSERT_EQ(Run({"texts", dictionary}), 0);
   Mark(dictionary);
   I18nManager().LoadStrings(dictionary);
-  TVantrelResourceStringTable table;
-  AddProgramTexts(table);
+  TVantrelFileStream program(CLI_PROGRAM, TVantrelFileAccessMode::famShareDenyWrite, TVantrelFileOpenMode::fomOpenRead);
+  const auto table = TVantrelResourceReader(program).ReadStringTable();
+  EXPECT_EQ(Out(), fmt::format("\"{}\" enthält nun alle {} Texte des Programms.\n", dictionary, table.Count()));
   for (const auto& [identifier, text] : table) {
     const auto stored = TVantrelI18nManager::UnEscapeString(TVantrelI18nManager::EscapeString(text));
     EXPECT_EQ(ResourceText(text), "*" + stored) << identifier;

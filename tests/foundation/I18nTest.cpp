@@ -8,7 +8,9 @@
 #include "VantrelExceptions.h"
 #include "VantrelLists.h"
 #include "VantrelPublished.h"
+#include "VantrelResources.h"
 #include "VantrelText.h"
+#include "VantrelTypes.h"
 
 namespace {
 std::string DictionaryFile(const std::string& content = {}) {
@@ -21,6 +23,8 @@ class TPanel final : public TVantrelObject {
  public:
   std::string Caption() const { return FCaption; }
   void SetCaption(const std::string& caption) { FCaption = caption; }
+  std::string Hint() const { return FHint; }
+  void SetHint(const std::string& hint) { FHint = hint; }
   std::string Kind() const { return "Ja"; }
   TVantrelObject* Child() const { return FChild; }
   void SetChild(TVantrelObject* child) { FChild = child; }
@@ -28,15 +32,16 @@ class TPanel final : public TVantrelObject {
 
  private:
   std::string FCaption = "Ja";
+  std::string FHint = "Ja";
   TVantrelObject* FChild = nullptr;
 };
 
 const TVantrelClass& TPanel::ClassReference() const {
   static constexpr TVantrelClass child{.Name = "TVantrelObject"};
   static constexpr TVantrelTypeInfo childType = ClassTypeInfo(child);
-  static constexpr TVantrelProperty properties[] = {Published<&TPanel::Caption, &TPanel::SetCaption>("Caption"),
-                                                    Published<&TPanel::Kind>("Kind"),
-                                                    Published<&TPanel::Child, &TPanel::SetChild>("Child", childType)};
+  static constexpr TVantrelProperty properties[] = {
+      Published<&TPanel::Caption, &TPanel::SetCaption>("Caption"), Public<&TPanel::Hint, &TPanel::SetHint>("Hint"),
+      Published<&TPanel::Kind>("Kind"), Published<&TPanel::Child, &TPanel::SetChild>("Child", childType)};
   static constexpr TVantrelClass panel{.Name = "TPanel", .Properties = properties};
   return panel;
 }
@@ -101,8 +106,10 @@ TEST(I18n, TranslationWithForeignPlaceholdersIsPassedOver) {
 TEST(I18n, ObjectsAreTranslatedWithWhatHangsOnThem) {
   TPanel panel;
   TPanel item;
+  TVantrelString line("Ja");
   TVantrelArrayList list(false);
   list.Add(&item);
+  list.Add(&line);
   panel.SetChild(&list);
   item.SetChild(&panel);
   TVantrelI18nManager manager;
@@ -111,5 +118,10 @@ TEST(I18n, ObjectsAreTranslatedWithWhatHangsOnThem) {
   manager.TranslateStrings(panel);
   EXPECT_EQ(panel.Caption(), "Yes");
   EXPECT_EQ(item.Caption(), "Yes");
+  EXPECT_EQ(line.Value(), "Yes");
+  EXPECT_EQ(item.Hint(), "Ja");
+  EXPECT_THROW(TVantrelInstanceRTTI(item).GetStringProperty("Hint"), EVantrelRTTIError);
+  manager.TranslateStrings(panel, true);
+  EXPECT_EQ(item.Hint(), "Yes");
 }
 }  // namespace
