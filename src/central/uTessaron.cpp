@@ -4,12 +4,12 @@
 #include <cstdlib>
 #include <map>
 
-#include "VantrelDataXml.h"
 #include "VantrelFileStreams.h"
 #include "VantrelFileSystem.h"
 #include "VantrelPaths.h"
 #include "VantrelRegistryPreferences.h"
 #include "VantrelText.h"
+#include "VantrelXml.h"
 
 namespace {
 constexpr std::string_view CentralKey = "Software\\Orvenda Labs\\Tessaron 10";
@@ -68,23 +68,15 @@ std::string FindUserDataFolder() {
   return TVantrelFilePath::Combine(base, DataFolderName);
 }
 
-std::string AttributeOf(xmlNode& node, const char* name) {
-  xmlChar* value = ::xmlGetNoNsProp(&node, reinterpret_cast<const xmlChar*>(name));
-  const std::string text = value == nullptr ? "" : reinterpret_cast<const char*>(value);
-  ::xmlFree(value);
-  return text;
-}
-
 /// Name and value of each first entry of the paths file.
 std::map<std::string, std::string> ReadPathsFile() {
   TVantrelFileStream stream(PathsFileName, TVantrelFileAccessMode::famShareDenyWrite,
                             TVantrelFileOpenMode::fomOpenRead);
-  const TXmlDocument document = ParseXml(stream.ReadAll());
+  TXmlTree tree(stream.ReadAll());
   std::map<std::string, std::string> entries;
-  for (xmlNode* node = ::xmlFirstElementChild(::xmlDocGetRootElement(document.get())); node != nullptr;
-       node = ::xmlNextElementSibling(node))
-    if (std::string_view(reinterpret_cast<const char*>(node->name)) == "Entry")
-      entries.emplace(AttributeOf(*node, "Name"), AttributeOf(*node, "Value"));
+  for (const auto* node = tree.FirstChild(tree.Root()); node != nullptr; node = tree.Next(*node))
+    if (TXmlTree::NameOf(*node) == "Entry")
+      entries.emplace(tree.AttributeOf(*node, "Name").value_or(""), tree.AttributeOf(*node, "Value").value_or(""));
   return entries;
 }
 

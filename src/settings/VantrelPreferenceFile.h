@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "VantrelDataXml.h"
+#include "VantrelXml.h"
 
 /// The way to a key: the tags from the root down, compared without regard to case.
 using TPreferencePath = std::vector<std::string>;

@@ -1,35 +1,8 @@
 #pragma once
 
-#include <libxml/tree.h>
-
-#include <memory>
-#include <span>
-
 #include "VantrelDataTextIO.h"
-#include "VantrelExceptions.h"
 #include "VantrelStreams.h"
-
-struct TXmlDocumentDeleter {
-  void operator()(xmlDoc* document) const { xmlFreeDoc(document); }
-};
-using TXmlDocument = std::unique_ptr<xmlDoc, TXmlDocumentDeleter>;
-
-/// Parses a document from memory. No network, no external entities, no entity expansion, no document type; bounded
-/// depth. Ill-formed text raises EVantrelXmlError, which tells line and the parser's own text.
-TXmlDocument ParseXml(std::span<const std::uint8_t> bytes);
-
-/// The text without the characters that XML cannot hold.
-std::string XmlText(std::string_view text);
-
-/// Ill-formed XML text.
-class EVantrelXmlError : public EVantrelException {
- public:
-  EVantrelXmlError(std::string message, int line) : EVantrelException(std::move(message)), FLine(line) {}
-  int Line() const { return FLine; }
-
- private:
-  int FLine;
-};
+#include "VantrelXml.h"
 
 /// Builds the document in memory and puts it into the stream when it is finished: UTF-8, an element a line, indented.
 /// Characters that XML cannot hold are left out; carriage returns are written so that they survive.
@@ -95,29 +68,31 @@ class TVantrelDataObjectXMLReader final : public TVantrelDataObjectTextReader {
   char16_t CharOr(std::string_view text, char16_t fallback) const override;
 
  private:
+  using TElement = TXmlTree::TElement;
+
   /// The element whose children are being read. Children are mostly asked for in their order, so the search begins
   /// behind the last hit; FNames from NamesBegin on are the names before that place.
   struct TLevel {
-    xmlNode* Element;
-    xmlNode* Next;
+    TElement* Element;
+    TElement* Next;
     std::size_t NamesBegin;
   };
 
   void ReadVersion();
-  xmlNode* Find(std::string_view name);
-  std::string_view TextOf(const xmlNode* element);
-  std::string RequireAttribute(const xmlNode* element, const char* name) const;
-  TVantrelDataObject* ObjectAt(const xmlNode* element);
-  TVantrelDataObject* FilledObjectAt(xmlNode* element);
+  /// The next element of that name among the element, which may be null, and its siblings behind it.
+  TElement* FindFrom(TElement* element, std::string_view name);
+  TElement* Find(std::string_view name);
+  std::string_view RequireAttribute(const TElement& element, std::string_view name) const;
+  TVantrelDataObject* ObjectAt(const TElement& element);
+  TVantrelDataObject* FilledObjectAt(TElement& element);
   /// Takes an item per child element: the first "Item" that is left, whatever stands before it. Consumes the children.
   void ReadItems(TVantrelDataList& list);
-  void EnterElement(xmlNode* element);
+  void EnterElement(TElement& element);
   std::string PathOfCursor() const;
 
   TVantrelStream& FStream;
-  TXmlDocument FDocument;
+  TXmlTree FTree;
   int FErrorLine = 0;
   std::vector<TLevel> FLevels;
   std::vector<const xmlChar*> FNames;
-  std::string FText;
 };

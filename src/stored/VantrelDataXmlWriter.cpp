@@ -43,11 +43,6 @@ std::string_view EntityOf(char c) {
   }
 }
 
-bool XmlCanHold(char32_t c) {
-  return c == '\t' || c == '\n' || c == '\r' || (c >= 0x20 && c < 0xD800) || (c >= 0xE000 && c < 0xFFFE) ||
-         (c >= 0x10000 && c <= 0x10FFFF);
-}
-
 void AppendEscaped(std::string& target, std::string_view text) {
   std::size_t begin = 0;
   for (std::size_t i = 0; i < text.size(); ++i) {
@@ -59,19 +54,6 @@ void AppendEscaped(std::string& target, std::string_view text) {
 }
 
 }  // namespace
-
-std::string XmlText(std::string_view text) {
-  const auto units = Utf8ToUtf16(text);
-  std::u16string kept;
-  for (std::size_t i = 0; i < units.size(); ++i) {
-    const bool pair = i + 1 < units.size() && (units[i] & 0xFC00) == 0xD800 && (units[i + 1] & 0xFC00) == 0xDC00;
-    if (pair)
-      kept.append(units, i++, 2);
-    else if (XmlCanHold(units[i]))
-      kept.push_back(units[i]);
-  }
-  return Utf16ToUtf8(kept);
-}
 
 TVantrelDataObjectXMLWriter::TVantrelDataObjectXMLWriter(TVantrelDataStorage& storage, TVantrelStream& stream)
     : TVantrelDataObjectTextWriter(storage),

@@ -1,0 +1,224 @@
+#include "VantrelXml.h"
+
+#include <libxml/SAX2.h>
+#include <libxml/parser.h>
+
+#include <algorithm>
+#include <new>
+
+#include "StoredTexts.h"
+#include "VantrelDataIO.h"
+#include "VantrelI18n.h"
+#include "VantrelText.h"
+
+namespace {
+
+std::string_view Trimmed(std::string_view text) {
+  const auto last = text.find_last_not_of("\r\n ");
+  return last == std::string_view::npos ? std::string_view() : text.substr(0, last + 1);
+}
+
+bool XmlCanHold(char32_t c) {
+  return c == '\t' || c == '\n' || c == '\r' || (c >= 0x20 && c < 0xD800) || (c >= 0xE000 && c < 0xFFFE) ||
+         (c >= 0x10000 && c <= 0x10FFFF);
+}
+
+/// One run of the parser.
+class TParsing {
+ public:
+  TParsing() : FParser(xmlNewParserCtxt()) {
+    if (FParser == nullptr) throw std::bad_alloc();
+    FParser->_private = this;
+    FParser->sax->internalSubset = [](void* context, const xmlChar*, const xmlChar*, const xmlChar*) {
+      Of(context).FDocumentType = true;
+      Of(context).Stop();
+    };
+  }
+
+  /// Gives the parser's tree, if it was to make one. Raises as told at ParseXml.
+  TXmlDocument Run(std::span<const std::uint8_t> bytes, int options);
+
+ protected:
+  static TParsing& Of(void* context) { return *static_cast<TParsing*>(static_cast<xmlParserCtxt*>(context)->_private); }
+
+  xmlParserCtxt& Parser() const { return *FParser; }
+  void Stop() { xmlStopParser(FParser.get()); }
+
+ private:
+  struct TDeleter {
+    void operator()(xmlParserCtxt* parser) const { xmlFreeParserCtxt(parser); }
+  };
+
+  std::unique_ptr<xmlParserCtxt, TDeleter> FParser;
+  bool FDocumentType = false;
+};
+
+TXmlDocument TParsing::Run(std::span<const std::uint8_t> bytes, int options) {
+  if (bytes.empty()) throw EVantrelDataObjectReaderError(ResourceText(StoredTexts::NoXml));
+  if (bytes.size() > INT32_MAX) throw EVantrelXmlError(ResourceText(StoredTexts::NoXml), 0);
+  TXmlDocument document(xmlCtxtReadMemory(FParser.get(), reinterpret_cast<const char*>(bytes.data()),
+                                          static_cast<int>(bytes.size()), nullptr, nullptr,
+                                          options | XML_PARSE_NONET | XML_PARSE_NOERROR | XML_PARSE_NOWARNING));
+  const auto& error = FParser->lastError;
+  if (FDocumentType) throw EVantrelXmlError(ResourceText(StoredTexts::DocumentType), error.line);
+  if (FParser->wellFormed == 0)
+    throw EVantrelXmlError(error.message == nullptr
+                               ? ResourceText(StoredTexts::NoXml)
+                               : FormatText(StoredTexts::IllFormedXml, error.line, Trimmed(error.message)),
+                           error.line);
+  return document;
+}
+
+}  // namespace
+
+std::string XmlText(std::string_view text) {
+  const auto units = Utf8ToUtf16(text);
+  std::u16string kept;
+  for (std::size_t i = 0; i < units.size(); ++i) {
+    const bool pair = i + 1 < units.size() && (units[i] & 0xFC00) == 0xD800 && (units[i + 1] & 0xFC00) == 0xDC00;
+    if (pair)
+      kept.append(units, i++, 2);
+    else if (XmlCanHold(units[i]))
+      kept.push_back(units[i]);
+  }
+  return Utf16ToUtf8(kept);
+}
+
+/// Fills a tree while the parser runs. Its calls come from C, which no exception may cross.
+class TXmlTree::TBuilder : public TParsing {
+ public:
+  explicit TBuilder(TXmlTree& tree);
+  void Run(std::span<const std::uint8_t> bytes);
+
+ private:
+  /// An element whose end is still to come.
+  struct TOpen {
+    std::uint32_t Place;
+    std::uint32_t LastChild;
+    std::string Text;
+  };
+
+  template <class TStep>
+  static void Do(void* context, TStep step);
+  void Begin(const xmlChar* name, std::span<const xmlChar*> attributes);
+  void End();
+
+  TXmlTree& FTree;
+  /// The first FDepth are open; the others keep the memory of their texts.
+  std::vector<TOpen> FOpen;
+  std::size_t FDepth = 0;
+  bool FMemoryShort = false;
+};
+
+TXmlTree::TBuilder::TBuilder(TXmlTree& tree) : FTree(tree) {
+  const auto addText = [](void* context, const xmlChar* text, int length) {
+    Do(context, [&](TBuilder& self) {
+      self.FOpen[self.FDepth - 1].Text.append(reinterpret_cast<const char*>(text), static_cast<std::size_t>(length));
+    });
+  };
+  auto& calls = *Parser().sax;
+  calls.startDocument = nullptr;
+  calls.endDocument = nullptr;
+  calls.comment = nullptr;
+  calls.processingInstruction = nullptr;
+  calls.characters = calls.ignorableWhitespace = calls.cdataBlock = addText;
+  calls.startElementNs = [](void* context, const xmlChar* name, const xmlChar*, const xmlChar*, int, const xmlChar**,
+                            int count, int, const xmlChar** attributes) {
+    constexpr std::size_t parts = 5;
+    Do(context, [&](TBuilder& self) { self.Begin(name, {attributes, parts * static_cast<std::size_t>(count)}); });
+  };
+  calls.endElementNs = [](void* context, const xmlChar*, const xmlChar*, const xmlChar*) {
+    Do(context, [](TBuilder& self) { self.End(); });
+  };
+  FTree.FNames.reset(Parser().dict);
+  xmlDictReference(Parser().dict);
+}
+
+template <class TStep>
+void TXmlTree::TBuilder::Do(void* context, TStep step) {
+  auto& self = static_cast<TBuilder&>(Of(context));
+  // The parser goes on to tell texts after an error, though no elements.
+  if (self.Parser().disableSAX != 0) return;
+  try {
+    step(self);
+  } catch (const std::bad_alloc&) {
+    self.FMemoryShort = true;
+    self.Stop();
+  }
+}
+
+void TXmlTree::TBuilder::Run(std::span<const std::uint8_t> bytes) {
+  // Room that is reserved and not needed costs nothing.
+  constexpr std::size_t usualBytesPerElement = 16;
+  FTree.FElements.reserve(bytes.size() / usualBytesPerElement + 1);
+  FTree.FTexts.reserve(bytes.size());
+  // There are no entities but those of XML itself, whose text the attributes then hold.
+  TParsing::Run(bytes, XML_PARSE_NOENT);
+  if (FMemoryShort) throw std::bad_alloc();
+}
+
+void TXmlTree::TBuilder::Begin(const xmlChar* name, std::span<const xmlChar*> attributes) {
+  const auto place = static_cast<std::uint32_t>(FTree.FElements.size());
+  FTree.FElements.push_back({.Name = name,
+                             .Attributes = static_cast<std::uint32_t>(FTree.FAttributes.size()),
+                             .Line = xmlSAX2GetLineNumber(&Parser())});
+  // Name, prefix, address of the namespace, begin and end of the value.
+  for (std::size_t i = 0; i < attributes.size(); i += 5) {
+    const std::string_view value(reinterpret_cast<const char*>(attributes[i + 3]),
+                                 reinterpret_cast<const char*>(attributes[i + 4]));
+    FTree.FAttributes.push_back(
+        {attributes[i], static_cast<std::uint32_t>(FTree.FTexts.size()), static_cast<std::uint32_t>(value.size())});
+    FTree.FTexts.append(value);
+  }
+  if (FDepth > 0) {
+    auto& parent = FOpen[FDepth - 1];
+    (parent.LastChild == 0 ? FTree.FElements[parent.Place].FirstChild : FTree.FElements[parent.LastChild].Next) = place;
+    parent.LastChild = place;
+  }
+  if (FDepth == FOpen.size()) FOpen.emplace_back();
+  auto& open = FOpen[FDepth++];
+  open.Place = place;
+  open.LastChild = 0;
+  open.Text.clear();
+}
+
+void TXmlTree::TBuilder::End() {
+  const auto& open = FOpen[--FDepth];
+  const bool isLayout = open.LastChild != 0 && open.Text.find_first_not_of(" \t\r\n") == std::string::npos;
+  if (!isLayout) FTree.SetText(FTree.FElements[open.Place], open.Text);
+}
+
+TXmlDocument ParseXml(std::span<const std::uint8_t> bytes) {
+  return TParsing().Run(bytes, XML_PARSE_NOBLANKS);
+}
+
+TXmlTree::TXmlTree(std::span<const std::uint8_t> bytes) {
+  TBuilder(*this).Run(bytes);
+}
+
+std::string_view TXmlTree::TextOf(const TElement& element) const {
+  return std::string_view(FTexts).substr(element.TextBegin, element.TextLength);
+}
+
+void TXmlTree::SetText(TElement& element, std::string_view text) {
+  element.TextBegin = static_cast<std::uint32_t>(FTexts.size());
+  element.TextLength = static_cast<std::uint32_t>(text.size());
+  FTexts.append(text);
+}
+
+std::optional<std::string_view> TXmlTree::AttributeOf(const TElement& element, std::string_view name) const {
+  const bool isLast = &element == &FElements.back();
+  const std::size_t end = isLast ? FAttributes.size() : (&element + 1)->Attributes;
+  for (std::size_t i = element.Attributes; i < end; ++i) {
+    const auto& attribute = FAttributes[i];
+    if (name == reinterpret_cast<const char*>(attribute.Name))
+      return std::string_view(FTexts).substr(attribute.Begin, attribute.Length);
+  }
+  return std::nullopt;
+}
+
+void TXmlTree::Remove(TElement& parent, const TElement& child) {
+  auto* link = &parent.FirstChild;
+  while (At(*link) != &child) link = &At(*link)->Next;
+  *link = child.Next;
+}

@@ -1,0 +1,90 @@
+#pragma once
+
+#include <libxml/tree.h>
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "VantrelExceptions.h"
+
+/// Ill-formed XML text.
+class EVantrelXmlError : public EVantrelException {
+ public:
+  EVantrelXmlError(std::string message, int line) : EVantrelException(std::move(message)), FLine(line) {}
+  int Line() const { return FLine; }
+
+ private:
+  int FLine;
+};
+
+/// The text without the characters that XML cannot hold.
+std::string XmlText(std::string_view text);
+
+struct TXmlDocumentDeleter {
+  void operator()(xmlDoc* document) const { xmlFreeDoc(document); }
+};
+using TXmlDocument = std::unique_ptr<xmlDoc, TXmlDocumentDeleter>;
+
+/// Parses a document from memory into the parser's own tree, for documents that are changed and written again. No
+/// network, no external entities, no entity expansion, no document type; bounded depth. Ill-formed text raises
+/// EVantrelXmlError, which tells line and the parser's own text; no text at all EVantrelDataObjectReaderError.
+TXmlDocument ParseXml(std::span<const std::uint8_t> bytes);
+
+/// A document that is only read, in a fraction of the memory of the parser's own tree: the elements in one block in
+/// the order of the file, their texts in another. Comments and instructions are left out, and blanks beside child
+/// elements.
+class TXmlTree {
+ public:
+  struct TElement {
+    /// Equal names of a tree are the same pointer.
+    const xmlChar* Name;
+    /// Places in the block of elements; 0 for none, since the root is neither sibling nor child.
+    std::uint32_t Next = 0;
+    std::uint32_t FirstChild = 0;
+    /// Places in the texts and in the attributes, which end where those of the next element begin.
+    std::uint32_t TextBegin = 0;
+    std::uint32_t TextLength = 0;
+    std::uint32_t Attributes = 0;
+    /// From 1, of the start tag.
+    int Line = 0;
+  };
+
+  TXmlTree() = default;
+  /// Parses the document, bounded and refused as told at ParseXml.
+  explicit TXmlTree(std::span<const std::uint8_t> bytes);
+
+  TElement& Root() { return FElements.front(); }
+  /// Null for none.
+  TElement* FirstChild(const TElement& element) { return At(element.FirstChild); }
+  TElement* Next(const TElement& element) { return At(element.Next); }
+  static std::string_view NameOf(const TElement& element) { return reinterpret_cast<const char*>(element.Name); }
+  /// All character data directly in the element. Valid until a text is set.
+  std::string_view TextOf(const TElement& element) const;
+  void SetText(TElement& element, std::string_view text);
+  std::optional<std::string_view> AttributeOf(const TElement& element, std::string_view name) const;
+  /// Takes the child out of the document.
+  void Remove(TElement& parent, const TElement& child);
+
+ private:
+  class TBuilder;
+  struct TAttribute {
+    const xmlChar* Name;
+    std::uint32_t Begin;
+    std::uint32_t Length;
+  };
+  struct TDictionaryDeleter {
+    void operator()(xmlDict* names) const { xmlDictFree(names); }
+  };
+
+  TElement* At(std::uint32_t place) { return place == 0 ? nullptr : &FElements[place]; }
+
+  std::unique_ptr<xmlDict, TDictionaryDeleter> FNames;
+  std::vector<TElement> FElements;
+  std::vector<TAttribute> FAttributes;
+  std::string FTexts;
+};
