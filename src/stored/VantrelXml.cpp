@@ -18,6 +18,10 @@ std::string_view Trimmed(std::string_view text) {
   return last == std::string_view::npos ? std::string_view() : text.substr(0, last + 1);
 }
 
+bool IsBlank(char c) {
+  return c == ' ' || c == '\n' || c == '\t' || c == '\r';
+}
+
 bool XmlCanHold(char32_t c) {
   return c == '\t' || c == '\n' || c == '\r' || (c >= 0x20 && c < 0xD800) || (c >= 0xE000 && c < 0xFFFE) ||
          (c >= 0x10000 && c <= 0x10FFFF);
@@ -184,7 +188,7 @@ void TXmlTree::TBuilder::Begin(const xmlChar* name, std::span<const xmlChar*> at
 
 void TXmlTree::TBuilder::End() {
   const auto& open = FOpen[--FDepth];
-  const bool isLayout = open.LastChild != 0 && open.Text.find_first_not_of(" \t\r\n") == std::string::npos;
+  const bool isLayout = open.LastChild != 0 && std::ranges::all_of(open.Text, IsBlank);
   if (!isLayout) FTree.SetText(FTree.FElements[open.Place], open.Text);
 }
 
