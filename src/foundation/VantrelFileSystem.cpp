@@ -26,10 +26,16 @@ void RaiseIf(bool fails, std::errc error) {
   if (fails) Check(std::make_error_code(error));
 }
 
+/// A link that leads nowhere answers for itself.
 struct stat StatusOf(const std::string& path) {
   struct stat status {};
-  if (::stat(path.c_str(), &status) != 0) throw EVantrelFileSystemError();
+  if (::stat(path.c_str(), &status) != 0 && ::lstat(path.c_str(), &status) != 0) throw EVantrelFileSystemError();
   return status;
+}
+
+bool IsLink(const std::string& path) {
+  std::error_code error;
+  return fs::is_symlink(path, error);
 }
 
 template <class TIterator>
@@ -46,18 +52,35 @@ std::vector<std::string> MatchingFiles(const std::string& directory, const std::
   return files;
 }
 
+/// The path without links and dots, as far as it exists.
+fs::path Canonical(const std::string& path) {
+  std::error_code error;
+  const auto absolute = fs::absolute(path, error);
+  Check(error);
+  auto canonical = fs::weakly_canonical(absolute, error);
+  Check(error);
+  return canonical;
+}
+
+/// A copy that fails is taken back.
+void MoveToOtherDisk(const std::string& source, const std::string& target) {
+  RaiseIf(TVantrelFileSystem::Exists(target), std::errc::file_exists);
+  std::error_code failure;
+  fs::copy(source, target, fs::copy_options::recursive | fs::copy_options::copy_symlinks, failure);
+  std::error_code ignored;
+  if (failure) fs::remove_all(target, ignored);
+  Check(failure);
+  fs::remove_all(source, failure);
+  Check(failure);
+}
+
 void Move(const std::string& source, const std::string& target) {
   if (::renameat2(AT_FDCWD, source.c_str(), AT_FDCWD, target.c_str(), RENAME_NOREPLACE) == 0) return;
-  const int error = errno;
-  RaiseIf(error == EEXIST, std::errc::file_exists);
-  std::error_code failure(error, std::generic_category());
-  if (error == EINVAL || error == ENOSYS || error == EXDEV) {
+  std::error_code failure(errno, std::generic_category());
+  if (failure == std::errc::cross_device_link) return MoveToOtherDisk(source, target);
+  if (failure == std::errc::invalid_argument || failure == std::errc::function_not_supported) {
     RaiseIf(TVantrelFileSystem::Exists(target), std::errc::file_exists);
     fs::rename(source, target, failure);
-  }
-  if (error == EXDEV) {
-    fs::copy(source, target, fs::copy_options::recursive | fs::copy_options::copy_symlinks, failure);
-    if (!failure) fs::remove_all(source, failure);
   }
   Check(failure);
 }
@@ -74,9 +97,8 @@ bool TVantrelFileSystem::IsDirectory(const std::string& path) {
 }
 
 bool TVantrelFileSystem::IsFileInDirectory(const std::string& path, const std::string& directory) {
-  const auto relative =
-      TVantrelFilePath::GetRelativePath(fs::weakly_canonical(directory).string(), fs::weakly_canonical(path).string());
-  return relative != "." && relative != ".." && !relative.starts_with("../");
+  const auto relative = Canonical(path).lexically_relative(Canonical(directory));
+  return relative != "." && *relative.begin() != "..";
 }
 
 bool TVantrelFileSystem::SameFile(const std::string& path1, const std::string& path2) {
@@ -103,7 +125,7 @@ TVantrelFileAttributes TVantrelFileSystem::GetAttributes(const std::string& path
   if ((status.st_mode & (S_IWUSR | S_IWGRP | S_IWOTH)) == 0) attributes.insert(fattrReadOnly);
   if (TVantrelFilePath::GetFileName(path).starts_with('.')) attributes.insert(fattrHidden);
   if (S_ISDIR(status.st_mode)) attributes.insert(fattrDirectory);
-  if (fs::is_symlink(path)) attributes.insert(fattrReparsePoint);
+  if (IsLink(path)) attributes.insert(fattrReparsePoint);
   if (attributes.empty()) attributes.insert(fattrNormal);
   return attributes;
 }
@@ -154,7 +176,8 @@ std::string TVantrelFileSystem::MakeFileNameUnique(const std::string& path) {
 
 void TVantrelFileSystem::CreateDirectory(const std::string& path) {
   if (path.empty() || path.ends_with(':') || TVantrelFilePath::IsRoot(path) || IsDirectory(path)) return;
-  CreateDirectory(TVantrelFilePath::GetDirectoryName(path));
+  const auto parent = TVantrelFilePath::GetDirectoryName(path);
+  CreateDirectory(parent == path ? TVantrelFilePath::RemoveTrailingPathDelimiter(path) : parent);
   if (::mkdir(path.c_str(), NewDirectoryMode) == 0) return;
   const int error = errno;
   if (error != EEXIST || !IsDirectory(path)) throw EVantrelFileSystemError(EVantrelWin32Error::CodeOfErrno(error));
@@ -180,6 +203,7 @@ void TVantrelFileSystem::ClearDirectory(const std::string& path) {
 
 void TVantrelFileSystem::DeleteDirectory(const std::string& path, bool recursive) {
   RaiseIf(!IsDirectory(path), Exists(path) ? std::errc::not_a_directory : std::errc::no_such_file_or_directory);
+  if (IsLink(path)) return DeleteFile(path);
   if (recursive) ClearDirectory(path);
   if (::rmdir(path.c_str()) != 0) throw EVantrelFileSystemError();
 }

@@ -107,9 +107,9 @@ class TVantrelFileSystem {
   static bool ForceDirectory(const std::string& path);
   /// Deletes everything in the directory.
   static void ClearDirectory(const std::string& path);
-  /// A directory that is not empty is an error unless `recursive`.
+  /// A directory that is not empty is an error unless `recursive`. Of a link to a directory the link alone goes.
   static void DeleteDirectory(const std::string& path, bool recursive = false);
-  /// The paths of the files in the directory whose names match `mask` ("*" and "?"), sorted.
+  /// The paths of the files in the directory whose names match `mask` ("*", "?", "[a-z]"), sorted.
   static std::vector<std::string> GetFiles(const std::string& directory, const std::string& mask = "*",
                                            bool recursive = false);
   static std::string GetCurrentDirectory();
@@ -142,13 +142,9 @@ class TVantrelAbstractFile {
 
   const std::string& Path() const { return FPath; }
   std::string Name() const;
-  std::string DirectoryName() const;
-  TVantrelFileAttributes Attributes() const { return TVantrelFileSystem::GetAttributes(FPath); }
-  TDateTime Time(TVantrelFileTimeInfo info) const { return TVantrelFileSystem::GetTime(FPath, info); }
 
   /// True if the path leads to what the class stands for.
   virtual bool Exists() const = 0;
-  virtual void Create() = 0;
   virtual void Delete() = 0;
   /// The object has the new path afterwards.
   virtual void Move(const std::string& target) = 0;
@@ -162,11 +158,8 @@ class TVantrelFile final : public TVantrelAbstractFile {
   using TVantrelAbstractFile::TVantrelAbstractFile;
 
   bool Exists() const override;
-  /// An empty file; one that exists stays as it is.
-  void Create() override;
   void Delete() override;
   void Move(const std::string& target) override;
-  void Copy(const std::string& target, bool failIfExists = false) const;
   std::string Extension() const;
   std::int64_t Size() const { return TVantrelFileSystem::GetSize(FPath); }
 };
@@ -176,11 +169,9 @@ class TVantrelDirectory final : public TVantrelAbstractFile {
   using TVantrelAbstractFile::TVantrelAbstractFile;
 
   bool Exists() const override { return TVantrelFileSystem::IsDirectory(FPath); }
-  void Create() override;
   /// With everything in it.
   void Delete() override;
   void Move(const std::string& target) override;
-  void Clear();
   std::vector<std::string> Files(const std::string& mask = "*", bool recursive = false) const;
 };
 

@@ -41,8 +41,9 @@ std::vector<TMount> Mounts() {
 
 /// The mount that the path lies below; the last of several at one place hides the others.
 TMount MountOf(const std::string& path) {
-  SpaceOf(path);
-  const auto full = std::filesystem::weakly_canonical(path).string();
+  std::error_code error;
+  const auto full = std::filesystem::canonical(path, error).string();
+  if (error) throw EVantrelFileSystemError(EVantrelWin32Error::CodeOfErrno(error.value()));
   TMount found;
   for (auto& mount : Mounts()) {
     const bool covers = mount.Folder == "/" || full == mount.Folder || full.starts_with(mount.Folder + "/");

@@ -2,8 +2,10 @@
 #include <gtest/gtest.h>
 
 #include "ErrorOf.h"
+#include "InChild.h"
 #include "TempFolder.h"
 #include "VantrelFileSystem.h"
+#include "VantrelPaths.h"
 
 namespace {
 using TSystem = TVantrelFileSystem;
@@ -12,9 +14,8 @@ using testing::ElementsAre;
 
 TEST(FileSystem, CreatesDirectoriesWithTheirParents) {
   const TempFolder folder;
-  for (const auto& path : {folder / "a/b/c/", folder / "a/b/c", std::string("/"), std::string("C:")}) {
-    EXPECT_NO_THROW(TSystem::CreateDirectory(path));
-  }
+  const std::string paths[] = {folder / "a/b/c/", folder / "a/b/c", folder / "d//e//", folder / "f:/g", "/", "C:"};
+  for (const auto& path : paths) EXPECT_TRUE(TSystem::ForceDirectory(path) || path == "C:") << path;
   EXPECT_TRUE(TSystem::Exists(folder / "a/b/c"));
   EXPECT_FALSE(TSystem::Exists("C:"));
   EXPECT_FALSE(TSystem::Exists(""));
@@ -35,11 +36,17 @@ TEST(FileSystem, CopiesMovesAndDeletes) {
   EXPECT_EQ(ReadFileText(folder / "g"), "eins");
   EXPECT_DOUBLE_EQ(TSystem::GetLastWriteTime(folder / "g"), 40000.5);
   TVantrelFile file(folder / "f");
+  file.Move(TVantrelFilePath::GetGuidFileName("/dev/shm", "tmp"));
+  EXPECT_THROW(file.Move(folder / "g"), EVantrelFileSystemError);
+  EXPECT_THROW(file.Move(folder / "fehlt/f"), EVantrelFileSystemError);
   file.Move(folder / "h.txt");
-  EXPECT_FALSE(TSystem::Exists(folder / "f"));
+  EXPECT_THAT(TVantrelDirectory(folder.Path()).Files(), ElementsAre(folder / "g", folder / "h.txt"));
+  EXPECT_EQ(file.Name(), "h.txt");
   EXPECT_EQ(file.Extension(), "txt");
   EXPECT_EQ(file.Size(), 4);
+  EXPECT_EQ(TSystem::MakeFileNameUnique(file.Path()), folder / "h (2).txt");
   file.Delete();
+  EXPECT_FALSE(file.Exists());
   EXPECT_THROW(file.Delete(), EVantrelFileSystemError);
   EXPECT_THROW(TSystem::DeleteFile(folder.Path()), EVantrelFileSystemError);
 }
@@ -51,37 +58,81 @@ TEST(FileSystem, DirectoriesAsAWhole) {
   for (const auto* name : {"a/x.kvr", "a/b/y.kvr", "a/z.txt"}) WriteFileText(folder / name, "");
   EXPECT_THAT(directory.Files("*.kvr"), ElementsAre(folder / "a/x.kvr"));
   EXPECT_THAT(directory.Files("?.kvr", true), ElementsAre(folder / "a/b/y.kvr", folder / "a/x.kvr"));
-  EXPECT_TRUE(TSystem::IsFileInDirectory(folder / "a/b/y.kvr", folder / "a"));
-  EXPECT_FALSE(TSystem::IsFileInDirectory(folder / "ab", folder / "a"));
   EXPECT_THROW(TSystem::GetFiles(folder / "fehlt"), EVantrelFileSystemError);
   EXPECT_THROW(TSystem::DeleteDirectory(folder / "a"), EVantrelFileSystemError);
   EXPECT_THROW(TSystem::MoveFile(folder / "a", folder / "c"), EVantrelFileSystemError);
   directory.Move(folder / "c");
+  std::filesystem::create_symlink(folder / "c", folder / "link");
+  TSystem::DeleteDirectory(folder / "link", true);
+  EXPECT_EQ(directory.Files().size(), 2U);
   directory.Delete();
+  EXPECT_FALSE(directory.Exists());
   EXPECT_EQ(folder.FileCount(), 0U);
 }
 
-TEST(FileSystem, AttributesAndTimes) {
+TEST(FileSystem, WhatLiesInADirectory) {
+  const TempFolder folder;
+  const auto home = TSystem::GetCurrentDirectory();
+  TSystem::SetCurrentDirectory(folder.Path());
+  std::filesystem::create_symlink("loop", folder / "loop");
+  std::filesystem::create_directory_symlink(".", folder / "link");
+  WriteFileText(folder / "f", "");
+  EXPECT_TRUE(TSystem::SameFile("link/f", folder / "f"));
+  for (const auto* path : {"f", "fehlt/f", "link/..f"}) EXPECT_TRUE(TSystem::IsFileInDirectory(path, folder.Path()));
+  for (const auto* path : {".", "link", "..", "/"}) EXPECT_FALSE(TSystem::IsFileInDirectory(path, folder.Path()));
+  EXPECT_FALSE(TSystem::IsFileInDirectory("fehlt", folder / "feh"));
+  EXPECT_THROW(TSystem::IsFileInDirectory("loop/f", folder.Path()), EVantrelFileSystemError);
+  TSystem::SetCurrentDirectory(home);
+  EXPECT_THROW(TSystem::SetCurrentDirectory(folder / "f"), EVantrelFileSystemError);
+}
+
+TEST(FileSystem, Attributes) {
   const TempFolder folder;
   const auto name = folder / "f";
   WriteFileText(name, "");
   EXPECT_THAT(TSystem::GetAttributes(name), ElementsAre(fattrNormal));
   TSystem::SetAttributes(name, {fattrReadOnly});
   EXPECT_THAT(TSystem::GetAttributes(name), ElementsAre(fattrReadOnly));
+  const auto mode = [](const std::string& path) { return static_cast<int>(TSystem::GetFileMode(path)); };
+  EXPECT_EQ(InChildAsOrdinaryUser(folder.Path(), [&] { return mode(name) * 10 + mode(folder / "fehlt"); }), 20);
+  TSystem::SetAttributes(name, {});
+  EXPECT_EQ(TSystem::GetFileMode(name), TVantrelFileMode::fmodeReadWrite);
   std::filesystem::create_symlink(folder.Path(), folder / ".l");
   EXPECT_THAT(TSystem::GetAttributes(folder / ".l"), ElementsAre(fattrHidden, fattrDirectory, fattrReparsePoint));
-  EXPECT_TRUE(TSystem::SameFile(folder / ".l/f", name));
-  const auto created = TSystem::GetCreationTimeUtc(name);
-  EXPECT_NEAR(created, TSystem::GetLastWriteTimeUtc(name), 1.0 / 24);
-  TSystem::SetLastAccessTimeUtc(name, 30000.25);
-  EXPECT_DOUBLE_EQ(TSystem::GetLastAccessTimeUtc(name), 30000.25);
-  EXPECT_DOUBLE_EQ(TSystem::GetCreationTimeUtc(name), created);
-  TSystem::SetTime(name, TVantrelFileTimeInfo::ftimeLastAccess, 30000.5);
-  EXPECT_DOUBLE_EQ(TSystem::GetTime(name, TVantrelFileTimeInfo::ftimeLastAccess), 30000.5);
-  TSystem::SetLastWriteTimeUtc(name, 30000.75);
-  EXPECT_DOUBLE_EQ(TSystem::GetLastWriteTimeUtc(name), 30000.75);
-  EXPECT_EQ(TSystem::GetFileMode(folder / "fehlt"), TVantrelFileMode::fmodeUnknown);
-  EXPECT_THROW(TSystem::SetCreationTime(name, created), EVantrelFileSystemError);
+  std::filesystem::create_symlink("fehlt", folder / "leer");
+  EXPECT_THAT(TSystem::GetAttributes(folder / "leer"), ElementsAre(fattrReparsePoint));
+  EXPECT_THROW(TSystem::GetAttributes(folder / "fehlt"), EVantrelFileSystemError);
+}
+
+TEST(FileSystem, TimesAreLocalOrUtc) {
+  constexpr double hour = 1.0 / 24, millisecond = hour / 3'600'000;
+  using TGet = TDateTime (*)(const std::string&);
+  using TSet = void (*)(const std::string&, TDateTime);
+  const struct {
+    TSet Set, SetUtc;
+    TGet Get, GetUtc;
+  } cases[] = {{TSystem::SetLastAccessTime, TSystem::SetLastAccessTimeUtc, TSystem::GetLastAccessTime,
+                TSystem::GetLastAccessTimeUtc},
+               {TSystem::SetLastWriteTime, TSystem::SetLastWriteTimeUtc, TSystem::GetLastWriteTime,
+                TSystem::GetLastWriteTimeUtc}};
+  const TempFolder folder;
+  const auto name = folder / "f";
+  WriteFileText(name, "");
+  setenv("TZ", "CET-1", 1);
+  tzset();
+  EXPECT_NEAR(TSystem::GetCreationTimeUtc(name), TSystem::GetLastWriteTimeUtc(name), hour / 2);
+  EXPECT_NEAR(TSystem::GetCreationTime(name) - TSystem::GetCreationTimeUtc(name), hour, millisecond);
+  for (const auto& [set, setUtc, get, getUtc] : cases) {
+    set(name, 30000.5);
+    EXPECT_NEAR(getUtc(name), 30000.5 - hour, millisecond);
+    setUtc(name, 30000.25);
+    EXPECT_NEAR(get(name), 30000.25 + hour, millisecond);
+  }
+  unsetenv("TZ");
+  tzset();
+  for (const TSet set : {TSystem::SetCreationTime, TSystem::SetCreationTimeUtc})
+    EXPECT_THROW(set(name, 30000), EVantrelFileSystemError);
+  EXPECT_THROW(TSystem::SetTime(folder / "fehlt", TVantrelFileTimeInfo::ftimeLastWrite, 1), EVantrelFileSystemError);
 }
 
 TEST(FileSystem, DisksAndDriveLetters) {
@@ -89,7 +140,7 @@ TEST(FileSystem, DisksAndDriveLetters) {
   EXPECT_TRUE(drive.IsReady());
   EXPECT_GE(drive.DiskInfo().TotalSize, drive.DiskInfo().FreeSize);
   EXPECT_NE(drive.VolumeInfo().FileSystemName, "");
-  EXPECT_EQ(TSystem::GetDriveType("/fehlt/ganz"), TVantrelDriveType::dtypeNoRootDir);
+  EXPECT_EQ(TVantrelDriveInfo("/fehlt/ganz").DriveType(), TVantrelDriveType::dtypeNoRootDir);
   EXPECT_FALSE(TSystem::IsRemote("/proc"));
   EXPECT_THAT(TSystem::GetDrives(), testing::Contains("/"));
   EXPECT_TRUE(TSystem::HasDriveLetter("C:\\f"));
