@@ -180,7 +180,6 @@ class TVantrelDriveInfo {
  public:
   explicit TVantrelDriveInfo(std::string path) : FPath(std::move(path)) {}
 
-  const std::string& Path() const { return FPath; }
   bool IsReady() const { return TVantrelFileSystem::PingDisk(FPath); }
   TVantrelDriveType DriveType() const { return TVantrelFileSystem::GetDriveType(FPath); }
   TVantrelDiskInfo DiskInfo() const { return TVantrelFileSystem::GetDiskInfo(FPath); }

@@ -3,6 +3,7 @@
 #include <elf.h>
 
 #include <algorithm>
+#include <bit>
 #include <iterator>
 
 #include "FoundationTexts.h"

@@ -103,7 +103,10 @@ class TVantrelClassRTTI {
   int PropCount() const { return static_cast<int>(FPropList.size()); }
   const TVantrelProperty& Property(TKey key) const;
 
-  bool IsPropertyPublished(std::string_view name) const { return GetPropertyIndex(name) >= 0; }
+  bool IsPropertyPublished(std::string_view name) const {
+    const int index = GetPropertyIndex(name);
+    return index >= 0 && Property(index).IsPublished;
+  }
   /// The first property of that name, or -1.
   int GetPropertyIndex(std::string_view name) const;
   std::string_view GetPropertyName(int index) const { return Property(index).Name; }

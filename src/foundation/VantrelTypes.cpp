@@ -90,6 +90,15 @@ T IntegerOf(std::string_view text) {
   return static_cast<T>(value);
 }
 
+/// A number beyond the range of the type is no value of it.
+template <std::floating_point T>
+T FloatOf(std::string_view text) {
+  const double value = TextToFloat(text);
+  const auto result = static_cast<T>(value);
+  if (std::isinf(result) && !std::isinf(value)) throw EConvertError(FormatText(FoundationTexts::NoFloat, text));
+  return result;
+}
+
 TCurrency CurrencyOf(std::string_view text) {
   constexpr double twoTo63 = 9223372036854775808.0;
   const double scaled = std::round(TextToFloat(text) * CurrencyScale);
@@ -125,11 +134,11 @@ std::int32_t HashOfValue(std::int64_t value) {
   return static_cast<std::int32_t>(value ^ (value >> 32));
 }
 
-void TVantrelType::Read(TVantrelReader&) {
+void TVantrelType::Read(TVantrelObjectReader&) {
   throw EVantrelPersistentError(ResourceText(FoundationTexts::NotStorable));
 }
 
-void TVantrelType::Write(TVantrelWriter&) const {
+void TVantrelType::Write(TVantrelObjectWriter&) const {
   throw EVantrelPersistentError(ResourceText(FoundationTexts::NotStorable));
 }
 
@@ -193,7 +202,7 @@ void TVantrelValue<T, Kind>::SetAsString(std::string_view text) {
   } else if constexpr (Kind == vtypeGuid) {
     FValue = TextToGuid(text);
   } else if constexpr (std::floating_point<T>) {
-    FValue = static_cast<T>(TextToFloat(text));
+    FValue = FloatOf<T>(text);
   } else if constexpr (std::integral<T>) {
     FValue = IntegerOf<T>(text);
   } else {
@@ -202,7 +211,7 @@ void TVantrelValue<T, Kind>::SetAsString(std::string_view text) {
 }
 
 template <class T, TVantrelValueType Kind>
-void TVantrelValue<T, Kind>::Read(TVantrelReader& reader) {
+void TVantrelValue<T, Kind>::Read(TVantrelObjectReader& reader) {
   if constexpr (Kind == vtypeCurrency)
     FValue.Value = (reader.*TStored<Kind>::Read)();
   else
@@ -210,7 +219,7 @@ void TVantrelValue<T, Kind>::Read(TVantrelReader& reader) {
 }
 
 template <class T, TVantrelValueType Kind>
-void TVantrelValue<T, Kind>::Write(TVantrelWriter& writer) const {
+void TVantrelValue<T, Kind>::Write(TVantrelObjectWriter& writer) const {
   if constexpr (Kind == vtypeCurrency)
     (writer.*TStored<Kind>::Write)(FValue.Value);
   else
@@ -283,7 +292,7 @@ std::int32_t TVantrelBinary::GetHashCode() const {
   return HashOfAddress(FStream);
 }
 
-void TVantrelBinary::Read(TVantrelReader& reader) {
+void TVantrelBinary::Read(TVantrelObjectReader& reader) {
   auto stream = reader.ReadBinary();
   if (FStream != nullptr) {
     FStream->Bytes() = std::move(stream->Bytes());
@@ -294,7 +303,7 @@ void TVantrelBinary::Read(TVantrelReader& reader) {
   FOwner = true;
 }
 
-void TVantrelBinary::Write(TVantrelWriter& writer) const {
+void TVantrelBinary::Write(TVantrelObjectWriter& writer) const {
   TVantrelMemoryStream empty;
   writer.WriteBinary(FStream == nullptr ? empty : *FStream);
 }
@@ -307,14 +316,14 @@ std::int32_t TVantrelGraphicType::GetHashCode() const {
   return HashOfAddress(FGraphic.get());
 }
 
-void TVantrelGraphicType::Read(TVantrelReader& reader) {
+void TVantrelGraphicType::Read(TVantrelObjectReader& reader) {
   const auto stream = reader.ReadBinary();
   auto graphic = stream->Size() > 0 ? CreateGraphic() : nullptr;
   if (graphic != nullptr) graphic->LoadFromStream(*stream, stream->Size());
   FGraphic = std::move(graphic);
 }
 
-void TVantrelGraphicType::Write(TVantrelWriter& writer) const {
+void TVantrelGraphicType::Write(TVantrelObjectWriter& writer) const {
   TVantrelMemoryStream stream;
   if (FGraphic != nullptr) FGraphic->SaveToStream(stream);
   writer.WriteBinary(stream);

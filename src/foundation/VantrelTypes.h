@@ -39,13 +39,17 @@ enum class TVantrelValueType : std::uint8_t {
   vtypeCustom,
 };
 
+/// What the stored form of a typed value goes through, by one operation for each type.
+using TVantrelObjectReader = TVantrelReader;
+using TVantrelObjectWriter = TVantrelWriter;
+
 /// Base of the typed values.
 class TVantrelType : public TVantrelPersistent {
  public:
   virtual TVantrelValueType ValueType() const = 0;
   /// The stored form. Unless a descendant has one both raise EVantrelPersistentError.
-  virtual void Read(TVantrelReader& reader);
-  virtual void Write(TVantrelWriter& writer) const;
+  virtual void Read(TVantrelObjectReader& reader);
+  virtual void Write(TVantrelObjectWriter& writer) const;
 };
 
 /// Base of the typed values that have a text form. Numbers and dates go by one fixed set of formats: decimal point,
@@ -80,8 +84,8 @@ class TVantrelValue final : public TVantrelSimpleType {
   std::int32_t GetHashCode() const override;
   std::string AsString() const override;
   void SetAsString(std::string_view text) override;
-  void Read(TVantrelReader& reader) override;
-  void Write(TVantrelWriter& writer) const override;
+  void Read(TVantrelObjectReader& reader) override;
+  void Write(TVantrelObjectWriter& writer) const override;
 
  private:
   T FValue{};
@@ -157,9 +161,9 @@ class TVantrelBinary final : public TVantrelType {
   bool Equals(const TVantrelObject* other) const override;
   std::int32_t GetHashCode() const override;
   /// Fills the stream that is held, or a new one, which is then owned.
-  void Read(TVantrelReader& reader) override;
+  void Read(TVantrelObjectReader& reader) override;
   /// A null stream is written as an empty one.
-  void Write(TVantrelWriter& writer) const override;
+  void Write(TVantrelObjectWriter& writer) const override;
 
  private:
   TVantrelMemoryStream* FStream = nullptr;
@@ -180,8 +184,8 @@ class TVantrelGraphicType : public TVantrelType {
   bool Equals(const TVantrelObject* other) const override;
   std::int32_t GetHashCode() const override;
   /// Size and stream form; a null picture has size 0.
-  void Read(TVantrelReader& reader) override;
-  void Write(TVantrelWriter& writer) const override;
+  void Read(TVantrelObjectReader& reader) override;
+  void Write(TVantrelObjectWriter& writer) const override;
 
  protected:
   virtual TVantrelPtr<TVantrelGraphic> CreateGraphic() const = 0;

@@ -73,6 +73,7 @@ TEST(SimpleTypes, OddTexts) {
   EXPECT_THROW(TVantrelByte().SetAsString("256"), EConvertError);
   EXPECT_THROW(TVantrelLongWord().SetAsString("-1"), EConvertError);
   EXPECT_THROW(TVantrelDouble().SetAsString("x"), EConvertError);
+  EXPECT_THROW(TVantrelSingle().SetAsString("1e39"), EConvertError);
   EXPECT_THROW(TVantrelCurrency().SetAsString("1e30"), EConvertError);
   EXPECT_THROW(TVantrelDateTime().SetAsString("morgen"), EVantrelDateTimeError);
   EXPECT_THROW(TVantrelLongInt().Assign(TVantrelInt64()), EVantrelAssignError);
@@ -97,17 +98,22 @@ TEST(Reference, GivesUpOwnedValuesOnly) {
   EXPECT_EQ(empty.GetHashCode(), 0);
   EXPECT_EQ(holder.Extract(), &value);
   EXPECT_EQ(holder.Value(), &value);
-  TVantrelReference owner(new TVantrelString("y"), true);
+  TVantrelReference owner(true);
+  owner.SetValue(new TVantrelString("y"));
   owner.SetValue(owner.Value());
   owner.SetValue(new TVantrelString("z"));
   const TVantrelPtr<TVantrelObject> extracted(owner.Extract());
   EXPECT_EQ(owner.Value(), nullptr);
   EXPECT_THROW(Store(owner, empty), EVantrelPersistentError);
+  TVantrelMemoryStream bytes;
+  TVantrelStreamReader reader(bytes, NoBuffer);
+  EXPECT_THROW(empty.Read(reader), EVantrelPersistentError);
 }
 
 TEST(Binary, IsEqualByStreamAndStoresItsBytes) {
   TVantrelMemoryStream bytes({1, 2, 3}), same({1, 2, 3});
-  TVantrelBinary holder(&bytes), other(&same), stored;
+  TVantrelBinary holder(&bytes), other(&same), stored(new TVantrelMemoryStream, true);
+  EXPECT_FALSE(holder.IsOwner());
   EXPECT_FALSE(holder.Equals(&other));
   other.SetValue(&bytes);
   EXPECT_TRUE(holder.Equals(&other));
@@ -138,6 +144,8 @@ TEST(Graphic, IsEqualToThePictureItHolds) {
   EXPECT_FALSE(other.Equals(held));
   icon.SetValue(holder.Extract());
   EXPECT_FALSE(icon.Equals(held));
+  icon.Clear();
+  EXPECT_EQ(icon.Value(), nullptr);
   EXPECT_EQ(holder.Value(), nullptr);
   Store(holder, other);
   EXPECT_EQ(other.Value(), nullptr);
