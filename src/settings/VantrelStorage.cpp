@@ -2,7 +2,9 @@
 
 #include <algorithm>
 
+#include "SettingsTexts.h"
 #include "VantrelFileSystem.h"
+#include "VantrelI18n.h"
 #include "VantrelPaths.h"
 
 std::string TrimSeparators(std::string_view path) {
@@ -46,7 +48,13 @@ void TVantrelStorage::SetStoragePath(std::string_view path) {
   Reopen();
 }
 
-std::string TVantrelStorage::XMLFileName() const {
+TVantrelRegistryRoot TVantrelStorage::Root() const {
+  return FStorageType == TVantrelStorageType::cstUser ? TVantrelRegistryRoot::HKEY_CURRENT_USER
+                                                      : TVantrelRegistryRoot::HKEY_LOCAL_MACHINE;
+}
+
+std::string TVantrelStorage::FileName() const {
+  if (FLocation == TVantrelStorageLocation::cslRegistry) return RegistryFileName(Root());
   if (!FCustomXMLFile.empty()) return FCustomXMLFile;
   std::string place = FStoragePath + ".pref";
   std::ranges::replace(place, '\\', '/');
@@ -55,22 +63,24 @@ std::string TVantrelStorage::XMLFileName() const {
 
 std::unique_ptr<TVantrelAbstractPreferences> TVantrelStorage::OpenStore() {
   if (FLocation == TVantrelStorageLocation::cslRegistry) {
-    auto store = std::make_unique<TVantrelRegistryPreferences>(FStorageType == TVantrelStorageType::cstUser
-                                                                   ? TVantrelRegistryRoot::HKEY_CURRENT_USER
-                                                                   : TVantrelRegistryRoot::HKEY_LOCAL_MACHINE,
-                                                               TVantrelRegistryAccess::Full);
+    auto store = std::make_unique<TVantrelRegistryPreferences>(Root(), TVantrelRegistryAccess::Full);
     FDamage = store->Damage();
     return store;
   }
-  const auto fileName = XMLFileName();
+  const auto fileName = FileName();
   TVantrelFileSystem::CreateDirectory(TVantrelFilePath::GetDirectoryName(fileName));
   auto store = std::make_unique<TVantrelXMLPreferences>(fileName, false);
   FDamage = store->Damage();
   return store;
 }
 
-void TVantrelStorage::Flush() {
-  if (Active()) FStorage->FlushBuffer();
+std::string TVantrelStorage::TryFlush() {
+  try {
+    if (Active()) FStorage->FlushBuffer();
+    return {};
+  } catch (const std::exception& error) {
+    return FormatText(SettingsTexts::SettingsNotSaved, FileName(), error.what());
+  }
 }
 
 std::string TVantrelStorage::KeyOf(std::string_view completePath) const {

@@ -25,8 +25,9 @@ class TVantrelStorage : public TVantrelPersistent {
 
   /// Why the stored settings could not be read, as the user may read it; empty if they could.
   const std::string& Damage() const { return FDamage; }
-  /// Brings what was written to the disk; also happens when the store is closed, but what it raises is lost then.
-  void Flush();
+  /// Brings what was written to the disk. Gives what the user has to know where that fails, else nothing. Also happens
+  /// when the store is closed, where a failure is lost.
+  std::string TryFlush();
   /// The key, as reads and writes want it, of a complete path below the store's own place.
   std::string KeyOf(std::string_view completePath) const;
 
@@ -66,7 +67,9 @@ class TVantrelStorage : public TVantrelPersistent {
 
  private:
   void Reopen();
-  std::string XMLFileName() const;
+  TVantrelRegistryRoot Root() const;
+  /// The file of the store for the present settings.
+  std::string FileName() const;
   template <class T, class TAct>
   T Read(std::string_view key, T defaultValue, TAct read) {
     if (!Active() || !FStorage->OpenKey(FStorageKeyPrefix + std::string(key), false)) return defaultValue;

@@ -58,6 +58,15 @@ std::string TMyTessaronOptions::Load() {
   }
 }
 
+std::string TMyTessaronOptions::Save() {
+  try {
+    SaveToFile(TVantrelDataStorageFormat::dsfXml);
+    return {};
+  } catch (const std::exception& error) {
+    return FormatText(SettingsTexts::OptionsNotSaved, FileName(), error.what());
+  }
+}
+
 std::string TMyTessaronOptions::Unreadable(std::string_view reason) {
   Clear();
   const std::string source = FileName();

@@ -28,8 +28,8 @@ class TMyTessaronOptions final : public TVantrelDataStorage {
   /// Reads the options' own file; a missing one leaves the defaults. Gives what the user has to know about a file that
   /// cannot be read, which leaves the defaults as well, else nothing.
   std::string Load();
-  /// Writes the options' own file. Never raises: options that cannot be written are those of the file.
-  void Save() { TrySaveToFile(TVantrelDataStorageFormat::dsfXml); }
+  /// Writes the options' own file. Gives what the user has to know where that fails, else nothing. Never raises.
+  std::string Save();
 
   void DoCreate() override;
   void DoClear() override;

@@ -89,8 +89,16 @@ void TMainForm::FormDestroy() {
   FWindow.SetRibbon({});
   SetCurrentProject(nullptr);
   FLookupModule.reset();
-  if (Options != nullptr) Options->Save();
+  FFormContainer.ExtractEmbeddedForm();
+  FFormContainer.ClearEmbeddedCache();
+  SaveSettings();
   MainForm = nullptr;
+}
+
+void TMainForm::SaveSettings() {
+  std::string failures = Options == nullptr ? std::string() : Options->Save();
+  if (FStorage != nullptr) failures = Join(failures, FStorage->TryFlush(), "\r\n\r\n");
+  if (!failures.empty()) MsgBoxWarning(ResourceText(ShellTexts::SettingsCaption), failures);
 }
 
 void TMainForm::FormLoadProperties() {

@@ -66,6 +66,8 @@ class TMainForm final : public TBaseMainForm {
   void SetCurrentProject(TVantrelPtr<TMyTessaronProject> project);
   void AfterProjectLoaded();
   void LoadOptions();
+  /// What cannot be saved is told once for all of it: the program ends in any case.
+  void SaveSettings();
   void OpenCommandLineFile();
   void OpenNamedFile(const std::string& path);
   void LoadChosenFile(const std::string& path);

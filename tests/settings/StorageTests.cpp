@@ -79,7 +79,7 @@ TEST_F(StorageTest, WhatDoesNotFitIsPassedOver) {
 TEST_F(StorageTest, LiesWhereItsSettingsSay) {
   FStorage.SetStoragePath("\\Haus\\Programm 1/\\");
   FStorage.WriteInteger("Key", "n", 1);
-  FStorage.Flush();
+  EXPECT_EQ(FStorage.TryFlush(), "");
   EXPECT_THAT(FileText(), HasSubstr("<Programm_x0020_1>"));
   EXPECT_EQ(FStorage.KeyOf("Software\\Haus\\Programm 1\\Key"), "Key");
   FStorage.SetStorageType(TVantrelStorageType::cstSystem);

@@ -1,6 +1,7 @@
 #include <gmock/gmock.h>
 
 #include "MainFormFixture.h"
+#include "uOptions.h"
 
 namespace {
 
@@ -105,6 +106,20 @@ TEST_F(MainFormTest, ClosingPostsAsksAndSavesOnYes) {
     FForm.reset();
     EXPECT_EQ(AssessmentIn(FFolder / "small.kvrx") == "zuletzt", answer == TVantrelMsgBoxResult::mbrYes);
   }
+}
+
+TEST_F(MainFormTest, SettingsThatCannotBeSavedAreToldOnceAtTheEnd) {
+  WriteFileText(FFolder / "voll", "");
+  FSettings.SetLocation(TVantrelStorageLocation::cslXML);
+  FSettings.SetCustomXMLFile(FFolder / "voll/Registry.pref");
+  const auto options = CreateVantrel<TMyTessaronOptions>(FFolder / "fehlt/MyTessaron.opt", FFolder / "voll");
+  Start();
+  ASSERT_THAT(FBoxes.Texts, IsEmpty());
+  FForm.reset();
+  EXPECT_THAT(FBoxes.Texts, ElementsAre(AllOf(HasSubstr("Die Optionen konnten nicht gespeichert werden"),
+                                              HasSubstr(FFolder / "voll/MyTessaron.opt"),
+                                              HasSubstr("Die Einstellungen konnten nicht gespeichert werden"),
+                                              HasSubstr(FFolder / "voll/Registry.pref"))));
 }
 
 TEST_F(MainFormTest, ASaveLeavesTheOpenEditorAlone) {

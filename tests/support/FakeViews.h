@@ -73,6 +73,6 @@ class FakeSettings : public TVantrelStorage {
 
  protected:
   std::unique_ptr<TVantrelAbstractPreferences> OpenStore() override {
-    return std::make_unique<TVantrelXMLPreferences>("", true);
+    return std::make_unique<TVantrelXMLPreferences>(CustomXMLFile(), true);
   }
 };
