@@ -28,9 +28,8 @@ struct TOpening {
 std::vector<TOpening> AllOpenings() {
   std::vector<TOpening> openings;
   for (const auto mode : {fomOpenRead, fomOpenWrite, fomOpenReadWrite}) {
-    for (const auto access : {famShareExclusive, famShareDenyWrite, famShareDenyRead, famShareDenyNone}) {
+    for (const auto access : {famShareExclusive, famShareDenyWrite, famShareDenyRead, famShareDenyNone})
       openings.push_back({mode, access});
-    }
   }
   return openings;
 }

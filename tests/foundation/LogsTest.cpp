@@ -2,23 +2,16 @@
 
 #include <gtest/gtest.h>
 
-#include <filesystem>
-#include <fstream>
 #include <map>
-#include <sstream>
 
+#include "TempFolder.h"
 #include "VantrelExceptions.h"
+#include "VantrelFileSystem.h"
 
 namespace {
 using enum TVantrelLogEventType;
 
 constexpr TDateTime Evening = 39571.75;
-
-std::string Content(const std::string& name) {
-  std::ostringstream text;
-  text << std::ifstream(name, std::ios::binary).rdbuf();
-  return text.str();
-}
 
 class TMemoryLog final : public TVantrelAbstractLog {
  public:
@@ -70,9 +63,7 @@ TEST(Logs, TargetsTakeWhatTheyAreSetTo) {
 }
 
 TEST(Logs, ManagerPassesKnownNamespacesToEveryTarget) {
-  std::string first;
-  std::string second;
-  std::string errors;
+  std::string first, second, errors;
   TVantrelLogManager manager;
   manager.AddLog(CreateVantrel<TMemoryLog>(first));
   manager.AddLog(CreateVantrel<TMemoryLog>(second));
@@ -105,28 +96,23 @@ TEST(Logs, ConsoleAndDebuggerGetLines) {
 }
 
 TEST(Logs, ConfigurationMakesTargetsAndNamespaces) {
-  const std::string folder = testing::TempDir() + "logs/";
-  std::filesystem::remove_all(folder);
-  std::filesystem::create_directory(folder);
+  const TempFolder folder;
   TFakePreferences preferences;
-  preferences.Keys["\\Logs\\CSVLog"] = {{"FileName", folder + "rows.csv"}, {"EntryLimit", "2"}};
-  preferences.Keys["\\Logs\\TextLog"] = {{"FileName", folder + "lines.log"}, {"EntryLimit", "2"}, {"BufferLimit", "4"}};
+  preferences.Keys["\\Logs\\CSVLog"] = {{"FileName", folder / "rows.csv"}, {"EntryLimit", "2"}};
+  preferences.Keys["\\Logs\\TextLog"] = {{"FileName", folder / "lines.log"}, {"EntryLimit", "2"}, {"BufferLimit", "4"}};
   preferences.Keys["\\Namespaces"] = {{"Projekt", ""}};
   TVantrelLogManager manager;
   manager.SelfConfiguration(preferences);
   for (const char* text : {"eins", "zw;ei", "drei"}) manager.AddEntry(letWarning, text, "Projekt", Evening, "beck");
 
-  const auto find = [&](const char* extension) {
-    for (const auto& file : std::filesystem::directory_iterator(folder)) {
-      if (file.path().extension() == extension) return Content(file.path());
-    }
-    return std::string("no file");
+  const auto find = [&](const char* mask) {
+    return ReadFileText(TVantrelFileSystem::GetFiles(folder.Path(), mask).at(0));
   };
-  EXPECT_EQ(find(".csv"),
+  EXPECT_EQ(find("rows*.csv"),
             "03.05.2008;18:00:00;Projekt;beck;WARNING;eins\r\n03.05.2008;18:00:00;Projekt;beck;WARNING;\"zw;ei\"");
-  EXPECT_EQ(find(".log"), "");
+  EXPECT_EQ(find("lines*.log"), "");
   manager.ClearLogs();
-  EXPECT_EQ(find(".log"),
+  EXPECT_EQ(find("lines*.log"),
             "03.05.2008 18:00.00 - [Projekt] [beck] [WARNING] eins\r\n"
             "03.05.2008 18:00.00 - [Projekt] [beck] [WARNING] zw;ei\r\n*** Log limit reached ***\r\n");
 }

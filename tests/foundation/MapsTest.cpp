@@ -20,11 +20,8 @@ TEST(ElfHash, KnownValues) {
 }
 
 TEST(HashMap, SizesOfBuckets) {
-  struct TCase {
-    int Capacity, Buckets, Threshold;
-  };
-  for (const auto& [capacity, buckets, threshold] :
-       {TCase{0, 1, 0}, {1, 1, 0}, {3, 4, 3}, {16, 16, 12}, {17, 32, 24}}) {
+  const int cases[][3] = {{0, 1, 0}, {1, 1, 0}, {3, 4, 3}, {16, 16, 12}, {17, 32, 24}};
+  for (const auto& [capacity, buckets, threshold] : cases) {
     const TVantrelHashMap map(capacity, 0.75, false, false);
     EXPECT_EQ(map.BucketCount(), buckets) << capacity;
     EXPECT_EQ(map.Threshold(), threshold) << capacity;

@@ -9,24 +9,24 @@ namespace {
 using TPath = TVantrelFilePath;
 
 TEST(FilePath, TakesPathsApart) {
-  struct TCase {
-    const char *Path, *Directory, *Name, *Stem, *Extension;
-  };
-  const TCase cases[] = {{"C:\\dir.x\\f", "C:\\dir.x", "f", "f", ""},
-                         {"C:\\f.a.kvr", "C:\\", "f.a.kvr", "f.a", "kvr"},
-                         {"C:f.kvr", "C:", "f.kvr", "f", "kvr"},
-                         {"\\\\server\\share\\f.", "\\\\server\\share", "f.", "f", ""},
-                         {"/home/x.y/f.kvrx", "/home/x.y", "f.kvrx", "f", "kvrx"},
-                         {"/f", "/", "f", "f", ""},
-                         {"dir/", "dir", "", "", ""},
-                         {"f", "", "f", "f", ""},
-                         {"", "", "", "", ""}};
+  const char* cases[][5] = {{"C:\\dir.x\\f", "C:\\dir.x", "f", "f", ""},
+                            {"C:\\f.a.kvr", "C:\\", "f.a.kvr", "f.a", "kvr"},
+                            {"C:f.kvr", "C:", "f.kvr", "f", "kvr"},
+                            {"\\\\server\\share\\f.", "\\\\server\\share", "f.", "f", ""},
+                            {"/home/x.y/f.kvrx", "/home/x.y", "f.kvrx", "f", "kvrx"},
+                            {"/f", "/", "f", "f", ""},
+                            {"dir/", "dir", "", "", ""},
+                            {"dir//f", "dir//", "f", "f", ""},
+                            {"\\f", "", "f", "f", ""},
+                            {"f", "", "f", "f", ""},
+                            {"", "", "", "", ""}};
   for (const auto& [path, directory, name, stem, extension] : cases) {
     SCOPED_TRACE(path);
     EXPECT_EQ(TPath::GetDirectoryName(path), directory);
     EXPECT_EQ(TPath::GetFileName(path), name);
     EXPECT_EQ(TPath::GetFileNameWithoutExtension(path), stem);
     EXPECT_EQ(TPath::GetExtension(path), extension);
+    EXPECT_EQ(TPath::HasExtension(path), *extension != '\0');
   }
 }
 

@@ -8,39 +8,33 @@ namespace {
 using namespace std::string_literals;
 
 TEST(Text, Utf16GoesBothWays) {
-  const struct {
-    const char* Name;
-    std::string Utf8;
-    std::u16string Utf16;
-  } cases[] = {{"empty", "", u""},
-               {"long ASCII", "Mathematik, Klasse 10", u"Mathematik, Klasse 10"},
-               {"umlauts behind ASCII", "Schülerübersicht", u"Schülerübersicht"},
-               {"three bytes", "€ 3", u"€ 3"},
-               {"above the basic plane", "a\xF0\x9F\x98\x80z", u"a\xD83D\xDE00z"},
-               {"last character", "\xF4\x8F\xBF\xBF", u"\xDBFF\xDFFF"},
-               {"lonely high surrogate", "x\xED\xA0\xBD", u"x\xD83D"},
-               {"lonely low surrogate", "\xED\xB8\x80y", u"\xDE00y"},
-               {"zero character", "a\0b"s, u"a\0b"s}};
-  for (const auto& [name, utf8, utf16] : cases) {
-    EXPECT_EQ(Utf8ToUtf16(utf8), utf16) << name;
-    EXPECT_EQ(Utf16ToUtf8(utf16), utf8) << name;
-    EXPECT_EQ(Utf16Length(utf8), utf16.size()) << name;
-    EXPECT_EQ(RepairUtf8(utf8), utf8) << name;
+  const std::pair<std::string, std::u16string> cases[] = {{"", u""},
+                                                          {"Mathematik, Klasse 10", u"Mathematik, Klasse 10"},
+                                                          {"Schülerübersicht", u"Schülerübersicht"},
+                                                          {"€ 3", u"€ 3"},
+                                                          {"a\xF0\x9F\x98\x80z", u"a\xD83D\xDE00z"},
+                                                          {"\xF4\x8F\xBF\xBF", u"\xDBFF\xDFFF"},
+                                                          {"x\xED\xA0\xBD", u"x\xD83D"},
+                                                          {"\xED\xB8\x80y", u"\xDE00y"},
+                                                          {"a\0b"s, u"a\0b"s}};
+  for (const auto& [utf8, utf16] : cases) {
+    EXPECT_EQ(Utf8ToUtf16(utf8), utf16) << utf8;
+    EXPECT_EQ(Utf16ToUtf8(utf16), utf8) << utf8;
+    EXPECT_EQ(Utf16Length(utf8), utf16.size()) << utf8;
+    EXPECT_EQ(RepairUtf8(utf8), utf8) << utf8;
   }
 }
 
 TEST(Text, IllFormedUtf8BecomesReplacementCharacters) {
-  const struct {
-    std::string Bytes, Repaired;
-  } cases[] = {{"\x80", "\uFFFD"},
-               {"a\xC3", "a\uFFFD"},
-               {"\xE2\x82", "\uFFFD"},
-               {"\xF0\x9F\x98", "\uFFFD"},
-               {"\xC0\xAF", "\uFFFD\uFFFD"},
-               {"\xE0\x80\x80", "\uFFFD\uFFFD\uFFFD"},
-               {"\xF4\x90\x80\x80", "\uFFFD\uFFFD\uFFFD\uFFFD"},
-               {"\xFF\xFE", "\uFFFD\uFFFD"},
-               {"\xE2\x28\xA1", "\uFFFD(\uFFFD"}};
+  const std::pair<std::string, std::string> cases[] = {{"\x80", "\uFFFD"},
+                                                       {"a\xC3", "a\uFFFD"},
+                                                       {"\xE2\x82", "\uFFFD"},
+                                                       {"\xF0\x9F\x98", "\uFFFD"},
+                                                       {"\xC0\xAF", "\uFFFD\uFFFD"},
+                                                       {"\xE0\x80\x80", "\uFFFD\uFFFD\uFFFD"},
+                                                       {"\xF4\x90\x80\x80", "\uFFFD\uFFFD\uFFFD\uFFFD"},
+                                                       {"\xFF\xFE", "\uFFFD\uFFFD"},
+                                                       {"\xE2\x28\xA1", "\uFFFD(\uFFFD"}};
   for (const auto& [bytes, repaired] : cases) {
     EXPECT_EQ(RepairUtf8(bytes), repaired);
     EXPECT_EQ(Utf16ToUtf8(Utf8ToUtf16(bytes)), repaired);
@@ -79,15 +73,13 @@ TEST(Text, GermanLettersStandBesideTheirBaseLetters) {
 }
 
 TEST(Text, DelimitedTextGoesBothWays) {
-  const struct {
-    std::vector<std::string> Lines;
-    std::string Text;
-  } cases[] = {{{}, ""},
-               {{""}, "\"\""},
-               {{"", ""}, ","},
-               {{"a", "", "b"}, "a,,b"},
-               {{"mit Blank", "k,omma", "Zitat \"x\"", "zeile\r\n"},
-                "\"mit Blank\",\"k,omma\",\"Zitat \"\"x\"\"\",\"zeile\r\n\""}};
+  const std::pair<std::vector<std::string>, std::string> cases[] = {
+      {{}, ""},
+      {{""}, "\"\""},
+      {{"", ""}, ","},
+      {{"a", "", "b"}, "a,,b"},
+      {{"mit Blank", "k,omma", "Zitat \"x\"", "zeile\r\n"},
+       "\"mit Blank\",\"k,omma\",\"Zitat \"\"x\"\"\",\"zeile\r\n\""}};
   for (const auto& [lines, text] : cases) {
     EXPECT_EQ(ToDelimitedText(lines), text);
     EXPECT_EQ(FromDelimitedText(text), lines) << text;

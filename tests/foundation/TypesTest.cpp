@@ -2,6 +2,7 @@
 
 #include <gmock/gmock.h>
 
+#include <cstring>
 #include <limits>
 #include <memory>
 
@@ -63,10 +64,10 @@ TEST(SimpleTypes, TextAndStoredFormGiveTheValueBack) {
 
 TEST(SimpleTypes, OddTexts) {
   TVantrelBoolean flag;
-  flag.SetAsString("j");
-  EXPECT_TRUE(flag.Value());
-  flag.SetAsString("ja");
-  EXPECT_FALSE(flag.Value());
+  for (const char* text : {"j", "J", "ja", ""}) {
+    flag.SetAsString(text);
+    EXPECT_EQ(flag.Value(), std::strlen(text) == 1) << text;
+  }
   TVantrelChar character(u'a');
   for (const char* text : {"", "bc", "😀"}) character.SetAsString(text);
   EXPECT_EQ(character.Value(), u'a');
@@ -112,14 +113,17 @@ TEST(Reference, GivesUpOwnedValuesOnly) {
 
 TEST(Binary, IsEqualByStreamAndStoresItsBytes) {
   TVantrelMemoryStream bytes({1, 2, 3}), same({1, 2, 3});
-  TVantrelBinary holder(&bytes), other(&same), stored(new TVantrelMemoryStream, true);
-  EXPECT_FALSE(holder.IsOwner());
+  TVantrelBinary holder(&bytes), other(&same), stored, filled(true);
+  filled.SetValue(new TVantrelMemoryStream);
   EXPECT_FALSE(holder.Equals(&other));
   other.SetValue(&bytes);
   EXPECT_TRUE(holder.Equals(&other));
   EXPECT_EQ(holder.GetHashCode(), other.GetHashCode());
-  Store(holder, stored);
-  EXPECT_EQ(stored.Value()->Bytes(), bytes.Bytes());
+  for (TVantrelBinary* target : {&stored, &filled}) {
+    Store(holder, *target);
+    EXPECT_EQ(target->Value()->Bytes(), bytes.Bytes());
+    EXPECT_TRUE(target->IsOwner());
+  }
   EXPECT_EQ(holder.Extract(), &bytes);
   EXPECT_EQ(holder.Value(), nullptr);
   EXPECT_FALSE(holder.Equals(&other));
