@@ -155,6 +155,44 @@ TEST_F(MainFormTest, SavingUnderANameMakesItAKnownKind) {
   EXPECT_THAT(FBoxes.Texts, ElementsAre(testing::StartsWith("Fehler beim Speichern der Datei.\r\n")));
 }
 
+TEST_F(MainFormTest, HoldsItsFileAndNoOther) {
+  const auto isFree = [this](const char* name) {
+    try {
+      TVantrelFileStream(FFolder / name, TVantrelFileAccessMode::famShareDenyWrite,
+                         TVantrelFileOpenMode::fomOpenReadWrite);
+      return true;
+    } catch (const EVantrelFileHandleError&) {
+      return false;
+    }
+  };
+  Start();
+  for (const char* name : {"small.kvrx", "small.kvr7"}) {
+    Open(name);
+    EXPECT_FALSE(isFree(name)) << name;
+  }
+  for (const char* name : {"neu.kvrx", "neu.kvrxr", "neu.kvr7"}) {
+    SaveAs(FFolder / name);
+    EXPECT_FALSE(isFree(name)) << name;
+  }
+  for (const char* name : {"small.kvrx", "small.kvr7", "neu.kvrx", "neu.kvrxr"}) EXPECT_TRUE(isFree(name)) << name;
+  EXPECT_THAT(FBoxes.Texts, IsEmpty());
+  Open("neu.kvr7");
+  EXPECT_THAT(FBoxes.Texts, ElementsAre(HasSubstr("(Fehlercode: 32)")));
+  EXPECT_EQ(CurrentProject->FileName(), FFolder / "neu.kvr7");
+}
+
+TEST_F(MainFormTest, AViewThatFailsIsNoneAndCanBeShownLater) {
+  Start();
+  Open("small.kvrx");
+  for (const bool fails : {true, false}) {
+    FFailing = fails;
+    FForm->Commands().StudentsViewCommand.Execute();
+    FForm->Commands().GotoNextCommand.Execute();
+    EXPECT_EQ(StudentsView == nullptr, fails);
+  }
+  EXPECT_NE(CurrentProject, nullptr);
+}
+
 struct TPlainForm : TBaseForm {
   explicit TPlainForm(TVantrelStorage& storage) : TBaseForm(storage, "Plain") {}
   TFormUi& Ui() override { return FUi; }
