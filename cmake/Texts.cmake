@@ -1,6 +1,6 @@
-# program_texts(TARGET): whoever links to the target carries the texts of all text headers of src/ as a string table, in
-# the form and the section that VantrelResources.h tells. A program made of the headers, with one function for each,
-# writes that table. A text is a constant of type const char*, or an array of such.
+# program_texts(TARGET): whoever links to the target, or to program_texts itself, carries the texts of all text headers
+# of src/ as a string table, in the form and the section that VantrelResources.h tells. A program made of the headers,
+# with one function for each, writes that table. A text is a constant of type const char*, or an array of such.
 function(program_texts target)
   file(GLOB headers CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/src/*/*Texts.h
        ${PROJECT_SOURCE_DIR}/src/*/dialogs/*Texts.h)

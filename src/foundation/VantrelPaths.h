@@ -65,7 +65,7 @@ class TVantrelFilePath {
   /// Paths are not kept in a registry on this system: raises EVantrelFileSystemError.
   [[noreturn]] static std::string GetPathFromRegistry(std::string_view key, std::string_view name);
 
-  /// The directory for temporary files, with its trailing delimiter.
+  /// The directory for temporary files, with its trailing delimiter. Raises EVantrelFileSystemError if there is none.
   static std::string GetTempPath();
   /// Makes an empty file with a new name in `directory`. Raises EVantrelFileSystemError.
   static std::string GetTempFileName(std::string_view directory, std::string_view prefix);

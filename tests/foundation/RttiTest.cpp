@@ -8,6 +8,7 @@
 namespace {
 TEST(ClassRtti, ListsInheritedPropertiesFirst) {
   const TVantrelClassRTTI rtti(TLeaf().ClassReference());
+  EXPECT_EQ(&rtti.Class(), &TLeaf::Class);
   EXPECT_EQ(rtti.PropCount(), 11);
   EXPECT_EQ(rtti.GetPropertyIndex("SIDE"), 3);
   EXPECT_EQ(rtti.GetPropertyIndex("Weg"), -1);
