@@ -12,6 +12,5 @@ inline constexpr const char* SettingsNotSaved =
     "Die Einstellungen konnten nicht gespeichert werden; beim nächsten Start gelten die bisherigen.\r\n\r\n{}\r\n{}";
 inline constexpr const char* OptionsNotSaved =
     "Die Optionen konnten nicht gespeichert werden; beim nächsten Start gelten die bisherigen.\r\n\r\n{}\r\n{}";
-inline constexpr const char* NoValue = "Der Wert \"{}\" ist nicht vorhanden oder von anderer Art.";
 inline constexpr const char* NoWriteAccess = "Der Schlüssel ist nur zum Lesen geöffnet.";
 }  // namespace SettingsTexts

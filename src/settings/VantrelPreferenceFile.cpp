@@ -220,6 +220,10 @@ bool TVantrelPreferenceFile::KeyExists(const TPreferencePath& key) const {
   return FindKey(*FDocument, key) != nullptr;
 }
 
+bool TVantrelPreferenceFile::HasChildren(const TPreferencePath& key) const {
+  return FindChild(FindKey(*FDocument, key), [](const xmlNode*) { return true; }) != nullptr;
+}
+
 std::vector<std::string> TVantrelPreferenceFile::KeyTags(const TPreferencePath& key) const {
   std::vector<std::string> tags;
   FindChild(FindKey(*FDocument, key), [&](const xmlNode* child) {

@@ -39,7 +39,8 @@ class TVantrelPreferenceFile {
 
   /// The questions answer for a missing key as for an empty one.
   bool KeyExists(const TPreferencePath& key) const;
-  bool HasEntries(const TPreferencePath& key) const { return !ValueNames(key).empty(); }
+  /// Keys below it, or values.
+  bool HasChildren(const TPreferencePath& key) const;
   std::vector<std::string> KeyTags(const TPreferencePath& key) const;
   std::vector<std::string> ValueNames(const TPreferencePath& key) const;
   std::optional<TPreferenceEntry> Read(const TPreferencePath& key, std::string_view name) const;

@@ -20,12 +20,12 @@ void TVantrelAbstractPreferences::WriteFont(std::string_view name, const TVantre
                                      std::to_string(font.Color)}));
 }
 
-void TVantrelPreferenceKeys::CloseKey() {
+void TVantrelFilePreferences::CloseKey() {
   FCurrentKey.clear();
   FPath.clear();
 }
 
-TPreferencePath TVantrelPreferenceKeys::Resolve(std::string_view path) const {
+TPreferencePath TVantrelFilePreferences::Resolve(std::string_view path) const {
   const bool fromRoot = path.empty() || FSeparators.find(path.front()) != std::string_view::npos;
   TPreferencePath result = fromRoot ? TPreferencePath() : FPath;
   while (!path.empty()) {
@@ -36,55 +36,52 @@ TPreferencePath TVantrelPreferenceKeys::Resolve(std::string_view path) const {
   return result;
 }
 
-bool TVantrelPreferenceKeys::OpenKey(std::string_view path, bool canCreate) {
+bool TVantrelFilePreferences::OpenKey(std::string_view path, bool canCreate) {
   auto resolved = Resolve(path);
-  if (canCreate ? !FFile->CreateKey(resolved) : !FFile->KeyExists(resolved)) return false;
+  if (!FFile.KeyExists(resolved) && !(canCreate && FileToChange().CreateKey(resolved))) return false;
   FPath = std::move(resolved);
   FCurrentKey = path;
   return true;
 }
 
-bool TVantrelPreferenceKeys::DeleteKey(std::string_view path) {
-  const bool deleted = FFile->DeleteKey(Resolve(path));
-  if (!FFile->KeyExists(FPath)) CloseKey();
+bool TVantrelFilePreferences::DeleteKey(std::string_view path) {
+  const bool deleted = FileToChange().DeleteKey(Resolve(path));
+  if (!FFile.KeyExists(FPath)) CloseKey();
   return deleted;
 }
 
-std::vector<std::string> TVantrelPreferenceKeys::KeyNames() const {
-  auto names = FFile->KeyTags(FPath);
-  for (auto& name : names) name = DecodeKeyTag(name);
-  return names;
+void TVantrelFilePreferences::GetKeyNames(std::vector<std::string>& list) {
+  list = FFile.KeyTags(FPath);
+  for (auto& name : list) name = DecodeKeyTag(name);
 }
 
-TVantrelXMLPreferences::TVantrelXMLPreferences(std::string fileName, bool ignoreExisting)
-    : FKeys(std::make_shared<TVantrelPreferenceFile>(std::move(fileName), ignoreExisting), "\\/", EncodeKeyTag) {}
-
-bool TVantrelXMLPreferences::HasSubKeys() {
-  return !FKeys.KeyNames().empty() || !FKeys.ValueNames().empty();
+void TVantrelFilePreferences::WriteChar(std::string_view name, char16_t value) {
+  WriteString(name, Utf16ToUtf8({&value, 1}));
 }
 
-std::string TVantrelXMLPreferences::Text(std::string_view name) const {
-  const auto entry = FKeys.File().Read(FKeys.Path(), name);
-  return entry ? entry->Value.value_or("") : "";
+void TVantrelFilePreferences::WriteGuid(std::string_view name, const TGuid& value) {
+  WriteString(name, GuidToText(value));
 }
 
-std::size_t TVantrelXMLPreferences::ReadBinary(std::string_view name, std::span<std::uint8_t> buffer) {
-  const auto entry = FKeys.File().Read(FKeys.Path(), name);
-  if (!entry) return 0;
-  const auto bytes = DecodeBase64(entry->Content);
+std::size_t DecodeInto(std::span<std::uint8_t> buffer, std::string_view base64) {
+  const auto bytes = DecodeBase64(base64);
   const auto count = std::min(bytes.size(), buffer.size());
   std::copy_n(bytes.begin(), count, buffer.begin());
   return count;
 }
 
-template <class T>
-T TVantrelXMLPreferences::Read(std::string_view name, const T& defaultValue, T (*parse)(std::string_view)) const {
-  const auto text = Text(name);
-  return text.empty() ? defaultValue : parse(text);
+TVantrelXMLPreferences::TVantrelXMLPreferences(std::string fileName, bool ignoreExisting)
+    : TVantrelFilePreferences(std::move(fileName), ignoreExisting, "\\/", EncodeKeyTag) {}
+
+std::size_t TVantrelXMLPreferences::ReadBinary(std::string_view name, std::span<std::uint8_t> buffer) {
+  const auto entry = Find(name);
+  return entry ? DecodeInto(buffer, entry->Content) : 0;
 }
 
-bool TVantrelXMLPreferences::ReadBoolean(std::string_view name, bool defaultValue) {
-  return ReadInteger(name, defaultValue ? 1 : 0) != 0;
+template <class T>
+T TVantrelXMLPreferences::Read(std::string_view name, const T& defaultValue, T (*parse)(std::string_view)) {
+  const auto text = ReadString(name, {});
+  return text.empty() ? defaultValue : parse(text);
 }
 
 char16_t TVantrelXMLPreferences::ReadChar(std::string_view name, char16_t defaultValue) {
@@ -108,8 +105,8 @@ TDateTime TVantrelXMLPreferences::ReadDateTime(std::string_view name, TDateTime 
 }
 
 std::string TVantrelXMLPreferences::ReadString(std::string_view name, std::string_view defaultValue) {
-  const auto text = Text(name);
-  return text.empty() ? std::string(defaultValue) : text;
+  const auto entry = Find(name);
+  return entry && entry->Value && !entry->Value->empty() ? *entry->Value : std::string(defaultValue);
 }
 
 TGuid TVantrelXMLPreferences::ReadGuid(std::string_view name, const TGuid& defaultValue) {
@@ -117,20 +114,11 @@ TGuid TVantrelXMLPreferences::ReadGuid(std::string_view name, const TGuid& defau
 }
 
 void TVantrelXMLPreferences::WriteBinary(std::string_view name, std::span<const std::uint8_t> bytes) {
-  FKeys.File().Write(FKeys.Path(), name, {.Content = EncodeBase64(bytes.data(), bytes.size())});
+  Write(name, {.Content = EncodeBase64(bytes.data(), bytes.size())});
 }
 
 void TVantrelXMLPreferences::WriteString(std::string_view name, std::string_view value) {
-  FKeys.File().Write(FKeys.Path(), name, {.Value = std::string(value)});
-}
-
-void TVantrelXMLPreferences::WriteBoolean(std::string_view name, bool value) {
-  WriteInteger(name, value ? 1 : 0);
-}
-
-void TVantrelXMLPreferences::WriteChar(std::string_view name, char16_t value) {
-  ScalarTexts::TBuffer buffer;
-  WriteString(name, ScalarTexts::WriteChar(value, buffer));
+  Write(name, {.Value = std::string(value)});
 }
 
 void TVantrelXMLPreferences::WriteFloat(std::string_view name, double value) {
@@ -144,16 +132,10 @@ void TVantrelXMLPreferences::WriteCurrency(std::string_view name, TCurrency valu
 }
 
 void TVantrelXMLPreferences::WriteInteger(std::string_view name, std::int32_t value) {
-  ScalarTexts::TBuffer buffer;
-  WriteString(name, ScalarTexts::WriteLongInt(value, buffer));
+  WriteString(name, std::to_string(value));
 }
 
 void TVantrelXMLPreferences::WriteDateTime(std::string_view name, TDateTime value) {
   ScalarTexts::TBuffer buffer;
   WriteString(name, ScalarTexts::WriteDateTime(value, buffer));
-}
-
-void TVantrelXMLPreferences::WriteGuid(std::string_view name, const TGuid& value) {
-  ScalarTexts::TBuffer buffer;
-  WriteString(name, ScalarTexts::WriteGuid(value, buffer));
 }

@@ -1,7 +1,7 @@
 #pragma once
 
 #include <cstdint>
-#include <memory>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -62,35 +62,50 @@ class TVantrelAbstractPreferences {
   void WriteFont(std::string_view name, const TVantrelFont& font);
 };
 
-/// The keys of a preference file seen from a current key. The separators delimit the names of a path; a path that
-/// begins with one starts at the root, as an empty one does, any other at the current key.
-class TVantrelPreferenceKeys {
+/// A preference store in a preference file. The separators delimit the names of a path; a path that begins with one
+/// starts at the root, as an empty one does, any other at the current key.
+class TVantrelFilePreferences : public TVantrelAbstractPreferences {
  public:
-  using TEncode = std::string (*)(std::string_view name);
-
-  TVantrelPreferenceKeys(std::shared_ptr<TVantrelPreferenceFile> file, std::string_view separators, TEncode encode)
-      : FFile(std::move(file)), FSeparators(separators), FEncode(encode) {}
-
-  TVantrelPreferenceFile& File() const { return *FFile; }
-  const TPreferencePath& Path() const { return FPath; }
+  const std::string& FileName() const { return FFile.FileName(); }
   /// The path as last opened.
   const std::string& CurrentKey() const { return FCurrentKey; }
+  bool Modified() const { return FFile.Modified(); }
+  /// As TVantrelPreferenceFile.
+  const std::string& Damage() const { return FFile.Damage(); }
 
-  // As in TVantrelAbstractPreferences.
-  void CloseKey();
-  bool CreateKey(std::string_view path) { return FFile->CreateKey(Resolve(path)); }
-  bool DeleteKey(std::string_view path);
-  bool DeleteValue(std::string_view name) { return FFile->DeleteValue(FPath, name); }
-  bool OpenKey(std::string_view path, bool canCreate);
-  bool KeyExists(std::string_view path) const { return FFile->KeyExists(Resolve(path)); }
-  bool ValueExists(std::string_view name) const { return FFile->Read(FPath, name).has_value(); }
-  std::vector<std::string> KeyNames() const;
-  std::vector<std::string> ValueNames() const { return FFile->ValueNames(FPath); }
+  /// As TVantrelPreferenceFile::Flush.
+  void FlushBuffer() override { FFile.Flush(); }
+  void CloseKey() override;
+  bool CreateKey(std::string_view path) override { return FileToChange().CreateKey(Resolve(path)); }
+  bool DeleteKey(std::string_view path) override;
+  bool DeleteValue(std::string_view name) override { return FileToChange().DeleteValue(FPath, name); }
+  bool OpenKey(std::string_view path, bool canCreate) override;
+  bool HasSubKeys() override { return !FFile.KeyTags(FPath).empty(); }
+  bool KeyExists(std::string_view path) override { return FFile.KeyExists(Resolve(path)); }
+  bool ValueExists(std::string_view name) override { return Find(name).has_value(); }
+  void GetKeyNames(std::vector<std::string>& list) override;
+  void GetValueNames(std::vector<std::string>& list) override { list = FFile.ValueNames(FPath); }
+  bool ReadBoolean(std::string_view name, bool defaultValue) override { return ReadInteger(name, defaultValue) != 0; }
+  void WriteBoolean(std::string_view name, bool value) override { WriteInteger(name, value); }
+  void WriteChar(std::string_view name, char16_t value) override;
+  void WriteGuid(std::string_view name, const TGuid& value) override;
+
+ protected:
+  using TEncode = std::string (*)(std::string_view name);
+
+  TVantrelFilePreferences(std::string fileName, bool ignoreExisting, std::string_view separators, TEncode encode)
+      : FFile(std::move(fileName), ignoreExisting), FSeparators(separators), FEncode(encode) {}
+
+  /// The file, for those who change something.
+  virtual TVantrelPreferenceFile& FileToChange() { return FFile; }
+  bool HasChildren() const { return FFile.HasChildren(FPath); }
+  std::optional<TPreferenceEntry> Find(std::string_view name) const { return FFile.Read(FPath, name); }
+  void Write(std::string_view name, const TPreferenceEntry& entry) { FileToChange().Write(FPath, name, entry); }
 
  private:
   TPreferencePath Resolve(std::string_view path) const;
 
-  std::shared_ptr<TVantrelPreferenceFile> FFile;
+  TVantrelPreferenceFile FFile;
   std::string_view FSeparators;
   TEncode FEncode;
   std::string FCurrentKey;
@@ -99,31 +114,14 @@ class TVantrelPreferenceKeys {
 
 /// A preference store in an XML file, whose name ends in ".pref". Backslash and slash separate the names of a path
 /// alike. A malformed number or GUID raises EConvertError on reading, a malformed date EVantrelDateTimeError.
-class TVantrelXMLPreferences final : public TVantrelAbstractPreferences {
+class TVantrelXMLPreferences final : public TVantrelFilePreferences {
  public:
   /// As TVantrelPreferenceFile.
   TVantrelXMLPreferences(std::string fileName, bool ignoreExisting);
 
-  const std::string& FileName() const { return FKeys.File().FileName(); }
-  const std::string& CurrentKey() const { return FKeys.CurrentKey(); }
-  bool Modified() const { return FKeys.File().Modified(); }
-  const std::string& Damage() const { return FKeys.File().Damage(); }
-
-  void FlushBuffer() override { FKeys.File().Flush(); }
-  void CloseKey() override { FKeys.CloseKey(); }
-  bool CreateKey(std::string_view path) override { return FKeys.CreateKey(path); }
-  bool DeleteKey(std::string_view path) override { return FKeys.DeleteKey(path); }
-  bool DeleteValue(std::string_view name) override { return FKeys.DeleteValue(name); }
-  bool OpenKey(std::string_view path, bool canCreate) override { return FKeys.OpenKey(path, canCreate); }
   /// A value counts here as well as a key.
-  bool HasSubKeys() override;
-  bool KeyExists(std::string_view path) override { return FKeys.KeyExists(path); }
-  bool ValueExists(std::string_view name) override { return FKeys.ValueExists(name); }
-  void GetKeyNames(std::vector<std::string>& list) override { list = FKeys.KeyNames(); }
-  void GetValueNames(std::vector<std::string>& list) override { list = FKeys.ValueNames(); }
-
+  bool HasSubKeys() override { return HasChildren(); }
   std::size_t ReadBinary(std::string_view name, std::span<std::uint8_t> buffer) override;
-  bool ReadBoolean(std::string_view name, bool defaultValue) override;
   char16_t ReadChar(std::string_view name, char16_t defaultValue) override;
   double ReadFloat(std::string_view name, double defaultValue) override;
   TCurrency ReadCurrency(std::string_view name, TCurrency defaultValue) override;
@@ -132,20 +130,16 @@ class TVantrelXMLPreferences final : public TVantrelAbstractPreferences {
   std::string ReadString(std::string_view name, std::string_view defaultValue) override;
   TGuid ReadGuid(std::string_view name, const TGuid& defaultValue) override;
   void WriteBinary(std::string_view name, std::span<const std::uint8_t> bytes) override;
-  void WriteBoolean(std::string_view name, bool value) override;
-  void WriteChar(std::string_view name, char16_t value) override;
   void WriteFloat(std::string_view name, double value) override;
   void WriteCurrency(std::string_view name, TCurrency value) override;
   void WriteInteger(std::string_view name, std::int32_t value) override;
   void WriteDateTime(std::string_view name, TDateTime value) override;
   void WriteString(std::string_view name, std::string_view value) override;
-  void WriteGuid(std::string_view name, const TGuid& value) override;
 
  private:
-  /// Empty where the value or its text is missing.
-  std::string Text(std::string_view name) const;
   template <class T>
-  T Read(std::string_view name, const T& defaultValue, T (*parse)(std::string_view)) const;
-
-  TVantrelPreferenceKeys FKeys;
+  T Read(std::string_view name, const T& defaultValue, T (*parse)(std::string_view));
 };
+
+/// Fills the buffer from its beginning with the bytes that the Base64 text stands for; gives their number.
+std::size_t DecodeInto(std::span<std::uint8_t> buffer, std::string_view base64);

@@ -37,34 +37,12 @@ std::string EncodeRegistryTag(std::string_view name) {
   return SameText(name, "Entry") ? "_x0045_ntry" : EncodeKeyTag(name);
 }
 
+constexpr std::string_view StringType = "String";
+constexpr std::string_view IntegerType = "Integer";
+constexpr std::string_view BinaryType = "Binary";
+
 template <class T>
 using TBytesOf = std::array<std::uint8_t, sizeof(T)>;
-
-/// The one place that answers a failed read with the default.
-template <class T, class TRead>
-T ReadOr(T defaultValue, TRead read) {
-  try {
-    return read();
-  } catch (const EVantrelException&) {
-    return defaultValue;
-  }
-}
-
-template <class T>
-T ReadBytes(const TVantrelPreferenceRegistry& registry, std::string_view name, T defaultValue) {
-  return ReadOr(defaultValue, [&] {
-    const auto bytes = registry.ReadBinary(name);
-    TBytesOf<T> value;
-    if (bytes.size() != value.size()) return defaultValue;
-    std::ranges::copy(bytes, value.begin());
-    return std::bit_cast<T>(value);
-  });
-}
-
-template <class T>
-void WriteBytes(TVantrelPreferenceRegistry& registry, std::string_view name, T value) {
-  registry.WriteBinary(name, std::bit_cast<TBytesOf<T>>(value));
-}
 
 }  // namespace
 
@@ -91,127 +69,98 @@ std::string RegistryFileName(TVantrelRegistryRoot root) {
                                                          : MachineConfigFile(RegistryPlace);
 }
 
-TVantrelPreferenceRegistry::TVantrelPreferenceRegistry(TVantrelRegistryRoot root, TVantrelRegistryAccess access)
-    : FAccess(access),
-      FKeys(std::make_shared<TVantrelPreferenceFile>(RegistryFileName(root), false), "\\", EncodeRegistryTag) {}
+TVantrelRegistryPreferences::TVantrelRegistryPreferences(TVantrelRegistryRoot root, TVantrelRegistryAccess access)
+    : TVantrelFilePreferences(RegistryFileName(root), false, "\\", EncodeRegistryTag), FAccess(access) {}
 
-TVantrelPreferenceKeys& TVantrelPreferenceRegistry::WritableKeys() {
+TVantrelPreferenceFile& TVantrelRegistryPreferences::FileToChange() {
   if (FAccess != TVantrelRegistryAccess::Full)
     throw EVantrelPreferencesError(ResourceText(SettingsTexts::NoWriteAccess));
-  return FKeys;
+  return TVantrelFilePreferences::FileToChange();
 }
 
-TPreferenceEntry TVantrelPreferenceRegistry::Find(std::string_view name, std::string_view type) const {
-  auto entry = FKeys.File().Read(FKeys.Path(), name);
+/// The one place that answers a missing value, one of the wrong type, and a failed conversion with the default.
+template <class T, class TParse>
+T TVantrelRegistryPreferences::Read(std::string_view name, std::string_view type, T defaultValue, TParse parse) const {
+  const auto entry = Find(name);
+  if (!entry) return defaultValue;
   // Written by hand, a text needs no type.
-  if (entry && entry->Type.empty()) entry->Type = "String";
-  if (!entry || entry->Type != type || (!entry->Value && type != "Binary"))
-    throw EVantrelPreferencesError(FormatText(SettingsTexts::NoValue, name));
-  return *entry;
+  if (type != (entry->Type.empty() ? StringType : entry->Type)) return defaultValue;
+  if (!entry->Value && type != BinaryType) return defaultValue;
+  try {
+    return parse(type == BinaryType ? entry->Content : *entry->Value);
+  } catch (const EVantrelException&) {
+    return defaultValue;
+  }
 }
 
-std::int32_t TVantrelPreferenceRegistry::ReadInteger(std::string_view name) const {
-  return ScalarTexts::ParseLongInt(*Find(name, "Integer").Value);
-}
-
-std::vector<std::uint8_t> TVantrelPreferenceRegistry::ReadBinary(std::string_view name) const {
-  return DecodeBase64(Find(name, "Binary").Content);
-}
-
-void TVantrelPreferenceRegistry::Write(std::string_view name, const TPreferenceEntry& entry) {
-  WritableKeys().File().Write(FKeys.Path(), name, entry);
-}
-
-void TVantrelPreferenceRegistry::WriteString(std::string_view name, std::string_view value) {
-  Write(name, {.Value = std::string(value), .Type = "String"});
-}
-
-void TVantrelPreferenceRegistry::WriteInteger(std::string_view name, std::int32_t value) {
-  Write(name, {.Value = std::to_string(value), .Type = "Integer"});
-}
-
-void TVantrelPreferenceRegistry::WriteBinary(std::string_view name, std::span<const std::uint8_t> bytes) {
-  Write(name, {.Content = EncodeBase64(bytes.data(), bytes.size()), .Type = "Binary"});
-}
-
-bool TVantrelRegistryPreferences::OpenKey(std::string_view path, bool canCreate) {
-  if (FRegistry.Keys().OpenKey(path, false)) return true;
-  return canCreate && FRegistry.WritableKeys().OpenKey(path, true);
-}
-
-std::size_t TVantrelRegistryPreferences::ReadBinary(std::string_view name, std::span<std::uint8_t> buffer) {
-  return ReadOr(std::size_t{0}, [&] {
-    const auto bytes = FRegistry.ReadBinary(name);
-    const auto count = std::min(bytes.size(), buffer.size());
-    std::copy_n(bytes.begin(), count, buffer.begin());
-    return count;
+template <class T>
+T TVantrelRegistryPreferences::ReadBytes(std::string_view name, T defaultValue) const {
+  return Read(name, BinaryType, defaultValue, [&](std::string_view base64) {
+    const auto bytes = DecodeBase64(base64);
+    TBytesOf<T> value;
+    if (bytes.size() != value.size()) return defaultValue;
+    std::ranges::copy(bytes, value.begin());
+    return std::bit_cast<T>(value);
   });
 }
 
-bool TVantrelRegistryPreferences::ReadBoolean(std::string_view name, bool defaultValue) {
-  return ReadInteger(name, defaultValue ? 1 : 0) != 0;
+template <class T>
+void TVantrelRegistryPreferences::WriteBytes(std::string_view name, T value) {
+  WriteBinary(name, std::bit_cast<TBytesOf<T>>(value));
+}
+
+std::size_t TVantrelRegistryPreferences::ReadBinary(std::string_view name, std::span<std::uint8_t> buffer) {
+  return Read(name, BinaryType, std::size_t{0}, [&](std::string_view text) { return DecodeInto(buffer, text); });
 }
 
 char16_t TVantrelRegistryPreferences::ReadChar(std::string_view name, char16_t defaultValue) {
-  return ReadOr(defaultValue, [&] { return ScalarTexts::ParseChar(FRegistry.ReadString(name)); });
+  return Read(name, StringType, defaultValue, ScalarTexts::ParseChar);
 }
 
 double TVantrelRegistryPreferences::ReadFloat(std::string_view name, double defaultValue) {
-  return ReadBytes(FRegistry, name, defaultValue);
+  return ReadBytes(name, defaultValue);
 }
 
 TCurrency TVantrelRegistryPreferences::ReadCurrency(std::string_view name, TCurrency defaultValue) {
-  return ReadBytes(FRegistry, name, defaultValue);
+  return ReadBytes(name, defaultValue);
 }
 
 std::int32_t TVantrelRegistryPreferences::ReadInteger(std::string_view name, std::int32_t defaultValue) {
-  return ReadOr(defaultValue, [&] { return FRegistry.ReadInteger(name); });
+  return Read(name, IntegerType, defaultValue, ScalarTexts::ParseLongInt);
 }
 
 TDateTime TVantrelRegistryPreferences::ReadDateTime(std::string_view name, TDateTime defaultValue) {
-  return ReadBytes(FRegistry, name, defaultValue);
+  return ReadBytes(name, defaultValue);
 }
 
 std::string TVantrelRegistryPreferences::ReadString(std::string_view name, std::string_view defaultValue) {
-  return ReadOr(std::string(defaultValue), [&] { return FRegistry.ReadString(name); });
+  return Read(name, StringType, std::string(defaultValue), [](std::string_view text) { return std::string(text); });
 }
 
 TGuid TVantrelRegistryPreferences::ReadGuid(std::string_view name, const TGuid& defaultValue) {
-  return ReadOr(defaultValue, [&] { return TextToGuid(FRegistry.ReadString(name)); });
+  return Read(name, StringType, defaultValue, ScalarTexts::ParseGuid);
 }
 
 void TVantrelRegistryPreferences::WriteBinary(std::string_view name, std::span<const std::uint8_t> bytes) {
-  FRegistry.WriteBinary(name, bytes);
-}
-
-void TVantrelRegistryPreferences::WriteBoolean(std::string_view name, bool value) {
-  FRegistry.WriteInteger(name, value ? 1 : 0);
-}
-
-void TVantrelRegistryPreferences::WriteChar(std::string_view name, char16_t value) {
-  FRegistry.WriteString(name, Utf16ToUtf8({&value, 1}));
+  Write(name, {.Content = EncodeBase64(bytes.data(), bytes.size()), .Type = std::string(BinaryType)});
 }
 
 void TVantrelRegistryPreferences::WriteFloat(std::string_view name, double value) {
-  WriteBytes(FRegistry, name, value);
+  WriteBytes(name, value);
 }
 
 void TVantrelRegistryPreferences::WriteCurrency(std::string_view name, TCurrency value) {
-  WriteBytes(FRegistry, name, value);
+  WriteBytes(name, value);
 }
 
 void TVantrelRegistryPreferences::WriteInteger(std::string_view name, std::int32_t value) {
-  FRegistry.WriteInteger(name, value);
+  Write(name, {.Value = std::to_string(value), .Type = std::string(IntegerType)});
 }
 
 void TVantrelRegistryPreferences::WriteDateTime(std::string_view name, TDateTime value) {
-  WriteBytes(FRegistry, name, value);
+  WriteBytes(name, value);
 }
 
 void TVantrelRegistryPreferences::WriteString(std::string_view name, std::string_view value) {
-  FRegistry.WriteString(name, value);
-}
-
-void TVantrelRegistryPreferences::WriteGuid(std::string_view name, const TGuid& value) {
-  FRegistry.WriteString(name, GuidToText(value));
+  Write(name, {.Value = std::string(value), .Type = std::string(StringType)});
 }
