@@ -39,20 +39,16 @@ void TVantrelAbstractLog::AddEntry(const TVantrelLogEntry& entry) {
   const bool hidden = entry.EventType == TVantrelLogEventType::letDebugInfo && !FShowDebugInfo;
   if (hidden || !FEnabled || IsFull()) return;
   ++FEntryCount;
-  WriteEntry(entry);
-  if (IsFull()) WriteLimitReached();
+  WriteEntry(entry, IsFull());
 }
 
-void TVantrelDebuggerLog::WriteEntry(const TVantrelLogEntry& entry) {
+void TVantrelDebuggerLog::WriteEntry(const TVantrelLogEntry& entry, bool) {
   PrintLine(stderr, entry.Line());
 }
 
-void TVantrelConsoleLog::WriteEntry(const TVantrelLogEntry& entry) {
+void TVantrelConsoleLog::WriteEntry(const TVantrelLogEntry& entry, bool isLast) {
   PrintLine(stdout, entry.Line());
-}
-
-void TVantrelConsoleLog::WriteLimitReached() {
-  PrintLine(stdout, LimitReached);
+  if (isLast) PrintLine(stdout, LimitReached);
 }
 
 TVantrelTextLog::TVantrelTextLog(std::string_view fileName, int bufferLimit)
@@ -75,17 +71,10 @@ void TVantrelTextLog::FlushBuffer() {
   TVantrelStreamWriter(FFileStream, 0).WriteSignature(text);
 }
 
-void TVantrelTextLog::AddLine(std::string line) {
-  FBuffer.push_back(std::move(line));
+void TVantrelTextLog::WriteEntry(const TVantrelLogEntry& entry, bool isLast) {
+  FBuffer.push_back(entry.Line());
+  if (isLast) FBuffer.emplace_back(LimitReached);
   if (static_cast<int>(FBuffer.size()) >= FBufferLimit) FlushBuffer();
-}
-
-void TVantrelTextLog::WriteEntry(const TVantrelLogEntry& entry) {
-  AddLine(entry.Line());
-}
-
-void TVantrelTextLog::WriteLimitReached() {
-  AddLine(LimitReached);
 }
 
 TVantrelCSVLog::TVantrelCSVLog(std::string_view fileName)
@@ -94,7 +83,7 @@ TVantrelCSVLog::TVantrelCSVLog(std::string_view fileName)
   if (FFileStream.Size() > 0) FCSVWriter.WriteLine();
 }
 
-void TVantrelCSVLog::WriteEntry(const TVantrelLogEntry& entry) {
+void TVantrelCSVLog::WriteEntry(const TVantrelLogEntry& entry, bool) {
   FCSVWriter.WriteLine({DateToGermanText(entry.TimeStamp), TimeToShortText(entry.TimeStamp), entry.Namespace,
                         entry.User, entry.EventWord(), entry.EventText});
   FCSVWriter.FlushBuffer();

@@ -40,19 +40,15 @@ class TVantrelAbstractLog : public TVantrelObject {
   /// Takes the entry, unless the target is disabled or full, or the entry is debug information that is not shown.
   void AddEntry(const TVantrelLogEntry& entry);
 
-  bool Enabled() const { return FEnabled; }
   void SetEnabled(bool enabled) { FEnabled = enabled; }
   int EntryCount() const { return FEntryCount; }
   /// Number of entries after which the target is full; 0 means no limit.
-  int EntryLimit() const { return FEntryLimit; }
   void SetEntryLimit(int limit) { FEntryLimit = limit; }
-  bool ShowDebugInfo() const { return FShowDebugInfo; }
   void SetShowDebugInfo(bool show) { FShowDebugInfo = show; }
 
  protected:
-  virtual void WriteEntry(const TVantrelLogEntry& entry) = 0;
-  /// Runs behind the entry that made the target full.
-  virtual void WriteLimitReached() {}
+  /// The last entry makes the target full.
+  virtual void WriteEntry(const TVantrelLogEntry& entry, bool isLast) = 0;
 
  private:
   bool IsFull() const { return FEntryLimit > 0 && FEntryCount >= FEntryLimit; }
@@ -66,14 +62,13 @@ class TVantrelAbstractLog : public TVantrelObject {
 /// Writes to standard error, where a debugger or the session's journal listens.
 class TVantrelDebuggerLog final : public TVantrelAbstractLog {
  protected:
-  void WriteEntry(const TVantrelLogEntry& entry) override;
+  void WriteEntry(const TVantrelLogEntry& entry, bool isLast) override;
 };
 
 /// Writes to standard output.
 class TVantrelConsoleLog final : public TVantrelAbstractLog {
  protected:
-  void WriteEntry(const TVantrelLogEntry& entry) override;
-  void WriteLimitReached() override;
+  void WriteEntry(const TVantrelLogEntry& entry, bool isLast) override;
 };
 
 /// Writes lines in UTF-8 to a file whose name gets the time of creation; others may read it meanwhile.
@@ -88,12 +83,9 @@ class TVantrelTextLog final : public TVantrelAbstractLog {
   void FlushBuffer();
 
  protected:
-  void WriteEntry(const TVantrelLogEntry& entry) override;
-  void WriteLimitReached() override;
+  void WriteEntry(const TVantrelLogEntry& entry, bool isLast) override;
 
  private:
-  void AddLine(std::string line);
-
   std::vector<std::string> FBuffer;
   int FBufferLimit;
   TVantrelFileStream FFileStream;
@@ -108,7 +100,7 @@ class TVantrelCSVLog final : public TVantrelAbstractLog {
   const std::string& FileName() const { return FFileStream.Handle().FileName(); }
 
  protected:
-  void WriteEntry(const TVantrelLogEntry& entry) override;
+  void WriteEntry(const TVantrelLogEntry& entry, bool isLast) override;
 
  private:
   TVantrelFileStream FFileStream;

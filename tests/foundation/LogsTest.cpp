@@ -1,12 +1,13 @@
 #include "VantrelLogs.h"
 
 #include <gtest/gtest.h>
+#include <pwd.h>
+#include <unistd.h>
 
-#include <map>
+#include <thread>
 
 #include "TempFolder.h"
 #include "VantrelExceptions.h"
-#include "VantrelFileSystem.h"
 
 namespace {
 using enum TVantrelLogEventType;
@@ -15,43 +16,25 @@ constexpr TDateTime Evening = 39571.75;
 
 class TMemoryLog final : public TVantrelAbstractLog {
  public:
-  explicit TMemoryLog(std::string& lines) : FLines(lines) {}
+  TMemoryLog(std::string name, std::string& lines, TVantrelLogEntry* last = nullptr)
+      : FName(std::move(name)), FLines(lines), FLast(last) {}
 
  protected:
-  void WriteEntry(const TVantrelLogEntry& entry) override {
+  void WriteEntry(const TVantrelLogEntry& entry, bool isLast) override {
     if (entry.EventText == "fail") throw EVantrelException("kaputt");
-    FLines += entry.EventText + ';';
+    FLines += FName + entry.EventText + (isLast ? "!" : ";");
+    if (FLast != nullptr) *FLast = entry;
   }
-  void WriteLimitReached() override { FLines += "full;"; }
 
  private:
+  std::string FName;
   std::string& FLines;
-};
-
-class TFakePreferences final : public TVantrelLogPreferences {
- public:
-  std::map<std::string, std::map<std::string, std::string>, std::less<>> Keys;
-
-  bool OpenKey(std::string_view path) override {
-    FKey = Keys.find(path);
-    return FKey != Keys.end();
-  }
-  int ReadInteger(std::string_view name) override { return std::atoi(ReadString(name).c_str()); }
-  bool ReadBoolean(std::string_view name) override { return ReadInteger(name) != 0; }
-  std::string ReadString(std::string_view name) override { return FKey->second[std::string(name)]; }
-  std::vector<std::string> GetValueNames() override {
-    std::vector<std::string> names;
-    for (const auto& [name, value] : FKey->second) names.push_back(name);
-    return names;
-  }
-
- private:
-  decltype(Keys)::iterator FKey;
+  TVantrelLogEntry* FLast;
 };
 
 TEST(Logs, TargetsTakeWhatTheyAreSetTo) {
   std::string lines;
-  TMemoryLog log(lines);
+  TMemoryLog log("", lines);
   log.SetEntryLimit(2);
   log.AddEntry({letDebugInfo, "hidden", "", Evening, ""});
   log.SetEnabled(false);
@@ -59,23 +42,32 @@ TEST(Logs, TargetsTakeWhatTheyAreSetTo) {
   log.SetEnabled(true);
   log.SetShowDebugInfo(true);
   for (const char* text : {"a", "b", "c"}) log.AddEntry({letDebugInfo, text, "", Evening, ""});
-  EXPECT_EQ(lines, "a;b;full;");
+  EXPECT_EQ(lines, "a;b!");
+  EXPECT_EQ(log.EntryCount(), 2);
 }
 
 TEST(Logs, ManagerPassesKnownNamespacesToEveryTarget) {
-  std::string first, second, errors;
+  std::string lines, errors;
+  TVantrelLogEntry last;
   TVantrelLogManager manager;
-  manager.AddLog(CreateVantrel<TMemoryLog>(first));
-  manager.AddLog(CreateVantrel<TMemoryLog>(second));
+  manager.AddLog(CreateVantrel<TMemoryLog>("1", lines));
+  manager.AddLog(CreateVantrel<TMemoryLog>("2", lines, &last));
   manager.SetOnError([&](const std::string& message) { errors += message; });
   manager.AddEntry(letInfo, "nobody listens", "Projekt");
   manager.AddNamespace("projekt");
-  manager.AddEntry(letInfo, "a", "PROJEKT");
+  for (const char* text : {"a", "fail"}) manager.AddEntry(letInfo, text, "PROJEKT");
   manager.AddEntry(letInfo, "b", "Sitzung");
-  manager.AddEntry(letInfo, "fail", "Projekt");
-  EXPECT_EQ(first, "a;");
-  EXPECT_EQ(second, "a;");
-  EXPECT_EQ(errors, "kaputtkaputt");
+  EXPECT_EQ(lines + errors, "1a;2a;kaputtkaputt");
+  const passwd* user = ::getpwuid(::geteuid());
+  EXPECT_EQ(last.User, user == nullptr ? "" : user->pw_name);
+  EXPECT_NEAR(last.TimeStamp, CurrentDateTime(), 0.1);
+  std::vector<std::jthread> threads;
+  for (int i = 0; i < 4; ++i)
+    threads.emplace_back([&] {
+      for (int entry = 0; entry < 500; ++entry) manager.AddEntry(letInfo, "c", "Projekt", "beck");
+    });
+  threads.clear();
+  EXPECT_EQ(lines.size(), 6U + 4 * 500 * 6);
 }
 
 TEST(Logs, ConsoleAndDebuggerGetLines) {
@@ -95,25 +87,27 @@ TEST(Logs, ConsoleAndDebuggerGetLines) {
   EXPECT_EQ(testing::internal::GetCapturedStderr(), head + "eins\n" + head + "zwei\n");
 }
 
-TEST(Logs, ConfigurationMakesTargetsAndNamespaces) {
+TEST(Logs, ATextLogGathersAsManyLinesAsItIsTold) {
   const TempFolder folder;
-  TFakePreferences preferences;
-  preferences.Keys["\\Logs\\CSVLog"] = {{"FileName", folder / "rows.csv"}, {"EntryLimit", "2"}};
-  preferences.Keys["\\Logs\\TextLog"] = {{"FileName", folder / "lines.log"}, {"EntryLimit", "2"}, {"BufferLimit", "4"}};
-  preferences.Keys["\\Namespaces"] = {{"Projekt", ""}};
-  TVantrelLogManager manager;
-  manager.SelfConfiguration(preferences);
-  for (const char* text : {"eins", "zw;ei", "drei"}) manager.AddEntry(letWarning, text, "Projekt", Evening, "beck");
-
-  const auto find = [&](const char* mask) {
-    return ReadFileText(TVantrelFileSystem::GetFiles(folder.Path(), mask).at(0));
-  };
-  EXPECT_EQ(find("rows*.csv"),
-            "03.05.2008;18:00:00;Projekt;beck;WARNING;eins\r\n03.05.2008;18:00:00;Projekt;beck;WARNING;\"zw;ei\"");
-  EXPECT_EQ(find("lines*.log"), "");
-  manager.ClearLogs();
-  EXPECT_EQ(find("lines*.log"),
-            "03.05.2008 18:00.00 - [Projekt] [beck] [WARNING] eins\r\n"
-            "03.05.2008 18:00.00 - [Projekt] [beck] [WARNING] zw;ei\r\n*** Log limit reached ***\r\n");
+  const std::string line = "03.05.2008 18:00.00 - [Projekt] [beck] [WARNING] a\r\n";
+  const std::string full = "*** Log limit reached ***\r\n";
+  const struct {
+    int EntryLimit, BufferLimit;
+    std::string Meanwhile, AtTheEnd;
+  } cases[] = {{0, 0, line + line + line, ""},
+               {0, 2, line + line, line},
+               {2, 2, line + line + full, ""},
+               {2, 4, "", line + line + full},
+               {1, 0, line + full, ""}};
+  for (const auto& c : cases) {
+    auto log = CreateVantrel<TVantrelTextLog>(folder / "lines.log", c.BufferLimit);
+    const std::string name = log->FileName();
+    const auto before = ReadFileText(name);
+    log->SetEntryLimit(c.EntryLimit);
+    for (int i = 0; i < 3; ++i) log->AddEntry({letWarning, "a", "Projekt", Evening, "beck"});
+    EXPECT_EQ(ReadFileText(name), before + c.Meanwhile);
+    log.reset();
+    EXPECT_EQ(ReadFileText(name), before + c.Meanwhile + c.AtTheEnd);
+  }
 }
 }  // namespace
