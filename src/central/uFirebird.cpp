@@ -12,6 +12,8 @@ namespace {
 constexpr std::string_view RemoteProtocol = "TCPIP";
 constexpr std::string_view Utf8CharacterSet = "UTF8";
 constexpr char SqlDialect = 3;
+/// Seconds until a server that does not answer counts as missing.
+constexpr char LongestWait = 10;
 
 /// The parameter block of a logon: for each item its code, the length in four bytes, the value.
 class TLogonBlock {
@@ -51,6 +53,7 @@ void TDBConnection::Open() {
   block.Add(isc_dpb_password, Param("Password"));
   block.Add(isc_dpb_lc_ctype, Param("CharacterSet"));
   block.Add(isc_dpb_sql_dialect, {&SqlDialect, 1});
+  block.Add(isc_dpb_connect_timeout, {&LongestWait, 1});
   block.Add(isc_dpb_utf8_filename, {});
   if (block.Bytes().size() > INT16_MAX) throw EDBLogonError(ResourceText(CentralTexts::WrongLogon));
   const std::string database = ConnectionText();

@@ -21,7 +21,9 @@
 /// with it.
 class FirebirdServer {
  public:
-  static bool Installed() { return std::filesystem::exists(Program) && std::filesystem::exists(Shell); }
+  static bool Installed() {
+    return std::filesystem::exists(Program) && std::filesystem::exists(Shell) && !InstalledFolder().empty();
+  }
 
   explicit FirebirdServer(const std::string& sql) : FPort(FreePort()) {
     LayOut();
@@ -70,6 +72,13 @@ class FirebirdServer {
   static constexpr const char* Program = "/usr/sbin/firebird";
   static constexpr const char* Shell = "/usr/bin/isql-fb";
 
+  /// The server lies in the library folder of the machine's architecture; empty if it lies in none.
+  static std::filesystem::path InstalledFolder() {
+    for (const auto& libraries : std::filesystem::directory_iterator("/usr/lib"))
+      if (auto folder = libraries.path() / "firebird/3.0"; std::filesystem::exists(folder)) return folder;
+    return {};
+  }
+
   static sockaddr_in Loopback(int port) {
     sockaddr_in address{};
     address.sin_family = AF_INET;
@@ -80,7 +89,7 @@ class FirebirdServer {
 
   void LayOut() const {
     namespace fs = std::filesystem;
-    const fs::path installed = "/usr/lib/x86_64-linux-gnu/firebird/3.0";
+    const fs::path installed = InstalledFolder();
     for (const char* name : {"plugins", "intl", "firebird.msg"}) fs::create_symlink(installed / name, FFolder / name);
     fs::create_directory(FFolder / "lock");
     fs::copy_file(fs::canonical(installed / "plugins.conf"), FFolder / "plugins.conf");

@@ -49,6 +49,8 @@ TEST(Session, BeginsWithNobodyWhoIsAdministrator) {
   const auto session = CreateVantrel<TTessaronSession>();
   EXPECT_FALSE(session->FLoggedIn || session->FConnection->Connected());
   EXPECT_TRUE(session->FLastMediaCatalog.IsNull());
+  session->Log("Anmeldung", 5);
+  EXPECT_TRUE(session->FDebugLog.empty());
   EXPECT_EQ(session->Username(), "");
   EXPECT_TRUE(session->FPrivileges->IsAdmin(true));
   EXPECT_FALSE(session->FPrivileges->IsAdmin(true, "MUE"));
