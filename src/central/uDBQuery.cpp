@@ -2,6 +2,8 @@
 
 #include <ibase.h>
 
+#include <algorithm>
+#include <cmath>
 #include <cstring>
 
 #include "CentralTexts.h"
@@ -72,6 +74,25 @@ T ValueOf(const char* bytes) {
   T value;
   std::memcpy(&value, bytes, sizeof(value));
   return value;
+}
+
+/// The database counts days from 1858-11-17 on, and the time of day in ten-thousandths of a second.
+constexpr ISC_DATE FirstDay = 15018;
+constexpr double TicksPerDay = 864'000'000;
+
+TVariant DateTimeOf(const ISC_TIMESTAMP& stamp) {
+  const ISC_DATE day = stamp.timestamp_date - FirstDay;
+  const double time = stamp.timestamp_time / TicksPerDay;
+  return TVariant::DateTime(day < 0 ? day - time : day + time);
+}
+
+/// Raises EVantrelDateTimeError for a value that is no date.
+ISC_TIMESTAMP StampOf(TDateTime value) {
+  DecodeDateTime(value);
+  double day = 0;
+  const double time = std::abs(std::modf(value, &day));
+  const double ticks = std::min(std::round(time * TicksPerDay), TicksPerDay - 1);
+  return {static_cast<ISC_DATE>(day) + FirstDay, static_cast<ISC_TIME>(ticks)};
 }
 
 bool IsNameChar(char c) {
@@ -175,6 +196,8 @@ void TDBQuery::TStatement::BindParam(int index) {
   switch (value.Kind()) {
     case TVariantKind::Float:
       return set(SQL_DOUBLE, BytesOf(value.AsFloat()));
+    case TVariantKind::DateTime:
+      return set(SQL_TIMESTAMP, BytesOf(StampOf(value.AsFloat())));
     case TVariantKind::Boolean:
       return set(SQL_BOOLEAN, BytesOf(static_cast<FB_BOOLEAN>(value.AsBoolean())));
     case TVariantKind::Integer:
@@ -202,7 +225,7 @@ TDBQuery::TDBQuery(TDBConnection& connection, std::string_view sql)
 TDBQuery::~TDBQuery() = default;
 
 void TDBQuery::SetParam(std::string_view name, const TVariant& value) {
-  if (value.Kind() == TVariantKind::DateTime || value.AsTextOrEmpty().size() > LongestText)
+  if (value.Kind() != TVariantKind::DateTime && value.AsTextOrEmpty().size() > LongestText)
     throw EDBError(FormatText(CentralTexts::ParamType, name));
   bool found = false;
   for (std::size_t i = 0; i < FStatement->ParamNames.size(); ++i) {
@@ -266,6 +289,12 @@ TVariant TDBQuery::Value(int index) const {
       return ValueOf<double>(column.sqldata);
     case SQL_BOOLEAN:
       return ValueOf<FB_BOOLEAN>(column.sqldata) != 0;
+    case SQL_TIMESTAMP:
+      return DateTimeOf(ValueOf<ISC_TIMESTAMP>(column.sqldata));
+    case SQL_TYPE_DATE:
+      return DateTimeOf({ValueOf<ISC_DATE>(column.sqldata), 0});
+    case SQL_TYPE_TIME:
+      return DateTimeOf({FirstDay, ValueOf<ISC_TIME>(column.sqldata)});
     case SQL_VARYING:
       return std::string_view(column.sqldata + sizeof(ISC_USHORT), ValueOf<ISC_USHORT>(column.sqldata));
     case SQL_TEXT: {

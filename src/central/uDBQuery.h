@@ -19,8 +19,8 @@ class TDBQuery {
   TDBQuery& operator=(const TDBQuery&) = delete;
   ~TDBQuery();
 
-  /// Null at first. Takes null, numbers, Booleans and texts of at most 32765 bytes; anything else, and an unknown name,
-  /// raise EDBError.
+  /// Null at first. Takes null, numbers, Booleans, dates and texts of at most 32765 bytes; a longer text and an unknown
+  /// name raise EDBError. A date outside the years 1 to 9999 raises EVantrelDateTimeError on Execute.
   void SetParam(std::string_view name, const TVariant& value);
   /// Runs the statement; the rows of a query come with Next.
   void Execute();
@@ -29,8 +29,8 @@ class TDBQuery {
 
   int FieldCount() const;
   std::string FieldName(int index) const;
-  /// The column of the present row: an integer, a float, a Boolean, a text without the filling blanks of its column,
-  /// or null. Other kinds of columns, an unknown column, and no row raise EDBError.
+  /// The column of the present row: an integer, a float, a Boolean, a date with or without its time, a text without
+  /// the filling blanks of its column, or null. Other kinds of columns, an unknown column, and no row raise EDBError.
   TVariant Value(int index) const;
   TVariant Value(std::string_view fieldName) const;
 

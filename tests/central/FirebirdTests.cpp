@@ -57,24 +57,25 @@ TEST(Firebird, LogonIsJudgedByTheServer) {
 TEST(Firebird, QueriesGiveAndTakeValues) {
   NEEDS_FIREBIRD(server,
                  "CREATE TABLE T (N INTEGER, B BIGINT, D NUMERIC(9,2), V VARCHAR(40), C CHAR(10), J BOOLEAN,"
-                 " X TIMESTAMP);");
+                 " X TIMESTAMP, S DATE, U TIME, M BLOB);");
   const auto database = TFBUtils::GetConnection(*server.Connection(), FirebirdServer::Administrator());
   database->Open();
-  TDBQuery insert(*database, "INSERT INTO T VALUES (:n, :B, :D, :V || ':x', :V, :J, :X)");
+  TDBQuery insert(*database, "INSERT INTO T VALUES (:n, :B, :D, :V || ':x', :V, :J, :X, :X, :X, NULL)");
   insert.SetParam("N", 7);
   insert.SetParam("B", std::int64_t{1} << 40);
   insert.SetParam("D", 1.25);
   insert.SetParam("V", "Käthe ß");
   insert.SetParam("J", true);
+  insert.SetParam("X", TVariant::DateTime(45366.75));
   EXPECT_THROW(insert.SetParam("Y", 1), EDBError);
-  EXPECT_THROW(insert.SetParam("N", TVariant::DateTime(1.0)), EDBError);
+  EXPECT_THROW(insert.SetParam("V", std::string(32766, 'x')), EDBError);
   insert.Execute();
   insert.SetParam("N", TVariant::Null());
   insert.Execute();
   insert.SetParam("V", std::string(41, 'x'));
   EXPECT_THAT(ErrorOf<EDBError>([&] { insert.Execute(); }), StartsWith("Die Datenbank meldet einen Fehler.\r\n"));
 
-  TDBQuery query(*database, "SELECT T.*, CURRENT_TIMESTAMP AS \"Jetzt\" FROM T ORDER BY N");
+  TDBQuery query(*database, "SELECT T.*, CAST('x' AS BLOB) AS \"Bild\" FROM T ORDER BY N");
   EXPECT_THROW(query.Value(0), EDBError);
   for (int run = 0; run < 2; ++run) {
     query.Execute();
@@ -88,8 +89,11 @@ TEST(Firebird, QueriesGiveAndTakeValues) {
   EXPECT_EQ(query.Value("V").AsText(), "Käthe ß:x");
   EXPECT_EQ(query.Value("C").AsText(), "Käthe ß");
   EXPECT_EQ(query.Value("J").AsBoolean(), true);
-  EXPECT_TRUE(query.Value("X").IsNull());
-  EXPECT_THROW(query.Value("Jetzt"), EDBError);
+  EXPECT_EQ(query.Value("X"), TVariant::DateTime(45366.75));
+  EXPECT_EQ(query.Value("S"), TVariant::DateTime(45366));
+  EXPECT_EQ(query.Value("U"), TVariant::DateTime(0.75));
+  EXPECT_TRUE(query.Value("M").IsNull());
+  EXPECT_THROW(query.Value("Bild"), EDBError);
   EXPECT_THROW(query.Value("n"), EDBError);
   EXPECT_FALSE(query.Next());
   EXPECT_FALSE(query.Next());
