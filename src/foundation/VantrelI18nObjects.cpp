@@ -4,6 +4,7 @@
 #include "VantrelI18n.h"
 #include "VantrelLists.h"
 #include "VantrelRtti.h"
+#include "VantrelStringList.h"
 #include "VantrelTypes.h"
 
 namespace {
@@ -15,8 +16,10 @@ class TTranslationWalk {
 
   void Visit(TVantrelObject* object) {
     if (object == nullptr || dynamic_cast<TVantrelGraphic*>(object) != nullptr) return;
-    if (!FVisited.insert(object).second) return;
+    if (!FCachedObjects.insert(object).second) return;
     if (auto* text = dynamic_cast<TVantrelString*>(object)) return text->SetValue(FManager.Translate(text->Value()));
+    if (auto* lines = dynamic_cast<TVantrelStringList*>(object))
+      for (std::string& line : lines->Lines) line = FManager.Translate(line);
     const auto* list = dynamic_cast<const TVantrelAbstractList*>(object);
     TVantrelInstanceRTTI rtti(*object, FIncludePublicMembers);
     for (int i = 0; i < rtti.ClassRTTI().PropCount(); ++i) VisitProperty(rtti, i);
@@ -37,7 +40,7 @@ class TTranslationWalk {
 
   const TVantrelI18nManager& FManager;
   bool FIncludePublicMembers;
-  std::unordered_set<const TVantrelObject*> FVisited;
+  std::unordered_set<const TVantrelObject*> FCachedObjects;
 };
 }  // namespace
 

@@ -4,13 +4,7 @@
 #include <string_view>
 #include <vector>
 
-#include "VantrelClasses.h"
-
-/// Lines of text as a published property may hold them; kept in a store as one text with commas.
-class TVantrelStringList : public TVantrelPersistent {
- public:
-  std::vector<std::string> Lines;
-};
+#include "VantrelStringList.h"
 
 /// A property that outlives the run: its path below the component, and where it is stored below the form's own key.
 struct TVantrelPropertyLink {

@@ -7,8 +7,10 @@
 #include "PublishedObjects.h"
 #include "TempFolder.h"
 #include "VantrelExceptions.h"
+#include "VantrelGraphics.h"
 #include "VantrelLists.h"
 #include "VantrelResources.h"
+#include "VantrelStringList.h"
 #include "VantrelText.h"
 #include "VantrelTypes.h"
 
@@ -35,6 +37,20 @@ class TPanel final : public TNode {
   }
 };
 
+class TPicture final : public TStoredGraphic {
+ public:
+  std::string Caption() const { return FCaption; }
+  void SetCaption(std::string caption) { FCaption = std::move(caption); }
+  const TVantrelClass& ClassReference() const override {
+    static constexpr TVantrelProperty properties[] = {Published<&TPicture::Caption, &TPicture::SetCaption>("Caption")};
+    static constexpr TVantrelClass picture{.Name = "TPicture", .Properties = properties};
+    return picture;
+  }
+
+ private:
+  std::string FCaption = "Ja";
+};
+
 TEST(I18n, HashIsLookup3OverUtf16) {
   const std::string bytes = "Four score and seven years ago";
   std::u16string units(bytes.size() / 2, u'\0');
@@ -51,21 +67,23 @@ TEST(I18n, EscapesLineBreaksOfEveryKind) {
 
 TEST(I18n, DictionaryOutlivesTheFile) {
   TVantrelResourceStringTable table;
-  table.SetString(7, "Ja\nNein");
-  table.SetString(3, "Schließen");
-  EXPECT_EQ(table.GetIdentifier(0), 3);
-  EXPECT_THROW(table.GetIdentifier(2), EArgumentOutOfRangeException);
+  for (const char* text : {"Ja\nNein", "Schließen", ""}) table.SetString(7 - table.Count(), text);
+  EXPECT_EQ(table.GetIdentifier(0), 5);
+  EXPECT_THROW(table.GetIdentifier(3), EArgumentOutOfRangeException);
   EXPECT_THROW(table.SetString(65536, ""), EArgumentOutOfRangeException);
-
-  const std::string name = DictionaryFile(std::string(1000, 'x'));
+  const std::string name = DictionaryFile("[Dictionary]\n" + Line("Schließen", "Close"));
   TVantrelI18nManager manager;
+  manager.LoadStrings(name);
   manager.ExtractAndMergeStrings(table);
+  WriteFileText(name, std::string(1000, 'x'));
   manager.SaveStrings(name);
+  EXPECT_EQ(ReadFileText(name), "[Dictionary]\r\n4554F15B=Close\r\nB58E728E=Ja\\nNein");
+  EXPECT_THROW(manager.SaveStrings(testing::TempDir() + "missing/dictionary.ini"), EVantrelFileHandleError);
   manager.ClearStrings();
   EXPECT_EQ(manager.Translate("Ja\nNein"), "Ja\nNein");
   manager.LoadStrings(name);
   EXPECT_EQ(manager.Translate("Ja\nNein"), "Ja\r\nNein");
-  EXPECT_EQ(manager.Translate("Schließen"), "Schließen");
+  EXPECT_EQ(manager.Translate("Schließen"), "Close");
 }
 
 TEST(I18n, OnlyTheSectionOfTheDictionaryCounts) {
@@ -90,17 +108,22 @@ TEST(I18n, TranslationWithForeignPlaceholdersIsPassedOver) {
 
 TEST(I18n, ObjectsAreTranslatedWithWhatHangsOnThem) {
   TPanel panel;
+  TPicture picture;
   TLeaf leaf, partner;
-  TVantrelString line("Ja");
+  TVantrelString text("Ja");
+  TVantrelStringList lines;
+  lines.Lines = {"Ja", "Nein"};
   TVantrelArrayList list(false);
-  for (TVantrelObject* item : std::initializer_list<TVantrelObject*>{&panel, &leaf, &line, &list}) list.Add(item);
+  for (TVantrelObject* item : std::initializer_list<TVantrelObject*>{&panel, &picture, &leaf, &text, &lines, &list})
+    list.Add(item);
   for (TNode* node : std::initializer_list<TNode*>{&panel, &leaf, &partner}) node->SetCaption("Ja");
   leaf.SetPartner(&partner);
   partner.SetPartner(&leaf);
   TVantrelI18nManager manager;
   manager.LoadStrings(DictionaryFile("[Dictionary]\n" + Line("Ja", "Yes")));
   manager.TranslateStrings(list);
-  EXPECT_EQ(leaf.Caption() + partner.Caption() + line.Value() + panel.Caption(), "YesYesYesJa");
+  EXPECT_EQ(leaf.Caption() + partner.Caption() + text.Value() + lines.Lines[0] + lines.Lines[1], "YesYesYesYesNein");
+  EXPECT_EQ(panel.Caption() + picture.Caption(), "JaJa");
   manager.TranslateStrings(panel, true);
   EXPECT_EQ(panel.Caption(), "Yes");
   EXPECT_FALSE(TVantrelClassRTTI(panel.ClassReference(), true).IsPropertyPublished("Caption"));
