@@ -37,8 +37,9 @@ TEST(LogSettings, AFileBesideTheProgramSwitchesTargetsOn) {
   EXPECT_EQ(printed(), head + "[DEBUG INFO] a;b\n" + failure + "\n" + limit + "\n/" + failure + "\n");
   EXPECT_EQ(content("rows*.csv"), row + "DEBUG INFO;\"a;b\"\r\n" + row + "AUDIT FAILURE;\"a;b\"");
   EXPECT_EQ(content("lines*.log"), "");
-  manager.ClearLogs();
   manager.ClearNamespaces();
+  EXPECT_EQ(printed(), "/");
+  manager.ClearLogs();
   EXPECT_EQ(content("lines*.log"), failure + "\r\n" + limit + "\r\n");
 }
 }  // namespace

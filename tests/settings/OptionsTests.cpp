@@ -57,12 +57,6 @@ TEST_F(OptionsTest, DamageIsToldAndKept) {
   }
 }
 
-TEST_F(OptionsTest, AFolderThatIsMissingGivesWayToTheUsersOwn) {
-  Create()->Save();
-  EXPECT_TRUE(std::filesystem::exists(FOwn));
-  EXPECT_FALSE(std::filesystem::exists(FCommon));
-}
-
 TEST_F(OptionsTest, AFolderThatForbidsWritingIsWhereTheUsersOwnBegin) {
   std::filesystem::create_directory(FFolder / "common");
   std::filesystem::create_directory(FFolder / "own");

@@ -1,33 +1,52 @@
 #include <gmock/gmock.h>
 
 #include "PrivateConfig.h"
-#include "VantrelRegistryPreferences.h"
+#include "VantrelStorage.h"
+#include "VantrelText.h"
 
 namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
 using TStore = TVantrelAbstractPreferences;
+using TBytes = std::array<std::uint8_t, 2>;
 using enum TVantrelRegistryRoot;
 using enum TVantrelRegistryAccess;
 
-constexpr TDateTime Evening = 39571.75;
 const TGuid SomeGuid = TextToGuid("{01234567-89AB-CDEF-0123-456789ABCDEF}");
 const TVantrelFont SomeFont{"DejaVu, Sans", 255, 11, 3};
 
-/// Reads "x" as every kind but binary.
-void ExpectDefaults(TStore& store) {
-  TVantrelFont font = SomeFont;
-  store.ReadFont("x", font);
-  EXPECT_TRUE(store.ReadBoolean("x", true));
-  EXPECT_EQ(store.ReadChar("x", u'y'), u'y');
-  EXPECT_EQ(store.ReadFloat("x", 2.5), 2.5);
-  EXPECT_EQ(store.ReadCurrency("x", TCurrency{3}).Value, 3);
-  EXPECT_EQ(store.ReadInteger("x", 4), 4);
-  EXPECT_EQ(store.ReadDateTime("x", Evening), Evening);
-  EXPECT_EQ(store.ReadString("x", "d"), "d");
-  EXPECT_EQ(store.ReadGuid("x", SomeGuid), SomeGuid);
-  EXPECT_EQ(font, SomeFont);
+/// A kind of value: one such value, another one, and the text that the first is in an XML store.
+#define KIND(Kind, value, other, text)                                                  \
+  {                                                                                     \
+#Kind, text, [](TStore& store) { store.Write##Kind(#Kind, value); },                  \
+   [](TStore& store, std::string_view name, bool isThere) {                              \
+     EXPECT_EQ(store.Read##Kind(name, other), isThere ? value : other) << name;          \
+   },                                                                                    \
+   [](TVantrelStorage& storage, std::string_view key, bool isThere) {                    \
+     if (isThere) storage.Write##Kind(key, #Kind, value);                                \
+     EXPECT_EQ(storage.Read##Kind(key, #Kind, other), isThere ? value : other) << #Kind; \
+   } \
+  }
+const struct {
+  const char *Name, *Text;
+  void (*Write)(TStore& store);
+  void (*Check)(TStore& store, std::string_view name, bool isThere);
+  void (*CheckStorage)(TVantrelStorage& storage, std::string_view key, bool isThere);
+} Kinds[] = {KIND(Boolean, true, false, "1"),
+             KIND(Char, u'ß', u'x', "ß"),
+             KIND(Float, -0.125, 1, "-0.125"),
+             KIND(Currency, TCurrency{-12345678}, TCurrency{}, "-1234.5678"),
+             KIND(Integer, INT32_MIN, 1, "-2147483648"),
+             KIND(DateTime, 39571.75, 1, "2008-05-03T18:00:00.000Z"),
+             KIND(String, "a\r\n\t<\"&'ü \xF0\x9F\x98\x80", "x", "a\r\n\t<\"&'ü \xF0\x9F\x98\x80"),
+             KIND(Guid, SomeGuid, TGuid(), "{01234567-89AB-CDEF-0123-456789ABCDEF}"),
+             KIND(Color, 0x00FF8000, 1, "16744448")};
+
+std::vector<std::string> Names(TStore& store, void (TStore::*get)(std::vector<std::string>&)) {
+  std::vector<std::string> names{"old"};
+  (store.*get)(names);
+  return names;
 }
 
 /// Both stores, each closed and opened again between writing and reading.
@@ -41,63 +60,46 @@ class PreferencesTest : public testing::TestWithParam<bool> {
 };
 
 TEST_P(PreferencesTest, EveryKindOfValueComesBack) {
-  {
-    const auto store = Open();
-    ASSERT_TRUE(store->OpenKey("Software\\Tessaron 10 - MyTessaron\\7", true));
-    store->WriteBinary("Binary", std::array<std::uint8_t, 3>{0, 255, 7});
-    store->WriteBoolean("Boolean", true);
-    store->WriteChar("Char", u'ß');
-    store->WriteFloat("Float", -0.125);
-    store->WriteCurrency("Currency", TCurrency{-12345678});
-    store->WriteInteger("Integer", INT32_MIN);
-    store->WriteDateTime("DateTime", Evening);
-    store->WriteString("String", "a\r\n\t<\"&'ü\x01 \xF0\x9F\x98\x80");
-    store->WriteGuid("Guid", SomeGuid);
-    store->WriteColor("Color", 0x00FF8000);
-    store->WriteFont("Font", SomeFont);
-  }
-  const auto store = Open();
+  auto store = Open();
+  ASSERT_TRUE(store->OpenKey("Software\\Tessaron 10 - MyTessaron\\7", true));
+  for (const auto& kind : Kinds) kind.Write(*store);
+  store->WriteString("No\x01 XML", "a\x01");
+  store->WriteBinary("Binary", std::array<std::uint8_t, 3>{0, 255, 7});
+  store->WriteFont("Font", SomeFont);
+  store.reset();
+  store = Open();
   ASSERT_TRUE(store->OpenKey("\\software\\TESSARON 10 - mytessaron\\7", false));
-  std::array<std::uint8_t, 2> buffer{};
+  for (const auto& kind : Kinds) {
+    kind.Check(*store, UpperCase(kind.Name), true);
+    kind.Check(*store, "missing", false);
+  }
+  EXPECT_TRUE(store->ValueExists("no\x01 xml") && !store->ValueExists("missing"));
+  EXPECT_EQ(store->ReadString("no\x01 xml", ""), "a");
+  TBytes buffer{};
+  EXPECT_EQ(store->ReadBinary("missing", buffer), 0U);
   EXPECT_EQ(store->ReadBinary("binary", buffer), 2U);
   EXPECT_EQ(buffer[1], 255);
-  EXPECT_TRUE(store->ReadBoolean("BOOLEAN", false));
-  EXPECT_EQ(store->ReadChar("Char", u'x'), u'ß');
-  EXPECT_EQ(store->ReadFloat("Float", 1), -0.125);
-  EXPECT_EQ(store->ReadCurrency("Currency", {}).Value, -12345678);
-  EXPECT_EQ(store->ReadInteger("Integer", 1), INT32_MIN);
-  EXPECT_EQ(store->ReadDateTime("DateTime", 1), Evening);
-  EXPECT_EQ(store->ReadString("String", ""), "a\r\n\t<\"&'ü \xF0\x9F\x98\x80");
-  EXPECT_EQ(store->ReadGuid("Guid", {}), SomeGuid);
-  EXPECT_EQ(store->ReadColor("Color", 1), 0x00FF8000);
   TVantrelFont font;
-  store->ReadFont("Font", font);
+  for (const char* name : {"Font", "missing", "String"}) store->ReadFont(name, font);
   EXPECT_EQ(font, SomeFont);
 }
 
 TEST_P(PreferencesTest, KeysAndValuesAreListedAndDeleted) {
   const auto store = Open();
-  std::vector<std::string> names;
   EXPECT_FALSE(store->OpenKey("A", false));
-  EXPECT_TRUE(store->CreateKey("A\\b c\\_x0020_"));
-  EXPECT_TRUE(store->CreateKey("\\A\\9ü"));
-  EXPECT_TRUE(store->OpenKey("a", false));
+  EXPECT_TRUE(store->CreateKey("A\\b c\\_x0020_") && store->CreateKey("\\A\\9ü") && store->OpenKey("a", false));
   EXPECT_TRUE(store->HasSubKeys());
-  store->WriteString("Entry", "1");
-  store->WriteString("zwei", "2");
-  store->GetKeyNames(names);
-  EXPECT_THAT(names, ElementsAre("b c", "9ü"));
-  store->GetValueNames(names);
-  EXPECT_THAT(names, ElementsAre("Entry", "zwei"));
+  for (const char* name : {"Entry", "zwei"}) store->WriteString(name, "1");
+  EXPECT_THAT(Names(*store, &TStore::GetKeyNames), ElementsAre("b c", "9ü"));
+  EXPECT_THAT(Names(*store, &TStore::GetValueNames), ElementsAre("Entry", "zwei"));
   EXPECT_TRUE(store->DeleteValue("ENTRY"));
   EXPECT_FALSE(store->DeleteValue("Entry"));
-  EXPECT_TRUE(store->KeyExists("b c\\_x0020_"));
-  EXPECT_TRUE(store->OpenKey("b c", true));
+  EXPECT_TRUE(store->KeyExists("b c\\_x0020_") && store->OpenKey("b c\\_x0020_", true));
+  EXPECT_FALSE(store->HasSubKeys());
+  store->WriteInteger("value", 1);
+  EXPECT_EQ(store->HasSubKeys(), !GetParam());
   EXPECT_TRUE(store->DeleteKey("\\A"));
-  EXPECT_FALSE(store->DeleteKey("\\A"));
-  EXPECT_FALSE(store->DeleteKey(""));
-  store->GetValueNames(names);
-  EXPECT_THAT(names, IsEmpty());
+  EXPECT_FALSE(store->DeleteKey("\\A") || store->DeleteKey("") || store->ValueExists("value"));
   std::string deep;
   for (int i = 0; i < 300; ++i) deep += "k\\";
   EXPECT_FALSE(store->CreateKey(deep));
@@ -105,61 +107,93 @@ TEST_P(PreferencesTest, KeysAndValuesAreListedAndDeleted) {
 
 INSTANTIATE_TEST_SUITE_P(Stores, PreferencesTest, testing::Bool());
 
+TEST(Storage, HandsEveryKindOn) {
+  const PrivateConfig config;
+  TVantrelStorage storage;
+  storage.SetActive(true);
+  TBytes buffer{1, 255};
+  storage.WriteBinary("Key", "Binary", buffer);
+  EXPECT_EQ(storage.ReadBinary("Gone", "Binary", buffer), 0U);
+  EXPECT_EQ(storage.ReadBinary("Key", "Binary", buffer), 2U);
+  storage.WriteFont("Key", "Font", SomeFont);
+  TVantrelFont font;
+  for (const char* key : {"Key", "Gone"}) {
+    for (const auto& kind : Kinds) kind.CheckStorage(storage, key, *key == 'K');
+    storage.ReadFont(key, "Font", font);
+  }
+  EXPECT_EQ(font, SomeFont);
+}
+
 TEST(XmlPreferences, KeepsTheToldLayout) {
   const TempFolder folder;
   const auto name = folder / "a.pref";
-  const std::string told =
-      "<?xml version=\"1.0\" encoding=\"utf-8\"?>\n<Preferences>\n  <Logs>\n    <TextLog>\n"
-      "      <Entry Name=\"Limit\" Value=\"7\"/>\n      <Entry Name=\"Bytes\">AAE=</Entry>\n"
-      "    </TextLog>\n  </Logs>\n</Preferences>\n";
   {
     TVantrelXMLPreferences store(name, false);
-    EXPECT_FALSE(store.HasSubKeys());
     store.OpenKey("/Logs//TextLog", true);
     store.WriteInteger("Limit", 7);
-    store.WriteBinary("Bytes", std::array<std::uint8_t, 2>{0, 1});
+    store.WriteBinary("Bytes", TBytes{0, 1});
     EXPECT_FALSE(std::filesystem::exists(name));
   }
-  EXPECT_EQ(ReadFileText(name), told);
+  EXPECT_EQ(ReadFileText(name),
+            "<?xml version=\"1.0\" encoding=\"utf-8\"?>\n<Preferences>\n  <Logs>\n    <TextLog>\n"
+            "      <Entry Name=\"Limit\" Value=\"7\"/>\n      <Entry Name=\"Bytes\">AAE=</Entry>\n"
+            "    </TextLog>\n  </Logs>\n</Preferences>\n");
   std::filesystem::last_write_time(name, {});
-  {
-    TVantrelXMLPreferences store(name, false);
-    EXPECT_TRUE(store.OpenKey("logs", true));
-    EXPECT_TRUE(store.OpenKey("textlog/", false));
-    EXPECT_EQ(store.CurrentKey(), "textlog/");
-    EXPECT_TRUE(store.HasSubKeys());
-    EXPECT_EQ(store.ReadInteger("LIMIT", 0), 7);
-    EXPECT_FALSE(store.Modified());
-  }
-  EXPECT_EQ(std::filesystem::last_write_time(name), std::filesystem::file_time_type());
   TVantrelXMLPreferences store(name, false);
-  store.OpenKey("Logs\\TextLog", false);
-  EXPECT_TRUE(store.DeleteKey("\\Logs"));
+  EXPECT_TRUE(store.OpenKey("logs", true) && store.OpenKey("textlog/", false));
+  EXPECT_EQ(store.CurrentKey(), "textlog/");
+  EXPECT_EQ(store.ReadInteger("LIMIT", 0), 7);
+  store.FlushBuffer();
+  EXPECT_EQ(std::filesystem::last_write_time(name), std::filesystem::file_time_type());
+  EXPECT_TRUE(store.OpenKey("\\Logs/TextLog", false) && store.DeleteKey("\\Logs") && store.Modified());
   EXPECT_EQ(store.CurrentKey(), "");
   store.FlushBuffer();
   EXPECT_THAT(ReadFileText(name), testing::HasSubstr("<Preferences/>"));
 }
 
+TEST(XmlPreferences, KindsAreTexts) {
+  const TempFolder folder;
+  const auto name = folder / "a.pref";
+  WriteFileText(name,
+                "<Preferences><Entry Name='none'/><Entry Name='empty' Value=''/><Entry Name='bad' Value='7x'/><Entry/>"
+                "</Preferences>");
+  TVantrelXMLPreferences store(name, false);
+  EXPECT_THROW(store.ReadBoolean("bad", true), EConvertError);
+  EXPECT_THROW(store.ReadFloat("bad", 1), EConvertError);
+  EXPECT_THROW(store.ReadCurrency("bad", {}), EConvertError);
+  EXPECT_THROW(store.ReadGuid("bad", {}), EConvertError);
+  EXPECT_THROW(store.ReadDateTime("bad", 1), EVantrelDateTimeError);
+  EXPECT_TRUE(store.CreateKey("Entry"));
+  EXPECT_THAT(Names(store, &TStore::GetKeyNames), IsEmpty());
+  TVantrelXMLPreferences anew(name, true);
+  EXPECT_FALSE(anew.HasSubKeys());
+  for (const auto& kind : Kinds) {
+    for (const char* missing : {"none", "empty"}) kind.Check(store, missing, false);
+    kind.Write(anew);
+    anew.FlushBuffer();
+    EXPECT_EQ(TVantrelPreferenceFile(name, false).Read({}, kind.Name)->Value, kind.Text);
+  }
+}
+
 TEST(RegistryPreferences, AWrongKindIsTheDefault) {
   const PrivateConfig config;
   TVantrelRegistryPreferences store(HKEY_CURRENT_USER, Full);
-  std::array<std::uint8_t, 3> bytes{1, 2, 3};
-  store.WriteBinary("x", bytes);
+  TBytes bytes{1, 2};
+  store.WriteBinary("bytes", bytes);
   store.WriteString("text", "12");
   store.WriteString("empty", "");
-  ExpectDefaults(store);
+  for (const auto& kind : Kinds) kind.Check(store, "bytes", false);
   EXPECT_EQ(store.ReadInteger("text", 1), 1);
+  EXPECT_EQ(store.ReadGuid("text", SomeGuid), SomeGuid);
   EXPECT_EQ(store.ReadBinary("text", bytes), 0U);
   EXPECT_EQ(store.ReadString("empty", "d"), "");
   EXPECT_EQ(store.ReadChar("empty", u'd'), u'\0');
   EXPECT_TRUE(store.CreateKey("Entry\\a/b"));
-  std::vector<std::string> names;
-  store.GetKeyNames(names);
-  EXPECT_THAT(names, ElementsAre("Entry"));
+  EXPECT_THAT(Names(store, &TStore::GetKeyNames), ElementsAre("Entry"));
 }
 
 TEST(RegistryPreferences, TheMachineHasItsOwnAndReadersChangeNothing) {
-  PrivateConfig config;
+  const PrivateConfig config;
   EXPECT_EQ(RegistryFileName(HKEY_CURRENT_USER), config.Folder / "Orvenda Labs/Registry.pref");
   EXPECT_EQ(RegistryFileName(HKEY_LOCAL_MACHINE), config.Folder / "machine1/Orvenda Labs/Registry.pref");
   std::filesystem::create_directories(config.Folder / "machine2/Orvenda Labs");

@@ -14,9 +14,7 @@ struct TComponent : TLeaf {
   TVantrelStringList Lines;
   TVantrelObject* GetLines() const { return const_cast<TVantrelStringList*>(&Lines); }
   const TVantrelClass& ClassReference() const override {
-    static constexpr TVantrelClass object{.Name = "TVantrelObject"};
-    static constexpr auto objectType = ClassTypeInfo(object);
-    static constexpr TVantrelProperty properties[] = {Published<&TComponent::GetLines>("Lines", objectType)};
+    static constexpr TVantrelProperty properties[] = {Published<&TComponent::GetLines>("Lines", NodeType)};
     static constexpr TVantrelClass reference{.Name = "TComponent", .Base = &TLeaf::Class, .Properties = properties};
     return reference;
   }
@@ -37,7 +35,9 @@ class StorageTest : public testing::Test {
 
 TEST_F(StorageTest, EveryKindOfPropertyComesBack) {
   const char* paths[] = {"Caption", "Tag", "Letter", "Ratio", "Side", "Sides", "Value", "Lines", "Partner\\Caption"};
-  for (const auto& variant : {TVariant("t"), TVariant(7), TVariant::DateTime(39571.75)}) {
+  const std::pair<TVariant, TVariant> variants[] = {
+      {"t", ""}, {7, 0}, {TVariant::DateTime(39571.75), TVariant::DateTime(0)}};
+  for (const auto& [variant, other] : variants) {
     TNode partnerOfOne, partnerOfTwo;
     TComponent one, two;
     one.SetCaption("Text, \"2\"");
@@ -51,8 +51,7 @@ TEST_F(StorageTest, EveryKindOfPropertyComesBack) {
     one.SetPartner(&partnerOfOne);
     partnerOfOne.SetCaption("next");
     two.SetPartner(&partnerOfTwo);
-    two.SetValue(variant.Kind() == TVariantKind::Text ? TVariant("") : TVariant(0));
-    if (variant.Kind() == TVariantKind::DateTime) two.SetValue(TVariant::DateTime(0));
+    two.SetValue(other);
     for (const char* path : paths) FStorage.WriteProperty("Key\\Sub", path, one, path);
     Reopen();
     for (const char* path : paths) FStorage.ReadProperty("Key\\Sub", path, two, path);
@@ -61,18 +60,22 @@ TEST_F(StorageTest, EveryKindOfPropertyComesBack) {
     EXPECT_EQ(two.Value(), variant);
     EXPECT_EQ(partnerOfTwo.Caption(), "next");
   }
+  EXPECT_THAT(FileText(), HasSubstr("Value=\"sdRight\""));
 }
 
 TEST_F(StorageTest, WhatDoesNotFitIsPassedOver) {
   TComponent one;
+  one.SetValue(2.5);
   FStorage.WriteString("Key", "text", "sdSideways");
   FStorage.WriteInteger("Key", "number", 40000);
-  for (const char* path : {"Gone", "Partner\\Caption", "Caption\\Length", "Visible", "", "Partner", "Side", "Sides"})
+  for (const char* path :
+       {"Gone", "Partner\\Caption", "Caption\\Length", "Visible", "", "Partner", "Side", "Sides", "Value"})
     FStorage.ReadProperty("Key", "text", one, path);
   for (const char* path : {"Tag", "Big", "Side"}) FStorage.ReadProperty("Key", "number", one, path);
-  for (const char* path : {"Gone", "Partner\\Caption", "Big", "Partner"})
+  for (const char* path : {"Gone", "Partner\\Caption", "Big", "Partner", "Value"})
     FStorage.WriteProperty("New", "name", one, path);
   EXPECT_EQ(std::tie(one.FTag, one.FSide, one.FSides, one.FBig), std::tuple(0, TSide::sdLeft, 0, 0));
+  EXPECT_EQ(one.Value(), TVariant(2.5));
   EXPECT_EQ(FStorage.ReadString("New", "name", "none"), "none");
 }
 
@@ -96,6 +99,7 @@ TEST_F(StorageTest, LiesWhereItsSettingsSay) {
 }
 
 TEST_F(StorageTest, TheModuleKnowsPathsCaptionsAndLists) {
+  using enum TStorageDataType;
   struct TLayout : TCustomLayout {
     std::string DefaultCaption(int tag) const override { return "Spalte " + std::to_string(tag); }
   };
@@ -109,26 +113,38 @@ TEST_F(StorageTest, TheModuleKnowsPathsCaptionsAndLists) {
   grid.Columns = {{"One", 1, ""}, {"Two", 2, ""}};
   module->RestoreColumns("Cols", TLayout(), grid);
   EXPECT_EQ(grid.Columns[0].Caption + grid.Columns[1].Caption, "EinsSpalte 2");
-  module->StoreList("L", "List", "Col", "Field", true, TStorageDataType::dstBoolean);
+  const std::tuple<TStorageDataType, TVariant, TVariant, TVariant> cases[] = {
+      {dstInt, 7, 8, 7}, {dstString, "x", "y", TVariant()}, {dstBoolean, true, false, TVariant()}};
+  for (const auto& [type, value, other, single] : cases) {
+    module->StoreValue("V", "Name", value, type);
+    EXPECT_EQ(module->RestoreValue("V", "Name", type), single);
+    EXPECT_EQ(module->RestoreList("L", "List", "Col", "Field", other, type), other);
+    module->StoreList("L", "List", "Col", "Field", value, type);
+    EXPECT_EQ(module->RestoreList("L", "List", "Col", "Field", other, type), value);
+  }
   EXPECT_TRUE(module->Storage().ReadBoolean("L\\List\\Field", "Col", false));
+  EXPECT_EQ(module->RestoreValue("V", "Gone", dstInt), TVariant(0));
 }
 
 struct TWindow : TVantrelPlacedWindow {
   TWindowPlacement Placement() const override { return Place; }
   void SetPlacement(const TWindowPlacement& placement) override { Place = placement; }
   bool IsSizeable() const override { return Sizeable; }
-  void SetRedraw(bool redraw) override { Calls += redraw ? "on " : "off "; }
-  void ShowTopMost() override { Calls += "top "; }
+  void SetRedraw(bool redraw) override { Log += redraw ? "on;" : "off;"; }
+  void ShowTopMost() override { Log += "top;"; }
   TWindowPlacement Place{10, 20, 110, 220, TWindowState::Normal};
   bool Sizeable = true;
-  std::string Calls;
+  std::string Log;
 };
 
 struct TTestForm : TVantrelForm {
-  TTestForm(TVantrelStorage* storage, TWindow& window, std::string& log) : TVantrelForm(storage, &window), Log(log) {
-    SetStorageKey("\\Forms\\A/");
+  TTestForm(TVantrelStorage& storage, TWindow& window, std::string_view key = "\\Forms\\A/")
+      : TVantrelForm(&storage, &window), Log(window.Log) {
+    SetStorageKey(key);
     FStorePlacement = FStoreComponents = true;
     FStorageLinks = {{&Component, {{"Caption", "Part", "T"}, {"Gone", "Part", "G"}}}};
+    EXPECT_EQ(FStorageLinks[0].Properties.FindProperty("GONE")->StoredName, "G");
+    EXPECT_EQ(FStorageLinks[0].Properties.FindProperty("Part"), nullptr);
     FOnLoadProperties = [this] { Log += "load:" + Component.Caption() + ";"; };
     FOnSaveProperties = [this] { Log += "save;"; };
     FOnFocusChanged = [this] { Log += "focus;"; };
@@ -145,43 +161,42 @@ struct TTestForm : TVantrelForm {
 };
 
 TEST_F(StorageTest, AFormLivesInTheToldOrder) {
-  TWindow window;
-  std::string log;
-  auto form = CreateVantrel<TTestForm>(&FStorage, window, log);
-  form->DoShow();
-  EXPECT_EQ(window.Place.Right, 110);
-  form->Component.SetCaption("bleibt");
-  window.Place = {1, 2, 31, 42, TWindowState::Minimized};
-  form.reset();
-  EXPECT_EQ(log, "create;load:;save;place;destroy;");
+  std::string places;
+  for (const std::string key : {"Forms\\A", ""}) {
+    TWindow window;
+    auto form = CreateVantrel<TTestForm>(FStorage, window, key + "/");
+    form->DoShow();
+    EXPECT_EQ(window.Place.Right, 110);
+    form->Component.SetCaption("bleibt");
+    window.Place = {1, 2, 31, 42, TWindowState::Minimized};
+    form.reset();
+    EXPECT_EQ(window.Log, "create;load:;save;place;destroy;");
+    for (const char* name : {"FormLeft", "FormTop", "FormRight", "FormBottom", "FormState"})
+      places += std::to_string(FStorage.ReadInteger(key, name, 0)) + " ";
+  }
+  EXPECT_EQ(places, "1 2 31 42 2 0 0 0 0 0 ");
   EXPECT_EQ(FStorage.ReadString("Forms\\A\\Part", "T", ""), "bleibt");
   for (const bool sizeable : {true, false}) {
-    log.clear();
-    window = {};
+    TWindow window;
     window.Sizeable = sizeable;
-    form = CreateVantrel<TTestForm>(&FStorage, window, log);
+    const auto form = CreateVantrel<TTestForm>(FStorage, window);
     EXPECT_EQ(window.Place.Left, 10);
     form->DoShow();
     EXPECT_EQ(window.Place.Left, 1);
-    EXPECT_EQ(window.Place.Right, sizeable ? 31 : 101);
+    EXPECT_EQ(std::exchange(window.Place.Right, 31), sizeable ? 31 : 101);
     EXPECT_EQ(window.Place.State, TWindowState::Minimized);
-    EXPECT_EQ(log, "create;load:bleibt;");
     window.Place.Top = 7;
     form->DoShow();
-    EXPECT_EQ(window.Place.Top, 7);
-    window.Place = {1, 2, 31, 42, TWindowState::Minimized};
-    form.reset();
+    EXPECT_EQ(std::exchange(window.Place.Top, 2), 7);
+    for (int twice = 0; twice < 2; ++twice) form->DisableRedraw();
+    for (int thrice = 0; thrice < 3; ++thrice) form->EnableRedraw();
+    form->ShowTopMost();
+    EXPECT_FALSE(form->CacheQuery() || form->QueryEndSession());
+    window.OnQueryEndSession();
+    window.OnFocusChanged();
+    EXPECT_TRUE(form->QueryEndSession());
+    EXPECT_EQ(window.Log, "create;load:bleibt;off;on;top;focus;");
   }
-  form = CreateVantrel<TTestForm>(&FStorage, window, log);
-  for (int twice = 0; twice < 2; ++twice) form->DisableRedraw();
-  for (int thrice = 0; thrice < 3; ++thrice) form->EnableRedraw();
-  form->ShowTopMost();
-  EXPECT_EQ(window.Calls, "off on top ");
-  EXPECT_FALSE(form->CacheQuery() || form->QueryEndSession());
-  window.OnQueryEndSession();
-  window.OnFocusChanged();
-  EXPECT_TRUE(form->QueryEndSession());
-  EXPECT_TRUE(log.ends_with("focus;"));
 }
 
 }  // namespace
