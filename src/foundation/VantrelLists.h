@@ -20,7 +20,6 @@ class TVantrelAbstractCollection : public TVantrelPersistent {
   /// The collection frees an item that leaves it, and all items when it dies. An item that stands in it more than
   /// once is freed once, with its last place.
   bool ItemOwner() const { return FItemOwner; }
-  void SetItemOwner(bool value) { FItemOwner = value; }
 
   virtual int Count() const = 0;
   virtual void Clear() = 0;
@@ -61,7 +60,6 @@ class TVantrelAbstractList : public TVantrelAbstractCollection {
   void Move(int from, int to);
   bool Contains(const TVantrelObject* item) const { return IndexOf(item) >= 0; }
 
-  TVantrelDuplicates Duplicates() const { return FDuplicates; }
   void SetDuplicates(TVantrelDuplicates value) { FDuplicates = value; }
   bool Sorted() const { return FSorted; }
   /// Setting it sorts the list and keeps it sorted through Add.

@@ -16,7 +16,6 @@ class TVantrelAbstractMap : public TVantrelPersistent {
   TVantrelAbstractMap(bool itemOwner, bool keyOwner) : FItemOwner(itemOwner), FKeyOwner(keyOwner) {}
 
   bool ItemOwner() const { return FItemOwner; }
-  void SetItemOwner(bool value) { FItemOwner = value; }
   bool KeyOwner() const { return FKeyOwner; }
   void SetKeyOwner(bool value) { FKeyOwner = value; }
 

@@ -47,7 +47,6 @@ class TVariant {
 
   TVariantKind Kind() const noexcept { return FKind; }
   bool IsNull() const noexcept { return FKind == TVariantKind::Null; }
-  bool IsUnassigned() const noexcept { return FKind == TVariantKind::Unassigned; }
   /// Null or unassigned.
   bool IsEmpty() const noexcept { return FKind <= TVariantKind::Null; }
 

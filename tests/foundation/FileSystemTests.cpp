@@ -108,13 +108,10 @@ TEST(FileSystem, TimesAreLocalOrUtc) {
   constexpr double hour = 1.0 / 24, millisecond = hour / 3'600'000;
   using TGet = TDateTime (*)(const std::string&);
   using TSet = void (*)(const std::string&, TDateTime);
-  const struct {
-    TSet Set, SetUtc;
-    TGet Get, GetUtc;
-  } cases[] = {{TSystem::SetLastAccessTime, TSystem::SetLastAccessTimeUtc, TSystem::GetLastAccessTime,
-                TSystem::GetLastAccessTimeUtc},
-               {TSystem::SetLastWriteTime, TSystem::SetLastWriteTimeUtc, TSystem::GetLastWriteTime,
-                TSystem::GetLastWriteTimeUtc}};
+  const std::tuple<TSet, TSet, TGet, TGet> cases[] = {{TSystem::SetLastAccessTime, TSystem::SetLastAccessTimeUtc,
+                                                       TSystem::GetLastAccessTime, TSystem::GetLastAccessTimeUtc},
+                                                      {TSystem::SetLastWriteTime, TSystem::SetLastWriteTimeUtc,
+                                                       TSystem::GetLastWriteTime, TSystem::GetLastWriteTimeUtc}};
   const TempFolder folder;
   const auto name = folder / "f";
   WriteFileText(name, "");

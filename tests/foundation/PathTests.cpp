@@ -31,15 +31,10 @@ TEST(FilePath, TakesPathsApart) {
 }
 
 TEST(FilePath, Combines) {
-  const char* cases[][3] = {{"", "b", "b"},
-                            {"a", "", "a"},
-                            {"a", "b", "a/b"},
-                            {"a/", "b", "a/b"},
-                            {"C:\\a", "b", "C:\\a\\b"},
-                            {"C:\\a\\", "\\b", "C:\\a\\b"},
-                            {"C:\\a", "D:\\b", "D:\\b"},
-                            {"/a", "/b", "/b"},
-                            {"/a", "\\\\s\\b", "\\\\s\\b"}};
+  const char* cases[][3] = {
+      {"", "b", "b"},    {"C:\\a", "b", "C:\\a\\b"},  {"a", "", "a"},     {"C:\\a\\", "\\b", "C:\\a\\b"},
+      {"a", "b", "a/b"}, {"C:\\a", "D:\\b", "D:\\b"}, {"a/", "b", "a/b"}, {"/a", "\\\\s\\b", "\\\\s\\b"},
+      {"/a", "/b", "/b"}};
   for (const auto& [path1, path2, combined] : cases) EXPECT_EQ(TPath::Combine(path1, path2), combined);
 }
 

@@ -54,10 +54,11 @@ TEST(CsvWriter, QuotesWhatNeedsIt) {
 TEST(CsvWriter, CommentsStandInLinesOfTheirOwn) {
   EXPECT_EQ(Csv([](auto& writer) {
               writer.SetDelimiter(',');
+              writer.SetComment('%');
               writer.WriteValue("a");
               writer.WriteComment(" b,c");
               writer.WriteLine(TLines{"d", "e"});
             }),
-            "a\r\n\"# b,c\"\r\nd,e");
+            "a\r\n\"% b,c\"\r\nd,e");
 }
 }  // namespace
