@@ -70,6 +70,7 @@ void MoveToOtherDisk(const std::string& source, const std::string& target) {
   std::error_code ignored;
   if (failure) fs::remove_all(target, ignored);
   Check(failure);
+  fs::last_write_time(target, fs::last_write_time(source, ignored), ignored);
   fs::remove_all(source, failure);
   Check(failure);
 }

@@ -92,7 +92,8 @@ class TVantrelFileSystem {
   static void CopyFile(const std::string& source, const std::string& target, bool failIfExists = false);
   /// As CopyFile, and keeps the time of the last write.
   static void CopyFileEx(const std::string& source, const std::string& target, bool failIfExists = false);
-  /// Renames, or copies and deletes where the target lies on another disk. A target that exists is an error.
+  /// Renames, or copies (with the time of the last write) and deletes where the target lies on another disk. A target
+  /// that exists is an error.
   static void MoveFile(const std::string& source, const std::string& target);
   static void MoveDirectory(const std::string& source, const std::string& target);
   /// A directory is an error.

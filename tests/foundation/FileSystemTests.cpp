@@ -44,6 +44,7 @@ TEST(FileSystem, CopiesMovesAndDeletes) {
   EXPECT_EQ(file.Name(), "h.txt");
   EXPECT_EQ(file.Extension(), "txt");
   EXPECT_EQ(file.Size(), 4);
+  EXPECT_DOUBLE_EQ(TSystem::GetLastWriteTime(file.Path()), 40000.5);
   EXPECT_EQ(TSystem::MakeFileNameUnique(file.Path()), folder / "h (2).txt");
   file.Delete();
   EXPECT_FALSE(file.Exists());
@@ -90,13 +91,13 @@ TEST(FileSystem, Attributes) {
   const TempFolder folder;
   const auto name = folder / "f";
   WriteFileText(name, "");
-  EXPECT_THAT(TSystem::GetAttributes(name), ElementsAre(fattrNormal));
+  EXPECT_EQ(TSystem::GetFileMode(name), TVantrelFileMode::fmodeReadWrite);
   TSystem::SetAttributes(name, {fattrReadOnly});
   EXPECT_THAT(TSystem::GetAttributes(name), ElementsAre(fattrReadOnly));
   const auto mode = [](const std::string& path) { return static_cast<int>(TSystem::GetFileMode(path)); };
   EXPECT_EQ(InChildAsOrdinaryUser(folder.Path(), [&] { return mode(name) * 10 + mode(folder / "fehlt"); }), 20);
   TSystem::SetAttributes(name, {});
-  EXPECT_EQ(TSystem::GetFileMode(name), TVantrelFileMode::fmodeReadWrite);
+  EXPECT_THAT(TSystem::GetAttributes(name), ElementsAre(fattrNormal));
   std::filesystem::create_symlink(folder.Path(), folder / ".l");
   EXPECT_THAT(TSystem::GetAttributes(folder / ".l"), ElementsAre(fattrHidden, fattrDirectory, fattrReparsePoint));
   std::filesystem::create_symlink("fehlt", folder / "leer");
