@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <cstring>
-
 #include "PublishedObjects.h"
 #include "TempFolder.h"
 #include "VantrelExceptions.h"
@@ -11,7 +9,6 @@
 #include "VantrelLists.h"
 #include "VantrelResources.h"
 #include "VantrelStringList.h"
-#include "VantrelText.h"
 #include "VantrelTypes.h"
 
 namespace {
@@ -27,8 +24,7 @@ std::string Line(std::string_view text, std::string_view translated) {
 }
 
 /// Publishes its caption for reading alone; to write it is public only.
-class TPanel final : public TNode {
- public:
+struct TPanel final : TNode {
   const TVantrelClass& ClassReference() const override {
     static constexpr TVantrelProperty properties[] = {Published<&TNode::Caption>("Kind"),
                                                       Public<&TNode::Caption, &TNode::SetCaption>("Caption")};
@@ -37,8 +33,7 @@ class TPanel final : public TNode {
   }
 };
 
-class TPicture final : public TStoredGraphic {
- public:
+struct TPicture final : TStoredGraphic {
   std::string Caption() const { return FCaption; }
   void SetCaption(std::string caption) { FCaption = std::move(caption); }
   const TVantrelClass& ClassReference() const override {
@@ -46,16 +41,12 @@ class TPicture final : public TStoredGraphic {
     static constexpr TVantrelClass picture{.Name = "TPicture", .Properties = properties};
     return picture;
   }
-
- private:
   std::string FCaption = "Ja";
 };
 
 TEST(I18n, HashIsLookup3OverUtf16) {
-  const std::string bytes = "Four score and seven years ago";
-  std::u16string units(bytes.size() / 2, u'\0');
-  std::memcpy(units.data(), bytes.data(), bytes.size());
-  EXPECT_EQ(TVantrelI18nManager::GetStringHash(Utf16ToUtf8(units)), 0x17770551U);
+  // In UTF-16: "Four score and seven years ago".
+  EXPECT_EQ(TVantrelI18nManager::GetStringHash("潆牵猠潣敲愠摮猠癥湥礠慥獲愠潧"), 0x17770551U);
   EXPECT_EQ(TVantrelI18nManager::GetStringHash(""), 0xDEADBEEFU);
 }
 
@@ -114,9 +105,9 @@ TEST(I18n, ObjectsAreTranslatedWithWhatHangsOnThem) {
   TVantrelStringList lines;
   lines.Lines = {"Ja", "Nein"};
   TVantrelArrayList list(false);
-  for (TVantrelObject* item : std::initializer_list<TVantrelObject*>{&panel, &picture, &leaf, &text, &lines, &list})
-    list.Add(item);
-  for (TNode* node : std::initializer_list<TNode*>{&panel, &leaf, &partner}) node->SetCaption("Ja");
+  TVantrelObject* items[] = {&panel, &picture, &leaf, &text, &lines, &list};
+  for (TVantrelObject* item : items) list.Add(item);
+  panel.FCaption = leaf.FCaption = partner.FCaption = "Ja";
   leaf.SetPartner(&partner);
   partner.SetPartner(&leaf);
   TVantrelI18nManager manager;

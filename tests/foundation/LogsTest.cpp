@@ -16,30 +16,15 @@ constexpr TDateTime Evening = 39571.75;
 
 struct TMemoryLog final : TVantrelAbstractLog {
   TMemoryLog(std::string name, std::string& lines, TVantrelLogEntry& last) : Name(name), Lines(lines), Last(last) {}
-  void WriteEntry(const TVantrelLogEntry& entry, bool isLast) override {
+  void WriteEntry(const TVantrelLogEntry& entry, bool) override {
     if (entry.EventText == "fail") throw EVantrelException("kaputt");
-    Lines += Name + entry.EventText + (isLast ? "!" : ";");
+    Lines += Name + entry.EventText + ";";
     Last = entry;
   }
   std::string Name;
   std::string& Lines;
   TVantrelLogEntry& Last;
 };
-
-TEST(Logs, TargetsTakeWhatTheyAreSetTo) {
-  std::string lines;
-  TVantrelLogEntry last;
-  TMemoryLog log("", lines, last);
-  log.SetEntryLimit(2);
-  log.AddEntry({letDebugInfo, "hidden", "", Evening, ""});
-  log.SetEnabled(false);
-  log.AddEntry({letError, "off", "", Evening, ""});
-  log.SetEnabled(true);
-  log.SetShowDebugInfo(true);
-  for (const char* text : {"a", "b", "c"}) log.AddEntry({letDebugInfo, text, "", Evening, ""});
-  EXPECT_EQ(lines, "a;b!");
-  EXPECT_EQ(log.EntryCount(), 2);
-}
 
 TEST(Logs, ManagerPassesKnownNamespacesToEveryTarget) {
   std::string lines, errors;
@@ -81,8 +66,13 @@ TEST(Logs, ATextLogGathersAsManyLinesAsItIsTold) {
     const std::string name = log->FileName();
     const auto before = ReadFileText(name);
     log->SetEntryLimit(c.EntryLimit);
-    for (int i = 0; i < 3; ++i) log->AddEntry({letWarning, "a", "Projekt", Evening, "beck"});
+    for (int i = 0; i < 4; ++i) {
+      log->SetEnabled(i != 1);
+      log->AddEntry({letWarning, "a", "Projekt", Evening, "beck"});
+      log->AddEntry({letDebugInfo, "hidden", "Projekt", Evening, "beck"});
+    }
     EXPECT_EQ(ReadFileText(name), before + c.Meanwhile);
+    EXPECT_EQ(log->EntryCount(), c.EntryLimit == 0 ? 3 : c.EntryLimit);
     log.reset();
     EXPECT_EQ(ReadFileText(name), before + c.Meanwhile + c.AtTheEnd);
   }

@@ -1,5 +1,7 @@
 #include <gmock/gmock.h>
 
+#include "ErrorOf.h"
+#include "InChild.h"
 #include "PrivateConfig.h"
 #include "VantrelStorage.h"
 #include "VantrelText.h"
@@ -7,6 +9,7 @@
 namespace {
 
 using testing::ElementsAre;
+using testing::HasSubstr;
 using testing::IsEmpty;
 using TStore = TVantrelAbstractPreferences;
 using TBytes = std::array<std::uint8_t, 2>;
@@ -148,7 +151,7 @@ TEST(XmlPreferences, KeepsTheToldLayout) {
   EXPECT_TRUE(store.OpenKey("\\Logs/TextLog", false) && store.DeleteKey("\\Logs") && store.Modified());
   EXPECT_EQ(store.CurrentKey(), "");
   store.FlushBuffer();
-  EXPECT_THAT(ReadFileText(name), testing::HasSubstr("<Preferences/>"));
+  EXPECT_THAT(ReadFileText(name), HasSubstr("<Preferences/>"));
 }
 
 TEST(XmlPreferences, KindsAreTexts) {
@@ -205,6 +208,79 @@ TEST(RegistryPreferences, TheMachineHasItsOwnAndReadersChangeNothing) {
   EXPECT_THROW(store.OpenKey("new", true), EVantrelPreferencesError);
   EXPECT_THROW(store.WriteInteger("a", 1), EVantrelPreferencesError);
   EXPECT_THROW(store.DeleteValue("by hand"), EVantrelPreferencesError);
+}
+
+TPreferenceEntry Text(std::string text) {
+  return {.Value = std::move(text)};
+}
+
+class PreferenceFileTest : public testing::Test {
+ protected:
+  std::string ValueOf(const char* key, const char* name) {
+    const auto entry = TVantrelPreferenceFile(FName, false).Read({key}, name);
+    return entry ? entry->Value.value_or("") : "-";
+  }
+  TempFolder FFolder;
+  std::string FName = FFolder / "a.pref";
+};
+
+TEST_F(PreferenceFileTest, TwoProgramsKeepEachOthersValues) {
+  std::string values;
+  TVantrelPreferenceFile one(FName, false);
+  one.Write({"both"}, "old", Text("1"));
+  one.Flush();
+  TVantrelPreferenceFile two(FName, false);
+  one.Write({"both"}, "first", Text("1"));
+  one.Write({"both"}, "shared", Text("1"));
+  two.Write({"BOTH"}, "second", Text("2"));
+  two.Write({"two"}, "own", Text("2"));
+  two.DeleteValue({"both"}, "old");
+  one.Flush();
+  two.Write({"both"}, "shared", Text("2"));
+  two.Flush();
+  for (const char* name : {"first", "second", "shared", "old"}) values += ValueOf("both", name);
+  EXPECT_EQ(values + ValueOf("two", "own"), "122-2");
+  EXPECT_EQ(two.Read({"both"}, "first")->Value, "1");
+}
+
+TEST_F(PreferenceFileTest, ADamagedFileIsTheDefaultsAndIsKept) {
+  for (const std::string damaged : {"", "<Preferences><Entry", "<Other/>", "<!DOCTYPE a><Preferences/>", "\xFF\xFE"}) {
+    WriteFileText(FName, damaged);
+    TVantrelPreferenceFile file(FName, false);
+    EXPECT_THAT(file.Damage(), HasSubstr(FName));
+    EXPECT_THAT(file.KeyTags({}), IsEmpty());
+    file.Flush();
+    EXPECT_EQ(ReadFileText(FName), damaged);
+    file.Write({}, "a", Text("neu"));
+    file.Flush();
+    EXPECT_EQ(TVantrelPreferenceFile(FName, false).Damage(), "");
+    EXPECT_EQ(ReadFileText(FName + ".beschaedigt"), damaged);
+    std::filesystem::remove(FName + ".beschaedigt");
+  }
+}
+
+TEST_F(PreferenceFileTest, WhatCannotBeReadIsNotReplaced) {
+  WriteFileText(FName, "<Preferences><Entry Name='a' Value='alt'/></Preferences>");
+  std::filesystem::permissions(FName, std::filesystem::perms::none);
+  const auto write = [&] {
+    TVantrelPreferenceFile file(FName, false);
+    file.Write({}, "a", Text("neu"));
+    const auto code = FileErrorOf([&] { file.Flush(); });
+    return file.Damage().empty() || !file.Modified() ? 1 : static_cast<int>(code);
+  };
+  EXPECT_EQ(InChildAsOrdinaryUser(FFolder.Path(), write), 5);
+  std::filesystem::permissions(FName, std::filesystem::perms::owner_all);
+  EXPECT_THAT(ReadFileText(FName), HasSubstr("alt"));
+}
+
+TEST(KeyTags, EveryNameIsATagAndComesBack) {
+  const char* names[] = {"Ansichten", "Straße_1.2-x", "Tessaron 10", "7", "-a", "a:b", "_x0041_", "😀", "_x12"};
+  const char* tags[] = {"Ansichten", "Straße_1.2-x",  "Tessaron_x0020_10", "_x0037_", "_x002D_a",
+                        "a_x003A_b", "_x005F_x0041_", "_xD83D__xDE00_",    "_x12"};
+  for (std::size_t i = 0; i < std::size(names); ++i) {
+    EXPECT_EQ(EncodeKeyTag(names[i]), tags[i]);
+    EXPECT_EQ(DecodeKeyTag(tags[i]), names[i]);
+  }
 }
 
 }  // namespace

@@ -1,5 +1,5 @@
 // Changes the user's settings and options as the program does at its end: SettingsWriter FOLDER VALUE, where the user's
-// configuration folder and that of the options is FOLDER.
+// configuration folder and that of the options is FOLDER. Exits with 3 where it has to tell of something not saved.
 #include <cstdlib>
 
 #include "mStorage.h"
@@ -15,6 +15,5 @@ int main(int argc, char** argv) {
   module->Storage().WriteString("AppForm", "Value", argv[2]);
   module->Storage().WriteString("AppForm", "Long", std::string(20000, 'x'));
   options->RechtschreibungZahl = false;
-  options->Save();
-  return 0;
+  return (options->Save() + module->Storage().TryFlush()).empty() ? 0 : 3;
 }
