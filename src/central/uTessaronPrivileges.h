@@ -42,7 +42,6 @@ class TTessaronPrivileges : public TVantrelObject {
   /// The session that these are the privileges of.
   explicit TTessaronPrivileges(const TTessaronSession& session) : FSession(session) {}
 
-  const TUserRights& Rights() const { return FRights; }
   void InitRights(const TUserRights& rights) { FRights = rights; }
   void InitViewRight(std::string_view aspekt, std::string_view right);
 

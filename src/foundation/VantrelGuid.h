@@ -13,7 +13,6 @@ struct TGuid {
   std::array<std::uint8_t, 16> Bytes{};
 
   auto operator<=>(const TGuid&) const = default;
-  bool IsEmpty() const { return *this == TGuid(); }
 };
 
 /// Length of the default text: 32 digits, four hyphens, two braces.

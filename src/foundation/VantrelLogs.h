@@ -97,8 +97,6 @@ class TVantrelCSVLog final : public TVantrelAbstractLog {
   /// Raises EVantrelFileHandleError.
   explicit TVantrelCSVLog(std::string_view fileName);
 
-  const std::string& FileName() const { return FFileStream.Handle().FileName(); }
-
  protected:
   void WriteEntry(const TVantrelLogEntry& entry, bool isLast) override;
 

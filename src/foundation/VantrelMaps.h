@@ -53,8 +53,6 @@ class TVantrelHashMapEntry final : public TVantrelObject {
       : FHash(hash), FKey(key), FItem(item), FNext(next) {}
 
   std::int32_t GetHashCode() const override { return FHash; }
-  TVantrelObject* Key() const { return FKey; }
-  TVantrelObject* Item() const { return FItem; }
 
  private:
   friend class TVantrelHashMap;

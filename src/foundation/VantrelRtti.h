@@ -88,7 +88,6 @@ class TVantrelClassRTTI {
    public:
     TKey(int index) : FIndex(index) {}
     TKey(std::string_view name) : FIndex(-1), FName(name) {}
-    TKey(const std::string& name) : TKey(std::string_view(name)) {}
     TKey(const char* name) : TKey(std::string_view(name)) {}
 
    private:

@@ -25,7 +25,6 @@ class TColumn : public TVantrelDataClassOf<TColumn> {
   /// The caption given by the school, or else the standard one.
   const std::string& Customname() const { return FCustomname.empty() ? Displayname : FCustomname; }
   void SetCustomname(std::string value) { FCustomname = std::move(value); }
-  bool IsCustomizable(TColumnCustomizationType what) const { return (Customization >> what & 1) != 0; }
 
   /// Key and value of each stored field, in the order of the file.
   void VisitFields(const Fields::TVisitor& visitor) const;

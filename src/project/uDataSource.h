@@ -11,8 +11,6 @@ class TMyTessaronSource : public TVantrelGridSource {
   /// The list may be null: no records then.
   explicit TMyTessaronSource(TVantrelPtr<TVantrelDataList> list) : FList(std::move(list)) {}
 
-  const TVantrelDataList* List() const { return FList.get(); }
-
   int GetRecordCount() override { return FList == nullptr ? 0 : FList->Count(); }
   /// The TCourse of the row.
   TVantrelObject* GetRecordHandle(int index) override;

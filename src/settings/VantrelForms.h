@@ -16,7 +16,6 @@ class TVantrelForm : public TVantrelObject {
   /// Both outlive the form. Without a window it has no placement, without a storage nothing is stored.
   TVantrelForm(TVantrelStorage* storage, TVantrelPlacedWindow* window) : FPlacedWindow(window), FStorage(storage) {}
 
-  const std::string& StorageKey() const { return FStorageKey; }
   /// Separators at the ends are taken off.
   void SetStorageKey(std::string_view key) { FStorageKey = TrimSeparators(key); }
 

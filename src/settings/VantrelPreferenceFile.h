@@ -31,7 +31,6 @@ class TVantrelPreferenceFile {
   /// Flushes; what that raises is lost.
   ~TVantrelPreferenceFile();
 
-  const std::string& FileName() const { return FFileName; }
   /// There are changes that the file lacks.
   bool Modified() const { return !FChanges.empty(); }
   /// Why an existing file could not be read at the beginning, as the user may read it; empty if it could.

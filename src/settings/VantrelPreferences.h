@@ -66,7 +66,6 @@ class TVantrelAbstractPreferences {
 /// starts at the root, as an empty one does, any other at the current key.
 class TVantrelFilePreferences : public TVantrelAbstractPreferences {
  public:
-  const std::string& FileName() const { return FFile.FileName(); }
   /// The path as last opened.
   const std::string& CurrentKey() const { return FCurrentKey; }
   bool Modified() const { return FFile.Modified(); }

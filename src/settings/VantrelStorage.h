@@ -12,9 +12,7 @@ class TVantrelStorage : public TVantrelPersistent {
  public:
   bool Active() const { return FStorage != nullptr; }
   void SetActive(bool active);
-  TVantrelStorageLocation Location() const { return FLocation; }
   void SetLocation(TVantrelStorageLocation location);
-  TVantrelStorageType StorageType() const { return FStorageType; }
   void SetStorageType(TVantrelStorageType type);
   /// The ".pref" file of the location cslXML; empty for the one that goes with StoragePath and StorageType.
   const std::string& CustomXMLFile() const { return FCustomXMLFile; }

@@ -31,7 +31,6 @@ class TMainForm final : public TBaseMainForm {
   TMainForm(TMainFormPorts ports, std::vector<std::string> arguments);
 
   TMainCommands& Commands() { return FCommands; }
-  TMyTessaronViews CurrentView() const { return FCurrentView; }
   /// Changes the view; the one that is shown already stays, unless `freeFirst`. What goes wrong is swallowed.
   void ShowView(TMyTessaronViews view, bool freeFirst);
   void UpdateCommands();

@@ -27,7 +27,6 @@ class TMainCommands {
  public:
   explicit TMainCommands(const TMainHandlers& handlers);
 
-  TVantrelCommands& All() { return FCommands; }
   TRibbonDescription Ribbon();
   /// Enables the command if it has a handler.
   static void SetEnabled(TVantrelCommand& command, bool enabled);

@@ -27,8 +27,6 @@ class TVantrelField {
   const std::string& Name() const { return FName; }
   const std::string& DisplayLabel() const { return FDisplayLabel; }
   TVantrelFieldType Type() const { return FType; }
-  /// Maximum length of a text in UTF-16 units; 0 for any.
-  int Size() const { return FSize; }
   /// Place in the table, from 0.
   int Index() const { return FIndex; }
 

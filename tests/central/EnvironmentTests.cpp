@@ -123,6 +123,7 @@ TEST_F(EnvironmentTest, EnvironmentIsLoadedAndSorted) {
   const auto* added = Environment->Connections().AddConnection("neu");
   EXPECT_EQ(Environment->Connections().FindConnection("Neu"), added);
   EXPECT_EQ(Environment->GetIndexOfAlias("neu"), 1);
+  EXPECT_EQ(dynamic_cast<TTessaronConnection&>(*added->Clone()).Alias, "neu");
 
   Environment->SaveToFile(TVantrelDataStorageFormat::dsfXml);
   const auto again = CreateVantrel<TTessaronEnvironment>();

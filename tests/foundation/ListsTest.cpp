@@ -123,6 +123,15 @@ TYPED_TEST(Lists, ClearSurvivesItemsThatTakeThemselvesAndOthersOut) {
   EXPECT_TRUE(list.IsEmpty());
 }
 
+TEST(LinkedList, AnEmptyOneHasNoEnds) {
+  TVantrelLinkedList list;
+  EXPECT_THROW(list.First(), EVantrelCollectionError);
+  EXPECT_THROW(list.Last(), EVantrelCollectionError);
+  for (const char* text : {"a", "b"}) list.Add(new TVantrelString(text));
+  EXPECT_EQ(list.First(), list.Get(0));
+  EXPECT_EQ(list.Last(), list.Get(1));
+}
+
 TEST(ArrayList, GrowsBySteps) {
   TVantrelArrayList list(false);
   std::vector<int> capacities;

@@ -44,4 +44,12 @@ TEST(ClassRegistry, ExistsOnce) {
   }
   EXPECT_NO_THROW(TVantrelClassRegistry());
 }
+
+TEST(StaticClass, HasNoInstance) {
+  struct TNever : TVantrelStaticClass {
+    TNever() : TVantrelStaticClass("TNever") {}
+  };
+  EXPECT_EQ(ErrorOf<EVantrelStaticClassError>([] { TNever(); }),
+            "Eine Instanz der Klasse \"TNever\" darf nicht abgelegt werden.");
+}
 }  // namespace

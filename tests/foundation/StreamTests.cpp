@@ -77,6 +77,12 @@ TEST(Streams, ReadBackWhatWasWrittenWithAnyBuffer) {
     }
     file.SetPosition(0);
     EXPECT_EQ(file.ReadAll(), memory.Bytes());
+    for (TVantrelStream* stream : std::initializer_list<TVantrelStream*>{&memory, &file}) {
+      stream->SetSize(2);
+      EXPECT_EQ(stream->Size() + stream->Position(), 4);
+      stream->Clear();
+      EXPECT_EQ(stream->Size() + stream->Position(), 0);
+    }
   }
 }
 

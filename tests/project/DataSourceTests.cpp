@@ -1,20 +1,17 @@
-#include <gtest/gtest.h>
-
+#include "SampleProject.h"
 #include "VantrelExceptions.h"
 #include "mLookup.h"
 #include "uDataSource.h"
 
 namespace {
 
-class DataSourceTest : public testing::Test {
+class DataSourceTest : public SampleProjectTest {
  protected:
   void SetUp() override {
-    TMyTessaronProject::RegisterClasses();
-    ASSERT_TRUE(FProject->LoadForReading(std::string(FIXTURES) + "/small.kvrx"));
+    SampleProjectTest::SetUp();
     CurrentProject = FProject.get();
     FProject->OnModified = [this] { ++FModifications; };
   }
-  void TearDown() override { CurrentProject = nullptr; }
 
   TCourse& Course() { return *FProject->Courses().GetItem(0); }
   TVariant Value(TMyTessaronSource& source, int ordinal) {
@@ -23,7 +20,6 @@ class DataSourceTest : public testing::Test {
     return value;
   }
 
-  TVantrelPtr<TMyTessaronProject> FProject = CreateVantrel<TMyTessaronProject>();
   TStudentCoursesSource FStudents{nullptr};
   TSubjectCoursesSource FSubjects{nullptr};
   int FModifications = 0;

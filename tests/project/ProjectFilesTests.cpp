@@ -37,9 +37,6 @@ class ProjectFilesTest : public testing::Test {
     WriteFileText(name, bytes);
     return name;
   }
-  static std::uint32_t Refusal(const std::string& name) {
-    return FileErrorOf([&] { const TVantrelFileStream stream(name, famShareDenyNone, fomOpenReadWrite); });
-  }
   std::uint32_t Load(const std::string& name) {
     return FileErrorOf([&] { FProject->LoadFile(name); });
   }
@@ -76,13 +73,13 @@ TEST_F(ProjectFilesTest, LoadFile) {
       Renew();
       const auto code = Load(name);
       EXPECT_EQ(fmt::format("{} {}{}{}{}{} {}", code, FEvents, FProject->FileName() == name ? " named" : "",
-                            Refusal(name) == 32 ? " held" : "", FBoxes.Texts.empty() ? "" : " box",
+                            OpeningErrorOf(name) == 32 ? " held" : "", FBoxes.Texts.empty() ? "" : " box",
                             FProject->LoadDamage() ? " damage" : "", FProject->Students().Count()),
                 extension == "kvrx" ? enciphered : heldKinds);
       EXPECT_FALSE(FProject->Modified());
       FProject.reset();
       lock.reset();
-      EXPECT_NE(Refusal(name), 32u);
+      EXPECT_NE(OpeningErrorOf(name), 32u);
     }
   }
   Renew();
@@ -104,13 +101,13 @@ TEST_F(ProjectFilesTest, SaveFile) {
       FProject->SaveFile({});
       EXPECT_EQ(FEvents, "MM");
       EXPECT_FALSE(FProject->Modified());
-      EXPECT_EQ(Refusal(name), 32u);
+      EXPECT_EQ(OpeningErrorOf(name), 32u);
     }
     FProject.reset();
     auto again = CreateVantrel<TMyTessaronProject>();
     again->LoadForReading(name);
     EXPECT_EQ(again->Description, "2");
-    EXPECT_EQ(Refusal(name), 0u);
+    EXPECT_EQ(OpeningErrorOf(name), 0u);
     EXPECT_EQ(FFolder.FileCount(), 1u);
     std::filesystem::remove(name);
   }
@@ -132,7 +129,7 @@ TEST_F(ProjectFilesTest, FailedSaveKeepsFileFlagAndHold) {
     EXPECT_THROW(FProject->SaveFile({}), EConvertError);
     EXPECT_TRUE(FProject->Modified());
     EXPECT_EQ(FEvents, "");
-    EXPECT_EQ(Refusal(name), 32u);
+    EXPECT_EQ(OpeningErrorOf(name), 32u);
     EXPECT_EQ(ReadFileText(name), Fixture(extension));
 
     FProject->Students().GetItem(5)->Ausbildungsjahr.SetNull();
@@ -140,7 +137,7 @@ TEST_F(ProjectFilesTest, FailedSaveKeepsFileFlagAndHold) {
     if (std::string_view(extension) != "kvr7") {
       EXPECT_TRUE(ErrorOf<EVantrelException>([&] { FProject->SaveFile({}); }).starts_with("Das Kennwort der Datei"));
       EXPECT_EQ(ReadFileText(name), Fixture(extension));
-      EXPECT_EQ(Refusal(name), 32u);
+      EXPECT_EQ(OpeningErrorOf(name), 32u);
     } else {
       FProject->SaveFile({});
       Load("");

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "ErrorOf.h"
 #include "FakeShell.h"
 #include "TempFolder.h"
 #include "VantrelExceptions.h"

@@ -156,15 +156,7 @@ TEST_F(MainFormTest, SavingUnderANameMakesItAKnownKind) {
 }
 
 TEST_F(MainFormTest, HoldsItsFileAndNoOther) {
-  const auto isFree = [this](const char* name) {
-    try {
-      TVantrelFileStream(FFolder / name, TVantrelFileAccessMode::famShareDenyWrite,
-                         TVantrelFileOpenMode::fomOpenReadWrite);
-      return true;
-    } catch (const EVantrelFileHandleError&) {
-      return false;
-    }
-  };
+  const auto isFree = [this](const char* name) { return OpeningErrorOf(FFolder / name) == 0; };
   Start();
   for (const char* name : {"small.kvrx", "small.kvr7"}) {
     Open(name);

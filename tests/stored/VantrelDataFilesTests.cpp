@@ -16,11 +16,6 @@ constexpr std::string_view Xml =
 constexpr std::string_view Damaged = "<Storage><Items/></Storage>";
 constexpr auto dsfXml = TFormat::dsfXml;
 
-/// The code with which an open of the file is refused, or 0.
-std::uint32_t Refusal(const std::string& name, TVantrelFileOpenMode mode) {
-  return FileErrorOf([&] { const TVantrelFileStream stream(name, famShareDenyNone, mode); });
-}
-
 class DataFilesTest : public testing::Test {
  protected:
   void SetUp() override {
@@ -56,10 +51,10 @@ TEST_F(DataFilesTest, EachEntryPointHoldsTheFileInItsWay) {
     EXPECT_EQ(document->FileName(), FName);
     EXPECT_FALSE(document->Modified());
     EXPECT_EQ(document->IsFileOpen(), item.Held);
-    EXPECT_EQ(Refusal(FName, fomOpenRead), item.OthersRead ? 0u : 32u);
-    EXPECT_EQ(Refusal(FName, fomOpenWrite), item.OthersWrite ? 0u : 32u);
+    EXPECT_EQ(OpeningErrorOf(FName, fomOpenRead), item.OthersRead ? 0u : 32u);
+    EXPECT_EQ(OpeningErrorOf(FName, fomOpenWrite), item.OthersWrite ? 0u : 32u);
     document->CloseFile();
-    EXPECT_EQ(Refusal(FName, fomOpenReadWrite), 0u);
+    EXPECT_EQ(OpeningErrorOf(FName), 0u);
   }
 }
 
@@ -124,8 +119,8 @@ TEST_F(DataFilesTest, Saving) {
   FDocument->StoreFile(TFormat::dsfBinary);
   EXPECT_EQ(events, "SaveAs ");
   EXPECT_EQ(ReadFileText(target), TextOf(*FDocument, TFormat::dsfBinary));
-  EXPECT_EQ(Refusal(target, fomOpenWrite), 32u);
-  EXPECT_EQ(Refusal(target, fomOpenRead), 0u);
+  EXPECT_EQ(OpeningErrorOf(target, fomOpenWrite), 32u);
+  EXPECT_EQ(OpeningErrorOf(target, fomOpenRead), 0u);
 
   FDocument->SetModifiedFlag(true);
   EXPECT_FALSE(FDocument->TrySaveToFile(FFolder / "anders.bin", TFormat::dsfBinary));

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "VantrelExceptions.h"
+#include "VantrelFileStreams.h"
 
 /// Runs `call` and returns the message of the EError that it raises, or "" where it raises nothing. Other exceptions
 /// go on.
@@ -26,4 +27,10 @@ std::uint32_t FileErrorOf(TCall call) {
     return error.ErrorCode();
   }
   return 0;
+}
+
+/// The code with which one more opening of the file is refused, 0 where it is let.
+inline std::uint32_t OpeningErrorOf(const std::string& name,
+                                    TVantrelFileOpenMode mode = TVantrelFileOpenMode::fomOpenReadWrite) {
+  return FileErrorOf([&] { const TVantrelFileStream stream(name, TVantrelFileAccessMode::famShareDenyNone, mode); });
 }

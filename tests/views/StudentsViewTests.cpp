@@ -1,6 +1,7 @@
 #include <gmock/gmock.h>
 
 #include "FakeViews.h"
+#include "SampleProject.h"
 
 namespace {
 
@@ -9,11 +10,10 @@ using enum TStudentsPage;
 
 constexpr int Note1 = 8, Beurteilung = 15, Zusatznote9 = 28;
 
-class StudentsViewTest : public testing::Test {
+class StudentsViewTest : public SampleProjectTest {
  protected:
   void SetUp() override {
-    TMyTessaronProject::RegisterClasses();
-    ASSERT_TRUE(FProject->LoadForReading(std::string(FIXTURES) + "/small.kvrx"));
+    SampleProjectTest::SetUp();
     CurrentProject = FProject.get();
     FLookups = CreateLookupModule(*FProject);
     FFrame.EditAssessment = [this](const std::string&, const std::string&) { return FAssessment; };
@@ -27,7 +27,7 @@ class StudentsViewTest : public testing::Test {
   void TearDown() override {
     FView.reset();
     EXPECT_EQ(StudentsView, nullptr);
-    CurrentProject = nullptr;
+    SampleProjectTest::TearDown();
   }
 
   void Open() {
@@ -63,7 +63,6 @@ class StudentsViewTest : public testing::Test {
                     FCommands.Add({}),
                     {},
                     {}};
-  TVantrelPtr<TMyTessaronProject> FProject = CreateVantrel<TMyTessaronProject>();
   TVantrelPtr<TLookupModule> FLookups;
   TVantrelPtr<TStudentsView> FView;
 };

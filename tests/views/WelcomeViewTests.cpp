@@ -1,20 +1,13 @@
-#include <gtest/gtest.h>
-
 #include "FakeViews.h"
+#include "SampleProject.h"
 #include "uCXUtils.h"
 
 namespace {
 
 using enum TWelcomeText;
 
-class WelcomeViewTest : public testing::Test {
+class WelcomeViewTest : public SampleProjectTest {
  protected:
-  void SetUp() override {
-    TMyTessaronProject::RegisterClasses();
-    ASSERT_TRUE(FProject->LoadForReading(std::string(FIXTURES) + "/small.kvrx"));
-  }
-  void TearDown() override { CurrentProject = nullptr; }
-
   void Open() {
     FView.reset();
     FView = CreateVantrel<TWelcomeView>(FFrame, std::make_unique<FakeWelcomeUi>());
@@ -30,7 +23,6 @@ class WelcomeViewTest : public testing::Test {
   TVantrelCommands FCommands;
   TVantrelCommand& FCommand = FCommands.Add({});
   TViewFrame FFrame{FSettings, "10.2.0", FCommand, FCommand, FCommand, FCommand, FCommand, FCommand, {}, {}};
-  TVantrelPtr<TMyTessaronProject> FProject = CreateVantrel<TMyTessaronProject>();
   TVantrelPtr<TWelcomeView> FView;
 };
 

@@ -84,21 +84,13 @@ int UnlinkAt(int folder, const char* path, int flags) {
 }
 }  // namespace
 
-#define OPEN_FUNCTION(name)                     \
-  int name(const char* path, int flags, ...) {  \
+#define OPEN_FUNCTION(header, folder)           \
+  int header {                                  \
     std::va_list arguments;                     \
     va_start(arguments, flags);                 \
     const auto mode = ModeOf(flags, arguments); \
     va_end(arguments);                          \
-    return OpenAt(AT_FDCWD, path, flags, mode); \
-  }
-#define OPENAT_FUNCTION(name)                              \
-  int name(int folder, const char* path, int flags, ...) { \
-    std::va_list arguments;                                \
-    va_start(arguments, flags);                            \
-    const auto mode = ModeOf(flags, arguments);            \
-    va_end(arguments);                                     \
-    return OpenAt(folder, path, flags, mode);              \
+    return OpenAt(folder, path, flags, mode);   \
   }
 #define PWRITE_FUNCTION(name)                                                           \
   ssize_t name(int file, const void* bytes, size_t count, off_t offset) {               \
@@ -123,10 +115,10 @@ int UnlinkAt(int folder, const char* path, int flags) {
   }
 
 extern "C" {
-OPEN_FUNCTION(open)
-OPEN_FUNCTION(open64)
-OPENAT_FUNCTION(openat)
-OPENAT_FUNCTION(openat64)
+OPEN_FUNCTION(open(const char* path, int flags, ...), AT_FDCWD)
+OPEN_FUNCTION(open64(const char* path, int flags, ...), AT_FDCWD)
+OPEN_FUNCTION(openat(int folder, const char* path, int flags, ...), folder)
+OPEN_FUNCTION(openat64(int folder, const char* path, int flags, ...), folder)
 PWRITE_FUNCTION(pwrite)
 PWRITE_FUNCTION(pwrite64)
 FTRUNCATE_FUNCTION(ftruncate)
