@@ -12,11 +12,10 @@ using testing::UnorderedElementsAre;
 using CheckTest = CliFixture;
 
 TEST_F(CheckTest, FindsDefects) {
-  struct TCase {
+  const struct {
     void (*Spoil)(TMyTessaronProject& project);
     const char* Finding;
-  };
-  const TCase cases[] = {
+  } cases[] = {
       {[](auto& project) { project.Students().Extract(0); },
        "Mathematik (Ma): Der Schüler des Kurses fehlt in der Datei."},
       {[](auto& project) { Maths(project).Student = nullptr; }, "Mathematik (Ma): Der Kurs hat keinen Schüler."},

@@ -7,11 +7,10 @@ namespace {
 using DiffTest = CliFixture;
 
 TEST_F(DiffTest, TellsChangesInWords) {
-  struct TCase {
+  const struct {
     void (*Change)(TMyTessaronProject& project);
     const char* Output;
-  };
-  const TCase cases[] = {
+  } cases[] = {
       {[](auto& project) { Maths(project).Note1Id.SetAsInt(2); },
        "Anna Beck (10a)\n  Mathematik (Ma), 1. Note: leer -> 2+\n"},
       {[](auto& project) { Maths(project).Note1Id.SetAsInt(7); },

@@ -1,4 +1,3 @@
-
 #include "GridFixture.h"
 
 using TTexts = std::vector<std::string>;

@@ -54,10 +54,7 @@ class GridTest : public testing::Test {
       Grades.FieldByName("Description").SetValue("Note");
       Grades.Post();
     }
-    TGridOptions options;
-    options.ReadOnly = false;
-    options.TabMovesCells = options.EnterMovesToNextCell = options.WrapAtRowEnd = true;
-    Grid.SetOptions(options);
+    Grid.SetOptions({.ReadOnly = false, .TabMovesCells = true, .EnterMovesToNextCell = true, .WrapAtRowEnd = true});
     AddColumns();
     Grid.BindSource(&Source);
     Grid.OnKeyDown = [](int ordinal, TGridKey key) {
@@ -72,23 +69,21 @@ class GridTest : public testing::Test {
   }
 
   void AddColumns() {
-    TGridColumn name{"name", "Name"};
-    name.Editing = false;
-    Grid.AddColumn(name);
-    TGridColumn grade{"grade", "Note"};
-    grade.Kind = TGridValueKind::Integer;
-    grade.Editor = TGridEditorKind::Lookup;
-    grade.Lookup = {&Grades, "ID", "Token", "Description"};
-    Grid.AddColumn(grade);
-    TGridColumn absences{"absences", "Fehltage"};
-    absences.Kind = TGridValueKind::Integer;
-    absences.Editor = TGridEditorKind::Spin;
-    absences.Maximum = 99;
-    Grid.AddColumn(absences);
-    TGridColumn result{"result", "Ergebnis"};
-    result.Editor = TGridEditorKind::List;
-    result.Items = {{"Bestanden (P)", "P"}, {"Nicht bestanden (F)", "F"}, {"Nicht belegt", "N"}};
-    Grid.AddColumn(result);
+    Grid.AddColumn({.Id = "name", .Caption = "Name", .Editing = false});
+    Grid.AddColumn({.Id = "grade",
+                    .Caption = "Note",
+                    .Kind = TGridValueKind::Integer,
+                    .Editor = TGridEditorKind::Lookup,
+                    .Lookup = {&Grades, "ID", "Token", "Description"}});
+    Grid.AddColumn({.Id = "absences",
+                    .Caption = "Fehltage",
+                    .Kind = TGridValueKind::Integer,
+                    .Editor = TGridEditorKind::Spin,
+                    .Maximum = 99});
+    Grid.AddColumn({.Id = "result",
+                    .Caption = "Ergebnis",
+                    .Editor = TGridEditorKind::List,
+                    .Items = {{"Bestanden (P)", "P"}, {"Nicht bestanden (F)", "F"}, {"Nicht belegt", "N"}}});
   }
 
   void FocusCell(int record, int ordinal) {

@@ -119,13 +119,9 @@ class ListTest : public GridTest {
  protected:
   ListTest() {
     Grid.ClearColumns();
-    TGridOptions options;
-    options.MultiSelect = true;
-    Grid.SetOptions(options);
+    Grid.SetOptions({.MultiSelect = true});
     Grid.BindTable(&Grades);
-    TGridColumn token{"col_Token", "Kürzel"};
-    token.Field = "Token";
-    Grid.AddColumn(token);
+    Grid.AddColumn({.Id = "col_Token", .Caption = "Kürzel", .Field = "Token"});
     Grades.First();
   }
   ~ListTest() override { Grid.BindTable(nullptr); }

@@ -18,20 +18,19 @@ namespace {
 using TCell = std::pair<int, int>;
 
 TEST_F(GridTest, TabAndEnterGoRoundTheCells) {
-  struct TMove {
+  const struct {
     TCell From;
     Qt::Key Key;
     Qt::KeyboardModifiers Modifiers;
     TCell To;
-  };
-  const TMove moves[] = {{{0, Name}, Qt::Key_Tab, {}, {0, Grade}},
-                         {{0, Result}, Qt::Key_Tab, {}, {1, Name}},
-                         {{1, Name}, Qt::Key_Backtab, Qt::ShiftModifier, {0, Result}},
-                         {{0, Absences}, Qt::Key_Return, {}, {0, Result}},
-                         {{0, Result}, Qt::Key_Enter, {}, {1, Name}},
-                         {{1, Grade}, Qt::Key_Return, {}, {2, Grade}},
-                         {{2, Grade}, Qt::Key_Return, {}, {2, Grade}},
-                         {{1, Grade}, Qt::Key_Right, {}, {1, Absences}}};
+  } moves[] = {{{0, Name}, Qt::Key_Tab, {}, {0, Grade}},
+               {{0, Result}, Qt::Key_Tab, {}, {1, Name}},
+               {{1, Name}, Qt::Key_Backtab, Qt::ShiftModifier, {0, Result}},
+               {{0, Absences}, Qt::Key_Return, {}, {0, Result}},
+               {{0, Result}, Qt::Key_Enter, {}, {1, Name}},
+               {{1, Grade}, Qt::Key_Return, {}, {2, Grade}},
+               {{2, Grade}, Qt::Key_Return, {}, {2, Grade}},
+               {{1, Grade}, Qt::Key_Right, {}, {1, Absences}}};
   for (const bool editing : {false, true}) {
     for (const auto& move : moves) {
       if (editing && move.From.second == Name) continue;
@@ -66,9 +65,8 @@ TEST_F(GridTest, TextsOfSeveralLinesKeepThem) {
   auto options = Grid.Options();
   options.RowsFollowContent = true;
   Grid.SetOptions(options);
-  TGridColumn text{"text", "Beurteilung"};
   for (auto& row : Source.Rows) row->Cells.emplace_back("eins\r\nzwei");
-  const int ordinal = Grid.AddColumn(text);
+  const int ordinal = Grid.AddColumn({"text", "Beurteilung"});
   FocusCell(1, ordinal);
   Key(Qt::Key_F2);
   ASSERT_NE(dynamic_cast<TMemoEdit*>(Keyboard()), nullptr);

@@ -22,12 +22,10 @@ class RibbonTest : public testing::Test {
   }
 
   TVantrelCommand* Add(const std::string& caption, const std::string& radio = "") {
-    TCommandInfo info;
-    info.Caption = caption;
-    info.Icon = "document-open";
-    info.RadioGroup = radio;
-    info.OnExecute = [this, caption] { Executed.push_back(caption); };
-    return &Commands.Add(info);
+    return &Commands.Add({.Caption = caption,
+                          .Icon = "document-open",
+                          .OnExecute = [this, caption] { Executed.push_back(caption); },
+                          .RadioGroup = radio});
   }
   TRibbonGroup Group(const std::string& id, const std::string& radio, bool large) {
     TRibbonGroup group{id, "Gruppe " + id, {}};

@@ -47,12 +47,11 @@ class MainFormTest : public testing::Test {
   }
   /// Types into the first course of the students view; the editor stays open.
   void TypeAssessment(const char* text) {
-    CurrentProject->Options().Columns().Find("Beurteilung")->Editable = true;
-    for (const char* note : {"Note1", "Note2", "Note3", "Note4", "Note5", "Endnote1", "Endnote2", "Vornote"})
-      if (auto* column = CurrentProject->Options().Columns().Find(note)) column->Visible = false;
-    for (int i = 1; i < 10; ++i)
-      if (auto* column = CurrentProject->Options().Columns().Find("Zusatznote" + std::to_string(i)))
-        column->Visible = false;
+    const auto& columns = CurrentProject->Options().Columns();
+    for (int i = 0; i < columns.Count(); ++i) {
+      auto& column = *columns.GetItem(i);
+      column.Visible = column.Editable = column.Fieldname == "Beurteilung";
+    }
     FForm->ShowView(TMyTessaronViews::viewStudents, false);
     ASSERT_TRUE(FakeStudentsUi::Last->Courses.Type(15, text));
   }

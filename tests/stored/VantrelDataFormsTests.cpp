@@ -67,12 +67,6 @@ const TScalar Scalars[] = {
 class DataFormsTest : public testing::Test {
  protected:
   void SetUp() override { TTestDocument::RegisterClasses(); }
-  /// Reads by `read` from the content of a document in XML form; what it raises.
-  std::string XmlError(const std::string& content, std::function<void(TVantrelDataObjectReader&)> read) {
-    FDocument->OnRead = std::move(read);
-    return ErrorOf<EVantrelDataObjectReaderError>([&] { LoadXml(*FDocument, content); });
-  }
-
   TVantrelPtr<TTestDocument> FDocument = CreateVantrel<TTestDocument>();
 };
 
@@ -104,9 +98,9 @@ TEST_F(DataFormsTest, ScalarsInThreeForms) {
       EXPECT_EQ(TextOf(*FDocument, form).find("<V>"), std::string::npos);
       LoadText(*FDocument, TextOf(*FDocument, form), form);
     }
-    const auto readMissing = [&](auto& reader) { scalar.ReadsBack(reader); };
-    EXPECT_EQ(XmlError("", readMissing), "Knoten /Storage konnte nicht gelesen werden: XML-Tag \"V\" erwartet.");
-    FDocument->OnRead = readMissing;
+    FDocument->OnRead = [&](auto& reader) { scalar.ReadsBack(reader); };
+    EXPECT_EQ(ErrorOf<EVantrelDataObjectReaderError>([&] { LoadXml(*FDocument, ""); }),
+              "Knoten /Storage konnte nicht gelesen werden: XML-Tag \"V\" erwartet.");
     EXPECT_THROW(LoadText(*FDocument, "{}", TFormat::dsfJson), EConvertError);
     EXPECT_EQ(ErrorOf<EVantrelReaderError>([&] { LoadText(*FDocument, "", TFormat::dsfBinary); }),
               "Es konnten nicht alle Daten gelesen werden.");

@@ -33,8 +33,7 @@ inline TFaultyRun RunWithFault(const std::vector<std::string>& command, const st
                                     "MYTESSARON_FAULT_AT=" + std::to_string(at),
                                     std::string("MYTESSARON_FAULT_KIND=") + kinds[static_cast<int>(fault)]};
   auto parts = command;
-  std::vector<char*> arguments;
-  std::vector<char*> environment;
+  std::vector<char*> arguments, environment;
   for (auto& part : parts) arguments.push_back(part.data());
   for (auto& setting : settings) environment.push_back(setting.data());
   for (char** inherited = environ; *inherited != nullptr; ++inherited) environment.push_back(*inherited);

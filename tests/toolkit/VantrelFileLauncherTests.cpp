@@ -2,10 +2,10 @@
 
 #include <gtest/gtest.h>
 
-#include <filesystem>
 #include <future>
 
 #include "ErrorOf.h"
+#include "TempFolder.h"
 
 namespace {
 
@@ -61,15 +61,14 @@ TEST(VantrelFileLauncher, FollowsTheProgramToItsEnd) {
 }
 
 TEST(VantrelXdgOpener, StartsProgramsAndTellsFailures) {
-  const auto folder = std::filesystem::path(testing::TempDir()) / "xdg opener";
-  std::filesystem::create_directory(folder);
-  EXPECT_FALSE(TCommonUtils::FileExecute("missing.txt", {}, folder.string()));
+  const TempFolder folder;
+  EXPECT_FALSE(TCommonUtils::FileExecute("missing.txt", {}, folder.Path().string()));
   EXPECT_FALSE(TCommonUtils::FileExecute("no-such-program", "-x"));
 
   TVantrelFileLauncher launcher;
   launcher.SetFileName("touch");
   launcher.SetStartParams("\"one file\" two");
-  launcher.SetStartDir(folder.string());
+  launcher.SetStartDir(folder.Path().string());
   std::promise<void> told;
   launcher.SetOnExitProcess([&told] { told.set_value(); });
   ASSERT_TRUE(launcher.ExecuteAndWait());
@@ -77,5 +76,4 @@ TEST(VantrelXdgOpener, StartsProgramsAndTellsFailures) {
   EXPECT_TRUE(std::filesystem::exists(folder / "one file"));
   EXPECT_TRUE(std::filesystem::exists(folder / "two"));
   EXPECT_FALSE(launcher.Execute("print"));
-  std::filesystem::remove_all(folder);
 }

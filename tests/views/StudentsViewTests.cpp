@@ -30,6 +30,7 @@ class StudentsViewTest : public SampleProjectTest {
     SampleProjectTest::TearDown();
   }
 
+  TVantrelCommand& Command() { return FCommands.Add({}); }
   void Open() {
     FView.reset();
     FView = CreateVantrel<TStudentsView>(FFrame, std::make_unique<FakeStudentsUi>());
@@ -53,16 +54,7 @@ class StudentsViewTest : public SampleProjectTest {
   FakeSettings FSettings;
   TVantrelCommands FCommands;
   std::optional<std::string> FAssessment;
-  TViewFrame FFrame{FSettings,
-                    "10.2",
-                    FCommands.Add({}),
-                    FCommands.Add({}),
-                    FCommands.Add({}),
-                    FCommands.Add({}),
-                    FCommands.Add({}),
-                    FCommands.Add({}),
-                    {},
-                    {}};
+  TViewFrame FFrame{FSettings, "10.2", Command(), Command(), Command(), Command(), Command(), Command(), {}, {}};
   TVantrelPtr<TLookupModule> FLookups;
   TVantrelPtr<TStudentsView> FView;
 };

@@ -63,9 +63,7 @@ TEST_F(WelcomeViewTest, GridHelpers) {
   FakeGrid grid;
   table.AddField("ID", TVantrelFieldType::ftInteger);
   table.Open();
-  TGridColumn column;
-  column.Field = "ID";
-  grid.AddColumn(column);
+  grid.AddColumn({.Id = "id", .Caption = "Nr.", .Field = "ID"});
   grid.BindTable(&table);
   for (int i = 0; i < 3; ++i) {
     table.Append();
