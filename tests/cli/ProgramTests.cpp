@@ -79,8 +79,7 @@ TEST_P(HoldTest, ASecondProcessIsRefusedUntilTheFirstEnds) {
   constexpr int sharing = 32;
   const auto file = Save(Project(), std::string("datei.") + GetParam());
   for (const bool killed : {false, true}) {
-    int ready[2];
-    int leave[2];
+    int ready[2], leave[2];
     ASSERT_EQ(::pipe(ready) + ::pipe(leave), 0);
     const auto holder = ::fork();
     if (holder == 0) {

@@ -5,8 +5,7 @@
 
 #include <cstring>
 
-#include "VantrelExceptions.h"
-#include "VantrelFileStreams.h"
+#include "ErrorOf.h"
 #include "VantrelI18n.h"
 
 namespace {
@@ -22,12 +21,7 @@ TBytes OwnFile() {
 }
 
 bool Refuses(TVantrelStream& file) {
-  try {
-    TVantrelResourceReader(file).ReadStringTable();
-    return false;
-  } catch (const EVantrelReaderError&) {
-    return true;
-  }
+  return !ErrorOf<EVantrelReaderError>([&] { TVantrelResourceReader(file).ReadStringTable(); }).empty();
 }
 
 TEST(Resources, TableComesBackFromACompiledFile) {

@@ -20,8 +20,7 @@ std::string Csv(TWork work) {
 
 TEST(TextWriter, BreaksLinesLazily) {
   TVantrelMemoryStream stream;
-  TVantrelTextWriter writer(stream, 0, false);
-  for (const char* line : {"a", "", "b"}) writer.WriteLine(line);
+  for (TVantrelTextWriter writer(stream, 0, false); const char* line : {"a", "", "b"}) writer.WriteLine(line);
   EXPECT_EQ(Content(stream), "a\r\nb");
 }
 

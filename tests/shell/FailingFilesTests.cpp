@@ -20,6 +20,28 @@ constexpr const char* Silence = nullptr;
 
 constexpr auto ReadOnly = std::filesystem::perms(0444);
 
+/// What becomes of a file that fails. One that is not read whole never takes the place of unsaved entries.
+struct TFailure {
+  const char* File;
+  const char* Password;
+  const char* Box;
+  enum { Kept, Opened, OpenedByDialog, Whole } End;
+};
+const TFailure Failures[] = {
+    {"damaged.kvrx", "", AnyText, TFailure::OpenedByDialog},
+    {"cut.kvr7", "", Silence, TFailure::Opened},
+    {"cut.kvrxr", "", Silence, TFailure::Opened},
+    {"locked.kvrx", "", LoadError, TFailure::Kept},
+    {"locked.kvr7", "", LoadError, TFailure::Kept},
+    {"locked.kvrxr", "", LoadError, TFailure::Kept},
+    {"secret.kvrx", "", LoadError, TFailure::Kept},
+    {"readonly.kvr7", "", LoadError, TFailure::Kept},
+    {"foreign.txt", "", Silence, TFailure::OpenedByDialog},
+    {"protected.kvrx", "falsch", WrongPassword, TFailure::Kept},
+    {"protected.kvrx", "", WrongPassword, TFailure::Kept},
+    {"protected.kvrx", "Geheim-Ä1", Silence, TFailure::Whole},
+};
+
 /// Gives up the rights of the superuser, whom no permission stops.
 class TPlainUser {
  public:
@@ -59,7 +81,11 @@ class FailingFilesTest : public MainFormTest {
     std::filesystem::permissions(FFolder / name, std::filesystem::perms::all);
   }
   /// Lets the pane of the next start list all failing files.
-  void RememberAll();
+  void RememberAll() {
+    FSettings.WriteInteger("MRU", "Count", std::size(Failures));
+    for (std::size_t i = 0; i < std::size(Failures); ++i)
+      FSettings.WriteString("MRU", "File" + std::to_string(i), FFolder / Failures[i].File);
+  }
   /// Opens the file in that way; for the pane it has been opened once before.
   void OpenBy(TWay way, const std::string& name) {
     if (way == TWay::Dialog) return Open(name.c_str());
@@ -70,34 +96,6 @@ class FailingFilesTest : public MainFormTest {
     FWindow.OnRecentClick(static_cast<int>(at - names.begin()));
   }
 };
-
-/// What becomes of a file that fails. One that is not read whole never takes the place of unsaved entries.
-struct TFailure {
-  const char* File;
-  const char* Password;
-  const char* Box;
-  enum { Kept, Opened, OpenedByDialog, Whole } End;
-};
-const TFailure Failures[] = {
-    {"damaged.kvrx", "", AnyText, TFailure::OpenedByDialog},
-    {"cut.kvr7", "", Silence, TFailure::Opened},
-    {"cut.kvrxr", "", Silence, TFailure::Opened},
-    {"locked.kvrx", "", LoadError, TFailure::Kept},
-    {"locked.kvr7", "", LoadError, TFailure::Kept},
-    {"locked.kvrxr", "", LoadError, TFailure::Kept},
-    {"secret.kvrx", "", LoadError, TFailure::Kept},
-    {"readonly.kvr7", "", LoadError, TFailure::Kept},
-    {"foreign.txt", "", Silence, TFailure::OpenedByDialog},
-    {"protected.kvrx", "falsch", WrongPassword, TFailure::Kept},
-    {"protected.kvrx", "", WrongPassword, TFailure::Kept},
-    {"protected.kvrx", "Geheim-Ä1", Silence, TFailure::Whole},
-};
-
-void FailingFilesTest::RememberAll() {
-  FSettings.WriteInteger("MRU", "Count", std::size(Failures));
-  for (std::size_t i = 0; i < std::size(Failures); ++i)
-    FSettings.WriteString("MRU", "File" + std::to_string(i), FFolder / Failures[i].File);
-}
 
 TEST_F(FailingFilesTest, AreToldAsTheyShallAndCostNoEntries) {
   std::vector<std::unique_ptr<TVantrelFileStream>> held;
