@@ -6,7 +6,8 @@ inline constexpr const char* UnknownClass = "Klasse \"{}\" wurde nicht registrie
 inline constexpr const char* NoClassName = "Kein Klassenname gefunden.";
 inline constexpr const char* NullInstance = "Objektinstanz darf nicht NIL sein.";
 inline constexpr const char* NoXml = "Daten liegen nicht im XML-Format vor";
-inline constexpr const char* IllFormedXml = "Die Daten sind beschädigt: Ab Zeile {} liegt kein gültiges XML vor ({}).";
+inline constexpr const char* IllFormedXml =
+    "Die Daten sind beschädigt: Ab Zeile {}, Spalte {} liegt kein gültiges XML vor.";
 inline constexpr const char* TagExpected = "Knoten {} konnte nicht gelesen werden: XML-Tag \"{}\" erwartet.";
 inline constexpr const char* AttributeExpected = "Knoten {} konnte nicht gelesen werden: XML-Attribut \"{}\" erwartet.";
 /// What the formatter says of a text with a placeholder too many.

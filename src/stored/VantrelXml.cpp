@@ -13,11 +13,6 @@
 
 namespace {
 
-std::string_view Trimmed(std::string_view text) {
-  const auto last = text.find_last_not_of("\r\n ");
-  return last == std::string_view::npos ? std::string_view() : text.substr(0, last + 1);
-}
-
 bool IsBlank(char c) {
   return c == ' ' || c == '\n' || c == '\t' || c == '\r';
 }
@@ -66,9 +61,8 @@ TXmlDocument TParsing::Run(std::span<const std::uint8_t> bytes, int options) {
   const auto& error = FParser->lastError;
   if (FDocumentType) throw EVantrelXmlError(ResourceText(StoredTexts::DocumentType), error.line);
   if (FParser->wellFormed == 0)
-    throw EVantrelXmlError(error.message == nullptr
-                               ? ResourceText(StoredTexts::NoXml)
-                               : FormatText(StoredTexts::IllFormedXml, error.line, Trimmed(error.message)),
+    throw EVantrelXmlError(error.message == nullptr ? ResourceText(StoredTexts::NoXml)
+                                                    : FormatText(StoredTexts::IllFormedXml, error.line, error.int2),
                            error.line);
   return document;
 }
