@@ -23,6 +23,8 @@ class TVantrelStream : public TVantrelObject {
 
   /// The bytes from the position to the end where the stream keeps them in memory, else empty.
   virtual std::span<const std::uint8_t> Window() const { return {}; }
+  /// About so many bytes will be written from the position on: a stream in memory makes room for them in one go.
+  virtual void Reserve(std::int64_t) {}
   /// Room for `count` bytes at the position, which the caller fills at once instead of a Write; the position moves
   /// behind them. Null where the stream does not keep its bytes in memory.
   virtual std::uint8_t* TakeRoom(std::int64_t) { return nullptr; }
@@ -46,6 +48,7 @@ class TVantrelMemoryStream final : public TVantrelStream {
   std::int64_t Size() const override { return static_cast<std::int64_t>(FBytes.size()); }
   void SetSize(std::int64_t size) override;
   std::span<const std::uint8_t> Window() const override;
+  void Reserve(std::int64_t count) override { FBytes.reserve(static_cast<std::size_t>(FPosition + count)); }
   std::uint8_t* TakeRoom(std::int64_t count) override;
 
   const std::vector<std::uint8_t>& Bytes() const { return FBytes; }

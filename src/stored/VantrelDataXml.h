@@ -31,6 +31,7 @@ class TVantrelDataObjectXMLWriter final : public TVantrelDataObjectTextWriter {
   /// Ends an element that has no children.
   void EndTag(std::string_view name, std::string_view text);
   void AppendText(std::string_view text);
+  void FlushText();
   void EnterObject(std::string_view name, const TVantrelDataObject& object);
 
   TVantrelStream& FStream;

@@ -11,7 +11,9 @@
 namespace {
 
 /// What an object of a project takes, roughly: room that is reserved and not needed costs nothing.
-constexpr std::size_t UsualBytesPerObject = 1600;
+constexpr std::int64_t UsualBytesPerObject = 1600;
+/// The text goes to the stream in pieces of about this size, which stay in the processor's cache.
+constexpr std::size_t ChunkSize = 128 << 10;
 
 /// What must be done about a byte of a text: nothing, an entity, or a closer look, since it may begin something that
 /// XML cannot hold (a control character, an encoded surrogate, U+FFFE, U+FFFF, or ill-formed UTF-8).
@@ -59,15 +61,21 @@ TVantrelDataObjectXMLWriter::TVantrelDataObjectXMLWriter(TVantrelDataStorage& st
     : TVantrelDataObjectTextWriter(storage),
       FStream(stream),
       FText(R"(<?xml version="1.0" encoding="utf-8" standalone="yes"?>)") {
-  FText.reserve(UsualBytesPerObject * static_cast<std::size_t>(storage.Objects().Count()));
+  FText.reserve(2 * ChunkSize);
+  FStream.Reserve(UsualBytesPerObject * storage.Objects().Count());
   Enter("Storage");
   WriteLongInt("Version", storage.GetVersion());
 }
 
 void TVantrelDataObjectXMLWriter::Finish() {
   Leave();
+  FlushText();
+}
+
+void TVantrelDataObjectXMLWriter::FlushText() {
   const auto size = static_cast<std::int64_t>(FText.size());
   if (FStream.Write(FText.data(), size) != size) throw EVantrelWriterError(ResourceText(FoundationTexts::ShortWrite));
+  FText.clear();
 }
 
 void TVantrelDataObjectXMLWriter::StartTag(std::string_view name) {
@@ -117,6 +125,7 @@ void TVantrelDataObjectXMLWriter::Leave() {
   }
   FText.push_back('\n');
   FText.append(2 * FNames.size(), ' ').append("</").append(name).append(">");
+  if (FText.size() > ChunkSize) FlushText();
 }
 
 void TVantrelDataObjectXMLWriter::WriteText(std::string_view name, std::string_view text) {
