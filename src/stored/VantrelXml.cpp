@@ -55,9 +55,10 @@ class TParsing {
 TXmlDocument TParsing::Run(std::span<const std::uint8_t> bytes, int options) {
   if (bytes.empty()) throw EVantrelDataObjectReaderError(ResourceText(StoredTexts::NoXml));
   if (bytes.size() > INT32_MAX) throw EVantrelXmlError(ResourceText(StoredTexts::NoXml), 0);
+  // The parser prints nothing.
+  xmlSetStructuredErrorFunc(nullptr, [](void*, auto) {});
   TXmlDocument document(xmlCtxtReadMemory(FParser.get(), reinterpret_cast<const char*>(bytes.data()),
-                                          static_cast<int>(bytes.size()), nullptr, nullptr,
-                                          options | XML_PARSE_NONET | XML_PARSE_NOERROR | XML_PARSE_NOWARNING));
+                                          static_cast<int>(bytes.size()), nullptr, nullptr, options | XML_PARSE_NONET));
   const auto& error = FParser->lastError;
   if (FDocumentType) throw EVantrelXmlError(ResourceText(StoredTexts::DocumentType), error.line);
   if (FParser->wellFormed == 0)

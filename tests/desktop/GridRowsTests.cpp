@@ -113,7 +113,6 @@ TEST_F(GridTest, ChooserShowsAndHides) {
   EXPECT_TRUE(Grid.View().isColumnHidden(2));
 }
 
-namespace {
 /// A read-only list over the table of grades.
 class ListTest : public GridTest {
  protected:
@@ -126,7 +125,6 @@ class ListTest : public GridTest {
   }
   ~ListTest() override { Grid.BindTable(nullptr); }
 };
-}  // namespace
 
 TEST_F(ListTest, FocusAndTableGoTogether) {
   EXPECT_EQ(Grid.FocusedRecord(), 0);

@@ -152,6 +152,12 @@ TEST_F(DataReadingTest, DocumentTypesAreRefused) {
   EXPECT_THROW(LoadXml(*FDocument, "&b;"), EVantrelXmlError);
 }
 
+TEST_F(DataReadingTest, TheParserKeepsItsComplaintsToItself) {
+  testing::internal::CaptureStderr();
+  EXPECT_THROW(LoadText(*FDocument, {"\xFF\xFE<\0a\0>\0\0\xD8x\0", 12}, TFormat::dsfXml), EVantrelXmlError);
+  EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
+}
+
 TEST_F(DataReadingTest, ZipStream) {
   FDocument->AddItem("a");
   TVantrelMemoryStream zip;
