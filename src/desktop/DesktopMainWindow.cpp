@@ -157,6 +157,16 @@ void TDesktopMainWindow::closeEvent(QCloseEvent* event) {
   event->accept();
 }
 
+// For keyboards that have no key for the menu.
+void TDesktopMainWindow::keyPressEvent(QKeyEvent* event) {
+  auto* focused = focusWidget();
+  if (event->key() != Qt::Key_F10 || event->modifiers() != Qt::ShiftModifier || focused == nullptr)
+    return QMainWindow::keyPressEvent(event);
+  const QPoint place = focused->inputMethodQuery(Qt::ImCursorRectangle).toRect().center();
+  QContextMenuEvent menu(QContextMenuEvent::Keyboard, place, focused->mapToGlobal(place));
+  QApplication::sendEvent(focused, &menu);
+}
+
 void TDesktopMainWindow::changeEvent(QEvent* event) {
   QMainWindow::changeEvent(event);
   if (event->type() == QEvent::PaletteChange) FollowPalette(palette());

@@ -9,7 +9,8 @@
 class QLabel;
 class TRibbon;
 
-/// The main window: ribbon, the view that is on show, status bar. F6 and Shift+F6 go round its regions.
+/// The main window: ribbon, the view that is on show, status bar. F6 and Shift+F6 go round its regions, Shift+F10 opens
+/// the menu of what has the focus.
 class TDesktopMainWindow : public QMainWindow, public TVantrelMainWindow {
  public:
   TDesktopMainWindow();
@@ -36,6 +37,7 @@ class TDesktopMainWindow : public QMainWindow, public TVantrelMainWindow {
   void showEvent(QShowEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
   void changeEvent(QEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
 
  private:
   void GotoRegion(int step);

@@ -22,10 +22,25 @@ TGridHeader::TGridHeader(const TGridModel& model, QWidget* parent)
   setMinimumSectionSize(24);
 }
 
+int TGridHeader::Padding(int section) const {
+  const bool sorted = FModel.Data().Column(section).SortOrder != TGridSortOrder::None;
+  return captionPadding + (sorted ? arrowWidth : 0);
+}
+
+QSize TGridHeader::sectionSizeFromContents(int section) const {
+  QSize size = QHeaderView::sectionSizeFromContents(section);
+  // The header is told of columns that have gone when the update ends.
+  if (section >= FModel.Data().ColumnCount()) return size;
+  // Widths are kept for scale 1: one pixel may go on the way there and back.
+  size.setWidth(fontMetrics().horizontalAdvance(FromUtf8(FModel.Data().Column(section).Caption)) + 1 +
+                Padding(section));
+  return size;
+}
+
 QString TGridHeader::CaptionOf(int section) const {
   const QFontMetrics metrics = fontMetrics();
   const auto& column = FModel.Data().Column(section);
-  const int room = sectionSize(section) - captionPadding - (column.SortOrder == TGridSortOrder::None ? 0 : arrowWidth);
+  const int room = sectionSize(section) - Padding(section);
   const QString caption = FromUtf8(column.Caption);
   if (!FModel.Options().HeaderFollowsContent) return metrics.elidedText(caption, Qt::ElideRight, room);
   // Broken here, not by the style, which knows nothing of the room that the arrow takes.

@@ -13,10 +13,14 @@ class TGridHeader : public QHeaderView {
 
  protected:
   void initStyleOptionForIndex(QStyleOptionHeader* option, int section) const override;
+  /// Room for the whole caption in one line.
+  QSize sectionSizeFromContents(int section) const override;
 
  private:
   /// The caption as it fits its section.
   QString CaptionOf(int section) const;
+  /// What a section holds beside its caption, in pixels.
+  int Padding(int section) const;
 
   const TGridModel& FModel;
 };

@@ -20,13 +20,14 @@ void TDesktopGrid::AddFilterActions(QMenu& menu, int ordinal) {
   if (FFocused >= 0) {
     const QString text = FModel.Data().DisplayText(FFocused, ordinal);
     const QString shown = text.isEmpty() ? UserText(DesktopTexts::EmptyValue) : text;
-    menu.addAction(UserText(DesktopTexts::FilterByCell).arg(shown.left(40)), this, [this, ordinal, shown] {
-      const QString caption = FromUtf8(FModel.Data().Column(ordinal).Caption);
-      BeginUpdate();
-      AddFilter(ordinal, Value(FFocused, ordinal), ToUtf8(UserText(DesktopTexts::FilterItem).arg(caption, shown)));
-      SetFilterActive(true);
-      EndUpdate();
-    });
+    menu.addAction(
+        UserText(DesktopTexts::FilterByCell).arg(shown.left(40).replace('&', "&&")), this, [this, ordinal, shown] {
+          const QString caption = FromUtf8(FModel.Data().Column(ordinal).Caption);
+          BeginUpdate();
+          AddFilter(ordinal, Value(FFocused, ordinal), ToUtf8(UserText(DesktopTexts::FilterItem).arg(caption, shown)));
+          SetFilterActive(true);
+          EndUpdate();
+        });
   }
   auto* off = menu.addAction(UserText(DesktopTexts::FilterOff), this, [this] {
     BeginUpdate();

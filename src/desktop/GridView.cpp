@@ -100,10 +100,14 @@ void TGridView::SetGroupClosed(int row, bool closed) {
 
 int TGridView::VisibleColumn(int from) const {
   const auto* header = horizontalHeader();
-  if (from >= 0 && from < FModel.columnCount() && !isColumnHidden(from)) return from;
-  for (int visual = 0; visual < header->count(); ++visual)
-    if (!header->isSectionHidden(header->logicalIndex(visual))) return header->logicalIndex(visual);
-  return -1;
+  const int begin = from >= 0 && from < FModel.columnCount() ? header->visualIndex(from) : 0;
+  int last = -1;
+  for (int visual = 0; visual < header->count(); ++visual) {
+    if (header->isSectionHidden(header->logicalIndex(visual))) continue;
+    last = header->logicalIndex(visual);
+    if (visual >= begin) break;
+  }
+  return last;
 }
 
 void TGridView::GotoCell(int row, int column) {

@@ -108,9 +108,13 @@ TEST_F(GridTest, ChooserShowsAndHides) {
   AddColumns();
   TColumnChooser chooser(Grid, nullptr);
   ASSERT_EQ(chooser.List().count(), 4);
+  FocusCell(0, 2);
   chooser.List().item(1)->setCheckState(Qt::Unchecked);
   EXPECT_FALSE(Grid.Columns()[2].Visible);
   EXPECT_TRUE(Grid.View().isColumnHidden(2));
+  EXPECT_EQ(Grid.FocusedColumn(), 3);
+  Grid.BestFitAll();
+  EXPECT_GE(Grid.View().columnWidth(3), Grid.fontMetrics().horizontalAdvance("Fehltage") + 8);
 }
 
 /// A read-only list over the table of grades.

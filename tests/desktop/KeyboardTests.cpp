@@ -142,6 +142,12 @@ TEST(DesktopWindowTest, F6GoesRoundTheRegionsAndTheListTakesWhatTheWindowHasToSp
   }
   QTest::keyClick(&window, Qt::Key_F6, Qt::ShiftModifier);
   EXPECT_EQ(QApplication::focusWidget(), &window.Ribbon().Tabs());
+  list->setFocus();
+  QTimer::singleShot(0, [] {
+    ASSERT_NE(QApplication::activePopupWidget(), nullptr);
+    QApplication::activePopupWidget()->close();
+  });
+  QTest::keyClick(list, Qt::Key_F10, Qt::ShiftModifier);
   for (int i = 0; i < 5; ++i) view.StudentsGrid().AddColumn({"mehr", "Mehr"});
   window.resize(1400, 900);
   QTest::qWait(1);

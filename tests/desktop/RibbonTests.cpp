@@ -6,7 +6,6 @@
 
 #include "DesktopMainWindow.h"
 
-namespace {
 /// A window with two tabs; the first has three groups of three buttons, of which the second is a radio group.
 class RibbonTest : public testing::Test {
  protected:
@@ -49,7 +48,6 @@ class RibbonTest : public testing::Test {
   std::vector<std::string> Executed;
   TDesktopMainWindow Window;
 };
-}  // namespace
 
 TEST_F(RibbonTest, ShrinksFromTheRightAndLosesNothing) {
   using enum TRibbonLevel;
