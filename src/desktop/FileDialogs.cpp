@@ -1,4 +1,5 @@
 // How a project file is chosen.
+#include <QApplication>
 #include <QDateTime>
 #include <QDir>
 #include <QFileDialog>
@@ -25,6 +26,8 @@ class TJudgingDialog : public QFileDialog {
 
  protected:
   void accept() override {
+    // The list of completions has seized the keyboard: keys that come before it goes would be lost.
+    if (auto* completions = QApplication::activePopupWidget()) completions->close();
     const auto chosen = selectedFiles();
     const auto refusal = FRefuse && !chosen.isEmpty() ? FRefuse(ToUtf8(chosen.front())) : std::string();
     if (refusal.empty()) return QFileDialog::accept();
