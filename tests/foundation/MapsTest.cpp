@@ -12,8 +12,10 @@ namespace {
 using ::testing::ElementsAre;
 
 TEST(ElfHash, KnownValues) {
-  EXPECT_EQ(TVantrelELFHash().GetHash(), 0);
-  EXPECT_EQ(TVantrelELFHash("a").GetHash(), 0x61);
+  TVantrelELFHash hash;
+  EXPECT_EQ(hash.GetHash(), 0);
+  hash.SetValue("a");
+  EXPECT_EQ(hash.GetHash(), 0x61);
   EXPECT_EQ(TVantrelELFHash("printf").GetHash(), 0x077905A6);
   EXPECT_GE(ElfHash("\xFF\xFF\xFF\xFF\xFF\xFF\xFF\xFF\xFF"), 0);
 }
