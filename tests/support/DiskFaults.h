@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-/// What happens from one call on that changes the disk: the program dies, the disk is full, the disk fails.
+/// What happens at a call that changes the disk: the program dies, the disk is full, the disk fails.
 enum class TDiskFault { Kill, Full, Failure };
 
 struct TFaultyRun {
@@ -21,9 +21,9 @@ struct TFaultyRun {
 };
 
 /// Runs `command` (program and arguments) so that `fault` strikes at the call number `at`, counted from 1, that changes
-/// a file below the absolute path `folder`.
+/// a file below the absolute path `folder`, and at all behind it unless `once`.
 inline TFaultyRun RunWithFault(const std::vector<std::string>& command, const std::string& folder, TDiskFault fault,
-                               int at) {
+                               int at, bool once = false) {
   const auto marker = folder + ".fault";
   const char* kinds[] = {"kill", "full", "failure"};
   std::vector<std::string> settings{"LD_PRELOAD=" DISK_FAULTS_LIBRARY,
@@ -32,6 +32,7 @@ inline TFaultyRun RunWithFault(const std::vector<std::string>& command, const st
                                     "MYTESSARON_FAULT_MARKER=" + marker,
                                     "MYTESSARON_FAULT_AT=" + std::to_string(at),
                                     std::string("MYTESSARON_FAULT_KIND=") + kinds[static_cast<int>(fault)]};
+  if (once) settings.emplace_back("MYTESSARON_FAULT_ONCE=1");
   auto parts = command;
   std::vector<char*> arguments, environment;
   for (auto& part : parts) arguments.push_back(part.data());
@@ -51,17 +52,21 @@ inline TFaultyRun RunWithFault(const std::vector<std::string>& command, const st
   return run;
 }
 
-/// Lets `fault` strike at the first call, the second, and so on, until the program gets through without it. Each time
-/// `prepare()` comes before the run and `check(run)` behind it. Returns the number of runs that the fault struck.
+/// Lets `fault` strike at the first call, the second, and so on, each time for good and then for this one call, until
+/// the program gets through without it. `prepare()` comes before each run and `check(run)` behind it. Returns the
+/// number of calls that the fault struck.
 template <class TPrepare, class TCheck>
 int ForEachDiskFault(const std::vector<std::string>& command, const std::string& folder, TDiskFault fault,
                      TPrepare prepare, TCheck check) {
   constexpr int tooMany = 10000;
   for (int at = 1; at < tooMany; ++at) {
-    prepare();
-    const auto run = RunWithFault(command, folder, fault, at);
-    check(run);
-    if (!run.Fired) return at - 1;
+    for (const bool once : {false, true}) {
+      prepare();
+      const auto run = RunWithFault(command, folder, fault, at, once);
+      check(run);
+      if (!run.Fired) return at - 1;
+      if (fault == TDiskFault::Kill) break;
+    }
   }
   return tooMany;
 }

@@ -1,10 +1,13 @@
-// Preloaded into a program under test: counts the calls that change files below MYTESSARON_FAULT_FOLDER and, from the
-// call MYTESSARON_FAULT_AT on, kills the program or lets the calls fail. Such a write gets half of its bytes through
-// first. What is needed of the system is called directly, so that nothing here calls itself.
+// Preloaded into a program under test: counts the calls that change files below MYTESSARON_FAULT_FOLDER and lets the
+// call MYTESSARON_FAULT_AT fail, or kills the program there; the calls behind it fail as well unless
+// MYTESSARON_FAULT_ONCE is set. Such a write gets half of its bytes through first. What is needed of the system is
+// called directly, so that nothing here calls itself.
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <sys/syscall.h>
 #include <sys/types.h>
+#include <sys/uio.h>
+#include <sys/xattr.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -45,15 +48,21 @@ void Mark() {
   if (descriptor >= 0) ::syscall(SYS_close, descriptor);
 }
 
-/// Counts a call. True where it has to fail, with errno set. `torn` does a part of it first.
+/// Counts the calls that this kind of fault strikes. True for those that have to fail.
+bool IsStruck(bool watched, TNeed need) {
+  static int count = 0;
+  if (!watched || (Setting("MYTESSARON_FAULT_KIND") == "full" && need == TNeed::Nothing)) return false;
+  const int at = std::atoi(std::string(Setting("MYTESSARON_FAULT_AT")).c_str());
+  return ++count == at || (count > at && Setting("MYTESSARON_FAULT_ONCE").empty());
+}
+
+/// True where a call has to fail, with errno set. `torn` does a part of it first.
 template <class TTorn>
 bool Fails(bool watched, TNeed need, TTorn torn) {
-  static int count = 0;
-  if (!watched || ++count < std::atoi(std::string(Setting("MYTESSARON_FAULT_AT")).c_str())) return false;
-  const auto kind = Setting("MYTESSARON_FAULT_KIND");
-  if (kind == "full" && need == TNeed::Nothing) return false;
+  if (!IsStruck(watched, need)) return false;
   Mark();
   torn();
+  const auto kind = Setting("MYTESSARON_FAULT_KIND");
   if (kind == "kill") ::syscall(SYS_kill, ::getpid(), SIGKILL);
   errno = kind == "full" ? ENOSPC : EIO;
   return true;
@@ -134,6 +143,12 @@ ssize_t write(int file, const void* bytes, size_t count) {
   return ::syscall(SYS_write, file, bytes, count);
 }
 
+ssize_t writev(int file, const iovec* parts, int count) {
+  const auto torn = [&] { ::syscall(SYS_writev, file, parts, count / 2); };
+  if (Fails(IsWatched(file), TNeed::Space, torn)) return -1;
+  return ::syscall(SYS_writev, file, parts, count);
+}
+
 int rename(const char* from, const char* to) noexcept {
   return RenameAt(AT_FDCWD, from, AT_FDCWD, to, 0);
 }
@@ -167,6 +182,11 @@ int mkdir(const char* path, mode_t mode) noexcept {
 int fchmod(int file, mode_t mode) noexcept {
   if (Fails(IsWatched(file), TNeed::Nothing)) return -1;
   return static_cast<int>(::syscall(SYS_fchmod, file, mode));
+}
+
+int fsetxattr(int file, const char* name, const void* value, size_t size, int flags) noexcept {
+  if (Fails(IsWatched(file), TNeed::Space)) return -1;
+  return static_cast<int>(::syscall(SYS_fsetxattr, file, name, value, size, flags));
 }
 
 int fchown(int file, uid_t owner, gid_t group) noexcept {
