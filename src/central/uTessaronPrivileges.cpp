@@ -18,9 +18,6 @@ constexpr std::string_view ClassLeaderQuery =
     "SELECT \"Klassenleiter1\", \"Klassenleiter2\" FROM \"KlassenZeitraeume\" KZ WHERE KZ.\"Mandant\" = :MANDANT "
     "AND KZ.\"Klasse\" = :KLASSE AND KZ.\"Zeitraum\" = :ZEITRAUM "
     "AND (KZ.\"Klassenleiter1\" = :LEITER1 OR KZ.\"Klassenleiter2\" = :LEITER2)";
-constexpr std::string_view TutorQuery =
-    "SELECT \"Tutor\" FROM \"SchuelerZeitraeume\" SZ WHERE SZ.\"Mandant\" = :MANDANT "
-    "AND SZ.\"Schueler\" = :SCHUELER AND SZ.\"Zeitraum\" = :ZEITRAUM AND SZ.\"Tutor\" = :TUTOR";
 
 /// Passes the answer on; a refusal is told to the user.
 bool Answer(bool allowed, std::string_view refusal, bool showError = true) {
@@ -114,7 +111,8 @@ bool TTessaronPrivileges::LeadsClass(const TVariant& mandant, const TVariant& ze
 }
 
 bool TTessaronPrivileges::IsTutor(const TVariant& mandant, const TVariant& zeitraum, const TVariant& schueler) const {
-  return HasRow(*FSession.FConnection, TutorQuery,
+  return !FTutorQuery.empty() &&
+         HasRow(*FSession.FConnection, FTutorQuery,
                 {{"MANDANT", mandant}, {"SCHUELER", schueler}, {"ZEITRAUM", zeitraum}, {"TUTOR", FSession.FTeacher}});
 }
 

@@ -44,6 +44,9 @@ class TTessaronPrivileges : public TVantrelObject {
 
   void InitRights(const TUserRights& rights) { FRights = rights; }
   void InitViewRight(std::string_view aspekt, std::string_view right);
+  /// The statement that has a row for a student's tutor, with the parameters MANDANT, SCHUELER, ZEITRAUM and TUTOR.
+  /// Without one nobody is a tutor.
+  void InitTutorQuery(std::string_view sql) { FTutorQuery = sql; }
 
   /// An empty `user` is the one who is logged on.
   bool IsAdmin(bool showError, std::string_view user = {}) const;
@@ -75,5 +78,6 @@ class TTessaronPrivileges : public TVantrelObject {
 
   const TTessaronSession& FSession;
   TUserRights FRights;
+  std::string FTutorQuery;
   TVantrelArrayList FViewsRights{true};
 };

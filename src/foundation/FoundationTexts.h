@@ -3,21 +3,54 @@
 /// The user texts of this folder. Those with placeholders go through fmt.
 namespace FoundationTexts {
 inline constexpr const char* SystemError = "Systemfehler (Fehlercode: {}).\r\n{}";
-inline constexpr const char* FileNotFound = "Das System kann die angegebene Datei nicht finden.";
-inline constexpr const char* PathNotFound = "Das System kann den angegebenen Pfad nicht finden.";
-inline constexpr const char* AccessDenied = "Zugriff verweigert.";
-inline constexpr const char* NotEnoughMemory = "Der Arbeitsspeicher reicht nicht aus.";
+inline constexpr const char* FileNotFound =
+    "Das System kann die angegebene Datei nicht finden. Prüfen Sie Namen und Ordner.";
+inline constexpr const char* PathNotFound =
+    "Das System kann den angegebenen Pfad nicht finden. Prüfen Sie, ob es den Ordner gibt und das Laufwerk verbunden "
+    "ist.";
+inline constexpr const char* AccessDenied =
+    "Zugriff verweigert. Wählen Sie einen anderen Ordner, oder lassen Sie sich das Recht an Datei und Ordner geben.";
+inline constexpr const char* NotEnoughMemory =
+    "Der Arbeitsspeicher reicht nicht aus. Schließen Sie andere Programme, und versuchen Sie es noch einmal.";
 inline constexpr const char* SharingViolation =
-    "Der Prozess kann nicht auf die Datei zugreifen, da sie von einem anderen Prozess verwendet wird.";
-inline constexpr const char* DiskFull = "Auf dem Datenträger ist nicht genügend Speicherplatz vorhanden.";
+    "Der Prozess kann nicht auf die Datei zugreifen, da sie von einem anderen Prozess verwendet wird. Schließen Sie "
+    "sie dort, und versuchen Sie es noch einmal.";
+inline constexpr const char* DiskFull =
+    "Auf dem Datenträger ist nicht genügend Speicherplatz vorhanden. Löschen Sie dort, was Sie nicht mehr brauchen, "
+    "oder wählen Sie einen anderen Datenträger.";
+inline constexpr const char* DeviceFailed =
+    "Der Datenträger hat einen Fehler gemeldet. Speichern Sie auf einem anderen, und lassen Sie diesen prüfen.";
+inline constexpr const char* DeviceMissing =
+    "Der Datenträger ist nicht bereit. Schließen Sie ihn wieder an, und versuchen Sie es noch einmal.";
+inline constexpr const char* TooManyFiles =
+    "Es sind zu viele Dateien geöffnet. Schließen Sie andere Programme, und versuchen Sie es noch einmal.";
+inline constexpr const char* FileTooBig =
+    "Die Datei ist für den Datenträger zu groß. Wählen Sie einen anderen Datenträger.";
+inline constexpr const char* AlreadyThere =
+    "Die Datei oder der Ordner ist schon vorhanden. Wählen Sie einen anderen Namen.";
+inline constexpr const char* OtherDevice =
+    "Die Datei liegt auf einem anderen Datenträger. Wählen Sie einen Ordner auf demselben Datenträger.";
+inline constexpr const char* NotAccepted =
+    "Der Datenträger nimmt die Anforderung oder den Namen nicht an. Wählen Sie einen anderen Namen oder Ordner.";
+inline constexpr const char* Interrupted = "Der Vorgang wurde unterbrochen. Versuchen Sie es noch einmal.";
+inline constexpr const char* NetworkFailed =
+    "Das Laufwerk im Netz antwortet nicht. Prüfen Sie die Verbindung, und versuchen Sie es noch einmal.";
+inline constexpr const char* UnknownError =
+    "Das System meldet einen unerwarteten Fehler{}. Versuchen Sie es noch einmal; bleibt der Fehler, geben Sie seinen "
+    "Code an die Systembetreuung weiter.";
 
-inline constexpr const char* NotSupported = "Die Anforderung wird nicht unterstützt.";
-inline constexpr const char* NoRegistryPaths = "Auf diesem System stehen keine Pfade in einer Registrierung.";
-inline constexpr const char* NoDriveLetters = "Auf diesem System gibt es keine Laufwerksbuchstaben.";
-inline constexpr const char* NoVolumeLabels = "Auf diesem System lässt sich der Name eines Datenträgers nicht ändern.";
+inline constexpr const char* NotSupported =
+    "Die Anforderung wird nicht unterstützt. Wählen Sie einen anderen Ordner oder Datenträger.";
+inline constexpr const char* NoRegistryPaths =
+    "Auf diesem System stehen keine Pfade in einer Registrierung. Geben Sie den Pfad selbst an.";
+inline constexpr const char* NoDriveLetters =
+    "Auf diesem System gibt es keine Laufwerksbuchstaben. Geben Sie einen Ordner an.";
+inline constexpr const char* NoVolumeLabels =
+    "Auf diesem System lässt sich der Name eines Datenträgers nicht ändern. Nehmen Sie dafür das Werkzeug des Systems.";
 inline constexpr const char* NoDeletionAtReboot =
-    "Auf diesem System lässt sich keine Datei zum Löschen beim nächsten Start vormerken.";
-inline constexpr const char* NoCreationTime = "Auf diesem System lässt sich die Erstellungszeit nicht ändern.";
+    "Auf diesem System lässt sich keine Datei zum Löschen beim nächsten Start vormerken. Löschen Sie sie selbst.";
+inline constexpr const char* NoCreationTime =
+    "Auf diesem System lässt sich die Erstellungszeit nicht ändern. Ändern Sie die Zeit der letzten Änderung.";
 
 inline constexpr const char* AssignNotSupported = "Inhaltszweisung wird nicht unterstützt.";
 inline constexpr const char* StaticClass = "Eine Instanz der Klasse \"{}\" darf nicht abgelegt werden.";

@@ -1,5 +1,7 @@
 #include "VantrelExceptions.h"
 
+#include <fmt/format.h>
+
 #include <cerrno>
 #include <cstring>
 
@@ -8,7 +10,53 @@
 
 namespace {
 constexpr std::uint32_t ForeignErrnoBase = 10000;
+
+const char* TextOfErrno(int error) {
+  switch (error) {
+    case EIO:
+    case EUCLEAN:
+      return FoundationTexts::DeviceFailed;
+    case ENODEV:
+    case ENXIO:
+    case ENOMEDIUM:
+      return FoundationTexts::DeviceMissing;
+    case EMFILE:
+    case ENFILE:
+      return FoundationTexts::TooManyFiles;
+    case EFBIG:
+    case EOVERFLOW:
+      return FoundationTexts::FileTooBig;
+    case EEXIST:
+    case ENOTEMPTY:
+      return FoundationTexts::AlreadyThere;
+    case EXDEV:
+      return FoundationTexts::OtherDevice;
+    case EINVAL:
+    case EILSEQ:
+      return FoundationTexts::NotAccepted;
+    case EINTR:
+    case ECANCELED:
+      return FoundationTexts::Interrupted;
+    case ENOSYS:
+    case EOPNOTSUPP:
+      return FoundationTexts::NotSupported;
+    case ESTALE:
+    case ETIMEDOUT:
+    case ENOTCONN:
+    case ECONNREFUSED:
+    case ECONNRESET:
+    case ECONNABORTED:
+    case EHOSTDOWN:
+    case EHOSTUNREACH:
+    case ENETDOWN:
+    case ENETUNREACH:
+    case EREMOTEIO:
+      return FoundationTexts::NetworkFailed;
+    default:
+      return nullptr;
+  }
 }
+}  // namespace
 
 EVantrelWin32Error::EVantrelWin32Error() : EVantrelWin32Error(CodeOfErrno(errno)) {}
 
@@ -65,5 +113,8 @@ std::string EVantrelWin32Error::TextOf(std::uint32_t code) {
     case TVantrelErrorCode::DiskFull:
       return ResourceText(FoundationTexts::DiskFull);
   }
-  return code >= ForeignErrnoBase ? std::strerror(static_cast<int>(code - ForeignErrnoBase)) : std::string();
+  if (code < ForeignErrnoBase) return FormatText(FoundationTexts::UnknownError, "");
+  const int error = static_cast<int>(code - ForeignErrnoBase);
+  if (const char* text = TextOfErrno(error)) return ResourceText(text);
+  return FormatText(FoundationTexts::UnknownError, fmt::format(" („{}“)", std::strerror(error)));
 }

@@ -28,7 +28,7 @@ enum class TVantrelErrorCode : std::uint32_t {
   DiskFull = 112,
 };
 
-/// A failed call to the operating system, with its code and the system's text for it.
+/// A failed call to the operating system, with its code and what the user reads about it.
 class EVantrelWin32Error : public EVantrelException {
  public:
   /// Takes the last error of the calling thread (errno).
@@ -42,7 +42,7 @@ class EVantrelWin32Error : public EVantrelException {
 
   /// The documented code for an errno value; an errno without one is given as 10000 + errno.
   static std::uint32_t CodeOfErrno(int error) noexcept;
-  /// The system's text for a code, in German where the code has a name above.
+  /// What is wrong and what to do next, in German, for every code.
   static std::string TextOf(std::uint32_t code);
 
  private:

@@ -22,7 +22,7 @@ TIterator DropRepeats(TIterator first, TIterator last) {
 }
 }  // namespace
 
-void TVantrelAbstractList::CheckIndex(int index, int count) const {
+void CheckListIndex(int index, int count) {
   if (index < 0 || index >= count) throw EVantrelCollectionError(FormatText(FoundationTexts::ListIndex, index));
 }
 
@@ -73,8 +73,8 @@ bool TVantrelAbstractList::Remove(const TVantrelObject* item) {
 }
 
 void TVantrelAbstractList::Move(int from, int to) {
-  CheckIndex(from, Count());
-  CheckIndex(to, Count());
+  CheckListIndex(from, Count());
+  CheckListIndex(to, Count());
   Insert(to, Extract(from));
 }
 
@@ -113,7 +113,7 @@ void TVantrelArrayList::Grow() {
 }
 
 void TVantrelArrayList::Insert(int index, TVantrelObject* item) {
-  CheckIndex(index, FCount + 1);
+  CheckListIndex(index, FCount + 1);
   if (FCount == FCapacity) Grow();
   TVantrelObject** const place = FItems.get() + index;
   std::copy_backward(place, FItems.get() + FCount, FItems.get() + FCount + 1);
@@ -122,7 +122,7 @@ void TVantrelArrayList::Insert(int index, TVantrelObject* item) {
 }
 
 TVantrelObject* TVantrelArrayList::Extract(int index) {
-  CheckIndex(index, FCount);
+  CheckListIndex(index, FCount);
   TVantrelObject** const place = FItems.get() + index;
   TVantrelObject* const item = *place;
   std::copy(place + 1, FItems.get() + FCount, place);
@@ -168,17 +168,17 @@ TVantrelLinkedList::~TVantrelLinkedList() {
 }
 
 TVantrelObject* TVantrelLinkedList::Get(int index) const {
-  CheckIndex(index, Count());
+  CheckListIndex(index, Count());
   return index <= Count() / 2 ? *std::next(FItems.begin(), index) : *std::prev(FItems.end(), Count() - index);
 }
 
 void TVantrelLinkedList::Insert(int index, TVantrelObject* item) {
-  CheckIndex(index, Count() + 1);
+  CheckListIndex(index, Count() + 1);
   FItems.insert(index == Count() ? FItems.end() : std::next(FItems.begin(), index), item);
 }
 
 TVantrelObject* TVantrelLinkedList::Extract(int index) {
-  CheckIndex(index, Count());
+  CheckListIndex(index, Count());
   const auto place = std::next(FItems.begin(), index);
   TVantrelObject* const item = *place;
   FItems.erase(place);

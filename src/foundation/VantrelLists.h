@@ -12,6 +12,9 @@ enum class TVantrelDuplicates : std::uint8_t { dupIgnore, dupAccept, dupError };
 /// Order of two items: below, equal to or above 0.
 using TVantrelCompare = std::function<int(const TVantrelObject&, const TVantrelObject&)>;
 
+/// Raises EVantrelCollectionError for an index outside 0 to count - 1.
+void CheckListIndex(int index, int count);
+
 /// Base of the containers of objects. The ownership of the items is a flag of the collection.
 class TVantrelAbstractCollection : public TVantrelPersistent {
  public:
@@ -68,7 +71,6 @@ class TVantrelAbstractList : public TVantrelAbstractCollection {
   void SetCompare(TVantrelCompare compare);
 
  protected:
-  void CheckIndex(int index, int count) const;
   bool IsBelow(const TVantrelObject* a, const TVantrelObject* b) const { return CompareItems(a, b) < 0; }
 
  private:
@@ -93,7 +95,7 @@ class TVantrelArrayList final : public TVantrelAbstractList {
   void SetCapacity(int capacity);
 
   TVantrelObject* Get(int index) const override {
-    CheckIndex(index, FCount);
+    CheckListIndex(index, FCount);
     return FItems[index];
   }
   void Insert(int index, TVantrelObject* item) override;

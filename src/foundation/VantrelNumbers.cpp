@@ -16,6 +16,8 @@ constexpr int SignificantDigits = 15;
 constexpr double IntegerLimit = 1e15;
 constexpr int SmallestDecimalExponent = -5;
 
+enum class TPrecision { FifteenDigits, Exact };
+
 std::string_view Trimmed(std::string_view text) {
   const auto isBlank = [](char c) { return static_cast<unsigned char>(c) <= ' '; };
   while (!text.empty() && isBlank(text.front())) text.remove_prefix(1);
@@ -30,19 +32,23 @@ char* Put(std::string_view text, char* out) {
 
 /// The digits of a value without their trailing zeros, the first of them being worth 10^Exponent.
 struct TDigits {
-  char Text[SignificantDigits];
-  std::size_t Count = SignificantDigits;
+  char Text[FloatTextCapacity];
+  std::size_t Count = 0;
   int Exponent = 0;
 
-  explicit TDigits(double positive) {
+  TDigits(double positive, TPrecision precision) {
     char buffer[FloatTextCapacity];
-    const auto end =
-        std::to_chars(buffer, buffer + sizeof buffer, positive, std::chars_format::scientific, SignificantDigits - 1);
-    Text[0] = buffer[0];
-    std::memcpy(Text + 1, buffer + 2, SignificantDigits - 1);
-    const char* exponent = buffer + SignificantDigits + 2;
-    if (*exponent == '+') ++exponent;
-    std::from_chars(exponent, end.ptr, Exponent);
+    char* const limit = buffer + sizeof buffer;
+    constexpr auto form = std::chars_format::scientific;
+    const char* const end =
+        (precision == TPrecision::Exact ? std::to_chars(buffer, limit, positive, form)
+                                        : std::to_chars(buffer, limit, positive, form, SignificantDigits - 1))
+            .ptr;
+    const char* at = buffer;
+    for (; *at != 'e'; ++at)
+      if (*at != '.') Text[Count++] = *at;
+    at += at[1] == '+' ? 2 : 1;
+    std::from_chars(at, end, Exponent);
     while (Count > 1 && Text[Count - 1] == '0') --Count;
   }
 
@@ -120,9 +126,8 @@ std::optional<std::int64_t> ParseInteger(std::string_view text) {
   if (!bits) return std::nullopt;
   return static_cast<std::int64_t>(negative ? 0 - *bits : *bits);
 }
-}  // namespace
 
-std::size_t WriteFloatText(double value, char* target) {
+std::size_t Write(double value, char* target, TPrecision precision) {
   char* out = target;
   if (std::abs(value) < IntegerLimit && value == std::trunc(value)) {
     return static_cast<std::size_t>(std::to_chars(out, out + FloatTextCapacity, static_cast<std::int64_t>(value)).ptr -
@@ -131,14 +136,25 @@ std::size_t WriteFloatText(double value, char* target) {
   if (std::isnan(value)) return static_cast<std::size_t>(Put("NAN", out) - target);
   if (value < 0) *out++ = '-';
   if (std::isinf(value)) return static_cast<std::size_t>(Put("INF", out) - target);
-  const TDigits digits(std::abs(value));
+  const TDigits digits(std::abs(value), precision);
   const bool decimal = digits.Exponent >= SmallestDecimalExponent && digits.Exponent < SignificantDigits;
   return static_cast<std::size_t>((decimal ? PutDecimal(digits, out) : PutScientific(digits, out)) - target);
+}
+
+}  // namespace
+
+std::size_t WriteFloatText(double value, char* target) {
+  return Write(value, target, TPrecision::FifteenDigits);
 }
 
 std::string FloatToText(double value) {
   char buffer[FloatTextCapacity];
   return {buffer, WriteFloatText(value, buffer)};
+}
+
+std::string FloatToExactText(double value) {
+  char buffer[FloatTextCapacity];
+  return {buffer, Write(value, buffer, TPrecision::Exact)};
 }
 
 double TextToFloat(std::string_view text) {

@@ -10,6 +10,8 @@
 /// General form with "." and at most 15 significant digits, no trailing zeros: 0.1f gives 0.100000001490116; large
 /// and small values in the form 1.5E25 and 1E-7.
 std::string FloatToText(double value);
+/// In the same form, with as many digits as it takes to read the very same value back, at most 17.
+std::string FloatToExactText(double value);
 /// As FloatToText, into a buffer of at least FloatTextCapacity characters; returns the length.
 inline constexpr std::size_t FloatTextCapacity = 32;
 std::size_t WriteFloatText(double value, char* target);

@@ -8,6 +8,7 @@ inline constexpr const char* GradeTypeFill = "Text";
 
 inline constexpr const char* CourseWithoutStudent = "Der Kurs {} ({}) hat in der Datei keinen Schüler.";
 inline constexpr const char* StudentWithoutClass = "Die Klasse von {} ist in der Datei nicht vorhanden.";
+inline constexpr const char* BeyondSmallInt = "Der Wert {} passt nicht in das Feld „{}“ der Datei (-32768 bis 32767).";
 inline constexpr const char* OrdinalNotFound = "{} not found";
 inline constexpr const char* TokenLabel = "Kürzel";
 inline constexpr const char* PasswordNotStorable =

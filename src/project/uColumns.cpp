@@ -72,10 +72,12 @@ TColumn* TColumns::AddColumn(std::string_view fieldname, std::string_view displa
 void TColumns::AssignFromData(TVantrelMemTable& dataSet) {
   if (!dataSet.Active() || dataSet.RecordCount() == 0) return;
   for (dataSet.First(); !dataSet.Eof(); dataSet.Next()) {
-    const auto value = [&](std::string_view field) { return dataSet.FieldByName(field).Value(); };
-    AddColumn(value("Fieldname").AsTextOrEmpty(), value("Customname").AsTextOrEmpty(), value("Editable").AsBoolean(),
-              value("Visible").AsBoolean(), value("GridColumn").AsBoolean(),
-              static_cast<std::uint8_t>(value("Customization").AsInteger()));
+    const auto text = [&](std::string_view field) { return dataSet.FieldByName(field).Value().AsTextOrEmpty(); };
+    const auto value = [&](std::string_view field) {
+      return text(field).empty() ? TVariant(false) : dataSet.FieldByName(field).Value();
+    };
+    AddColumn(text("Fieldname"), text("Customname"), value("Editable").AsBoolean(), value("Visible").AsBoolean(),
+              value("GridColumn").AsBoolean(), static_cast<std::uint8_t>(value("Customization").AsInteger()));
   }
 }
 

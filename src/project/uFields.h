@@ -1,6 +1,9 @@
 #pragma once
 
+#include "ProjectTexts.h"
 #include "VantrelDataFields.h"
+#include "VantrelExceptions.h"
+#include "VantrelI18n.h"
 #include "uHelper.h"
 
 /// The stored fields of a record that may be null, beside the plain ones.
@@ -29,7 +32,7 @@ TESSARON_NULLABLE(Single, TMyTessaronFloat, AsFloat, SetAsFloat, Single);
 TESSARON_NULLABLE(Date, TMyTessaronDateTime, AsDateTime, SetAsDateTime, Date);
 #undef TESSARON_NULLABLE
 
-/// A nullable integer that is stored in 16 bits. A value beyond them is stored as null.
+/// A nullable integer that is stored in 16 bits. Writing a value beyond them raises EConvertError.
 template <class T>
 struct SmallInt : LongInt<T> {
   using LongInt<T>::LongInt;
@@ -44,7 +47,9 @@ struct SmallInt : LongInt<T> {
  private:
   std::int16_t Stored(const T& record) const {
     const auto value = (record.*this->Member).AsInt();
-    return value == static_cast<std::int16_t>(value) ? static_cast<std::int16_t>(value) : std::int16_t{-1};
+    if (value != static_cast<std::int16_t>(value))
+      throw EConvertError(FormatText(ProjectTexts::BeyondSmallInt, value, this->Key));
+    return static_cast<std::int16_t>(value);
   }
 };
 

@@ -221,7 +221,8 @@ bool TVantrelPreferenceFile::KeyExists(const TPreferencePath& key) const {
 }
 
 bool TVantrelPreferenceFile::HasChildren(const TPreferencePath& key) const {
-  return FindChild(FindKey(*FDocument, key), [](const xmlNode*) { return true; }) != nullptr;
+  const auto* found = FindKey(*FDocument, key);
+  return found != nullptr && found->children != nullptr;
 }
 
 std::vector<std::string> TVantrelPreferenceFile::KeyTags(const TPreferencePath& key) const {

@@ -38,7 +38,7 @@ class TVantrelPreferenceFile {
 
   /// The questions answer for a missing key as for an empty one.
   bool KeyExists(const TPreferencePath& key) const;
-  /// Keys below it, or values.
+  /// Any node below it: keys, values, or what else stands in the file.
   bool HasChildren(const TPreferencePath& key) const;
   std::vector<std::string> KeyTags(const TPreferencePath& key) const;
   std::vector<std::string> ValueNames(const TPreferencePath& key) const;

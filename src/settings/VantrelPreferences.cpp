@@ -122,13 +122,11 @@ void TVantrelXMLPreferences::WriteString(std::string_view name, std::string_view
 }
 
 void TVantrelXMLPreferences::WriteFloat(std::string_view name, double value) {
-  ScalarTexts::TBuffer buffer;
-  WriteString(name, ScalarTexts::WriteDouble(value, buffer));
+  WriteString(name, FloatToExactText(value));
 }
 
 void TVantrelXMLPreferences::WriteCurrency(std::string_view name, TCurrency value) {
-  ScalarTexts::TBuffer buffer;
-  WriteString(name, ScalarTexts::WriteCurrency(value, buffer));
+  WriteFloat(name, static_cast<double>(value.Value) / 10000);
 }
 
 void TVantrelXMLPreferences::WriteInteger(std::string_view name, std::int32_t value) {

@@ -118,7 +118,7 @@ class TVantrelXMLPreferences final : public TVantrelFilePreferences {
   /// As TVantrelPreferenceFile.
   TVantrelXMLPreferences(std::string fileName, bool ignoreExisting);
 
-  /// A value counts here as well as a key.
+  /// Any child counts here, a value as well as a key.
   bool HasSubKeys() override { return HasChildren(); }
   std::size_t ReadBinary(std::string_view name, std::span<std::uint8_t> buffer) override;
   char16_t ReadChar(std::string_view name, char16_t defaultValue) override;

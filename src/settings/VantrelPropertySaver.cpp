@@ -1,6 +1,7 @@
 #include "VantrelPropertySaver.h"
 
 #include <algorithm>
+#include <limits>
 
 #include "VantrelRtti.h"
 #include "VantrelStorage.h"
@@ -42,6 +43,13 @@ void AtProperty(TVantrelObject& component, std::string_view path, TAct act) {
   }
 }
 
+/// Whether the stores can hold the value as an integer.
+bool IsStorableInteger(const TVariant& value) {
+  using TLimits = std::numeric_limits<std::int32_t>;
+  return value.Kind() == TVariantKind::Integer && value.AsFloat() >= TLimits::min() &&
+         value.AsFloat() <= TLimits::max();
+}
+
 void ReadVariant(const TPlace& at, TVantrelInstanceRTTI& object, std::string_view property) {
   auto& storage = at.Storage;
   const auto value = object.GetVariantProperty(property);
@@ -49,7 +57,7 @@ void ReadVariant(const TPlace& at, TVantrelInstanceRTTI& object, std::string_vie
     object.SetVariantProperty(property, storage.ReadString(at.Key, at.Name, value.AsText()));
   else if (value.Kind() == TVariantKind::DateTime)
     object.SetVariantProperty(property, TVariant::DateTime(storage.ReadDateTime(at.Key, at.Name, value.AsFloat())));
-  else if (value.Kind() == TVariantKind::Integer)
+  else if (IsStorableInteger(value))
     object.SetVariantProperty(property, storage.ReadInteger(at.Key, at.Name, value.AsInteger()));
 }
 
@@ -59,7 +67,7 @@ void WriteVariant(const TPlace& at, const TVantrelInstanceRTTI& object, std::str
     at.Storage.WriteString(at.Key, at.Name, value.AsText());
   else if (value.Kind() == TVariantKind::DateTime)
     at.Storage.WriteDateTime(at.Key, at.Name, value.AsFloat());
-  else if (value.Kind() == TVariantKind::Integer)
+  else if (IsStorableInteger(value))
     at.Storage.WriteInteger(at.Key, at.Name, value.AsInteger());
 }
 

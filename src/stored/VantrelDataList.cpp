@@ -73,9 +73,13 @@ void TVantrelDataList::Insert(int index, TVantrelDataObject* item) {
 }
 
 bool TVantrelDataList::InsertAll(int index, const TVantrelDataList& other) {
-  const int before = Count();
-  for (int i = 0; i < other.Count(); ++i) Insert(index + i, other.GetItem(i));
-  return Count() > before;
+  bool any = false;
+  for (int i = 0; i < other.Count(); ++i) {
+    if (Contains(other.GetItem(i))) continue;
+    Insert(index++, other.GetItem(i));
+    any = true;
+  }
+  return any;
 }
 
 bool TVantrelDataList::Merge(const TVantrelDataList& other) {
@@ -165,6 +169,7 @@ TVantrelDataObject* TVantrelDataList::Extract(const TGuid& id) {
 }
 
 void TVantrelDataList::Exchange(int index, TVantrelDataObject* item) {
+  if (GetItem(index) == item) return;
   Delete(index);
   Insert(index, item);
 }

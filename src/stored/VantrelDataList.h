@@ -32,6 +32,7 @@ class TVantrelDataList : public TVantrelAbstractDataObject {
   bool AddAll(const TVantrelDataList& other);
   /// Null, or an item whose GUID the list holds: nothing.
   void Insert(int index, TVantrelDataObject* item);
+  /// Inserts the items of `other` one behind the other, those that the list lacks; true if any.
   bool InsertAll(int index, const TVantrelDataList& other);
   /// Adds each item of `other` whose GUID is not held; true if any.
   bool Merge(const TVantrelDataList& other);
@@ -50,7 +51,7 @@ class TVantrelDataList : public TVantrelAbstractDataObject {
   TVantrelDataObject* Extract(int index);
   TVantrelDataObject* Extract(const TVantrelDataObject* item);
   TVantrelDataObject* Extract(const TGuid& id);
-  /// Delete, then Insert in the same place.
+  /// Delete, then Insert in the same place; an item that stands there already stays.
   void Exchange(int index, TVantrelDataObject* item);
   void Exchange(const TVantrelDataObject* oldItem, TVantrelDataObject* item);
 

@@ -4,10 +4,12 @@
 #include <vector>
 
 #include "VantrelDataObjects.h"
+#include "VantrelLists.h"
 
 class TVantrelDataList;
 
-/// A list of bound callbacks, each a function and the data it is called with. Called in the order of adding.
+/// A list of bound callbacks, each a function and the data it is called with. Called in the order of adding. An index
+/// outside the list raises EVantrelCollectionError.
 template <class... TArgs>
 class TVantrelMethodList {
  public:
@@ -16,7 +18,7 @@ class TVantrelMethodList {
   void Add(TCode code, void* data) { FMethods.emplace_back(code, data); }
   void Clear() { FMethods.clear(); }
   bool Contains(TCode code, void* data) const { return IndexOf(code, data) >= 0; }
-  void Delete(int index) { FMethods.erase(FMethods.begin() + index); }
+  void Delete(int index) { FMethods.erase(FMethods.begin() + Checked(index)); }
   int IndexOf(TCode code, void* data) const {
     for (std::size_t i = 0; i < FMethods.size(); ++i)
       if (FMethods[i] == std::pair(code, data)) return static_cast<int>(i);
@@ -25,13 +27,18 @@ class TVantrelMethodList {
   void Remove(TCode code, void* data) {
     if (const int index = IndexOf(code, data); index >= 0) Delete(index);
   }
-  const std::pair<TCode, void*>& GetItem(int index) const { return FMethods.at(static_cast<std::size_t>(index)); }
+  const std::pair<TCode, void*>& GetItem(int index) const { return FMethods.begin()[Checked(index)]; }
 
   void Call(TArgs... args) const {
     for (std::size_t i = 0; i < FMethods.size(); ++i) FMethods[i].first(FMethods[i].second, args...);
   }
 
  private:
+  int Checked(int index) const {
+    CheckListIndex(index, static_cast<int>(FMethods.size()));
+    return index;
+  }
+
   std::vector<std::pair<TCode, void*>> FMethods;
 };
 

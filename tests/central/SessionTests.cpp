@@ -92,9 +92,13 @@ TEST(Session, CertificateDataBelongToClassLeadersAndTutors) {
     TGroupRight Right;
     int Term, Class, Student;
     bool Allowed;
-  } cases[] = {{0, 9, 9, 9, true},     {1, 9, 9, 9, true},     {4, 9, 9, 9, true},     {5, 9, 9, 9, true},
-               {6, 20, 5, 9, true},    {7, 20, 6, 9, true},    {8, 20, 9, 300, true},  {8, 21, 5, 300, false},
-               {6, 20, 9, 301, false}, {2, 20, 5, 300, false}, {3, 20, 5, 300, false}, {255, 20, 5, 300, false}};
+    const char* TutorQuery =
+        "SELECT 1 FROM \"SchuelerZeitraeume\" WHERE \"Mandant\" = :MANDANT AND \"Schueler\" = :SCHUELER"
+        " AND \"Zeitraum\" = :ZEITRAUM AND \"Tutor\" = :TUTOR";
+  } cases[] = {{0, 9, 9, 9, true},      {1, 9, 9, 9, true},        {4, 9, 9, 9, true},     {5, 9, 9, 9, true},
+               {6, 20, 5, 9, true},     {7, 20, 6, 9, true},       {8, 20, 9, 300, true},  {8, 21, 5, 300, false},
+               {6, 20, 9, 301, false},  {2, 20, 5, 300, false},    {3, 20, 5, 300, false}, {255, 20, 5, 300, false},
+               {7, 20, 6, 9, true, ""}, {8, 20, 9, 300, false, ""}};
   for (const auto& one : cases) {
     const FakeBoxes boxes;
     const auto session = SessionOf("MUE", {.FGroupRight = one.Right});
@@ -102,6 +106,7 @@ TEST(Session, CertificateDataBelongToClassLeadersAndTutors) {
     session->FConnection->Open();
     session->FConnection->SetParams({"User_Name=MUE"});
     session->FTeacher = 42;
+    session->FPrivileges->InitTutorQuery(one.TutorQuery);
     EXPECT_EQ(session->FPrivileges->HasRightToSaveKlassendaten(1, one.Term, one.Class, one.Student), one.Allowed);
     EXPECT_EQ(boxes.Texts.size(), one.Allowed ? 0U : 1U);
     session->FConnection->Close();

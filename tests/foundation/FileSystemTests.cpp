@@ -133,6 +133,17 @@ TEST(FileSystem, TimesAreLocalOrUtc) {
   EXPECT_THROW(TSystem::SetTime(folder / "fehlt", TVantrelFileTimeInfo::ftimeLastWrite, 1), EVantrelFileSystemError);
 }
 
+TEST(FileSystem, EveryErrorSaysInGermanWhatToDo) {
+  for (const int error : {ENOENT, ENOTDIR, EACCES, ENOMEM, EBUSY, ENOSPC, EIO, ENXIO, EMFILE, EFBIG, ENOTEMPTY, EXDEV,
+                          EINVAL, EINTR, ENOSYS, ETIMEDOUT, ESTALE})
+    EXPECT_THAT(
+        EVantrelWin32Error::TextOf(EVantrelWin32Error::CodeOfErrno(error)),
+        testing::AllOf(testing::ContainsRegex("[.] .*Sie.*[.]$"), testing::Not(testing::HasSubstr("unerwartet"))))
+        << error;
+  for (const auto code : {4U, 1223U, EVantrelWin32Error::CodeOfErrno(ENOTTY)})
+    EXPECT_THAT(EVantrelWin32Error::TextOf(code), testing::ContainsRegex("unerwarteten Fehler.*Sie.*[.]$"));
+}
+
 TEST(FileSystem, DisksAndDriveLetters) {
   const TVantrelDriveInfo drive("/");
   EXPECT_TRUE(drive.IsReady());
@@ -143,7 +154,8 @@ TEST(FileSystem, DisksAndDriveLetters) {
   EXPECT_THAT(TSystem::GetDrives(), testing::Contains("/"));
   EXPECT_TRUE(TSystem::HasDriveLetter("C:\\f"));
   EXPECT_EQ(ErrorOf<EVantrelFileSystemError>([] { TSystem::GetLogicalDriveList(); }),
-            "Systemfehler (Fehlercode: 50).\r\nAuf diesem System gibt es keine Laufwerksbuchstaben.");
+            "Systemfehler (Fehlercode: 50).\r\nAuf diesem System gibt es keine Laufwerksbuchstaben. Geben Sie einen "
+            "Ordner an.");
   EXPECT_THROW(TSystem::GetDriveLetter("C:"), EVantrelFileSystemError);
   EXPECT_THROW(TSystem::QueryDosDevice("C:"), EVantrelFileSystemError);
   EXPECT_THROW(TSystem::SetVolumeLabel("/", "x"), EVantrelFileSystemError);

@@ -33,6 +33,22 @@ TEST(Numbers, EveryWrittenFloatIsReadAgain) {
   EXPECT_TRUE(std::isnan(TextToFloat(FloatToText(TLimits::quiet_NaN()))));
 }
 
+TEST(Numbers, ExactTextsTakeTheFewestDigits) {
+  const std::pair<double, const char*> cases[] = {{0.1, "0.1"},
+                                                  {100000, "100000"},
+                                                  {0.1 + 0.2, "0.30000000000000004"},
+                                                  {-2.3F, "-2.299999952316284"},
+                                                  {1e22, "1E22"},
+                                                  {0x1p53, "9.007199254740992E15"},
+                                                  {TLimits::max(), "1.7976931348623157E308"},
+                                                  {-TLimits::denorm_min(), "-5E-324"},
+                                                  {TLimits::infinity(), "INF"}};
+  for (const auto& [value, text] : cases) {
+    EXPECT_EQ(FloatToExactText(value), text);
+    EXPECT_EQ(TextToFloat(text), value);
+  }
+}
+
 TEST(Numbers, FloatsAreReadWithCommaAndBlanks) {
   EXPECT_EQ(TextToFloat(" 2,5 "), 2.5);
   EXPECT_EQ(TextToFloat("+1.5e2"), 150);

@@ -173,6 +173,17 @@ TEST_F(ProjectRecordsTest, Columns) {
   EXPECT_FALSE(columns.IsVisible("Note1") || columns.IsVisible("Note2"));
   EXPECT_EQ(columns.GridItems()->GetItem(0)->Fieldname, "Note1");
   EXPECT_EQ(columns.NonGridItems()->Count(), 1);
+
+  auto& rows = Table("Fieldname Customname #Customization Editable Visible GridColumn");
+  rows.Append();
+  rows.FieldByName("Fieldname").SetValue("Leer");
+  for (const char* field : {"Customization", "Visible"}) rows.FieldByName(field).SetValue(TVariant::Null());
+  rows.FieldByName("GridColumn").SetValue("");
+  rows.Post();
+  columns.AssignFromData(rows);
+  const auto& empty = *columns.GetItem(2);
+  EXPECT_EQ(std::tuple(empty.Fieldname, empty.Customname(), empty.Customization), std::tuple("Leer", "", 0));
+  EXPECT_FALSE(empty.Editable || empty.Visible || empty.GridColumn);
 }
 
 TEST_F(ProjectRecordsTest, CoursesAndTheirTables) {
@@ -199,6 +210,12 @@ TEST_F(ProjectRecordsTest, CoursesAndTheirTables) {
   EXPECT_EQ(ErrorOf<EVantrelException>([&] { FProject->CoursesByClass(TVariant(1)); }),
             "Der Kurs 103 (Ma) hat in der Datei keinen Schüler.");
   auto& course = *FProject->Courses().GetItem(0);
+  for (const int value : {32768, -32769}) {
+    course.Mahnung.SetAsInt(value);
+    TVantrelMemoryStream stream;
+    EXPECT_EQ(ErrorOf<EConvertError>([&] { FProject->SaveToXmlStream(stream); }),
+              "Der Wert " + std::to_string(value) + " passt nicht in das Feld „Mahnung“ der Datei (-32768 bis 32767).");
+  }
   for (const auto& [kind, number, name] :
        {std::tuple("GK", 2, "ma2"), {"LK", 2, "MA2"}, {"gk", 3, "Ma3"}, {"", -1, "Ma"}}) {
     course.Unterrichtsart = kind;

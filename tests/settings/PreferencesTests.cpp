@@ -38,8 +38,8 @@ const struct {
   void (*CheckStorage)(TVantrelStorage& storage, std::string_view key, bool isThere);
 } Kinds[] = {KIND(Boolean, true, false, "1"),
              KIND(Char, u'ß', u'x', "ß"),
-             KIND(Float, -0.125, 1, "-0.125"),
-             KIND(Currency, TCurrency{-12345678}, TCurrency{}, "-1234.5678"),
+             KIND(Float, 0.1 + 0.2, 1, "0.30000000000000004"),
+             KIND(Currency, TCurrency{-1234567890123456}, TCurrency{}, "-123456789012.3456"),
              KIND(Integer, INT32_MIN, 1, "-2147483648"),
              KIND(DateTime, 39571.75, 1, "2008-05-03T18:00:00.000Z"),
              KIND(String, "a\r\n\t<\"&'ü \xF0\x9F\x98\x80", "x", "a\r\n\t<\"&'ü \xF0\x9F\x98\x80"),
@@ -159,7 +159,7 @@ TEST(XmlPreferences, KindsAreTexts) {
   const auto name = folder / "a.pref";
   WriteFileText(name,
                 "<Preferences><Entry Name='none'/><Entry Name='empty' Value=''/><Entry Name='bad' Value='7x'/><Entry/>"
-                "</Preferences>");
+                "<a><!-- --></a><b/></Preferences>");
   TVantrelXMLPreferences store(name, false);
   EXPECT_THROW(store.ReadBoolean("bad", true), EConvertError);
   EXPECT_THROW(store.ReadFloat("bad", 1), EConvertError);
@@ -167,7 +167,10 @@ TEST(XmlPreferences, KindsAreTexts) {
   EXPECT_THROW(store.ReadGuid("bad", {}), EConvertError);
   EXPECT_THROW(store.ReadDateTime("bad", 1), EVantrelDateTimeError);
   EXPECT_TRUE(store.CreateKey("Entry"));
-  EXPECT_THAT(Names(store, &TStore::GetKeyNames), IsEmpty());
+  EXPECT_THAT(Names(store, &TStore::GetKeyNames), ElementsAre("a", "b"));
+  EXPECT_TRUE(store.OpenKey("a", false) && store.HasSubKeys());
+  EXPECT_TRUE(store.OpenKey("\\b", false) && !store.HasSubKeys());
+  store.CloseKey();
   TVantrelXMLPreferences anew(name, true);
   EXPECT_FALSE(anew.HasSubKeys());
   for (const auto& kind : Kinds) {

@@ -66,6 +66,8 @@ TEST_F(StorageTest, EveryKindOfPropertyComesBack) {
 TEST_F(StorageTest, WhatDoesNotFitIsPassedOver) {
   TComponent one;
   one.SetValue(2.5);
+  TComponent big;
+  big.SetValue(std::int64_t{1} << 40);
   FStorage.WriteString("Key", "text", "sdSideways");
   FStorage.WriteInteger("Key", "number", 40000);
   for (const char* path :
@@ -76,6 +78,9 @@ TEST_F(StorageTest, WhatDoesNotFitIsPassedOver) {
     FStorage.WriteProperty("New", "name", one, path);
   EXPECT_EQ(std::tie(one.FTag, one.FSide, one.FSides, one.FBig), std::tuple(0, TSide::sdLeft, 0, 0));
   EXPECT_EQ(one.Value(), TVariant(2.5));
+  FStorage.WriteProperty("New", "name", big, "Value");
+  FStorage.ReadProperty("Key", "number", big, "Value");
+  EXPECT_EQ(big.Value(), TVariant(std::int64_t{1} << 40));
   EXPECT_EQ(FStorage.ReadString("New", "name", "none"), "none");
 }
 

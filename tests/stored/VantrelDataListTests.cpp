@@ -46,6 +46,8 @@ TEST_F(DataListTest, OrderAfterMovesAndChanges) {
       {"ABCDE", [](auto& list) { list.Insert(0, list.Last()); }},
       {"ABCD", [](auto& list) { list.Remove(list.Last()); }},
       {"ABCD", [](auto& list) { list.Exchange(4, list.First()); }},
+      {"ABCDE", [](auto& list) { list.Exchange(1, list.GetItem(1)); }},
+      {"ABCDE", [](auto& list) { list.Exchange(list.First(), list.First()); }},
       {"EDCBA",
        [](auto& list) {
          list.SetCompare([](const auto& a, const auto& b) { return b.Compare(a); });
@@ -82,6 +84,13 @@ TEST_F(DataListTest, SetOperationsGoByGuid) {
   EXPECT_FALSE(Refs().RemoveAll(some));
   Refs().InsertAll(1, some);
   EXPECT_EQ(Names(Refs()), "ABDCEA");
+  some.Clear();
+  for (const int index : {1, 4, 3}) some.Add(Item(index));
+  TVantrelDataList others;
+  others.Add(Item(1));
+  EXPECT_TRUE(others.InsertAll(0, some));
+  EXPECT_EQ(Names(others), "EDB");
+  some.Delete(1);
   EXPECT_TRUE(Refs().RetainAll(some));
   EXPECT_EQ(Names(Refs()), "BD");
   EXPECT_EQ(Refs().Find(Item(3)->ID()), Item(3));
@@ -152,6 +161,13 @@ TEST_F(DataListTest, RefusesUnsuitableItems) {
   EXPECT_THROW(typed.Add(TOtherItem::Class()), EVantrelCollectionError);
   EXPECT_THROW(Item(0)->Children->Add(Item(0)), EVantrelCollectionError);
   EXPECT_THROW(Items().GetItem(5), EVantrelCollectionError);
+  auto& listeners = FDocument->Observer().ListClear;
+  listeners.Add([](void*, TVantrelDataStorage*, TVantrelDataList*) {}, nullptr);
+  for (const int index : {-1, 1}) {
+    EXPECT_THROW(listeners.GetItem(index), EVantrelCollectionError);
+    EXPECT_THROW(listeners.Delete(index), EVantrelCollectionError);
+  }
+  listeners.Delete(0);
 }
 
 }  // namespace

@@ -36,7 +36,9 @@ TEST(VantrelFileLauncher, HandsOverAndAnswers) {
   TVantrelFileLauncher launcher;
   launcher.SetThrowException(true);
   const std::pair<std::uint32_t, const char*> texts[] = {
-      {2, "Systemfehler (Fehlercode: 2).\r\nDas System kann die angegebene Datei nicht finden."},
+      {2,
+       "Systemfehler (Fehlercode: 2).\r\nDas System kann die angegebene Datei nicht finden. Prüfen Sie Namen und "
+       "Ordner."},
       {5, "Systemfehler (Fehlercode: 5).\r\nThe operating system denied access to the specified file."},
       {31, "Systemfehler (Fehlercode: 31).\r\nThere is no application associated with the given file name extension."}};
   for (const auto& [code, text] : texts) {
