@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <filesystem>
 #include <map>
 
 #include "VantrelFileStreams.h"
@@ -110,7 +111,8 @@ void MakePaths() {
   EnvironmentFolder = OptionsFolder = CommonDataFolder;
   PathsFileName = TVantrelFilePath::Combine(BinFolder, "Tessaron.paths");
   MakeFilePaths();
-  if (!TVantrelFileSystem::Exists(PathsFileName)) return;
+  // A name that depends on the current folder leads to a file that anybody may have laid there.
+  if (!std::filesystem::path(PathsFileName).is_absolute() || !TVantrelFileSystem::Exists(PathsFileName)) return;
   auto entries = ReadPathsFile();
   if (const auto folder = entries["TessaronEnvironmentFolder"]; !folder.empty()) EnvironmentFolder = folder;
   if (const auto folder = entries["TessaronOptionsFolder"]; !folder.empty()) OptionsFolder = folder;

@@ -47,6 +47,6 @@ bool FindCommandSwitch(const std::vector<std::string>& arguments, std::string_vi
 
 /// Reads the values above from the machine's registry. Never raises.
 void ReadInstallation();
-/// Makes the folders and the full names of the files. Raises EVantrelException if there is a paths file that cannot be
-/// read; all paths are made then as if there were none.
+/// Makes the folders and the full names of the files. Without a full path of the bin folder there is no paths file.
+/// Raises EVantrelException if there is one that cannot be read; all paths are made then as if there were none.
 void MakePaths();

@@ -19,12 +19,13 @@ void OrErrorBox(TStep step) {
 }  // namespace
 
 TTessaronStart::TTessaronStart(const std::vector<std::string>& arguments)
-    : FSession(CreateVantrel<TTessaronSession>()), FEnvironment(CreateVantrel<TTessaronEnvironment>()) {
+    : FSession(CreateVantrel<TTessaronSession>()) {
   Session = FSession.get();
   TTessaronEnvironment::RegisterClasses();
   DebugFlag = FindCommandSwitch(arguments, "Debug");
   ReadInstallation();
   OrErrorBox(MakePaths);
+  FEnvironment = CreateVantrel<TTessaronEnvironment>();
   OrErrorBox([this] { LoadEnvironment(); });
   Environment = FEnvironment.get();
 }

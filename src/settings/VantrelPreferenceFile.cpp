@@ -1,19 +1,12 @@
 #include "VantrelPreferenceFile.h"
 
-#include <fcntl.h>
 #include <libxml/xmlsave.h>
-#include <sys/file.h>
-#include <unistd.h>
-
-#include <cerrno>
-#include <chrono>
-#include <thread>
 
 #include "SettingsTexts.h"
 #include "VantrelDataStorage.h"
 #include "VantrelFileSystem.h"
+#include "VantrelFolderLock.h"
 #include "VantrelI18n.h"
-#include "VantrelPaths.h"
 #include "VantrelSafeSave.h"
 #include "VantrelText.h"
 
@@ -127,30 +120,6 @@ void SaveDocument(xmlDoc& document, const std::string& fileName) {
   if (text == nullptr) throw EVantrelFileHandleError(TVantrelErrorCode::NotEnoughMemory);
   TVantrelSafeSave::Write(fileName, {text, static_cast<std::size_t>(size)}, TVantrelFileAccessMode::famShareDenyNone);
 }
-
-/// Keeps all programs but one from changing the files of a folder, from construction to destruction. Where the file
-/// system has no locks there is none.
-class TFolderLock {
- public:
-  explicit TFolderLock(const std::string& folder)
-      : FDescriptor(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)) {
-    using namespace std::chrono_literals;
-    for (int attempt = 0; ::flock(FDescriptor, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK; ++attempt) {
-      if (attempt == MaxAttempts) {
-        ::close(FDescriptor);
-        throw EVantrelFileHandleError(TVantrelErrorCode::SharingViolation);
-      }
-      std::this_thread::sleep_for(10ms);
-    }
-  }
-  TFolderLock(const TFolderLock&) = delete;
-  TFolderLock& operator=(const TFolderLock&) = delete;
-  ~TFolderLock() { ::close(FDescriptor); }
-
- private:
-  static constexpr int MaxAttempts = 500;
-  int FDescriptor;
-};
 
 bool IsNameUnit(char16_t unit, bool first) {
   const bool surrogate = (unit & 0xF800) == 0xD800;
@@ -294,9 +263,7 @@ TXmlDocument TVantrelPreferenceFile::ReadAnew() const {
 
 void TVantrelPreferenceFile::Flush() {
   if (!Modified() || FFileName.empty()) return;
-  const auto folder = TVantrelFilePath::GetDirectoryName(TVantrelFilePath::GetFullPath(FFileName));
-  TVantrelFileSystem::CreateDirectory(folder);
-  const TFolderLock lock(folder);
+  const TVantrelFolderLock lock(FFileName);
   auto document = ReadAnew();
   for (const auto& change : FChanges) change(*document);
   SaveDocument(*document, FFileName);

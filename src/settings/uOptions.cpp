@@ -3,11 +3,13 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+#include <algorithm>
+#include <filesystem>
+
 #include "SettingsTexts.h"
 #include "VantrelDataIO.h"
-#include "VantrelFileSystem.h"
+#include "VantrelFolderLock.h"
 #include "VantrelI18n.h"
-#include "VantrelPaths.h"
 
 namespace {
 
@@ -25,8 +27,13 @@ constexpr struct {
              {"RechtschreibungMischfaelle", &TMyTessaronOptions::RechtschreibungMischfaelle, true},
              {"RechtschreibungWiederholt", &TMyTessaronOptions::RechtschreibungWiederholt, false}};
 
-bool IsWritable(const std::string& path) {
-  return ::faccessat(AT_FDCWD, path.c_str(), W_OK, AT_EACCESS) == 0;
+/// True for a file that may be written, and for a missing one that could be made, if need be with its folders.
+bool CanBeWritten(std::filesystem::path path) {
+  std::error_code error;
+  if (std::filesystem::exists(path, error)) return ::faccessat(AT_FDCWD, path.c_str(), W_OK, AT_EACCESS) == 0;
+  while (path.has_relative_path() && !std::filesystem::exists(path, error)) path = path.parent_path();
+  return std::filesystem::is_directory(path, error) &&
+         ::faccessat(AT_FDCWD, path.c_str(), W_OK | X_OK, AT_EACCESS) == 0;
 }
 
 }  // namespace
@@ -41,18 +48,19 @@ TMyTessaronOptions::~TMyTessaronOptions() {
 }
 
 std::string TMyTessaronOptions::GetDefaultFileName() const {
-  const auto folder = TVantrelFilePath::GetDirectoryName(FCommonFileName);
-  const bool isThere = TVantrelFileSystem::Exists(FCommonFileName);
-  if (TVantrelFileSystem::IsDirectory(folder) && IsWritable(isThere ? FCommonFileName : folder)) return FCommonFileName;
-  return TVantrelFilePath::Combine(FOwnFolder, TVantrelFilePath::GetFileName(FCommonFileName));
+  if (CanBeWritten(FCommonFileName)) return FCommonFileName;
+  return std::filesystem::path(FOwnFolder) / std::filesystem::path(FCommonFileName).filename();
 }
 
 std::string TMyTessaronOptions::Load() {
+  FRefusedFile.clear();
   try {
     LoadFromFile(TVantrelDataStorageFormat::dsfXml);
     return {};
   } catch (const EVantrelWin32Error& error) {
-    return Unreadable(error.Message());
+    FRefusedFile = FileName();
+    FRefusal = error.Message();
+    return Unreadable(FRefusal);
   } catch (const std::exception&) {
     return Unreadable(ResourceText(SettingsTexts::Damaged));
   }
@@ -60,6 +68,9 @@ std::string TMyTessaronOptions::Load() {
 
 std::string TMyTessaronOptions::Save() {
   try {
+    if (!FRefusedFile.empty() && AreDefaults()) return {};
+    if (FileName() == FRefusedFile) throw EVantrelException(FRefusal);
+    const TVantrelFolderLock lock(FileName());
     SaveToFile(TVantrelDataStorageFormat::dsfXml);
     return {};
   } catch (const std::exception& error) {
@@ -72,6 +83,10 @@ std::string TMyTessaronOptions::Unreadable(std::string_view reason) {
   const std::string source = FileName();
   SetFileName(GetDefaultFileName());
   return FormatText(SettingsTexts::OptionsUnreadable, source, reason);
+}
+
+bool TMyTessaronOptions::AreDefaults() const {
+  return std::ranges::all_of(Flags, [this](const auto& flag) { return this->*flag.Flag == flag.Default; });
 }
 
 void TMyTessaronOptions::DoCreate() {

@@ -41,7 +41,8 @@ void TVantrelDataStorage::LoadFromFile(const std::string& name, TVantrelDataStor
   const auto load = [this](const std::string& source, TVantrelDataStorageFormat sourceFormat) {
     BeforeOpenFile();
     FFileName = source;
-    TVantrelFileStream stream(source, famShareDenyNone, fomOpenRead, famShareDenyWrite, fomOpenRead);
+    TVantrelFileStream stream(source, famShareDenyNone, fomOpenRead, IsShared() ? famShareDenyNone : famShareDenyWrite,
+                              fomOpenRead);
     try {
       LoadFromStream(stream, sourceFormat);
     } catch (const std::exception&) {
@@ -116,7 +117,7 @@ void TVantrelDataStorage::SaveToFile(const std::string& name, TVantrelDataStorag
   TVantrelFileSystem::CreateDirectory(TVantrelFilePath::GetDirectoryName(target));
   const auto bytes = WholeDocument(format);
   KeepDamagedOriginal(target);
-  TVantrelSafeSave::Write(target, bytes, famShareExclusive);
+  TVantrelSafeSave::Write(target, bytes, IsShared() ? famShareDenyNone : famShareExclusive);
   FModified = false;
   FObserver.StorageSaveAs.Call(this);
   AfterStoreFile();

@@ -47,6 +47,8 @@ class TVantrelDataStorage : public TVantrelAbstractDataObject {
   virtual std::string GetDefaultFileName() const { return {}; }
   /// The XML file that LoadFromFile reads where the asked one is missing.
   virtual std::string GetFallbackFileName() const { return {}; }
+  /// LoadFromFile and SaveToFile let other programs read and write the file meanwhile.
+  virtual bool IsShared() const { return false; }
 
   const std::string& FileName() const { return FFileName; }
   void SetFileName(std::string fileName) { FFileName = std::move(fileName); }

@@ -50,6 +50,7 @@ TEST_F(EnvironmentTest, AMachineWithoutTheCentralSystemIsNoError) {
     EXPECT_EQ(Session->FModule, TApplicationKind::akNone);
     ASSERT_NE(Environment, nullptr);
     EXPECT_FALSE(Environment->ExistConnection());
+    EXPECT_EQ(Environment->FileName(), FFolder / "fehlt/Orvenda Labs/Tessaron 10/Tessaron.evm");
   }
   EXPECT_EQ(Session, nullptr);
   EXPECT_EQ(Environment, nullptr);
@@ -84,6 +85,20 @@ TEST_F(EnvironmentTest, InstallationAndPathsFileSayWhereThingsLie) {
     EXPECT_EQ(OptionsFileName, one.Options + "/MyTessaron.opt");
   }
   EXPECT_THAT(FBoxes.Texts, testing::ElementsAre(StartsWith("Fehler beim Laden der Systemumgebung!\r\n")));
+}
+
+TEST_F(EnvironmentTest, NoPathsFileIsReadFromTheCurrentFolder) {
+  const auto current = std::filesystem::current_path();
+  std::filesystem::create_directory(FFolder / "bin");
+  for (const char* planted : {"Tessaron.paths", "bin/Tessaron.paths", "C:\\Tessaron\\Tessaron.paths"})
+    WriteFileText(FFolder / planted, "<Paths><Entry Name='TessaronOptionsFolder' Value='/fremd'/></Paths>");
+  std::filesystem::current_path(FFolder.Path());
+  for (const char* bin : {"", "bin", "C:\\Tessaron"}) {
+    Register("Software\\Orvenda Labs\\Tessaron 10", "BinFolder", bin);
+    const TTessaronStart start({});
+    EXPECT_EQ(OptionsFolder, CommonDataFolder) << bin;
+  }
+  std::filesystem::current_path(current);
 }
 
 TEST_F(EnvironmentTest, EnvironmentIsLoadedAndSorted) {

@@ -20,7 +20,6 @@ class OptionsTest : public testing::Test {
 };
 
 TEST_F(OptionsTest, DefaultsBecomeAFileOfTheToldForm) {
-  std::filesystem::create_directory(FFolder / "common");
   auto options = Create();
   EXPECT_EQ(Options, options.get());
   EXPECT_THAT(options->Load(), IsEmpty());
@@ -54,6 +53,23 @@ TEST_F(OptionsTest, DamageIsToldAndKept) {
     EXPECT_EQ(ReadFileText(FCommon + ".beschaedigt"), damaged);
     EXPECT_THAT(Create()->Load(), IsEmpty());
     std::filesystem::remove(FCommon + ".beschaedigt");
+  }
+}
+
+TEST_F(OptionsTest, AFileThatCannotBeOpenedIsNotReplaced) {
+  constexpr auto text = "<Storage><RechtschreibungZahl>0</RechtschreibungZahl></Storage>";
+  std::filesystem::create_directory(FFolder / "common");
+  WriteFileText(FCommon, text);
+  for (const bool changed : {false, true}) {
+    const auto options = Create();
+    {
+      const TVantrelFileHandle foreign(FCommon, TVantrelFileAccessMode::famShareExclusive,
+                                       TVantrelFileOpenMode::fomOpenReadWrite);
+      EXPECT_THAT(options->Load(), HasSubstr(FCommon));
+    }
+    options->RechtschreibungEmail = !changed;
+    EXPECT_EQ(options->Save().empty(), !changed);
+    EXPECT_EQ(ReadFileText(FCommon), text);
   }
 }
 

@@ -1,6 +1,7 @@
 #include <gmock/gmock.h>
 
 #include "DiskFaults.h"
+#include "InChild.h"
 #include "PrivateConfig.h"
 #include "mStorage.h"
 #include "uOptions.h"
@@ -56,5 +57,31 @@ TEST_P(SettingsCrash, LeavesTheOldOrTheNewOnesWhole) {
 INSTANTIATE_TEST_SUITE_P(Faults, SettingsCrash,
                          testing::Combine(testing::Values(TDiskFault::Kill, TDiskFault::Full, TDiskFault::Failure),
                                           testing::Bool()));
+
+/// Three programs end again and again at once: what each of them has set stays, and none of them is refused.
+TEST(SettingsAtOnce, KeepWhatEveryProgramHasSet) {
+  constexpr int programs = 3, rounds = 10;
+  const PrivateConfig config;
+  const auto change = [&](int program) {
+    for (int round = 0; round < rounds; ++round) {
+      const auto options = CreateVantrel<TMyTessaronOptions>(config.Folder / "MyTessaron.opt", "");
+      const auto module = CreateVantrel<TStorageModule>(4);
+      auto told = options->Load() + module->Storage().Damage();
+      module->Storage().WriteInteger("Program" + std::to_string(program), "Value" + std::to_string(round), 7);
+      told += options->Save() + module->Storage().TryFlush();
+      if (!told.empty()) return 1;
+    }
+    return 0;
+  };
+  std::vector<pid_t> children;
+  for (int program = 0; program < programs; ++program) children.push_back(StartChild([&] { return change(program); }));
+  for (const auto child : children) EXPECT_EQ(ExitCodeOf(child), 0);
+  const auto module = CreateVantrel<TStorageModule>(4);
+  int kept = 0;
+  for (int at = 0; at < programs * rounds; ++at)
+    kept += module->Storage().ReadInteger("Program" + std::to_string(at / rounds),
+                                          "Value" + std::to_string(at % rounds), 0);
+  EXPECT_EQ(kept, programs * rounds * 7);
+}
 
 }  // namespace

@@ -112,7 +112,7 @@ TEST_F(MainFormTest, SettingsThatCannotBeSavedAreToldOnceAtTheEnd) {
   WriteFileText(FFolder / "voll", "");
   FSettings.SetLocation(TVantrelStorageLocation::cslXML);
   FSettings.SetCustomXMLFile(FFolder / "voll/Registry.pref");
-  const auto options = CreateVantrel<TMyTessaronOptions>(FFolder / "fehlt/MyTessaron.opt", FFolder / "voll");
+  const auto options = CreateVantrel<TMyTessaronOptions>(FFolder / "voll/MyTessaron.opt", FFolder / "voll");
   Start();
   ASSERT_THAT(FBoxes.Texts, IsEmpty());
   FForm.reset();

@@ -6,20 +6,29 @@
 #include <exception>
 #include <filesystem>
 
-/// Runs `call` in a forked process and returns the number that it gives (0 to 254), or 255 where it raises or dies.
+/// Starts `call` in a forked process.
 template <class TCall>
-int InChild(TCall call) {
+pid_t StartChild(TCall call) {
   const auto child = ::fork();
-  if (child == 0) {
-    try {
-      ::_exit(call());
-    } catch (const std::exception&) {
-      ::_exit(255);
-    }
+  if (child != 0) return child;
+  try {
+    ::_exit(call());
+  } catch (const std::exception&) {
+    ::_exit(255);
   }
+}
+
+/// Waits for the end of a process; gives the number that its call gave (0 to 254), or 255 where it raised or died.
+inline int ExitCodeOf(pid_t child) {
   int status = 0;
   ::waitpid(child, &status, 0);
   return WIFEXITED(status) ? WEXITSTATUS(status) : 255;
+}
+
+/// Runs `call` in a forked process and returns the number that it gives (0 to 254), or 255 where it raises or dies.
+template <class TCall>
+int InChild(TCall call) {
+  return ExitCodeOf(StartChild(call));
 }
 
 /// As InChild, by a user whom permissions bind, even where the tests run as the superuser; `folder` is then his.

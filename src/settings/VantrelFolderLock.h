@@ -1,0 +1,18 @@
+#pragma once
+
+#include <string>
+
+/// Keeps all programs but one from changing the files of a folder, from construction to destruction; the others wait
+/// for a while. Where the file system has no locks there is none.
+class TVantrelFolderLock {
+ public:
+  /// Locks the folder that the file lies in, and makes it where it is missing. Raises EVantrelFileHandleError with code
+  /// 32 where another program does not let it go within five seconds, EVantrelFileSystemError where it cannot be made.
+  explicit TVantrelFolderLock(const std::string& fileName);
+  TVantrelFolderLock(const TVantrelFolderLock&) = delete;
+  TVantrelFolderLock& operator=(const TVantrelFolderLock&) = delete;
+  ~TVantrelFolderLock();
+
+ private:
+  int FDescriptor = -1;
+};
