@@ -1,13 +1,18 @@
 #include <fmt/format.h>
+#include <fmt/ranges.h>
 
 #include "CliTexts.h"
 #include "Commands.h"
 #include "ProjectDefects.h"
 #include "ProjectFiles.h"
+#include "RecordTexts.h"
 #include "VantrelI18n.h"
 #include "Workers.h"
 
 namespace {
+
+using RecordTexts::PrintableLines;
+using RecordTexts::PrintableText;
 
 /// What a worker answers beside the results of the program: only the caller can ask for a password.
 constexpr int NeedsPassword = 3;
@@ -19,9 +24,9 @@ int Answer(TCliResult result, std::string& text, std::string answer) {
 }
 
 int AnswerDefects(const std::string& fileName, const std::vector<std::string>& defects, std::string& text) {
-  if (defects.empty()) return Answer(TCliResult::Good, text, FormatText(CliTexts::CheckGood, fileName) + "\n");
+  if (defects.empty()) return Answer(TCliResult::Good, text, PrintableText(CliTexts::CheckGood, fileName) + "\n");
   const auto noun = ResourceText(defects.size() == 1 ? CliTexts::OneFinding : CliTexts::SeveralFindings);
-  auto answer = FormatText(CliTexts::CheckFindings, fileName, defects.size(), noun) + "\n";
+  auto answer = PrintableText(CliTexts::CheckFindings, fileName, defects.size(), noun) + "\n";
   for (const auto& defect : defects) answer += fmt::format("  {}\n", defect);
   return Answer(TCliResult::Findings, text, std::move(answer));
 }
@@ -30,12 +35,12 @@ int CheckFile(const std::string& fileName, const TCliContext& context, std::stri
   try {
     return AnswerDefects(fileName, FindDefects(*ReadProject(fileName, context)), text);
   } catch (const ECliDamaged& error) {
-    return AnswerDefects(fileName, {FormatText(CliTexts::CheckDamaged, error.Damage)}, text);
+    return AnswerDefects(fileName, {PrintableText(CliTexts::CheckDamaged, error.Damage)}, text);
   } catch (const ECliPasswordNeeded& error) {
     Answer(TCliResult::Failed, text, std::string(error.Message()) + "\n");
     return NeedsPassword;
   } catch (const std::exception& error) {
-    return Answer(TCliResult::Failed, text, std::string(error.what()) + "\n");
+    return Answer(TCliResult::Failed, text, fmt::format("{}\n", fmt::join(PrintableLines(error.what()), "\n")));
   }
 }
 
@@ -92,7 +97,7 @@ class TChecking {
     const bool failed = worker.Died || worker.Code >= static_cast<int>(TCliResult::Failed);
     if (FContext.ShowProgress) FContext.Err << EraseLine << std::flush;
     (failed ? FContext.Err : FContext.Out)
-        << (worker.Died ? FormatText(CliTexts::WorkerDied, FileOf(index)) + "\n" : worker.Text) << std::flush;
+        << (worker.Died ? PrintableText(CliTexts::WorkerDied, FileOf(index)) + "\n" : worker.Text) << std::flush;
     FWorst = std::max(FWorst, failed ? TCliResult::Failed : static_cast<TCliResult>(worker.Code));
   }
 

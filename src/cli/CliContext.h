@@ -21,6 +21,8 @@ struct TCliContext {
   std::function<std::string(const std::string& fileName)> AskPassword = {};
   /// From the option --password-file.
   std::optional<std::string> Password = {};
+  /// From the option --force: a target that exists is replaced.
+  bool Force = false;
   /// From the options of the sample.
   TSampleOptions Sample = {};
 };

@@ -6,6 +6,7 @@
 
 #include "CliTexts.h"
 #include "Commands.h"
+#include "RecordTexts.h"
 #include "SampleNames.h"
 #include "VantrelI18n.h"
 #include "uProject.h"
@@ -13,9 +14,10 @@
 namespace {
 
 using Commands::TArguments;
+using RecordTexts::PrintableLines;
+using RecordTexts::PrintableText;
 
-constexpr std::string_view SampleCommand = "sample";
-constexpr int HelpOption = 'h', PasswordFileOption = 'p', SampleOption = 's';
+constexpr int HelpOption = 'h', PasswordFileOption = 'p', SampleOption = 's', ForceOption = 'f';
 constexpr option Options[] = {{"help", no_argument, nullptr, HelpOption},
                               {"password-file", required_argument, nullptr, PasswordFileOption},
                               {"students", required_argument, nullptr, SampleOption},
@@ -23,23 +25,27 @@ constexpr option Options[] = {{"help", no_argument, nullptr, HelpOption},
                               {"classes", required_argument, nullptr, SampleOption},
                               {"seed", required_argument, nullptr, SampleOption},
                               {"edition", required_argument, nullptr, SampleOption},
+                              {"force", no_argument, nullptr, ForceOption},
                               {}};
 
 struct TCommand {
   std::string_view Name;
   std::size_t LeastFiles;
   std::size_t MostFiles;
+  /// The options that not every command takes.
+  std::string_view Options;
   TCliResult (*Run)(const TArguments& files, TCliContext& context);
 };
-constexpr TCommand CommandTable[] = {{"info", 1, 1, Commands::Info},          {"check", 1, SIZE_MAX, Commands::Check},
-                                     {"convert", 2, 2, Commands::Convert},    {"diff", 2, 2, Commands::Diff},
-                                     {SampleCommand, 1, 1, Commands::Sample}, {"texts", 1, 1, Commands::Texts}};
+constexpr TCommand CommandTable[] = {
+    {"info", 1, 1, "", Commands::Info},        {"check", 1, SIZE_MAX, "", Commands::Check},
+    {"convert", 2, 2, "f", Commands::Convert}, {"diff", 2, 2, "", Commands::Diff},
+    {"sample", 1, 1, "fs", Commands::Sample},  {"texts", 1, 1, "f", Commands::Texts}};
 
 std::string FirstLine(const std::string& fileName) {
   std::ifstream file(fileName, std::ios::binary);
   std::string line;
   std::getline(file, line);
-  if (file.bad() || !file.is_open()) throw ECliError(FormatText(CliTexts::NoPasswordFile, fileName));
+  if (file.bad() || !file.is_open()) throw ECliError(PrintableText(CliTexts::NoPasswordFile, fileName));
   if (line.ends_with('\r')) line.pop_back();
   return line;
 }
@@ -51,7 +57,7 @@ T NumberOf(std::string_view option, std::string_view text, T least, T most) {
   const auto* end = text.data() + text.size();
   const auto [rest, error] = std::from_chars(text.data(), end, value);
   if (error != std::errc() || rest != end || value < least || value > most)
-    throw ECliUsageError(FormatText(CliTexts::WrongNumber, text, option, least, most));
+    throw ECliUsageError(PrintableText(CliTexts::WrongNumber, text, option, least, most));
   return value;
 }
 
@@ -72,34 +78,42 @@ void SetSampleOption(TSampleOptions& sample, std::string_view option, std::strin
   }
 }
 
-/// Takes the options out of the arguments and gives the rest. True: help is asked for.
-bool TakeOptions(TArguments& arguments, TCliContext& context) {
+/// The word that an unknown option stands in: of several letters behind one dash the first is unknown.
+std::string UnknownWord(const std::vector<char*>& words) {
+  const auto next = static_cast<std::size_t>(::optind);
+  const std::string behind = words[next - 1];
+  const bool isWhole =
+      ::optopt == 0 || behind.starts_with("--") || behind == std::string{'-', static_cast<char>(::optopt)};
+  return isWhole ? behind : words[next];
+}
+
+/// Takes the options out of the arguments, which keep the rest, and notes those that not every command takes. True:
+/// help is asked for.
+bool TakeOptions(TArguments& arguments, TCliContext& context, std::vector<option>& taken) {
   std::vector<char*> words{nullptr};
   for (auto& argument : arguments) words.push_back(argument.data());
   const int count = static_cast<int>(words.size());
   words.push_back(nullptr);
-  std::string sampleOption;
   int which = 0;
   ::optind = 0;
   ::opterr = 0;
   for (int found = 0; (found = ::getopt_long(count, words.data(), ":h", Options, &which)) != -1;) {
-    const std::string word = words[static_cast<std::size_t>(::optind - 1)];
     if (found == HelpOption) return true;
-    if (found == ':') throw ECliUsageError(FormatText(CliTexts::OptionWithoutValue, word));
-    if (found == '?') throw ECliUsageError(FormatText(CliTexts::UnknownOption, word));
+    if (found == ':')
+      throw ECliUsageError(PrintableText(CliTexts::OptionWithoutValue, words[static_cast<std::size_t>(::optind) - 1]));
+    if (found == '?') throw ECliUsageError(PrintableText(CliTexts::UnknownOption, UnknownWord(words)));
     if (found == PasswordFileOption) context.Password = FirstLine(::optarg);
-    if (found != SampleOption) continue;
-    sampleOption = Options[which].name;
-    SetSampleOption(context.Sample, sampleOption, ::optarg);
+    if (found == SampleOption) SetSampleOption(context.Sample, Options[which].name, ::optarg);
+    if (found == ForceOption) context.Force = true;
+    if (found != PasswordFileOption) taken.push_back(Options[which]);
   }
   arguments = TArguments(words.begin() + ::optind, words.end() - 1);
-  if (!sampleOption.empty() && !arguments.empty() && arguments.front() != SampleCommand)
-    throw ECliUsageError(FormatText(CliTexts::ForeignOption, sampleOption, arguments.front()));
   return false;
 }
 
 TCliResult Run(TArguments arguments, TCliContext& context) {
-  if (TakeOptions(arguments, context)) {
+  std::vector<option> taken;
+  if (TakeOptions(arguments, context, taken)) {
     context.Out << ResourceText(CliTexts::Usage);
     return TCliResult::Good;
   }
@@ -108,13 +122,21 @@ TCliResult Run(TArguments arguments, TCliContext& context) {
     return TCliResult::Failed;
   }
   const auto* command = std::ranges::find(CommandTable, std::string_view(arguments.front()), &TCommand::Name);
-  if (command == std::end(CommandTable)) throw ECliUsageError(FormatText(CliTexts::UnknownCommand, arguments.front()));
+  if (command == std::end(CommandTable))
+    throw ECliUsageError(PrintableText(CliTexts::UnknownCommand, arguments.front()));
+  for (const auto& one : taken)
+    if (command->Options.find(static_cast<char>(one.val)) == std::string_view::npos)
+      throw ECliUsageError(PrintableText(CliTexts::ForeignOption, one.name, command->Name));
   arguments.erase(arguments.begin());
   if (arguments.size() < command->LeastFiles || arguments.size() > command->MostFiles)
-    throw ECliUsageError(FormatText(CliTexts::WrongFileCount, command->Name));
+    throw ECliUsageError(PrintableText(CliTexts::WrongFileCount, command->Name));
   const auto result = command->Run(arguments, context);
   if (!context.Out.flush()) throw ECliError(ResourceText(CliTexts::OutputFailed));
   return result;
+}
+
+void Tell(const TCliContext& context, std::string_view message) {
+  for (const auto& line : PrintableLines(message)) context.Err << line << '\n';
 }
 
 }  // namespace
@@ -124,11 +146,12 @@ TCliResult RunCli(const std::vector<std::string>& arguments, TCliContext& contex
     TMyTessaronProject::RegisterClasses();
     return Run(arguments, context);
   } catch (const ECliUsageError& error) {
-    context.Err << error.Message() << '\n' << ResourceText(CliTexts::SeeHelp) << '\n';
+    Tell(context, error.Message());
+    context.Err << ResourceText(CliTexts::SeeHelp) << '\n';
   } catch (const EVantrelException& error) {
-    context.Err << error.Message() << '\n';
+    Tell(context, error.Message());
   } catch (const std::exception& error) {
-    context.Err << FormatText(CliTexts::UnexpectedError, error.what()) << '\n';
+    Tell(context, PrintableText(CliTexts::UnexpectedError, error.what()));
   }
   return TCliResult::Failed;
 }

@@ -20,6 +20,7 @@ inline constexpr const char* Usage =
     "                          sonst wird am Terminal danach gefragt\n"
     "  --students N, --subjects N, --classes N, --seed N, --edition 8|10\n"
     "                          Umfang, Zufallszahl und Ausgabe einer Beispieldatei\n"
+    "  --force                 Ein Ziel, das es schon gibt, wird ersetzt\n"
     "  --help                  Diese Hilfe\n"
     "\n"
     "Ergebnis: 0 in Ordnung, 1 Befunde oder Unterschiede, 2 falscher Aufruf oder nicht lesbare Datei.\n";
@@ -38,6 +39,8 @@ inline constexpr const char* UnknownKind =
     "Die Datei \"{}\" ist von keiner bekannten Art (.kvrx, .kvr7, .kvr oder .kvrxr).";
 inline constexpr const char* UnknownTarget =
     "Die Endung von \"{}\" gehört zu keiner bekannten Art (.kvrx, .kvr7, .kvr, .kvrxr oder .json).";
+inline constexpr const char* TargetExists =
+    "Die Datei „{}“ existiert bereits. Mit der Option --force wird sie ersetzt.";
 inline constexpr const char* FileNotFound = "Die Datei \"{}\" existiert nicht.";
 inline constexpr const char* PathNotFound = "Der Pfad der Datei \"{}\" existiert nicht.";
 inline constexpr const char* AccessDenied = "Der Zugriff auf die Datei \"{}\" ist nicht möglich.";

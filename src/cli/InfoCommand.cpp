@@ -1,8 +1,6 @@
 #include <fmt/format.h>
 #include <fmt/ranges.h>
 
-#include <sstream>
-
 #include "CliTexts.h"
 #include "Commands.h"
 #include "ProjectFiles.h"
@@ -39,10 +37,7 @@ std::string WithId(const std::string& name, const TMyTessaronInteger& id) {
 
 /// The lines of a text below each other.
 std::string Indented(std::string_view text) {
-  std::istringstream source{std::string(text)};
-  std::vector<std::string> lines;
-  for (std::string line; std::getline(source, line);) lines.push_back(Printable(line));
-  return fmt::format("{}", fmt::join(lines, fmt::format("\n{:{}}", "", CaptionWidth)));
+  return fmt::format("{}", fmt::join(RecordTexts::PrintableLines(text), fmt::format("\n{:{}}", "", CaptionWidth)));
 }
 
 std::string MissingText(const TMissingGrades& missing) {
@@ -62,7 +57,7 @@ TCliResult Commands::Info(const TArguments& files, TCliContext& context) {
   const auto project = ReadProject(fileName, context);
   auto& out = context.Out;
   const auto teacher = Join(project->TeacherToken, project->TeacherName, " ");
-  PrintLine(out, CliTexts::InfoFile, fileName);
+  PrintLine(out, CliTexts::InfoFile, Printable(fileName));
   PrintLine(out, CliTexts::InfoKind, KindOf(fileName));
   PrintLine(out, CliTexts::InfoVersion, Printable(project->ProductVersion()));
   PrintLine(out, CliTexts::InfoTenant, NumberText(project->TenantId));

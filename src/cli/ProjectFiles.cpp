@@ -2,11 +2,15 @@
 
 #include <fmt/format.h>
 
+#include <filesystem>
+
 #include "CliTexts.h"
 #include "RecordTexts.h"
 #include "VantrelI18n.h"
 #include "VantrelPaths.h"
 #include "VantrelSafeSave.h"
+
+using RecordTexts::PrintableText;
 
 namespace {
 
@@ -20,25 +24,25 @@ std::string DamageText(const TVantrelLoadDamage& damage) {
 }  // namespace
 
 ECliDamaged::ECliDamaged(const std::string& fileName, const TVantrelLoadDamage& damage)
-    : ECliError(FormatText(CliTexts::Damaged, fileName, DamageText(damage))), Damage(DamageText(damage)) {}
+    : ECliError(PrintableText(CliTexts::Damaged, fileName, DamageText(damage))), Damage(DamageText(damage)) {}
 
 ECliPasswordNeeded::ECliPasswordNeeded(const std::string& fileName)
-    : ECliError(FormatText(CliTexts::PasswordNeeded, fileName)) {}
+    : ECliError(PrintableText(CliTexts::PasswordNeeded, fileName)) {}
 
 std::string FileErrorText(const std::string& fileName, const EVantrelWin32Error& error) {
   switch (static_cast<TVantrelErrorCode>(error.ErrorCode())) {
     case TVantrelErrorCode::FileNotFound:
-      return FormatText(CliTexts::FileNotFound, fileName);
+      return PrintableText(CliTexts::FileNotFound, fileName);
     case TVantrelErrorCode::PathNotFound:
-      return FormatText(CliTexts::PathNotFound, fileName);
+      return PrintableText(CliTexts::PathNotFound, fileName);
     case TVantrelErrorCode::AccessDenied:
-      return FormatText(CliTexts::AccessDenied, fileName);
+      return PrintableText(CliTexts::AccessDenied, fileName);
     case TVantrelErrorCode::SharingViolation:
-      return FormatText(CliTexts::FileInUse, fileName);
+      return PrintableText(CliTexts::FileInUse, fileName);
     case TVantrelErrorCode::DiskFull:
-      return FormatText(CliTexts::DiskFull, fileName);
+      return PrintableText(CliTexts::DiskFull, fileName);
     default:
-      return FormatText(CliTexts::FileError, fileName, EVantrelWin32Error::TextOf(error.ErrorCode()));
+      return PrintableText(CliTexts::FileError, fileName, EVantrelWin32Error::TextOf(error.ErrorCode()));
   }
 }
 
@@ -67,7 +71,7 @@ void RequirePassword(const TMyTessaronProject& project, const std::string& fileN
 TVantrelPtr<TMyTessaronProject> ReadProject(const std::string& fileName, const TCliContext& context) {
   auto project = CreateVantrel<TMyTessaronProject>();
   try {
-    if (!project->LoadForReading(fileName)) throw ECliError(FormatText(CliTexts::UnknownKind, fileName));
+    if (!project->LoadForReading(fileName)) throw ECliError(PrintableText(CliTexts::UnknownKind, fileName));
   } catch (const ECliError&) {
     throw;
   } catch (const EVantrelWin32Error& error) {
@@ -79,8 +83,18 @@ TVantrelPtr<TMyTessaronProject> ReadProject(const std::string& fileName, const T
   return project;
 }
 
-void SaveProject(TMyTessaronProject& project, const std::string& target) {
+void RequireFreeTarget(const std::string& target, const TCliContext& context) {
+  const std::filesystem::path path(target);
+  std::error_code error;
+  if (path.has_parent_path() && !std::filesystem::is_directory(path.parent_path(), error))
+    throw ECliError(PrintableText(CliTexts::PathNotFound, target));
+  if (!context.Force && std::filesystem::exists(std::filesystem::symlink_status(path, error)))
+    throw ECliError(PrintableText(CliTexts::TargetExists, target));
+}
+
+void SaveProject(TMyTessaronProject& project, const std::string& target, const TCliContext& context) {
   RequireWritableKind(target);
+  RequireFreeTarget(target, context);
   try {
     Save(project, target);
   } catch (const EVantrelWin32Error& error) {
@@ -91,5 +105,5 @@ void SaveProject(TMyTessaronProject& project, const std::string& target) {
 void RequireWritableKind(const std::string& target) {
   if (GetProjectFileKind(target) == TProjectFileKind::pfkUnknown &&
       TVantrelFilePath::GetExtension(target) != JsonExtension)
-    throw ECliUsageError(FormatText(CliTexts::UnknownTarget, target));
+    throw ECliUsageError(PrintableText(CliTexts::UnknownTarget, target));
 }

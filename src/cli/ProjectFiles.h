@@ -24,9 +24,12 @@ TVantrelPtr<TMyTessaronProject> ReadProject(const std::string& fileName, const T
 
 /// Raises ECliUsageError where the name of a target tells no kind that can be written.
 void RequireWritableKind(const std::string& target);
-/// Writes the project in the kind that the target's name tells, JSON among them. Raises ECliError, and what SaveFile
-/// raises for the content; the target is then as it was.
-void SaveProject(TMyTessaronProject& project, const std::string& target);
+/// Raises ECliError where the folder of a target is missing, and where the target exists and `context` does not force
+/// its replacement.
+void RequireFreeTarget(const std::string& target, const TCliContext& context);
+/// Writes the project in the kind that the target's name tells, JSON among them. Raises ECliError, also as the two
+/// above, and what SaveFile raises for the content; the target is then as it was.
+void SaveProject(TMyTessaronProject& project, const std::string& target, const TCliContext& context);
 
 /// What a failed system call on a file means to the user.
 std::string FileErrorText(const std::string& fileName, const EVantrelWin32Error& error);

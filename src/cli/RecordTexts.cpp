@@ -3,6 +3,7 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <sstream>
 
 #include "CliTexts.h"
 #include "VantrelDateTime.h"
@@ -60,14 +61,27 @@ std::string DateText(const TVariant& value, bool exact) {
 std::string Printable(std::string_view text) {
   constexpr char16_t pictures = 0x2400, pictureOfDelete = 0x2421, replacement = 0xFFFD;
   auto units = Utf8ToUtf16(text);
-  for (auto& unit : units) {
-    if (unit < u' ') {
+  const auto isSurrogate = [&](std::size_t at, unsigned kind) { return at < units.size() && units[at] >> 10 == kind; };
+  constexpr unsigned high = 0x36, low = 0x37;
+  for (std::size_t at = 0; at < units.size(); ++at) {
+    auto& unit = units[at];
+    if (isSurrogate(at, high) && isSurrogate(at + 1, low)) {
+      ++at;
+    } else if (unit < u' ') {
       unit = static_cast<char16_t>(unit + pictures);
-    } else if (unit >= 0x7F && unit < 0xA0) {
+    } else if ((unit >= 0x7F && unit < 0xA0) || isSurrogate(at, high) || isSurrogate(at, low)) {
       unit = unit == 0x7F ? pictureOfDelete : replacement;
     }
   }
   return Utf16ToUtf8(units);
+}
+
+std::vector<std::string> PrintableLines(std::string_view text) {
+  std::istringstream source{std::string(text)};
+  std::vector<std::string> lines;
+  for (std::string line; std::getline(source, line);)
+    lines.push_back(Printable(std::string_view(line).substr(0, line.size() - (line.ends_with('\r') ? 1 : 0))));
+  return lines;
 }
 
 std::string StudentName(const TMyTessaronProject& project, const TStudent* student) {

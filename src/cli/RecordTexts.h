@@ -1,15 +1,31 @@
 #pragma once
 
+#include <concepts>
 #include <string>
 #include <string_view>
+#include <vector>
 
+#include "VantrelI18n.h"
 #include "uProject.h"
 
 /// How records and their values are called in what the companion prints.
 namespace RecordTexts {
 
-/// On one line and harmless to a terminal: control characters become their pictures.
+/// On one line, harmless to a terminal and well-formed UTF-8: control characters become their pictures.
 std::string Printable(std::string_view text);
+/// The lines of a text, each printable.
+std::vector<std::string> PrintableLines(std::string_view text);
+/// FormatText with texts that are printable before they are put in.
+template <class... TArgs>
+std::string PrintableText(std::string_view builtIn, const TArgs&... args) {
+  constexpr auto shown = []<class T>(const T& arg) {
+    if constexpr (std::convertible_to<const T&, std::string_view>)
+      return Printable(arg);
+    else
+      return arg;
+  };
+  return FormatText(builtIn, shown(args)...);
+}
 
 /// Name and class; the number where there is no name; a word for null.
 std::string StudentName(const TMyTessaronProject& project, const TStudent* student);

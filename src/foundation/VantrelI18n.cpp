@@ -2,17 +2,20 @@
 
 #include <fmt/format.h>
 
+#include <optional>
+
 #include "FoundationTexts.h"
 #include "VantrelExceptions.h"
 #include "VantrelFileStreams.h"
 #include "VantrelNumbers.h"
 #include "VantrelResources.h"
+#include "VantrelSafeSave.h"
 #include "VantrelText.h"
-#include "VantrelTextWriters.h"
 
 namespace {
 constexpr std::string_view Section = "[Dictionary]";
-constexpr int WriteBufferSize = 8192;
+constexpr std::string_view ByteOrderMark = "\xEF\xBB\xBF";
+constexpr std::string_view LineBreak = "\r\n";
 constexpr const char* OwnFile = "/proc/self/exe";
 
 void ReplaceAll(std::string& text, std::string_view from, std::string_view to) {
@@ -37,7 +40,37 @@ std::uint32_t TextToKey(std::string_view name) {
   return static_cast<std::uint32_t>(key);
 }
 
-std::map<std::uint32_t, std::string> ParseDictionary(std::string_view text) {
+std::string BytesOf(const std::string& fileName) {
+  TVantrelFileStream stream(fileName, TVantrelFileAccessMode::famShareDenyWrite, TVantrelFileOpenMode::fomOpenRead);
+  const std::vector<std::uint8_t> bytes = stream.ReadAll();
+  return {bytes.begin(), bytes.end()};
+}
+
+void Replace(const std::string& fileName, std::string_view text) {
+  TVantrelSafeSave::Write(fileName, {reinterpret_cast<const std::uint8_t*>(text.data()), text.size()},
+                          TVantrelFileAccessMode::famShareExclusive);
+}
+
+std::size_t LengthOfMark(std::string_view text) {
+  return text.starts_with(ByteOrderMark) ? ByteOrderMark.size() : 0;
+}
+
+/// The place behind the last line of the section; nothing where there is none.
+std::optional<std::size_t> EndOfSection(std::string_view text) {
+  bool inSection = false;
+  for (auto rest = text.substr(LengthOfMark(text)); !rest.empty();) {
+    const auto start = text.size() - rest.size();
+    const auto line = TakeLine(rest);
+    if (inSection && line.starts_with('[')) return start;
+    inSection = inSection || SameText(line, Section);
+  }
+  return inSection ? std::optional(text.size()) : std::nullopt;
+}
+
+std::map<std::uint32_t, std::string> ParseDictionary(std::string_view bytes) {
+  const std::string repaired = RepairUtf8(bytes);
+  std::string_view text = repaired;
+  text.remove_prefix(LengthOfMark(text));
   std::map<std::uint32_t, std::string> dictionary;
   bool inSection = false;
   while (!text.empty()) {
@@ -48,6 +81,10 @@ std::map<std::uint32_t, std::string> ParseDictionary(std::string_view text) {
     dictionary[TextToKey(line.substr(0, equals))] = TVantrelI18nManager::UnEscapeString(line.substr(equals + 1));
   }
   return dictionary;
+}
+
+std::string LineOf(std::uint32_t key, std::string_view text) {
+  return fmt::format("{:08X}={}", key, TVantrelI18nManager::EscapeString(text));
 }
 }  // namespace
 
@@ -71,29 +108,35 @@ void TVantrelI18nManager::ClearStrings() {
 }
 
 void TVantrelI18nManager::LoadStrings(const std::string& fileName) {
-  constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
-  TVantrelFileStream stream(fileName, TVantrelFileAccessMode::famShareDenyWrite, TVantrelFileOpenMode::fomOpenRead);
-  const std::vector<std::uint8_t> bytes = stream.ReadAll();
-  const std::string text = RepairUtf8({reinterpret_cast<const char*>(bytes.data()), bytes.size()});
-  const std::size_t start = text.starts_with(byteOrderMark) ? byteOrderMark.size() : 0;
-  auto dictionary = ParseDictionary(std::string_view(text).substr(start));
-
+  auto dictionary = ParseDictionary(BytesOf(fileName));
   const std::lock_guard lock(FDictionaryCS);
   FDictionary = std::move(dictionary);
 }
 
 void TVantrelI18nManager::SaveStrings(const std::string& fileName) const {
-  const auto dictionary = [this] {
-    const std::lock_guard lock(FDictionaryCS);
-    return FDictionary;
-  }();
-  TVantrelFileStream stream(fileName, TVantrelFileAccessMode::famShareExclusive, TVantrelFileOpenMode::fomCreate);
-  TVantrelTextWriter writer(stream, WriteBufferSize, false, TVantrelTextEncoding::teUtf8);
-  writer.WriteLine(Section);
-  for (const auto& [key, text] : dictionary) {
-    if (!text.empty()) writer.WriteLine(fmt::format("{:08X}={}", key, EscapeString(text)));
-  }
-  writer.FlushBuffer();
+  std::string lines(Section);
+  for (const auto& [key, text] : Dictionary())
+    if (!text.empty()) lines += fmt::format("{}{}", LineBreak, LineOf(key, text));
+  Replace(fileName, lines);
+}
+
+bool TVantrelI18nManager::CompleteStrings(const std::string& fileName) const {
+  std::string file = BytesOf(fileName);
+  const auto end = EndOfSection(file);
+  if (!end) return false;
+  const auto known = ParseDictionary(file);
+  std::string added;
+  for (const auto& [key, text] : Dictionary())
+    if (!text.empty() && !known.contains(key)) added += fmt::format("{}{}", LineOf(key, text), LineBreak);
+  if (added.empty()) return true;
+  if (file[*end - 1] != '\n') added.insert(0, LineBreak);
+  Replace(fileName, file.insert(*end, added));
+  return true;
+}
+
+std::map<std::uint32_t, std::string> TVantrelI18nManager::Dictionary() const {
+  const std::lock_guard lock(FDictionaryCS);
+  return FDictionary;
 }
 
 void TVantrelI18nManager::ExtractAndMergeStrings(const TVantrelResourceStringTable& table) {

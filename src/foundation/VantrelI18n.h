@@ -26,8 +26,12 @@ class TVantrelI18nManager {
   /// EVantrelFileHandleError if the file cannot be read and EConvertError if a key is no 32-bit hexadecimal number;
   /// the dictionary then stays as it was.
   void LoadStrings(const std::string& fileName);
-  /// Replaces the file by the dictionary, without its empty texts. Raises EVantrelException if that fails.
+  /// Replaces the file by the dictionary, without its empty texts. Raises EVantrelException if that fails; the file is
+  /// then as it was.
   void SaveStrings(const std::string& fileName) const;
+  /// Adds the texts that the section "Dictionary" of the file lacks; everything else in there stays. False, with
+  /// nothing done, for a file without this section. Raises as LoadStrings and SaveStrings.
+  bool CompleteStrings(const std::string& fileName) const;
   /// Adds the texts that the dictionary lacks, untranslated.
   void ExtractAndMergeStrings(const TVantrelResourceStringTable& table);
   /// As above, with the texts that stand in a compiled file; gives their number. Raises EVantrelFileHandleError if the
@@ -44,6 +48,8 @@ class TVantrelI18nManager {
   void TranslateStrings(TVantrelObject& object, bool includePublicMembers = false) const;
 
  private:
+  std::map<std::uint32_t, std::string> Dictionary() const;
+
   std::map<std::uint32_t, std::string> FDictionary;
   mutable std::mutex FDictionaryCS;
 };

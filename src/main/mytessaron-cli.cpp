@@ -4,13 +4,13 @@
 
 #include "CliTexts.h"
 #include "Commands.h"
-#include "VantrelI18n.h"
+#include "RecordTexts.h"
 
 namespace {
 
 std::string AskPassword(const std::string& fileName) {
   // The only call that asks without echo and leaves the terminal as it was, also when it is interrupted.
-  const char* entered = ::getpass(FormatText(CliTexts::AskPassword, fileName).c_str());
+  const char* entered = ::getpass(RecordTexts::PrintableText(CliTexts::AskPassword, fileName).c_str());
   return entered == nullptr ? std::string() : entered;
 }
 

@@ -1,4 +1,5 @@
 #include "CliFixture.h"
+#include "VantrelText.h"
 
 namespace {
 
@@ -15,6 +16,11 @@ TEST_F(CommandsTest, TellsWrongUse) {
       {{"info"}, "erwartet andere Dateiangaben"},
       {{"diff", "a.kvrx"}, "erwartet andere Dateiangaben"},
       {{"info", "--bunt", "a.kvrx"}, "Unbekannte Option: --bunt"},
+      {{"check", "-x"}, "Unbekannte Option: -x\n"},
+      {{"check", "-xyz", "a.kvrx"}, "Unbekannte Option: -xyz\n"},
+      {{"--password-file=/dev/null", "check", "-ä"}, "Unbekannte Option: -ä\n"},
+      {{"check", "--help=1"}, "Unbekannte Option: --help=1\n"},
+      {{"check", "--force", "a.kvrx"}, "--force gehört nicht zum Befehl check"},
       {{"info", "a.kvrx", "--password-file"}, "fehlt ihr Wert"},
       {{"info", "a.kvrx", "--password-file", "/nirgends"}, "/nirgends"},
       {{"info", "/nirgends/a.kvrx"}, "Pfad"},
@@ -79,18 +85,74 @@ TEST_F(CommandsTest, ProtectedFilesNeedTheirPassword) {
   }
 }
 
+TEST_F(CommandsTest, WhatExistsIsReplacedByForceAlone) {
+  WriteFileText(FFolder / "brief.txt", "wertvoll");
+  EXPECT_EQ(Run({"texts", FFolder / "brief.txt"}), 2);
+  EXPECT_EQ(Run({"texts", FFolder / "fehlt/texte.ini"}), 2);
+  for (const char* kind : {"kvrx", "kvrxr", "kvr7", "kvr", "json"}) {
+    const auto target = FFolder / (std::string("ziel.") + kind);
+    const auto missing = FFolder / (std::string("fehlt/ziel.") + kind);
+    WriteFileText(target, "wertvoll");
+    for (const std::vector<std::string>& command :
+         {std::vector<std::string>{"sample"}, {"convert", Fixture("small.kvrx")}}) {
+      const auto to = [&](std::vector<std::string> end) {
+        end.insert(end.begin(), command.begin(), command.end());
+        return Run(end);
+      };
+      EXPECT_EQ(to({target}), 2);
+      EXPECT_THAT(Err(), HasSubstr("--force"));
+      EXPECT_EQ(ReadFileText(target), "wertvoll");
+      EXPECT_EQ(to({missing, "--force"}), 2);
+      EXPECT_THAT(Err(), HasSubstr("Der Pfad der Datei"));
+    }
+    EXPECT_EQ(Run({"convert", "--force", Fixture("small.kvrx"), target}), 0);
+    EXPECT_NE(ReadFileText(target), "wertvoll");
+  }
+  fs::create_symlink("nirgends", FFolder / "verweis.kvrx");
+  EXPECT_EQ(Run({"sample", FFolder / "verweis.kvrx"}), 2);
+  EXPECT_EQ(ReadFileText(FFolder / "brief.txt"), "wertvoll");
+  EXPECT_FALSE(fs::exists(FFolder / "fehlt"));
+  EXPECT_EQ(Run({"texts", "--force", FFolder / "brief.txt"}), 0);
+}
+
+TEST_F(CommandsTest, NothingThatIsShownHarmsTheTerminal) {
+  const std::string name = "a\x1b[2J\n\xff\xc2\x9b\xed\xa0\x80.kvr7";
+  auto project = Project();
+  project->TeacherName = project->Description = Anna(*project).Nachname = name;
+  const auto file = Save(std::move(project), name);
+  const auto missing = FFolder / ("x" + name);
+  for (const std::vector<std::string>& command : {std::vector<std::string>{"info", file},
+                                                  {"info", missing},
+                                                  {"check", file, missing},
+                                                  {"check", "-" + name},
+                                                  {"diff", file, Fixture("small.kvrx")},
+                                                  {"convert", file, missing},
+                                                  {"sample", file},
+                                                  {name, file},
+                                                  {"info", file, "--password-file", missing},
+                                                  {"sample", FFolder / ("y" + name)},
+                                                  {"texts", file}}) {
+    Run(command);
+    const auto shown = Out() + Err();
+    EXPECT_THAT(shown, HasSubstr("a␛[2J"));
+    EXPECT_EQ(shown, RepairUtf8(shown));
+    EXPECT_TRUE(std::ranges::none_of(shown, [](unsigned char c) { return c != '\n' && (c < ' ' || c == 0x7F); }));
+    for (const char* ill : {"\xc2\x9b", "\xed\xa0\x80"}) EXPECT_THAT(shown, testing::Not(HasSubstr(ill)));
+  }
+}
+
 TEST_F(CommandsTest, ConvertLeavesTheTargetWhereItCannotDoItsWork) {
   const auto target = FFolder / "ziel.kvrx";
   const auto damaged = FFolder / "kaputt.kvr7";
   WriteFileText(target, "alt");
   WriteFileText(damaged, ReadFileText(Fixture("small.kvr7")).substr(0, 10000));
-  EXPECT_EQ(Run({"convert", damaged, target}), 2);
+  EXPECT_EQ(Run({"convert", "--force", damaged, target}), 2);
   EXPECT_THAT(Err(), HasSubstr("beschädigt"));
   EXPECT_THAT(Err(), HasSubstr("von 10000"));
 
   auto unwritable = Project();
   unwritable->Password = "\x01";
-  EXPECT_EQ(Run({"convert", Save(std::move(unwritable), "steuerzeichen.kvr7"), target}), 2);
+  EXPECT_EQ(Run({"convert", Save(std::move(unwritable), "steuerzeichen.kvr7"), target, "--force"}), 2);
   EXPECT_THAT(Err(), HasSubstr("Kennwort"));
   EXPECT_EQ(ReadFileText(target), "alt");
 }

@@ -1,3 +1,7 @@
+#include <fmt/format.h>
+
+#include <cstdlib>
+
 #include "CliFixture.h"
 #include "DiskFaults.h"
 #include "ErrorOf.h"
@@ -27,6 +31,25 @@ TEST_F(ProgramTest, ExitsWithItsResult) {
   EXPECT_EQ(RunProgram({}), 2);
 }
 
+TEST_F(ProgramTest, TheCommandsBesideTheSamplesGiveThem) {
+  const fs::path samples = "../samples";
+  const auto readme = ReadFileText(samples / "README.md");
+  const auto start = readme.find("```\n") + 4;
+  WriteFileText(FFolder / "befehle", readme.substr(start, readme.find("```", start) - start));
+  fs::create_directory(FFolder / "samples");
+  const auto command = fmt::format("cd '{}' && PATH='{}':$PATH sh ./befehle >/dev/null", FFolder.Path().string(),
+                                   fs::path(CLI_PROGRAM).parent_path().string());
+  ASSERT_EQ(std::system(command.c_str()), 0);
+  int made = 0;
+  for (const auto& entry : fs::directory_iterator(samples)) {
+    if (entry.path().filename() == "README.md") continue;
+    EXPECT_TRUE(ReadFileText(entry.path()) == ReadFileText(FFolder.Path() / "samples" / entry.path().filename()))
+        << entry.path();
+    ++made;
+  }
+  EXPECT_EQ(made, std::distance(fs::directory_iterator(FFolder / "samples"), {}));
+}
+
 class ConvertFaultTest : public ProgramTest, public testing::WithParamInterface<std::tuple<const char*, TDiskFault>> {};
 
 /// Whatever call the disk fails at, and wherever the program dies: the target is the old or the new file, complete.
@@ -44,7 +67,7 @@ TEST_P(ConvertFaultTest, LeavesTheOldOrTheNewFile) {
   ASSERT_NE(oldBytes, newBytes);
 
   const int struck = ForEachDiskFault(
-      {CLI_PROGRAM, "convert", source, target}, folder, fault,
+      {CLI_PROGRAM, "convert", "--force", source, target}, folder, fault,
       [&] {
         fs::remove_all(folder);
         fs::create_directory(folder);
@@ -55,7 +78,7 @@ TEST_P(ConvertFaultTest, LeavesTheOldOrTheNewFile) {
         EXPECT_TRUE(bytes == newBytes || bytes == oldBytes);
         EXPECT_EQ(run.Killed, run.Fired && fault == TDiskFault::Kill);
         EXPECT_TRUE(run.Killed || run.ExitCode == (bytes == newBytes ? 0 : 2)) << run.ExitCode;
-        ASSERT_EQ(Run({"convert", source, target}), 0);
+        ASSERT_EQ(Run({"convert", "--force", source, target}), 0);
         EXPECT_EQ(ReadFileText(target), newBytes);
         EXPECT_EQ(std::distance(fs::directory_iterator(folder), {}), 1);
       });
@@ -94,7 +117,7 @@ TEST_P(HoldTest, ASecondProcessIsRefusedUntilTheFirstEnds) {
     EXPECT_EQ(::read(ready[0], &signal, 1), 1);
     EXPECT_EQ(InChild([&] { return OpenForEditing(file); }), sharing);
     EXPECT_EQ(RunProgram({"info", file}), 2);
-    EXPECT_EQ(RunProgram({"convert", Fixture("small.kvr7"), file}), 2);
+    EXPECT_EQ(RunProgram({"convert", "--force", Fixture("small.kvr7"), file}), 2);
     if (killed) ::kill(holder, SIGKILL);
     for (const int end : {ready[0], ready[1], leave[0], leave[1]}) ::close(end);
     ::waitpid(holder, nullptr, 0);

@@ -46,4 +46,24 @@ TEST_F(TTextsTest, EveryTextComesBackTranslated) {
   EXPECT_EQ(Err(), "*Die Datei \"" + (FFolder / "fehlt.kvrx") + "\" existiert nicht.\n");
   I18nManager().ClearStrings();
 }
+
+TEST_F(TTextsTest, ADictionaryIsCompletedAndKeepsTheRest) {
+  const auto file = FFolder / "texte.ini";
+  const auto before = "; von mir\r\n[Anderes]\na=\xff\n[dictionary]\n; Titel\nDEADBEEF=C:\\\\neu\nBEEF0000=\n" +
+                      fmt::format("{:x}=Oui", TVantrelI18nManager::GetStringHash("&Ja"));
+  const std::string after = "\r\n[Ende]\nb=2";
+  for (const auto& rest : {after, std::string()}) {
+    WriteFileText(file, before + rest);
+    EXPECT_EQ(Run({"texts", file}), 0);
+    const auto completed = ReadFileText(file);
+    EXPECT_TRUE(completed.starts_with(before + "\r\n") && completed.ends_with(rest));
+    EXPECT_EQ(Run({"texts", file}), 0);
+    EXPECT_EQ(ReadFileText(file), completed);
+    TVantrelI18nManager dictionary;
+    dictionary.LoadStrings(file);
+    EXPECT_EQ(dictionary.Translate("&Ja"), "Oui");
+    const auto key = TVantrelI18nManager::GetStringHash(CliTexts::NoDifference);
+    EXPECT_THAT(completed, testing::HasSubstr(fmt::format("\r\n{:08X}={}\r\n", key, CliTexts::NoDifference)));
+  }
+}
 }  // namespace
