@@ -2,22 +2,31 @@
 
 #include <QApplication>
 #include <QBoxLayout>
-#include <QHeaderView>
 #include <QLabel>
 #include <QScrollBar>
 #include <algorithm>
 #include <utility>
 
 #include "DesktopTexts.h"
+#include "FilterLine.h"
+#include "GridHeaders.h"
 #include "QtText.h"
 
 TDesktopGrid::TDesktopGrid(QWidget* parent)
-    : QWidget(parent), FModel(*this), FView(new TGridView(FModel, *this)), FInfo(new QLabel) {
+    : QWidget(parent),
+      FModel(*this),
+      FView(new TGridView(FModel, *this)),
+      FInfo(new QLabel),
+      FFilterLine(new TFilterLine([this] {
+        LiftFilter();
+        FView->setFocus();
+      })) {
   auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins(0, 0, 0, 0);
   layout->setSpacing(0);
   layout->addWidget(FView);
   layout->addWidget(FInfo);
+  layout->addWidget(FFilterLine);
   FInfo->setMargin(3);
   FInfo->setTextFormat(Qt::PlainText);
   FInfo->hide();
@@ -26,18 +35,13 @@ TDesktopGrid::TDesktopGrid(QWidget* parent)
   FView->OnRowsChange = [this] { Rebuild(); };
   FView->OnCurrent = [this](const QModelIndex& current) { Current(current); };
   FView->OnMenu = [this](const QPoint& place) { ShowMenu(place); };
-  auto* header = FView->horizontalHeader();
-  connect(header, &QHeaderView::sectionClicked, this, [this](int ordinal) {
-    ClickHeader(ordinal, (QApplication::keyboardModifiers() & Qt::ControlModifier) != 0);
-  });
-  connect(header, &QHeaderView::sectionResized, this, [this](int ordinal, int, int width) {
-    if (FApplying || width == 0 || FModel.Options().FillWidth) return;
-    FModel.Data().Column(ordinal).Width = FView->FromPixels(width);
-    FView->FitRows();
-  });
+  FView->OnLiftFilter = [this] { return LiftFilter(); };
+  auto* header = &FView->Header();
+  connect(header, &QHeaderView::sectionClicked, this,
+          [this](int ordinal) { ClickHeader(ordinal, (QApplication::keyboardModifiers() & Qt::ShiftModifier) != 0); });
   header->setContextMenuPolicy(Qt::CustomContextMenu);
   connect(header, &QHeaderView::customContextMenuRequested, this, [this, header](const QPoint& place) {
-    FocusColumn(header->logicalIndexAt(place));
+    FocusColumn(header->SectionAt(place.x()));
     ShowMenu(QPoint(place.x(), 0));
   });
 }
@@ -55,10 +59,11 @@ void TDesktopGrid::Release() {
   ClearColumns();
   // One of them may be running: they go with the widget.
   connect(this, &QObject::destroyed,
-          [focus = std::exchange(OnFocusChanged, nullptr), editing = std::exchange(OnEditing, nullptr),
-           edit = std::exchange(OnEditChanged, nullptr), key = std::exchange(OnKeyDown, nullptr),
-           click = std::exchange(OnDoubleClick, nullptr), header = std::exchange(OnHeaderClick, nullptr),
-           sort = std::exchange(OnSortChanged, nullptr), text = std::exchange(OnDisplayText, nullptr)] {});
+          [focus = std::exchange(OnFocusChanged, nullptr), rows = std::exchange(OnRowsChanged, nullptr),
+           editing = std::exchange(OnEditing, nullptr), edit = std::exchange(OnEditChanged, nullptr),
+           key = std::exchange(OnKeyDown, nullptr), click = std::exchange(OnDoubleClick, nullptr),
+           header = std::exchange(OnHeaderClick, nullptr), sort = std::exchange(OnSortChanged, nullptr),
+           text = std::exchange(OnDisplayText, nullptr)] {});
 }
 
 void TDesktopGrid::SetOptions(const TGridOptions& options) {
@@ -94,7 +99,10 @@ void TDesktopGrid::DataChanged() {
 }
 
 void TDesktopGrid::RecordMoved() {
-  if (FUpdates == 0 && !FRestoring) FocusRecord(FModel.Data().Table()->RecNo() - 1);
+  if (FUpdates > 0 || FRestoring) return;
+  const int row = FModel.RowNear(FModel.Data().Table()->RecNo() - 1);
+  if (row >= 0 && row != FView->currentIndex().row()) FView->GotoCell(row, FFocusedColumn);
+  SetFocused(FModel.RecordAt(FView->currentIndex().row()));
 }
 
 void TDesktopGrid::BeginUpdate() {
@@ -107,35 +115,30 @@ void TDesktopGrid::BeginUpdate() {
 void TDesktopGrid::EndUpdate() {
   if (--FUpdates > 0) return;
   FModel.Resume();
-  FApplying = true;
   FView->ApplyColumns();
   FView->FitRows();
-  FApplying = false;
-  const auto* table = FModel.Data().Table();
-  int wanted = FKeepsFocus ? FFocused : -1;
-  if (table != nullptr) wanted = table->RecNo() - 1;
-  const int row = FModel.RowOf(wanted);
-  // A record that has gone or is hidden hands the focus to the one in its place.
-  if (row >= 0 || wanted < 0)
-    RestoreFocus(row);
-  else
-    RestoreFocus(std::min(FOldRow, FModel.rowCount() - 1));
+  RestoreFocus();
   FKeepsFocus = true;
   FRestoring = false;
   ShowInfo();
   SetFocused(FModel.RecordAt(FView->currentIndex().row()));
+  if (OnRowsChanged) OnRowsChanged();
 }
 
-void TDesktopGrid::RestoreFocus(int row) {
-  if (row >= 0) FView->GotoCell(row, FFocusedColumn);
+void TDesktopGrid::RestoreFocus() {
+  const auto* table = FModel.Data().Table();
+  const int wanted = table != nullptr ? table->RecNo() - 1 : FKeepsFocus ? FFocused : -1;
+  if (wanted < 0) return;
+  const int row = FModel.RowNear(wanted);
+  // A record that has gone hands the focus to the one in its place.
+  FView->GotoCell(row >= 0 ? row : std::min(FOldRow, FModel.rowCount() - 1), FFocusedColumn);
 }
 
 void TDesktopGrid::SetFocused(int record) {
-  if (record == FFocused) return;
   const int previous = std::exchange(FFocused, record);
   auto* table = FModel.Data().Table();
   if (table != nullptr && record >= 0 && table->RecNo() != record + 1) table->SetRecNo(record + 1);
-  if (OnFocusChanged) OnFocusChanged(previous, record);
+  if (record != previous && OnFocusChanged) OnFocusChanged(previous, record);
 }
 
 void TDesktopGrid::Current(const QModelIndex& current) {
@@ -160,19 +163,15 @@ void TDesktopGrid::ClearColumns() {
 void TDesktopGrid::ShowColumn(int ordinal, bool visible) {
   FModel.Data().Column(ordinal).Visible = visible;
   if (FUpdates > 0) return;
-  FApplying = true;
   FView->ApplyColumns();
   FView->FitRows();
-  FApplying = false;
   if (FView->currentIndex().isValid()) FView->GotoCell(FView->currentIndex().row(), FFocusedColumn);
 }
 
 void TDesktopGrid::SetColumnWidth(int ordinal, int width) {
   FModel.Data().Column(ordinal).Width = width;
-  if (FUpdates > 0) return;
-  FApplying = true;
-  FView->ApplyColumns();
-  FApplying = false;
+  FModel.Data().Column(ordinal).TakesRest = false;
+  if (FUpdates == 0) FView->ApplyColumns();
 }
 
 void TDesktopGrid::SetColumnSort(int ordinal, TGridSortOrder order, int sortIndex) {
@@ -192,7 +191,8 @@ void TDesktopGrid::GroupColumn(int ordinal, int groupIndex) {
 void TDesktopGrid::ClickHeader(int ordinal, bool adds) {
   if (!FModel.Options().Sorting) return;
   const bool turns = FModel.Data().Column(ordinal).SortOrder == TGridSortOrder::Ascending;
-  SortBy(ordinal, turns ? TGridSortOrder::Descending : TGridSortOrder::Ascending, adds);
+  SortBy(ordinal, turns ? TGridSortOrder::Descending : TGridSortOrder::Ascending,
+         adds && !FModel.Options().SortedByView);
 }
 
 void TDesktopGrid::SortBy(int ordinal, TGridSortOrder order, bool adds) {
@@ -238,9 +238,7 @@ void TDesktopGrid::FocusColumn(int ordinal) {
 }
 
 void TDesktopGrid::GotoFirst() {
-  const auto rows = FModel.rowCount();
-  for (int row = 0; row < rows; ++row)
-    if (FModel.RecordAt(row) >= 0) return FView->GotoCell(row, FFocusedColumn);
+  FView->GotoCell(FView->NextRow(-1, 1), FFocusedColumn);
 }
 
 void TDesktopGrid::GotoPrev() {
@@ -252,15 +250,25 @@ void TDesktopGrid::GotoNext() {
 }
 
 void TDesktopGrid::GotoLast() {
-  for (int row = FModel.rowCount() - 1; row >= 0; --row)
-    if (FModel.RecordAt(row) >= 0) return FView->GotoCell(row, FFocusedColumn);
+  FView->GotoCell(FView->NextRow(FModel.rowCount(), -1), FFocusedColumn);
 }
 
 void TDesktopGrid::ShowInfo() {
-  QStringList parts;
-  if (!FView->SearchText().isEmpty()) parts << UserText(DesktopTexts::Search).arg(FView->SearchText());
-  if (FModel.FilterActive)
-    for (const auto& item : FModel.Filter) parts << item.DisplayText;
-  FInfo->setText(parts.join(", "));
-  FInfo->setVisible(!parts.isEmpty());
+  const QString search = FView->SearchText();
+  FInfo->setText(search.isEmpty() ? search : UserText(DesktopTexts::Search).arg(search));
+  FInfo->setVisible(!search.isEmpty());
+  QString filter;
+  if (IsFiltered()) {
+    QStringList items;
+    for (const auto& item : FModel.Filter) items << item.DisplayText;
+    const auto rows = FModel.AllRows();
+    const auto shown = std::ranges::count_if(rows, [](const auto& row) { return row.Record >= 0; });
+    filter = UserText(DesktopTexts::FilterLine)
+                 .arg(items.join(", "), QString::number(shown), QString::number(RecordCount()));
+  }
+  FFilterLine->Tell(filter);
+}
+
+QWidget& TDesktopGrid::FilterLine() {
+  return *FFilterLine;
 }

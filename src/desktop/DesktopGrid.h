@@ -6,10 +6,10 @@
 #include "GridView.h"
 #include "VantrelMemTable.h"
 
-class QJsonObject;
 class QLabel;
+class TFilterLine;
 
-/// The grid of the port as a widget: the view, and below it a line that tells search and filter.
+/// The grid of the port as a widget: the view, and below it a line that tells the search and one that tells the filter.
 class TDesktopGrid : public QWidget, public TVantrelGrid, private TVantrelTableListener {
  public:
   explicit TDesktopGrid(QWidget* parent = nullptr);
@@ -17,6 +17,8 @@ class TDesktopGrid : public QWidget, public TVantrelGrid, private TVantrelTableL
 
   TGridView& View() { return *FView; }
   const TGridOptions& Options() const { return FModel.Options(); }
+  /// The line that tells the filter, for those who give it another place.
+  QWidget& FilterLine();
 
   void SetOptions(const TGridOptions& options) override;
   void SetName(const std::string& name) override;
@@ -51,6 +53,8 @@ class TDesktopGrid : public QWidget, public TVantrelGrid, private TVantrelTableL
   void GotoPrev() override;
   void GotoNext() override;
   void GotoLast() override;
+  bool CanGotoPrev() const override { return FView->NextRow(FView->currentIndex().row(), -1) >= 0; }
+  bool CanGotoNext() const override { return FView->NextRow(FView->currentIndex().row(), 1) >= 0; }
 
   void PostEdit() override { FView->PostEditor(); }
   bool IsEditing() const override { return FView->IsEditing(); }
@@ -58,7 +62,6 @@ class TDesktopGrid : public QWidget, public TVantrelGrid, private TVantrelTableL
   void ClearFilter() override;
   void AddFilter(int ordinal, const TVariant& value, const std::string& displayText) override;
   void SetFilterActive(bool active) override;
-  std::string FilterText() const override;
 
   int SelectedCount() const override;
   int SelectedRecord(int index) const override;
@@ -78,7 +81,8 @@ class TDesktopGrid : public QWidget, public TVantrelGrid, private TVantrelTableL
 
   /// Lets go of rows, columns and handlers for good: what they belong to ends before the widget does.
   void Release();
-  /// A click on the header of a column: turns its sort order, beside the sorted columns if `adds`, else alone.
+  /// A click on the header of a column: turns its sort order, beside the sorted columns if `adds` and the grid sorts
+  /// itself, else alone.
   void ClickHeader(int ordinal, bool adds);
   /// Sorts by a column alone; None takes it out of the sort.
   void SortBy(int ordinal, TGridSortOrder order, bool adds);
@@ -88,26 +92,27 @@ class TDesktopGrid : public QWidget, public TVantrelGrid, private TVantrelTableL
  private:
   void RecordMoved() override;
   void Rebuild() { BeginUpdate(), EndUpdate(); }
-  void RestoreFocus(int row);
+  void RestoreFocus();
   void SetFocused(int record);
   void Current(const QModelIndex& current);
   void ShowInfo();
+  bool IsFiltered() const { return FModel.FilterActive && !FModel.Filter.empty(); }
+  /// False where there is no filter.
+  bool LiftFilter();
   void AddSortActions(QMenu& menu, int ordinal);
   void AddFilterActions(QMenu& menu, int ordinal);
   void AddColumnActions(QMenu& menu, int ordinal);
   std::vector<int> SelectedRecords() const;
-  QJsonObject StoredFilter() const;
-  void RestoreFilter(const QJsonObject& stored);
   int OrdinalOf(const QString& id) const;
 
   TGridModel FModel;
   TGridView* FView;
   QLabel* FInfo;
+  TFilterLine* FFilterLine;
   int FUpdates = 0;
   int FOldRow = -1;
   int FFocused = -1;
   int FFocusedColumn = -1;
   bool FKeepsFocus = true;
   bool FRestoring = false;
-  bool FApplying = false;
 };

@@ -176,7 +176,7 @@ void TDesktopMainWindow::GotoRegion(int step) {
   std::vector<QWidget*> regions;
   if (FRibbon != nullptr) regions.push_back(&FRibbon->Tabs());
   for (auto* grid : FHost->findChildren<QAbstractItemView*>())
-    if (grid->isVisible() && grid->focusPolicy() != Qt::NoFocus) regions.push_back(grid);
+    if (grid->isVisible() && grid->isEnabled() && grid->focusPolicy() != Qt::NoFocus) regions.push_back(grid);
   const auto place = [this](const QWidget* widget) {
     const QPoint corner = widget->mapTo(this, QPoint(0, 0));
     return std::pair(corner.x(), corner.y());

@@ -121,7 +121,11 @@ QWidget* TDesktopStudentsView::MakeStudentsPanel() {
   label->setBuddy(FStudents);
   layout->addWidget(label);
   layout->addWidget(FStudents, 1);
-  layout->addWidget(FStudentsCount);
+  auto* status = new QHBoxLayout;
+  layout->addLayout(status);
+  status->addWidget(FStudentsCount);
+  status->addWidget(&FStudents->FilterLine(), 1);
+  status->addStretch();
   return panel;
 }
 
@@ -141,6 +145,7 @@ QWidget* TDesktopStudentsView::MakeAchievementSheet() {
   QObject::connect(fit, &QToolButton::clicked, &FPanel.Receiver(), [this] { Tell(OnFit); });
   status->addWidget(fit);
   status->addWidget(FAchievementsCount);
+  status->addWidget(&FAchievements->FilterLine(), 1);
   status->addStretch();
   return sheet;
 }
@@ -168,6 +173,10 @@ TStudentsPage TDesktopStudentsView::ActivePage() const {
 void TDesktopStudentsView::SetActivePage(TStudentsPage page) {
   const QSignalBlocker silent(FPages);
   FPages->setCurrentIndex(static_cast<int>(page));
+}
+
+void TDesktopStudentsView::SetPagesEnabled(bool enabled) {
+  FPages->setEnabled(enabled);
 }
 
 void TDesktopStudentsView::SetPageVisible(TStudentsPage page, bool visible) {

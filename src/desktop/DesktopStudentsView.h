@@ -22,6 +22,7 @@ class TDesktopStudentsView final : public TStudentsViewUi {
   TStudentsPage ActivePage() const override;
   void SetActivePage(TStudentsPage page) override;
   void SetPageVisible(TStudentsPage page, bool visible) override;
+  void SetPagesEnabled(bool enabled) override;
 
  private:
   QWidget* MakeStudentsPanel();

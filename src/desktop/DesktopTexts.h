@@ -15,6 +15,7 @@ inline constexpr const char* Ungroup = "Gruppierung aufheben";
 inline constexpr const char* FilterByCell = "Nach „%1“ filtern";
 inline constexpr const char* FilterOff = "Filter aufheben";
 inline constexpr const char* FilterItem = "%1: %2";
+inline constexpr const char* FilterLine = "Filter: %1, %2 von %3";
 inline constexpr const char* HideColumn = "Spalte ausblenden";
 inline constexpr const char* ChooseColumns = "Spalten auswählen...";
 inline constexpr const char* ColumnChooser = "Spalten auswählen";

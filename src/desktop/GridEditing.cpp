@@ -79,7 +79,7 @@ void TGridView::Revert(QWidget* editor) {
 
 bool TGridView::Leave(TGridKey key, bool backwards) {
   const auto& options = FModel.Options();
-  if (key == TGridKey::Tab) return options.TabMovesCells && MoveCell(backwards ? -1 : 1);
+  if (key == TGridKey::Tab) return options.TabMovesCells && MoveCell(backwards ? -1 : 1, true);
   return options.EnterMovesToNextCell && MoveCell(1);
 }
 
@@ -142,6 +142,7 @@ void TGridView::keyPressEvent(QKeyEvent* event) {
 bool TGridView::TakeKey(QKeyEvent* event) {
   const TGridKey key = KeyOf(*event);
   const QModelIndex current = currentIndex();
+  if (key == TGridKey::Escape && FModel.Options().ReadOnly && OnLiftFilter && OnLiftFilter()) return true;
   if (!current.isValid()) return key == TGridKey::Other && event->key() == Qt::Key_Down && MoveRow(1);
   if (FEvents.OnKeyDown && !FModel.IsGroup(current)) {
     const auto action = FEvents.OnKeyDown(current.column(), key);

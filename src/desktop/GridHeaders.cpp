@@ -1,5 +1,7 @@
 #include "GridHeaders.h"
 
+#include <QHelpEvent>
+#include <QMouseEvent>
 #include <QPainter>
 #include <QStyleOptionHeader>
 #include <QTableView>
@@ -69,6 +71,52 @@ void TGridHeader::initStyleOptionForIndex(QStyleOptionHeader* option, int sectio
   option->sortIndicator = order == TGridSortOrder::Ascending    ? QStyleOptionHeader::SortDown
                           : order == TGridSortOrder::Descending ? QStyleOptionHeader::SortUp
                                                                 : QStyleOptionHeader::None;
+}
+
+int TGridHeader::FrozenWidth() const {
+  if (offset() == 0) return 0;
+  int width = 0;
+  for (int visual = 0; visual < count(); ++visual) {
+    const int section = logicalIndex(visual);
+    if (section >= FModel.Data().ColumnCount() || !FModel.Data().Column(section).Frozen) break;
+    width += sectionSize(section);
+  }
+  return width > viewport()->width() / 2 ? 0 : width;
+}
+
+bool TGridHeader::IsFrozen(int section) const {
+  const int place = sectionPosition(section);
+  return place >= 0 && place < FrozenWidth();
+}
+
+// Qt finds the section under the mouse by its place in the row of columns.
+bool TGridHeader::viewportEvent(QEvent* event) {
+  if (event->type() == QEvent::ToolTip) {
+    const auto* help = static_cast<QHelpEvent*>(event);
+    QHelpEvent shifted(event->type(), help->pos() - QPoint(ShiftAt(help->pos().x()), 0), help->globalPos());
+    return QHeaderView::viewportEvent(&shifted);
+  }
+  const bool isMouse = event->type() == QEvent::MouseButtonPress || event->type() == QEvent::MouseMove ||
+                       event->type() == QEvent::MouseButtonRelease || event->type() == QEvent::MouseButtonDblClick;
+  if (!isMouse) return QHeaderView::viewportEvent(event);
+  const auto* mouse = static_cast<QMouseEvent*>(event);
+  const bool isHeld = event->type() == QEvent::MouseButtonRelease ||
+                      (event->type() == QEvent::MouseMove && mouse->buttons() != Qt::NoButton);
+  if (!isHeld) FPressedShift = ShiftAt(mouse->position().toPoint().x());
+  QMouseEvent shifted(event->type(), mouse->position() - QPointF(FPressedShift, 0), mouse->globalPosition(),
+                      mouse->button(), mouse->buttons(), mouse->modifiers());
+  return QHeaderView::viewportEvent(&shifted);
+}
+
+void TGridHeader::paintEvent(QPaintEvent* event) {
+  QHeaderView::paintEvent(event);
+  QPainter painter(viewport());
+  for (int section = 0; section < count(); ++section) {
+    if (!IsFrozen(section) || isSectionHidden(section)) continue;
+    painter.save();
+    paintSection(&painter, QRect(sectionPosition(section), 0, sectionSize(section), height()), section);
+    painter.restore();
+  }
 }
 
 TGridIndicator::TGridIndicator(QWidget* parent) : QHeaderView(Qt::Vertical, parent) {

@@ -12,7 +12,7 @@ void TDesktopGrid::AddSortActions(QMenu& menu, int ordinal) {
   };
   add(DesktopTexts::SortAscending, TGridSortOrder::Ascending);
   add(DesktopTexts::SortDescending, TGridSortOrder::Descending);
-  add(DesktopTexts::SortOff, TGridSortOrder::None);
+  if (!FModel.Options().SortedByView) add(DesktopTexts::SortOff, TGridSortOrder::None);
   menu.addSeparator();
 }
 
@@ -29,13 +29,7 @@ void TDesktopGrid::AddFilterActions(QMenu& menu, int ordinal) {
           EndUpdate();
         });
   }
-  auto* off = menu.addAction(UserText(DesktopTexts::FilterOff), this, [this] {
-    BeginUpdate();
-    ClearFilter();
-    SetFilterActive(false);
-    EndUpdate();
-  });
-  off->setEnabled(FModel.FilterActive && !FModel.Filter.empty());
+  menu.addAction(UserText(DesktopTexts::FilterOff), this, [this] { LiftFilter(); })->setEnabled(IsFiltered());
   menu.addSeparator();
 }
 

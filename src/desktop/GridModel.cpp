@@ -44,6 +44,22 @@ int TGridModel::RowOf(int record) const {
   return at == FRows.end() ? -1 : static_cast<int>(at - FRows.begin());
 }
 
+int TGridModel::RowNear(int record) const {
+  if (const int row = RowOf(record); row >= 0 || FRows.empty()) return row;
+  const auto all = BuildGridRows(FData, FOptions, {}, {});
+  const auto at = std::ranges::find(all, record, &TGridRow::Record);
+  if (record < 0 || at == all.end()) return -1;
+  const auto place = at - all.begin();
+  const auto size = std::ssize(all);
+  for (std::ptrdiff_t distance = 1; distance < size; ++distance) {
+    for (const auto near : {place + distance, place - distance}) {
+      if (near < 0 || near >= size) continue;
+      if (const int row = RowOf(all[static_cast<std::size_t>(near)].Record); row >= 0) return row;
+    }
+  }
+  return -1;
+}
+
 void TGridModel::SetClosed(int row, bool closed) {
   const QString key = Row(row).Key;
   if (closed)

@@ -24,6 +24,9 @@ class TGridModel : public QAbstractTableModel {
   int RecordAt(int row) const;
   /// -1 where the record is not shown.
   int RowOf(int record) const;
+  /// The row of the record, or of the shown record that is nearest to it in the order of all; the one below before the
+  /// one above. -1 where none is shown or the record does not exist.
+  int RowNear(int record) const;
   bool IsGroup(const QModelIndex& index) const { return index.isValid() && RecordAt(index.row()) < 0; }
   bool IsClosed(int row) const { return FClosed.contains(Row(row).Key); }
   void SetClosed(int row, bool closed);

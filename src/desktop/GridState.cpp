@@ -8,24 +8,6 @@
 #include "DesktopGrid.h"
 #include "QtText.h"
 
-namespace {
-
-/// A value of a filter as it is stored: empty, a number, a text, or a date in days.
-QJsonValue ToJson(const TVariant& value) {
-  if (value.IsEmpty()) return {};
-  if (value.Kind() == TVariantKind::Text) return FromUtf8(value.AsText());
-  if (value.Kind() == TVariantKind::DateTime) return QJsonObject{{"days", value.AsFloat()}};
-  return value.AsFloat();
-}
-
-TVariant FromJson(const QJsonValue& stored) {
-  if (stored.isString()) return ToUtf8(stored.toString());
-  if (stored.isObject()) return TVariant::DateTime(stored["days"].toDouble());
-  return stored.isDouble() ? TVariant(stored.toDouble()) : TVariant::Null();
-}
-
-}  // namespace
-
 void TDesktopGrid::ClearFilter() {
   BeginUpdate();
   FModel.Filter.clear();
@@ -44,32 +26,18 @@ void TDesktopGrid::SetFilterActive(bool active) {
   EndUpdate();
 }
 
-QJsonObject TDesktopGrid::StoredFilter() const {
-  QJsonArray items;
-  for (const auto& item : FModel.Filter)
-    items.append(QJsonObject{{"id", FromUtf8(FModel.Data().Column(item.Ordinal).Id)},
-                             {"value", ToJson(item.Value)},
-                             {"text", item.DisplayText}});
-  return {{"active", FModel.FilterActive}, {"items", items}};
-}
-
-void TDesktopGrid::RestoreFilter(const QJsonObject& stored) {
-  FModel.Filter.clear();
-  for (const auto& entry : stored["items"].toArray()) {
-    const QJsonObject item = entry.toObject();
-    const int ordinal = OrdinalOf(item["id"].toString());
-    if (ordinal >= 0) FModel.Filter.push_back({ordinal, FromJson(item["value"]), item["text"].toString()});
-  }
-  FModel.FilterActive = stored["active"].toBool();
+bool TDesktopGrid::LiftFilter() {
+  if (!IsFiltered()) return false;
+  BeginUpdate();
+  ClearFilter();
+  SetFilterActive(false);
+  EndUpdate();
+  return true;
 }
 
 int TDesktopGrid::OrdinalOf(const QString& id) const {
   const auto found = std::ranges::find(Columns(), ToUtf8(id), &TGridColumn::Id);
   return found == Columns().end() ? -1 : static_cast<int>(found - Columns().begin());
-}
-
-std::string TDesktopGrid::FilterText() const {
-  return QJsonDocument(StoredFilter()).toJson(QJsonDocument::Compact).toStdString();
 }
 
 std::vector<int> TDesktopGrid::SelectedRecords() const {
@@ -169,9 +137,7 @@ std::string TDesktopGrid::Layout() const {
                                {"sortIndex", column.SortIndex},
                                {"group", column.GroupIndex}});
   }
-  return QJsonDocument(QJsonObject{{"columns", columns}, {"filter", StoredFilter()}})
-      .toJson(QJsonDocument::Compact)
-      .toStdString();
+  return QJsonDocument(QJsonObject{{"columns", columns}}).toJson(QJsonDocument::Compact).toStdString();
 }
 
 void TDesktopGrid::RestoreLayout(std::string_view layout) {
@@ -186,12 +152,14 @@ void TDesktopGrid::RestoreLayout(std::string_view layout) {
     auto* column = &FModel.Data().Column(ordinal);
     column->Width = std::clamp(stored["width"].toInt(column->Width), 1, 10000);
     column->Visible = stored["visible"].toBool(column->Visible);
-    column->SortOrder = static_cast<TGridSortOrder>(std::clamp(stored["sort"].toInt(0), 0, 2));
-    column->SortIndex = column->SortOrder == TGridSortOrder::None ? -1 : std::max(stored["sortIndex"].toInt(0), 0);
+    const int sortIndex = std::max(stored["sortIndex"].toInt(0), 0);
+    const bool sorts = sortIndex == 0 || !FModel.Options().SortedByView;
+    const auto order = static_cast<TGridSortOrder>(std::clamp(stored["sort"].toInt(0), 0, 2));
+    column->SortOrder = sorts ? order : TGridSortOrder::None;
+    column->SortIndex = column->SortOrder == TGridSortOrder::None ? -1 : sortIndex;
     column->GroupIndex = std::max(stored["group"].toInt(-1), -1);
     places.emplace_back(stored["place"].toInt(), ordinal);
   }
-  if (document.contains("filter")) RestoreFilter(document["filter"].toObject());
   EndUpdate();
   std::sort(places.begin(), places.end());
   auto* header = FView->horizontalHeader();

@@ -24,6 +24,8 @@ TGridView::TGridView(TGridModel& model, const TVantrelGrid& events)
   setHorizontalScrollMode(ScrollPerPixel);
   setEditTriggers(DoubleClicked | EditKeyPressed | AnyKeyPressed);
   setWordWrap(false);
+  connect(horizontalHeader(), &QHeaderView::sectionResized, this,
+          [this](int ordinal, int, int width) { ColumnResized(ordinal, width); });
   ApplyOptions();
 }
 
@@ -31,21 +33,53 @@ void TGridView::ApplyOptions() {
   const auto& options = FModel.Options();
   verticalHeader()->setVisible(options.RowIndicator);
   horizontalHeader()->setSectionsMovable(options.MovingColumns);
-  horizontalHeader()->setStretchLastSection(options.FillWidth);
   setSelectionBehavior(SelectRows);
   setSelectionMode(!options.ReadOnly ? NoSelection : options.MultiSelect ? ExtendedSelection : SingleSelection);
   setTabKeyNavigation(false);
 }
 
+TGridHeader& TGridView::Header() const {
+  return *static_cast<TGridHeader*>(horizontalHeader());
+}
+
 void TGridView::ApplyColumns() {
-  auto* header = horizontalHeader();
+  auto& header = Header();
+  FApplying = true;
   for (int ordinal = 0; ordinal < FModel.columnCount(); ++ordinal) {
     const auto& column = FModel.Data().Column(ordinal);
-    header->resizeSection(ordinal, std::max(ToPixels(column.Width), header->minimumSectionSize()));
-    header->setSectionHidden(ordinal, !column.Visible);
+    if (!column.TakesRest || !column.Visible)
+      header.resizeSection(ordinal, std::max(ToPixels(column.Width), header.minimumSectionSize()));
+    header.setSectionHidden(ordinal, !column.Visible);
   }
-  static_cast<TGridHeader*>(header)->FitHeight();
+  FApplying = false;
+  FillRest();
+  header.FitHeight();
   updateGeometries();
+}
+
+bool TGridView::FillRest() {
+  auto& header = Header();
+  bool changed = false;
+  FApplying = true;
+  for (int ordinal = 0; ordinal < FModel.columnCount(); ++ordinal) {
+    const auto& column = FModel.Data().Column(ordinal);
+    if (!column.TakesRest || !column.Visible) continue;
+    const int before = header.sectionSize(ordinal);
+    const int rest = viewport()->width() - (header.length() - before);
+    header.resizeSection(ordinal, std::max(ToPixels(column.Width), rest));
+    changed = changed || header.sectionSize(ordinal) != before;
+  }
+  FApplying = false;
+  return changed;
+}
+
+void TGridView::ColumnResized(int ordinal, int width) {
+  if (FApplying || width == 0) return;
+  auto& column = FModel.Data().Column(ordinal);
+  column.Width = FromPixels(width);
+  column.TakesRest = false;
+  FillRest();
+  FitRows();
 }
 
 double TGridView::Scale() const {
@@ -115,30 +149,36 @@ void TGridView::GotoCell(int row, int column) {
   if (target.isValid()) setCurrentIndex(target);
 }
 
-bool TGridView::MoveRow(int step) {
-  const int column = currentIndex().column();
-  for (int row = currentIndex().row() + step; row >= 0 && row < FModel.rowCount(); row += step) {
-    if (FModel.RecordAt(row) < 0) continue;
-    GotoCell(row, column);
-    return true;
-  }
-  return false;
+int TGridView::NextRow(int from, int step) const {
+  for (int row = from + step; row >= 0 && row < FModel.rowCount(); row += step)
+    if (FModel.RecordAt(row) >= 0) return row;
+  return -1;
 }
 
-bool TGridView::MoveCell(int step) {
+bool TGridView::MoveRow(int step) {
+  const int row = NextRow(currentIndex().row(), step);
+  if (row >= 0) GotoCell(row, currentIndex().column());
+  return row >= 0;
+}
+
+bool TGridView::MoveCell(int step, bool toEditable) {
   const auto* header = horizontalHeader();
-  const auto nextVisible = [&](int visual) {
-    while (visual >= 0 && visual < header->count() && header->isSectionHidden(header->logicalIndex(visual)))
-      visual += step;
-    return visual;
+  const auto fits = [&](int row, int column) {
+    if (header->isSectionHidden(column)) return false;
+    return !toEditable || (FModel.RecordAt(row) >= 0 && MayEdit(column));
   };
-  int visual = nextVisible(header->visualIndex(currentIndex().column()) + step);
-  if (visual < 0 || visual >= header->count()) {
-    if (!FModel.Options().WrapAtRowEnd || !MoveRow(step)) return false;
-    visual = nextVisible(step > 0 ? 0 : header->count() - 1);
+  int visual = header->visualIndex(currentIndex().column());
+  for (int row = currentIndex().row(); row >= 0; row = NextRow(row, step)) {
+    for (visual += step; visual >= 0 && visual < header->count(); visual += step) {
+      const int column = header->logicalIndex(visual);
+      if (!fits(row, column)) continue;
+      setCurrentIndex(FModel.index(row, column));
+      return true;
+    }
+    if (!FModel.Options().WrapAtRowEnd) return false;
+    visual = step > 0 ? -1 : header->count();
   }
-  setCurrentIndex(FModel.index(currentIndex().row(), header->logicalIndex(visual)));
-  return true;
+  return false;
 }
 
 bool TGridView::IsKeyboardIn() const {
@@ -207,7 +247,9 @@ void TGridView::changeEvent(QEvent* event) {
 
 void TGridView::resizeEvent(QResizeEvent* event) {
   QTableView::resizeEvent(event);
-  if (event->size().width() == event->oldSize().width() || IsEditing()) return;
+  if (event->size().width() == event->oldSize().width()) return;
+  if (FillRest()) FitRows();
+  if (IsEditing()) return;
   // The leading columns say what a row is: no further to the right than the focused cell needs.
   horizontalScrollBar()->setValue(0);
   if (currentIndex().isValid()) scrollTo(currentIndex());
@@ -217,6 +259,7 @@ void TGridView::paintEvent(QPaintEvent* event) {
   // The veto is asked once a column while painting.
   FTints.assign(static_cast<std::size_t>(FModel.columnCount()), std::nullopt);
   QTableView::paintEvent(event);
+  PaintFrozen();
   FTints.clear();
   PaintGroups();
 }

@@ -9,6 +9,7 @@
 #include "GridModel.h"
 
 class TGridDelegate;
+class TGridHeader;
 
 /// The table view of a grid: keys, editing and what lies over the cells.
 class TGridView : public QTableView {
@@ -16,6 +17,7 @@ class TGridView : public QTableView {
   TGridView(TGridModel& model, const TVantrelGrid& events);
 
   TGridModel& Model() { return FModel; }
+  TGridHeader& Header() const;
   void ApplyOptions();
   /// Gives widths, visibility and header the state of the columns.
   void ApplyColumns();
@@ -28,10 +30,13 @@ class TGridView : public QTableView {
   /// Shows or hides the contents of the group in this row.
   void SetGroupClosed(int row, bool closed);
 
-  /// Moves along the visible columns, on to the next row where the options say so. False where there is no further.
-  bool MoveCell(int step);
+  /// Moves along the visible columns, on to the next row where the options say so; past what cannot be edited if
+  /// `toEditable`. False where there is no further.
+  bool MoveCell(int step, bool toEditable = false);
   /// Moves along the rows, past group headings. False where there is no further.
   bool MoveRow(int step);
+  /// The next row with a record, -1 if there is none.
+  int NextRow(int from, int step) const;
   void GotoCell(int row, int column);
   /// The next visible column from this one on, the first of all for -1.
   int VisibleColumn(int from) const;
@@ -47,12 +52,18 @@ class TGridView : public QTableView {
   std::function<void()> OnRowsChange;  ///< the rows must be built anew
   std::function<void(const QModelIndex& current)> OnCurrent;
   std::function<void(const QPoint& place)> OnMenu;
+  std::function<bool()> OnLiftFilter;  ///< false where there is no filter
 
   // For the delegate.
   void EditorChanged(QWidget* editor);
   bool IsNewEditor(const QWidget* editor) const { return editor != FEditor; }
   bool EditorKey(QWidget* editor, QKeyEvent* event);
   void Post(const QModelIndex& index, const TVariant& value);
+
+  // Frozen columns stand still while the others scroll.
+  QRect visualRect(const QModelIndex& index) const override;
+  QModelIndex indexAt(const QPoint& place) const override;
+  void scrollTo(const QModelIndex& index, ScrollHint hint = EnsureVisible) override;
 
  protected:
   bool edit(const QModelIndex& index, EditTrigger trigger, QEvent* event) override;
@@ -68,10 +79,14 @@ class TGridView : public QTableView {
   void dataChanged(const QModelIndex& first, const QModelIndex& last, const QList<int>& roles) override;
   void changeEvent(QEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
+  void scrollContentsBy(int dx, int dy) override;
 
  private:
   double Scale() const;
   void FitRow(int row);
+  /// True where that changed a width.
+  bool FillRest();
+  void ColumnResized(int ordinal, int width);
   bool MayEdit(int ordinal) const;
   bool TakeKey(QKeyEvent* event);
   bool TakeGroupKey(QKeyEvent* event);
@@ -80,6 +95,7 @@ class TGridView : public QTableView {
   bool Leave(TGridKey key, bool backwards);
   void Revert(QWidget* editor);
   void PaintGroups();
+  void PaintFrozen();
 
   TGridModel& FModel;
   const TVantrelGrid& FEvents;
@@ -90,6 +106,7 @@ class TGridView : public QTableView {
   bool FTouched = false;
   bool FPosted = false;
   bool FClickedCurrent = false;
+  bool FApplying = false;  ///< widths change by the program, not by the user
   QString FSearch;
   mutable std::vector<std::optional<bool>> FTints;
 };

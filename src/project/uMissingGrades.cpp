@@ -12,8 +12,10 @@ int CountNulls(const TMyTessaronProject& project, std::initializer_list<TGradeFi
   for (const auto& [fieldname, grade] : fields) {
     if (!project.Options().Columns().IsVisible(fieldname)) continue;
     if (count < 0) count = 0;
-    for (int i = 0; i < project.Courses().Count(); ++i)
-      if ((project.Courses().GetItem(i)->*grade).IsNull()) ++count;
+    for (int i = 0; i < project.Courses().Count(); ++i) {
+      const auto& course = *project.Courses().GetItem(i);
+      if (course.Student != nullptr && (course.*grade).IsNull()) ++count;
+    }
   }
   return count;
 }

@@ -12,5 +12,6 @@ struct TMissingGrades {
   bool IsNothingMissing() const { return Noten1To5Count < 1 && Endnote1Count < 1 && Endnote2Count < 1; }
 };
 
-/// Counts the null grades of all courses in the visible columns among Note1 to Note5, Endnote1 and Endnote2.
+/// Counts the null grades of all courses that have a student, in the visible columns among Note1 to Note5, Endnote1 and
+/// Endnote2.
 TMissingGrades CountMissingGrades(const TMyTessaronProject& project);

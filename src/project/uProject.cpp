@@ -131,17 +131,19 @@ void TMyTessaronProject::SetModified(bool isModified) {
 template <class TPredicate>
 TVantrelPtr<TCourses> TMyTessaronProject::CoursesWhere(TPredicate predicate) const {
   auto found = CreateVantrel<TCourses>(false);
-  for (int i = 0; i < FCourses->Count(); ++i)
-    if (predicate(*FCourses->GetItem(i))) found->Add(FCourses->GetItem(i));
+  for (int i = 0; i < FCourses->Count(); ++i) {
+    auto* course = FCourses->GetItem(i);
+    if (course->Student != nullptr && predicate(*course)) found->Add(course);
+  }
   return found;
 }
 
 TVantrelPtr<TCourses> TMyTessaronProject::CoursesByClass(const TVariant& classId) const {
-  return CoursesWhere([&](const TCourse& course) { return course.RequireStudent().ClassId.Value == classId; });
+  return CoursesWhere([&](const TCourse& course) { return course.Student->ClassId.Value == classId; });
 }
 
 TVantrelPtr<TCourses> TMyTessaronProject::CoursesByStudent(const TVariant& studentId) const {
-  return CoursesWhere([&](const TCourse& course) { return course.RequireStudent().TessaronId.Value == studentId; });
+  return CoursesWhere([&](const TCourse& course) { return course.Student->TessaronId.Value == studentId; });
 }
 
 TVantrelPtr<TCourses> TMyTessaronProject::CoursesBySubject(const TVariant& subjectId) const {

@@ -121,7 +121,7 @@ class TMyTessaronProject final : public TVantrelDataStorage {
   void SetModified(bool isModified);
 
   void AddCourse(TVantrelPtr<TCourse> course) { FCourses->AddCourse(std::move(course)); }
-  /// New lists that do not own their courses, in the order of Courses.
+  /// New lists that do not own their courses, in the order of Courses. A course without a student is in none.
   TVantrelPtr<TCourses> CoursesByClass(const TVariant& classId) const;
   TVantrelPtr<TCourses> CoursesByStudent(const TVariant& studentId) const;
   TVantrelPtr<TCourses> CoursesBySubject(const TVariant& subjectId) const;

@@ -50,8 +50,10 @@ struct TGridColumn {
   double Maximum = 2147483647;
   int Decimals = 0;  ///< places of a Float column
   TGridSortOrder SortOrder = TGridSortOrder::None;
-  int SortIndex = -1;   ///< place among the sorted columns
-  int GroupIndex = -1;  ///< place among the grouped columns
+  int SortIndex = -1;      ///< place among the sorted columns
+  int GroupIndex = -1;     ///< place among the grouped columns
+  bool Frozen = false;     ///< of the leading columns: stays in sight while the others scroll sideways
+  bool TakesRest = false;  ///< takes the room that the others leave, until it is given a width
 };
 
 /// What a grid lets the user do. The defaults are those of a read-only list.
@@ -65,9 +67,9 @@ struct TGridOptions {
   bool RowIndicator = false;
   bool RowsFollowContent = false;
   bool HeaderFollowsContent = false;
-  bool FillWidth = false;  ///< the last visible column takes the room that is left
   bool Sorting = true;
-  bool SortedByView = false;  ///< rows stay in the order of the data: the view sorts them when the sort has changed
+  /// The rows stay in the order of the data: the view sorts them, by one column, when the sort has changed.
+  bool SortedByView = false;
   bool CaseSensitive = false;
   bool Grouping = false;
   bool Filtering = false;
@@ -102,6 +104,8 @@ class TVantrelGrid {
 
   /// Events. The grid calls what is set, on the one thread, to its end.
   std::function<void(int previousRecord, int record)> OnFocusChanged;
+  /// Others are shown, or they stand in another order. Told after the focus has found its place among them.
+  std::function<void()> OnRowsChanged;
   /// The veto: asked before an editor opens and when a cell is tinted, so it must answer without side effects.
   std::function<bool(int ordinal)> OnEditing;
   std::function<void(int ordinal)> OnEditChanged;
@@ -120,7 +124,8 @@ class TVantrelGrid {
   virtual void SetFocus() = 0;
 
   /// Binds the rows; the grid owns neither. Binding the one unbinds the other, none unbinds. No record is focused after
-  /// the binding of a source; with a table the focus is that table's current record, both ways.
+  /// the binding of a source. With a table the focused record is its current one. What is shown leads: a table that
+  /// moves to a record that is not shown goes on to the nearest that is; only where none is shown it stays.
   virtual void BindSource(TVantrelGridSource* source) = 0;
   virtual void BindTable(TVantrelMemTable* table) = 0;
   /// The content of the source is another: shows it anew.
@@ -135,6 +140,7 @@ class TVantrelGrid {
   /// The columns by ordinal, with the width, visibility, sort and group of this moment.
   virtual const std::vector<TGridColumn>& Columns() const = 0;
   virtual void ShowColumn(int ordinal, bool visible) = 0;
+  /// Like the user, who can give a width as well: the column does not take the rest any more.
   virtual void SetColumnWidth(int ordinal, int width) = 0;
   virtual void SetColumnSort(int ordinal, TGridSortOrder order, int sortIndex) = 0;
   virtual void GroupColumn(int ordinal, int groupIndex) = 0;
@@ -148,7 +154,7 @@ class TVantrelGrid {
   /// The ordinals of the visible columns from left to right.
   virtual std::vector<int> ShownColumns() const = 0;
 
-  /// -1 where no record has the focus.
+  /// -1 where no record has the focus. If the focused record is not shown any more, the nearest shown one has it.
   virtual int FocusedRecord() const = 0;
   virtual int FocusedColumn() const = 0;
   virtual void FocusRecord(int record) = 0;
@@ -158,18 +164,19 @@ class TVantrelGrid {
   virtual void GotoPrev() = 0;
   virtual void GotoNext() = 0;
   virtual void GotoLast() = 0;
+  /// Whether a record is shown before or behind the focused one.
+  virtual bool CanGotoPrev() const = 0;
+  virtual bool CanGotoNext() const = 0;
 
   /// Writes the value of the open editor to the source at once; the editor stays open.
   virtual void PostEdit() = 0;
   virtual bool IsEditing() const = 0;
 
   /// Filter: the records whose column equals the value, all items together. It acts only while it is active; the
-  /// display texts are shown below the rows then.
+  /// display texts are shown below the rows then, with a button that lifts it, as Escape does in a read-only grid.
   virtual void ClearFilter() = 0;
   virtual void AddFilter(int ordinal, const TVariant& value, const std::string& displayText) = 0;
   virtual void SetFilterActive(bool active) = 0;
-  /// The filter as one text, for those who keep it.
-  virtual std::string FilterText() const = 0;
 
   virtual int SelectedCount() const = 0;
   /// The n-th selected record from the top, -1 if there is none.
@@ -187,7 +194,7 @@ class TVantrelGrid {
   virtual void BestFitAll() = 0;
   virtual void EndBestFit() = 0;
 
-  /// Widths, order, visibility, sort, groups and filter by column id as one text, to be stored whole. Restoring ignores columns
+  /// Widths, order, visibility, sort and groups by column id as one text, to be stored whole. Restoring ignores columns
   /// that are not there and a text that is no layout.
   virtual std::string Layout() const = 0;
   virtual void RestoreLayout(std::string_view layout) = 0;

@@ -8,6 +8,7 @@ inline constexpr const char* Count = "Anzahl: {}";
 // Students
 inline constexpr const char* StudentsLabel = "Schüler";
 inline constexpr const char* StudentsTitle = "Fachdaten nach Schüler";
+inline constexpr const char* NobodyShown = "Kein Schüler entspricht dem Filter";
 inline constexpr const char* AchievementSheet = "Leistungen";
 inline constexpr const char* CertificateDataSheet = "Zeugnisdaten";
 inline constexpr const char* CertificateCommentsSheet = "Zeugnisbemerkungen";

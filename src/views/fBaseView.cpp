@@ -1,14 +1,11 @@
 #include "fBaseView.h"
 
-#include "VantrelCommandLinks.h"
 #include "VantrelExceptions.h"
 #include "VantrelGrid.h"
 #include "VantrelI18n.h"
 #include "VantrelMsgBox.h"
 #include "ViewTexts.h"
 #include "mStorage.h"
-
-using enum TDBEnableType;
 
 namespace {
 constexpr const char* LayoutName = "Layout";
@@ -73,9 +70,7 @@ void TBaseView::StoreLayout(const TVantrelGrid& grid) {
   FStorage->WriteString(FStorage->KeyOf(StoragePath()), LayoutName, grid.Layout());
 }
 
-void TBaseView::UpdateGotoCommands(const TVantrelMemTable& list) {
-  for (auto* command : {&FFrame.GotoFirstCommand, &FFrame.GotoPrevCommand})
-    TDBTools::UpdateLink(*command, &list, true, {dbtNotBOF, dbtHasRecords});
-  for (auto* command : {&FFrame.GotoNextCommand, &FFrame.GotoLastCommand})
-    TDBTools::UpdateLink(*command, &list, true, {dbtNotEOF, dbtHasRecords});
+void TBaseView::UpdateGotoCommands(const TVantrelGrid& list) {
+  for (auto* command : {&FFrame.GotoFirstCommand, &FFrame.GotoPrevCommand}) command->SetEnabled(list.CanGotoPrev());
+  for (auto* command : {&FFrame.GotoNextCommand, &FFrame.GotoLastCommand}) command->SetEnabled(list.CanGotoNext());
 }

@@ -136,8 +136,8 @@ class TBaseView : public TBaseForm {
   /// The layout of the list grid is what outlives the view.
   void RestoreLayout(TVantrelGrid& grid);
   void StoreLayout(const TVantrelGrid& grid);
-  /// The state of the four goto commands, from the place in the list.
-  void UpdateGotoCommands(const TVantrelMemTable& list);
+  /// The state of the four goto commands, from the place among the shown rows of the list.
+  void UpdateGotoCommands(const TVantrelGrid& list);
 
   TViewFrame& FFrame;
 };

@@ -79,15 +79,18 @@ void TStudentsView::MakeStudents() {
   grid.AddColumn(id);
   grid.AddColumn(ListColumn("Klasse", ViewTexts::StudentClass, 80, TGridValueKind::Text));
   grid.AddColumn(ListColumn("Vorname", ViewTexts::StudentFirstName, 120, TGridValueKind::Text));
-  grid.AddColumn(ListColumn("Nachname", ViewTexts::StudentLastName, 120, TGridValueKind::Text));
+  const int lastName = grid.AddColumn(ListColumn("Nachname", ViewTexts::StudentLastName, 120, TGridValueKind::Text));
   grid.AddColumn(ListColumn("Geburtsdatum", ViewTexts::StudentBirthday, 80, TGridValueKind::Date));
   grid.BindTable(&Students);
+  grid.FocusColumn(lastName);
 }
 
 void TStudentsView::ConnectEvents() {
-  Students.AddListener(this);
-  FUi->StudentsGrid().OnHeaderClick = [this](int ordinal) { RememberSortProps(ordinal); };
-  FUi->StudentsGrid().OnSortChanged = [this] { Students_SortByData(); };
+  auto& list = FUi->StudentsGrid();
+  list.OnFocusChanged = [this](int, int) { Handle_StudentsChange(); };
+  list.OnRowsChanged = [this] { Handle_StudentsRowsChanged(); };
+  list.OnHeaderClick = [this](int ordinal) { RememberSortProps(ordinal); };
+  list.OnSortChanged = [this] { Students_SortByData(); };
   // A double click on an assessment opens nothing: its dialog is reached by the command alone.
   auto& grid = FUi->AchievementsGrid();
   grid.OnFocusChanged = [this](int, int) { UpdateTitle(); };
@@ -108,7 +111,7 @@ void TStudentsView::CreateData() {
   Students.EnableControls();
   UpdateStatus(&Students);
   UpdateStatus(nullptr);
-  TCXUtils::GotoFirst(FUi->StudentsGrid(), &Students, true);
+  TCXUtils::GotoFirst(FUi->StudentsGrid());
   StudentsDataMode = dmBrowse;
 
   TakeLookups();
@@ -133,8 +136,8 @@ void TStudentsView::UseLookups(TLookupTables& lookups) {
   FColumns = StudentCourseColumns(CurrentProject->Options().Columns(), lookups);
   FEditable.clear();
   for (const auto& column : FColumns) FEditable.push_back(CurrentProject->EditableColumn(column.Id));
-  if (CoursesSource == nullptr) return;
   auto& grid = FUi->AchievementsGrid();
+  if (grid.Columns().empty()) return;
   const TGridUpdate update(grid);
   FGridState.Save(grid);
   BuildAchievementColumns();
@@ -176,7 +179,7 @@ void TStudentsView::FormLoadProperties() {
   if (sorted != columns.end()) {
     RememberSortProps(static_cast<int>(sorted - columns.begin()));
     Students_SortByData();
-    Students.First();
+    TCXUtils::GotoFirst(grid);
   }
   StudentsDataMode = dmBrowse;
   Handle_StudentsChange();
@@ -195,26 +198,27 @@ void TStudentsView::UpdateStatus(const TVantrelMemTable* dataSet) {
 }
 
 void TStudentsView::UpdateViewCommands() {
-  UpdateGotoCommands(Students);
+  UpdateGotoCommands(FUi->StudentsGrid());
   const bool onAchievements = FUi->ActivePage() == AchievementSheet;
-  FFrame.EditZeugnisbeurteilungenCommand.SetEnabled(onAchievements && FFrame.EditAssessment != nullptr);
+  FFrame.EditZeugnisbeurteilungenCommand.SetEnabled(onAchievements && !IsNobodyShown() &&
+                                                    FFrame.EditAssessment != nullptr);
   FFrame.ExportToExcelCommand.SetEnabled(onAchievements && FFrame.ExportGrid != nullptr);
 }
 
 void TStudentsView::GotoFirst() {
-  TCXUtils::GotoFirst(FUi->StudentsGrid(), &Students, false);
+  TCXUtils::GotoFirst(FUi->StudentsGrid());
 }
 
 void TStudentsView::GotoPrev() {
-  TCXUtils::GotoPrev(FUi->StudentsGrid(), &Students, false);
+  TCXUtils::GotoPrev(FUi->StudentsGrid());
 }
 
 void TStudentsView::GotoNext() {
-  TCXUtils::GotoNext(FUi->StudentsGrid(), &Students, false);
+  TCXUtils::GotoNext(FUi->StudentsGrid());
 }
 
 void TStudentsView::GotoLast() {
-  TCXUtils::GotoLast(FUi->StudentsGrid(), &Students, false);
+  TCXUtils::GotoLast(FUi->StudentsGrid());
 }
 
 void TStudentsView::ExportToExcel() {
@@ -226,23 +230,32 @@ void TStudentsView::UpdateContent() {
   PostEdits();
   auto& grid = FUi->AchievementsGrid();
   const TGridUpdate update(grid);
-  CurrentStudent = CurrentProject->Students().Find(Students.FieldByName("ID").Value());
-  if (CurrentStudent == nullptr) return;
+  const bool isNobodyShown = IsNobodyShown();
+  FUi->SetPagesEnabled(!isNobodyShown);
+  CurrentStudent = isNobodyShown ? nullptr : CurrentProject->Students().Find(Students.FieldByName("ID").Value());
+  if (CurrentStudent == nullptr && !isNobodyShown) return;
 
   FGridState.Save(grid);
-  grid.BindSource(nullptr);
-  CoursesSource.reset();
-  CoursesSource =
-      std::make_unique<TStudentCoursesSource>(CurrentProject->CoursesByStudent(CurrentStudent->TessaronId.Value));
-  CurrentClass = CurrentProject->Classes().Find(CurrentStudent->ClassId.Value);
-  BuildAchievementColumns();
-  grid.BindSource(CoursesSource.get());
+  FKeptSubject.Save(grid, CoursesSource.get());
+  ShowCourses();
 
   UpdateStatus(nullptr);
   UpdateTitle();
   UpdateViewCommands();
   // The columns that the first student left on show stay for the next ones, whatever their class.
   FGridState.Restore(grid);
+}
+
+void TStudentsView::ShowCourses() {
+  auto& grid = FUi->AchievementsGrid();
+  grid.BindSource(nullptr);
+  CoursesSource.reset();
+  CurrentClass = CurrentStudent == nullptr ? nullptr : CurrentProject->Classes().Find(CurrentStudent->ClassId.Value);
+  BuildAchievementColumns();
+  if (CurrentStudent == nullptr) return;
+  CoursesSource =
+      std::make_unique<TStudentCoursesSource>(CurrentProject->CoursesByStudent(CurrentStudent->TessaronId.Value));
+  grid.BindSource(CoursesSource.get());
 }
 
 void TStudentsView::BuildAchievementColumns() {
@@ -252,7 +265,12 @@ void TStudentsView::BuildAchievementColumns() {
   const bool fillOnly = CurrentClass != nullptr && CurrentClass->GradeType() == TGradeTypes::gtFill;
   for (const auto& source : FColumns) {
     const int ordinal = grid.AddColumn(source);
-    if (source.Visible && PostsEdits(ordinal)) grid.OnEditChanged = [&grid](int) { grid.PostEdit(); };
+    if (source.Visible && PostsEdits(ordinal)) {
+      grid.OnEditChanged = [this, &grid](int) {
+        FKeptSubject.Touch();
+        grid.PostEdit();
+      };
+    }
     // A field that the project does not know has no caption; it stays hidden.
     if (fillOnly) grid.ShowColumn(ordinal, IsFillColumn(ordinal) && !source.Caption.empty());
   }
@@ -271,7 +289,8 @@ bool TStudentsView::FilterGrades(const TVantrelMemTable::TRow& row) const {
                              [&](auto accepted) { return gradeType == TVariant(static_cast<std::int32_t>(accepted)); });
 }
 
-TGridKeyAction TStudentsView::Handle_AchievementsKeyDown(int ordinal, TGridKey key) const {
+TGridKeyAction TStudentsView::Handle_AchievementsKeyDown(int ordinal, TGridKey key) {
+  FKeptSubject.Touch();
   return key == TGridKey::Enter && IsGradeColumn(ordinal) ? TGridKeyAction::MoveDown : TGridKeyAction::Pass;
 }
 
@@ -280,11 +299,14 @@ void TStudentsView::Handle_StudentsChange() {
   RunForUser([this] {
     UpdateContent();
     ReapplyGradeFilter();
-    auto& grid = FUi->AchievementsGrid();
-    if (grid.FocusedColumn() < 0) grid.FocusColumn(FirstGradeColumn());
-    if (grid.FocusedRecord() < 0) grid.GotoFirst();
+    if (CoursesSource != nullptr)
+      FKeptSubject.Restore(FUi->AchievementsGrid(), *CoursesSource, FirstGradeColumn(), CourseNameColumn);
     FitGridView();
   });
+}
+
+void TStudentsView::Handle_StudentsRowsChanged() {
+  if (StudentsDataMode == dmBrowse) UpdateViewCommands();
 }
 
 void TStudentsView::Handle_PageChanged() {
@@ -308,7 +330,9 @@ TCourse* TStudentsView::FocusedCourse() const {
 
 void TStudentsView::UpdateTitle() {
   std::string title = ResourceText(ViewTexts::StudentsTitle);
-  if (CurrentStudent != nullptr) {
+  if (IsNobodyShown()) {
+    title = ResourceText(ViewTexts::NobodyShown);
+  } else if (CurrentStudent != nullptr) {
     title = CurrentStudent->ViewDisplayName();
     if (const auto* course = FocusedCourse()) title += " - " + course->SubjectName;
   }

@@ -9,6 +9,7 @@
 #include "mLookup.h"
 #include "uDataSource.h"
 #include "uGridState.h"
+#include "uKeptSubject.h"
 
 enum class TStudentsPage { AchievementSheet, CertificateDataSheet, CertificateCommentsSheet };
 
@@ -30,11 +31,13 @@ class TStudentsViewUi : public TFormUi {
   /// Raises no event.
   virtual void SetActivePage(TStudentsPage page) = 0;
   virtual void SetPageVisible(TStudentsPage page, bool visible) = 0;
+  /// Whether pages can be turned, and what is on them used.
+  virtual void SetPagesEnabled(bool enabled) = 0;
 };
 
 /// Where the teacher works through the class student by student: the list of students, and what the focused one
 /// achieves in each course.
-class TStudentsView final : public TBaseView, private TVantrelTableListener {
+class TStudentsView final : public TBaseView {
  public:
   TStudentsView(TViewFrame& frame, std::unique_ptr<TStudentsViewUi> ui);
   ~TStudentsView() override;
@@ -59,13 +62,9 @@ class TStudentsView final : public TBaseView, private TVantrelTableListener {
   TFormUi& Ui() override { return *FUi; }
 
  private:
-  void RecordMoved() override { Handle_StudentsChange(); }
-  void DataChanged() override { Handle_StudentsChange(); }
-
   void MakeStudents();
   void ConnectEvents();
   void BuildAchievementColumns();
-  void ShowStudent();
   void TakeLookups();
   void LeaveLookupModule();
   void UseLookups(TLookupTables& lookups);
@@ -73,6 +72,9 @@ class TStudentsView final : public TBaseView, private TVantrelTableListener {
   bool FilterGrades(const TVantrelMemTable::TRow& row) const;
   /// Where the work begins: the first grade that can be entered; -1 if there is none.
   int FirstGradeColumn() const;
+  /// The list holds students, but its filter hides them all.
+  bool IsNobodyShown() const { return FUi->StudentsGrid().FocusedRecord() < 0 && Students.RecordCount() > 0; }
+  void ShowCourses();
   TCourse* FocusedCourse() const;
   void UpdateTitle();
   void FitGridView();
@@ -81,9 +83,10 @@ class TStudentsView final : public TBaseView, private TVantrelTableListener {
   void FormLoadProperties();
   void FormSaveProperties();
   void Handle_StudentsChange();
+  void Handle_StudentsRowsChanged();
   void Handle_PageChanged();
   bool Handle_AchievementsEditing(int ordinal) const { return FEditable[static_cast<std::size_t>(ordinal)]; }
-  TGridKeyAction Handle_AchievementsKeyDown(int ordinal, TGridKey key) const;
+  TGridKeyAction Handle_AchievementsKeyDown(int ordinal, TGridKey key);
 
   TDataMode StudentsDataMode = TDataMode::dmNone;
   TStudent* CurrentStudent = nullptr;
@@ -91,6 +94,7 @@ class TStudentsView final : public TBaseView, private TVantrelTableListener {
   std::unique_ptr<TStudentCoursesSource> CoursesSource;
   TSortField StudentSort{{}, 0, -1, TSortOrder::soNone};
   TGridState FGridState;
+  TKeptSubject FKeptSubject;
   TVantrelMemTable Students;
   /// The lookup tables of CurrentProject: those of LookupModule, or the view's own where LookupModule has gone or
   /// mirrors another project.

@@ -68,8 +68,10 @@ void SetHeader(TGridColumn& column, const TAchievementColumn& source, const TCol
   if (source.Cell == TCell::Fixed) {
     column.Caption = ResourceText(source.Fieldname);
     column.InChooser = false;
+    column.Frozen = true;
     return;
   }
+  column.TakesRest = source.Fieldname == std::string_view("Beurteilung");
   const auto* option = options.Find(source.Fieldname);
   column.Visible = column.InChooser = option != nullptr && option->Visible;
   if (option != nullptr) column.Caption = option->Customname();

@@ -4,34 +4,24 @@
 
 using enum TDataMode;
 
-namespace {
-
-void Goto(TVantrelGrid& gridView, TVantrelMemTable* table, bool useController, void (TVantrelGrid::*alongGrid)(),
-          void (TVantrelMemTable::*alongTable)()) {
-  if (table == nullptr) return (gridView.*alongGrid)();
-  if (useController)
-    (gridView.*alongGrid)();
-  else
-    (table->*alongTable)();
-  TCXUtils::SyncSelectionToFocus(gridView);
+void TCXUtils::GotoFirst(TVantrelGrid& gridView) {
+  gridView.GotoFirst();
+  SyncSelectionToFocus(gridView);
 }
 
-}  // namespace
-
-void TCXUtils::GotoFirst(TVantrelGrid& gridView, TVantrelMemTable* table, bool useController) {
-  Goto(gridView, table, useController, &TVantrelGrid::GotoFirst, &TVantrelMemTable::First);
+void TCXUtils::GotoPrev(TVantrelGrid& gridView) {
+  gridView.GotoPrev();
+  SyncSelectionToFocus(gridView);
 }
 
-void TCXUtils::GotoPrev(TVantrelGrid& gridView, TVantrelMemTable* table, bool useController) {
-  Goto(gridView, table, useController, &TVantrelGrid::GotoPrev, &TVantrelMemTable::Prior);
+void TCXUtils::GotoNext(TVantrelGrid& gridView) {
+  gridView.GotoNext();
+  SyncSelectionToFocus(gridView);
 }
 
-void TCXUtils::GotoNext(TVantrelGrid& gridView, TVantrelMemTable* table, bool useController) {
-  Goto(gridView, table, useController, &TVantrelGrid::GotoNext, &TVantrelMemTable::Next);
-}
-
-void TCXUtils::GotoLast(TVantrelGrid& gridView, TVantrelMemTable* table, bool useController) {
-  Goto(gridView, table, useController, &TVantrelGrid::GotoLast, &TVantrelMemTable::Last);
+void TCXUtils::GotoLast(TVantrelGrid& gridView) {
+  gridView.GotoLast();
+  SyncSelectionToFocus(gridView);
 }
 
 void TCXUtils::SyncSelectionToFocus(TVantrelGrid& gridView) {

@@ -12,12 +12,11 @@ class TCXUtils {
  public:
   TCXUtils() = delete;
 
-  /// Move the focus along the grid as shown, or, with a table and without `useController`, along the records of the
-  /// table that the grid is bound to. A table-bound grid then selects the focused record alone.
-  static void GotoFirst(TVantrelGrid& gridView, TVantrelMemTable* table, bool useController);
-  static void GotoPrev(TVantrelGrid& gridView, TVantrelMemTable* table, bool useController);
-  static void GotoNext(TVantrelGrid& gridView, TVantrelMemTable* table, bool useController);
-  static void GotoLast(TVantrelGrid& gridView, TVantrelMemTable* table, bool useController);
+  /// Move the focus along the records as shown, and select the focused one alone.
+  static void GotoFirst(TVantrelGrid& gridView);
+  static void GotoPrev(TVantrelGrid& gridView);
+  static void GotoNext(TVantrelGrid& gridView);
+  static void GotoLast(TVantrelGrid& gridView);
 
   /// Selects just the focused record, if there is one.
   static void SyncSelectionToFocus(TVantrelGrid& gridView);

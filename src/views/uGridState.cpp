@@ -31,7 +31,7 @@ void TGridState::Save(const TVantrelGrid& grid) {
     const auto& column = columns[static_cast<std::size_t>(i)];
     if (isSorted && column.Visible)
       Remember(SortFields, column, i, column.SortIndex, static_cast<TSortOrder>(column.SortOrder));
-    Remember(VisibleFields, column, i, i, column.Visible, column.Width);
+    Remember(VisibleFields, column, i, i, column.Visible, column.TakesRest ? 0 : column.Width);
   }
 }
 
@@ -42,6 +42,6 @@ void TGridState::Restore(TVantrelGrid& grid) const {
   });
   Apply(VisibleFields, columns, [&](int ordinal, const TVisibleField& field) {
     grid.ShowColumn(ordinal, field.Visible);
-    grid.SetColumnWidth(ordinal, field.Width);
+    if (field.Width > 0) grid.SetColumnWidth(ordinal, field.Width);
   });
 }

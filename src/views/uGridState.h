@@ -4,7 +4,7 @@
 #include "uHelper.h"
 
 /// What a grid remembers while its columns are made anew: sort, visibility and widths, one entry per column, the last
-/// one counting. Groups and filters end with the columns.
+/// one counting. A column that takes the rest has no width. Groups and filters end with the columns.
 class TGridState {
  public:
   void Save(const TVantrelGrid& grid);

@@ -2,7 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <QMenu>
 #include <QTest>
+#include <QTimer>
 #include <QTreeWidget>
 
 #include "CellEditors.h"
@@ -35,6 +37,20 @@ class TRowsSource : public TVantrelGridSource {
   std::vector<std::unique_ptr<TRow>> Rows;
   std::vector<std::string> Written;
 };
+
+/// What the menu of the focused cell offers, opened by its key and left again.
+inline QStringList MenuOf(TDesktopGrid& grid) {
+  QStringList offered;
+  QTimer::singleShot(0, [&] {
+    auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    ASSERT_NE(menu, nullptr);
+    for (const auto* action : menu->actions()) offered << action->text();
+    menu->close();
+  });
+  QContextMenuEvent event(QContextMenuEvent::Keyboard, QPoint(), QPoint());
+  QApplication::sendEvent(grid.View().viewport(), &event);
+  return offered;
+}
 
 /// Three students with name, grade, absences and result; the grades 1, 1-, 2, 15 and tf by id.
 class GridTest : public testing::Test {

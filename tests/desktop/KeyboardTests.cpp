@@ -24,8 +24,9 @@ TEST_F(GridTest, TabAndEnterGoRoundTheCells) {
     Qt::KeyboardModifiers Modifiers;
     TCell To;
   } moves[] = {{{0, Name}, Qt::Key_Tab, {}, {0, Grade}},
-               {{0, Result}, Qt::Key_Tab, {}, {1, Name}},
+               {{0, Result}, Qt::Key_Tab, {}, {1, Grade}},
                {{1, Name}, Qt::Key_Backtab, Qt::ShiftModifier, {0, Result}},
+               {{1, Grade}, Qt::Key_Backtab, Qt::ShiftModifier, {0, Result}},
                {{0, Absences}, Qt::Key_Return, {}, {0, Result}},
                {{0, Result}, Qt::Key_Enter, {}, {1, Name}},
                {{1, Grade}, Qt::Key_Return, {}, {2, Grade}},

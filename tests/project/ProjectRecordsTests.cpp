@@ -7,6 +7,7 @@
 #include "TempFolder.h"
 #include "VantrelExceptions.h"
 #include "VantrelText.h"
+#include "uMissingGrades.h"
 #include "uProject.h"
 
 namespace {
@@ -206,9 +207,16 @@ TEST_F(ProjectRecordsTest, CoursesAndTheirTables) {
   FProject->PopulateClassSubjects(grades, *FProject->Classes().GetItem(1));
   EXPECT_EQ(Rows(grades), "12,Bert,,,,12,,;");
 
-  FProject->Courses().GetItem(2)->Student = nullptr;
-  EXPECT_EQ(ErrorOf<EVantrelException>([&] { FProject->CoursesByClass(TVariant(1)); }),
-            "Der Kurs 103 (Ma) hat in der Datei keinen Schüler.");
+  FProject->Options().Columns().AddColumn("Note5", "Note 5", true, true, false, 1);
+  const auto counts = [this] {
+    return std::vector{FProject->CoursesByClass(TVariant(1))->Count(),
+                       FProject->CoursesByStudent(TVariant(11))->Count(),
+                       FProject->CoursesBySubject(TVariant(7))->Count(), CountMissingGrades(*FProject).Noten1To5Count};
+  };
+  auto without = counts();
+  for (int& count : without) --count;
+  FProject->Courses().GetItem(0)->Student = nullptr;
+  EXPECT_EQ(counts(), without);
   auto& course = *FProject->Courses().GetItem(0);
   for (const int value : {32768, -32769}) {
     course.Mahnung.SetAsInt(value);

@@ -106,6 +106,8 @@ class FakeGrid : public TVantrelGrid, private TVantrelTableListener {
   void GotoPrev() override { FocusRecord(FFocused - 1); }
   void GotoNext() override { FocusRecord(FFocused + 1); }
   void GotoLast() override { FocusRecord(RecordCount() - 1); }
+  bool CanGotoPrev() const override { return FFocused > 0; }
+  bool CanGotoNext() const override { return FFocused + 1 < RecordCount(); }
   void PostEdit() override {
     if (FEditor) FSource->SetValue(FSource->GetRecordHandle(FFocused), FFocusedColumn, *FEditor);
   }
@@ -113,7 +115,6 @@ class FakeGrid : public TVantrelGrid, private TVantrelTableListener {
   void ClearFilter() override { Filter.clear(); }
   void AddFilter(int, const TVariant&, const std::string& displayText) override { Filter += displayText; }
   void SetFilterActive(bool) override {}
-  std::string FilterText() const override { return Filter; }
   int SelectedCount() const override { return static_cast<int>(Selected.size()); }
   int SelectedRecord(int index) const override {
     return index >= 0 && index < SelectedCount() ? Selected[static_cast<std::size_t>(index)] : -1;

@@ -41,6 +41,7 @@ class FakeStudentsUi : public TStudentsViewUi {
   TStudentsPage ActivePage() const override { return Page; }
   void SetActivePage(TStudentsPage page) override { Page = page; }
   void SetPageVisible(TStudentsPage, bool visible) override { VisiblePages += visible ? 1 : -1; }
+  void SetPagesEnabled(bool) override {}
   void Turn(TStudentsPage page) {
     Page = page;
     OnPageChanged();

@@ -206,11 +206,4 @@ TEST_F(StudentsViewTest, AssessmentComesBackFromItsDialog) {
   EXPECT_EQ(Grid().Repaints, 1);
 }
 
-TEST_F(StudentsViewTest, ACourseWithoutAStudentIsToldAndNoReasonToDie) {
-  FProject->Courses().GetItem(7)->Student = nullptr;
-  Open();
-  EXPECT_EQ(FBoxes.Texts.size(), 1U);
-  EXPECT_EQ(Grid().RecordCount(), 0);
-}
-
 }  // namespace

@@ -1,0 +1,254 @@
+#include <gmock/gmock.h>
+
+#include <QHeaderView>
+#include <QLabel>
+#include <QTabWidget>
+#include <QTest>
+#include <QToolButton>
+
+#include "DesktopGrid.h"
+#include "DesktopMainWindow.h"
+#include "DesktopStudentsView.h"
+#include "FakeViews.h"
+#include "SampleProject.h"
+
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::StartsWith;
+
+enum { Kurs, Note1 = 8, Note2 = 9, Beurteilung = 15 };
+enum { Klasse = 1, Nachname = 3 };
+
+/// The students view on its real screen. Every student has the subjects 1 to 5, each one beginning with another; the
+/// second one has no subject 3.
+class StudentsViewScreenTest : public SampleProjectTest {
+ protected:
+  void SetUp() override {
+    SampleProjectTest::SetUp();
+    CurrentProject = FProject.get();
+    FLookups = CreateLookupModule(*FProject);
+    FFrame.EditAssessment = [](const std::string&, const std::string&) { return std::nullopt; };
+    for (const char* name : {"Note1", "Note2", "Beurteilung"}) {
+      auto* column = FProject->Options().Columns().Find(name);
+      if (column == nullptr) column = FProject->Options().Columns().AddColumn(name, name, true, true, true, 0);
+      column->Visible = column->Editable = true;
+    }
+    for (int student = 0; student < FProject->Students().Count(); ++student) {
+      const auto courses = FProject->CoursesByStudent(Student(student).TessaronId.Value);
+      for (int i = 0; i < courses->Count(); ++i) courses->GetItem(i)->SubjectId.SetAsInt((i + student) % 5 + 1);
+      if (student != 1) continue;
+      for (int i = 0; i < courses->Count(); ++i)
+        if (courses->GetItem(i)->SubjectId.AsInt() == 3) courses->GetItem(i)->SubjectId.SetAsInt(9);
+    }
+    FWindow.resize(1366, 768);
+    FWindow.show();
+  }
+  void TearDown() override {
+    FView.reset();
+    SampleProjectTest::TearDown();
+  }
+
+  TVantrelCommand& Command() { return FCommands.Add({}); }
+  void Open() {
+    FView.reset();
+    auto ui = std::make_unique<TDesktopStudentsView>(FWindow);
+    FUi = ui.get();
+    FView = CreateVantrel<TStudentsView>(FFrame, std::move(ui));
+    FView->Show();
+    QTest::qWait(1);
+    List().SetFocus();
+  }
+  TDesktopGrid& List() { return dynamic_cast<TDesktopGrid&>(FUi->StudentsGrid()); }
+  TDesktopGrid& Grid() { return dynamic_cast<TDesktopGrid&>(FUi->AchievementsGrid()); }
+  TStudent& Student(int index) { return *FProject->Students().GetItem(index); }
+  void PutIntoClass(std::initializer_list<int> students, int classId) {
+    for (const int student : students) Student(student).ClassId.SetAsInt(classId);
+  }
+  void Filter(const TVariant& classId) {
+    List().ClearFilter();
+    List().AddFilter(Klasse, classId, "Klasse: 9a");
+    List().SetFilterActive(true);
+  }
+  std::string Title() { return FUi->TitleLabel().Value().AsText(); }
+  std::vector<bool> GotoStates() {
+    return {FFrame.GotoFirstCommand.Enabled(), FFrame.GotoPrevCommand.Enabled(), FFrame.GotoNextCommand.Enabled(),
+            FFrame.GotoLastCommand.Enabled()};
+  }
+  int Subject() {
+    const auto courses = FProject->CoursesByStudent(List().Value(List().FocusedRecord(), 0));
+    return courses->GetItem(Grid().FocusedRecord())->SubjectId.AsInt();
+  }
+  QToolButton* LiftButton() {
+    for (auto* button : FWindow.findChildren<QToolButton*>())
+      if (button->accessibleName() == "Filter aufheben" && button->isVisible()) return button;
+    return nullptr;
+  }
+
+  FakeBoxes FBoxes;
+  FakeSettings FSettings;
+  TVantrelCommands FCommands;
+  TViewFrame FFrame{FSettings, "10.2", Command(), Command(), Command(), Command(), Command(), Command(), {}, {}};
+  TVantrelPtr<TLookupModule> FLookups;
+  TDesktopMainWindow FWindow;
+  TDesktopStudentsView* FUi = nullptr;
+  TVantrelPtr<TStudentsView> FView;
+};
+
+TEST_F(StudentsViewScreenTest, GotoAndTheCurrentStudentFollowTheShownRows) {
+  PutIntoClass({2, 5, 9}, 4711);
+  Open();
+  EXPECT_EQ(List().FocusedColumn(), Nachname);
+  const struct { int Before, After; } nearest[] = {{0, 2}, {4, 5}, {6, 5}, {7, 9}, {11, 9}, {5, 5}};
+  for (const auto& [before, after] : nearest) {
+    List().ClearFilter();
+    List().FocusRecord(before);
+    Filter(4711);
+    EXPECT_EQ(List().FocusedRecord(), after) << before;
+    EXPECT_THAT(Title(), StartsWith(Student(after).ViewDisplayName()));
+  }
+  const struct {
+    void (TStudentsView::*Go)();
+    int Record;
+    std::vector<bool> States;
+  } moves[] = {{&TStudentsView::GotoFirst, 2, {false, false, true, true}},
+               {&TStudentsView::GotoPrev, 2, {false, false, true, true}},
+               {&TStudentsView::GotoNext, 5, {true, true, true, true}},
+               {&TStudentsView::GotoNext, 9, {true, true, false, false}},
+               {&TStudentsView::GotoNext, 9, {true, true, false, false}},
+               {&TStudentsView::GotoPrev, 5, {true, true, true, true}},
+               {&TStudentsView::GotoLast, 9, {true, true, false, false}}};
+  for (const auto& [go, record, states] : moves) {
+    (FView.get()->*go)();
+    EXPECT_EQ(List().FocusedRecord(), record);
+    EXPECT_THAT(Title(), StartsWith(Student(record).ViewDisplayName()));
+    EXPECT_EQ(GotoStates(), states);
+  }
+  List().ClearFilter();
+  EXPECT_EQ(GotoStates(), (std::vector{true, true, true, true}));
+  EXPECT_TRUE(FBoxes.Texts.empty());
+}
+
+TEST_F(StudentsViewScreenTest, WithNobodyShownNothingCanBeDone) {
+  Open();
+  List().FocusRecord(3);
+  Filter(4712);
+  EXPECT_EQ(Title(), "Kein Schüler entspricht dem Filter");
+  EXPECT_EQ(GotoStates(), (std::vector{false, false, false, false}));
+  EXPECT_FALSE(FFrame.EditZeugnisbeurteilungenCommand.Enabled());
+  EXPECT_FALSE(FWindow.findChild<QTabWidget*>()->isEnabled());
+  EXPECT_EQ(Grid().RecordCount(), 0);
+  EXPECT_EQ(Grid().Columns().size(), 34U);
+  EXPECT_EQ(FUi->AchievementsStatus().Value().AsText(), "Anzahl: 0");
+  FLookups.reset();
+  QTest::keyClick(&FWindow, Qt::Key_F6);
+  EXPECT_FALSE(List().View().hasFocus());
+  List().SetFocus();
+  QTest::keyClick(&List().View(), Qt::Key_Escape);
+  EXPECT_EQ(List().FocusedRecord(), 3);
+  EXPECT_THAT(Title(), StartsWith(Student(3).ViewDisplayName()));
+  EXPECT_TRUE(FWindow.findChild<QTabWidget*>()->isEnabled());
+  EXPECT_EQ(GotoStates(), (std::vector{true, true, true, true}));
+}
+
+TEST_F(StudentsViewScreenTest, AFilterIsToldLiftedAndNotKept) {
+  PutIntoClass({2, 5, 9}, 4711);
+  Open();
+  EXPECT_EQ(LiftButton(), nullptr);
+  const auto told = [this] {
+    QStringList texts;
+    for (const auto* label : FWindow.findChildren<QLabel*>())
+      if (label->isVisible()) texts << label->text();
+    return texts.contains("Filter: Klasse: 9a, 3 von 12");
+  };
+  for (const bool byKey : {true, false}) {
+    Filter(4711);
+    EXPECT_TRUE(told());
+    ASSERT_NE(LiftButton(), nullptr);
+    if (byKey)
+      QTest::keyClick(&List().View(), Qt::Key_Escape);
+    else
+      LiftButton()->click();
+    EXPECT_FALSE(told());
+    EXPECT_EQ(LiftButton(), nullptr);
+    EXPECT_EQ(List().ShownRows().size(), 12U);
+  }
+  Filter(4711);
+  const auto path = FView->StoragePath();
+  FView.reset();
+  const auto key = FSettings.KeyOf(path);
+  auto layout = FSettings.ReadString(key, "Layout", {});
+  EXPECT_THAT(layout, Not(HasSubstr("9a")));
+  layout.replace(layout.rfind('}'), 1,
+                 R"(,"filter":{"active":true,"items":[{"id":"col_Students_Vorname","value":"Uwe","text":"Uwe"}]}})");
+  FSettings.WriteString(key, "Layout", layout);
+  Open();
+  EXPECT_EQ(List().ShownRows().size(), 12U);
+  EXPECT_EQ(LiftButton(), nullptr);
+}
+
+TEST_F(StudentsViewScreenTest, TheNextStudentKeepsTheSubject) {
+  Open();
+  FView->GotoLast();
+  EXPECT_EQ(Grid().FocusedRecord(), 0);
+  EXPECT_EQ(Grid().FocusedColumn(), Note1);
+  FView->GotoFirst();
+  Grid().SetFocus();
+  QTest::keyClick(&Grid().View(), Qt::Key_Down);
+  QTest::keyClick(&Grid().View(), Qt::Key_Down);
+  QTest::keyClick(&Grid().View(), Qt::Key_Right);
+  ASSERT_EQ(Subject(), 3);
+  const auto place = [this] { return std::pair(Subject(), Grid().FocusedColumn()); };
+  FView->GotoNext();
+  EXPECT_EQ(Grid().FocusedRecord(), 0);
+  EXPECT_EQ(Grid().FocusedColumn(), Kurs);
+  QTest::keyClick(&Grid().View(), '1');
+  EXPECT_FALSE(Grid().IsEditing() || FProject->Modified());
+  FView->GotoNext();
+  EXPECT_EQ(place(), std::pair(3, +Note2));
+  EXPECT_THAT(Title(), StartsWith(Student(2).ViewDisplayName() + " - "));
+  QTest::keyClick(&Grid().View(), Qt::Key_Down);
+  FView->GotoNext();
+  EXPECT_EQ(place(), std::pair(4, +Note2));
+  FView->GotoFirst();
+  EXPECT_EQ(place(), std::pair(4, +Note2));
+}
+
+TEST_F(StudentsViewScreenTest, WorkInTheFirstCellChoosesItsSubject) {
+  Open();
+  Grid().SetFocus();
+  QTest::keyClick(&Grid().View(), Qt::Key_Delete);
+  FView->GotoNext();
+  EXPECT_EQ(Subject(), 1);
+  EXPECT_EQ(Grid().FocusedRecord(), 4);
+}
+
+TEST_F(StudentsViewScreenTest, AssessmentsTakeTheRoomThatIsLeft) {
+  auto& columns = FProject->Options().Columns();
+  for (int i = 0; i < columns.Count(); ++i)
+    columns.GetItem(i)->Visible =
+        columns.GetItem(i)->Fieldname == "Note1" || columns.GetItem(i)->Fieldname == "Beurteilung";
+  Open();
+  auto* header = Grid().View().horizontalHeader();
+  for (int i = 0; i < 2; ++i) {
+    EXPECT_EQ(header->length(), Grid().View().viewport()->width());
+    FView->GotoNext();
+  }
+  header->resizeSection(Beurteilung, 100);
+  FView->GotoNext();
+  EXPECT_EQ(header->sectionSize(Beurteilung), 100);
+  EXPECT_TRUE(Grid().Columns()[0].Frozen && Grid().Columns()[1].Frozen && !Grid().Columns()[2].Frozen);
+}
+
+TEST_F(StudentsViewScreenTest, ACourseWithoutAStudentIsNoObstacle) {
+  const auto courses = FProject->CoursesByStudent(Student(1).TessaronId.Value);
+  courses->GetItem(2)->Student = nullptr;
+  Open();
+  EXPECT_EQ(Grid().RecordCount(), 5);
+  FView->GotoNext();
+  EXPECT_EQ(Grid().RecordCount(), 4);
+  EXPECT_TRUE(FBoxes.Texts.empty());
+}
+
+}  // namespace
