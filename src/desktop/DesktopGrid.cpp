@@ -17,10 +17,7 @@ TDesktopGrid::TDesktopGrid(QWidget* parent)
       FModel(*this),
       FView(new TGridView(FModel, *this)),
       FInfo(new QLabel),
-      FFilterLine(new TFilterLine([this] {
-        LiftFilter();
-        FView->setFocus();
-      })) {
+      FFilterLine(new TFilterLine([this] { LiftFilter(); })) {
   auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins(0, 0, 0, 0);
   layout->setSpacing(0);
@@ -108,6 +105,7 @@ void TDesktopGrid::RecordMoved() {
 void TDesktopGrid::BeginUpdate() {
   if (FUpdates++ > 0) return;
   FOldRow = FView->currentIndex().row();
+  FHadKeyboard = FView->IsKeyboardIn();
   FRestoring = true;
   FModel.Suspend();
 }
@@ -120,6 +118,8 @@ void TDesktopGrid::EndUpdate() {
   RestoreFocus();
   FKeepsFocus = true;
   FRestoring = false;
+  // An editor that was open has gone, and the keyboard with it.
+  if (FHadKeyboard) FView->setFocus();
   ShowInfo();
   SetFocused(FModel.RecordAt(FView->currentIndex().row()));
   if (OnRowsChanged) OnRowsChanged();

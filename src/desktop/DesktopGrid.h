@@ -114,5 +114,6 @@ class TDesktopGrid : public QWidget, public TVantrelGrid, private TVantrelTableL
   int FFocused = -1;
   int FFocusedColumn = -1;
   bool FKeepsFocus = true;
+  bool FHadKeyboard = false;
   bool FRestoring = false;
 };

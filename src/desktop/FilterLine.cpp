@@ -36,7 +36,8 @@ TFilterLine::TFilterLine(std::function<void()> onLift) : FLabel(new TElidedLabel
   lift->setToolTip(lift->text());
   lift->setAccessibleName(lift->text());
   lift->setAutoRaise(true);
-  lift->setFocusPolicy(Qt::StrongFocus);
+  // Menu and Escape do the same by key; Tab leads straight from grid to grid.
+  lift->setFocusPolicy(Qt::NoFocus);
   connect(lift, &QToolButton::clicked, this, [onLift = std::move(onLift)] { onLift(); });
   layout->addWidget(lift);
   hide();

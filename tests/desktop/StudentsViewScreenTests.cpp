@@ -211,7 +211,10 @@ TEST_F(StudentsViewScreenTest, TheNextStudentKeepsTheSubject) {
   QTest::keyClick(&Grid().View(), Qt::Key_Down);
   FView->GotoNext();
   EXPECT_EQ(place(), std::pair(4, +Note2));
+  QTest::keyClick(&Grid().View(), Qt::Key_F4);
+  EXPECT_TRUE(Grid().IsEditing());
   FView->GotoFirst();
+  EXPECT_TRUE(Grid().View().hasFocus());
   EXPECT_EQ(place(), std::pair(4, +Note2));
 }
 

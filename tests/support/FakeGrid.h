@@ -9,7 +9,10 @@
 /// A grid without a screen: rows in the order of the source, and one open editor that a test types into.
 class FakeGrid : public TVantrelGrid, private TVantrelTableListener {
  public:
-  ~FakeGrid() override { BindSource(nullptr); }
+  ~FakeGrid() override {
+    OnFocusChanged = nullptr;
+    BindSource(nullptr);
+  }
 
   /// As the user would: false where no editor opens.
   bool Type(int ordinal, const TVariant& value) {
@@ -65,7 +68,10 @@ class FakeGrid : public TVantrelGrid, private TVantrelTableListener {
   void ClearColumns() override { FColumns.clear(); }
   const std::vector<TGridColumn>& Columns() const override { return FColumns; }
   void ShowColumn(int ordinal, bool visible) override { At(ordinal).Visible = visible; }
-  void SetColumnWidth(int ordinal, int width) override { At(ordinal).Width = width; }
+  void SetColumnWidth(int ordinal, int width) override {
+    At(ordinal).Width = width;
+    At(ordinal).TakesRest = false;
+  }
   void SetColumnSort(int ordinal, TGridSortOrder order, int sortIndex) override {
     At(ordinal).SortOrder = order;
     At(ordinal).SortIndex = sortIndex;
