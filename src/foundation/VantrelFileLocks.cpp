@@ -36,6 +36,19 @@ bool DeniesWriting(TVantrelFileAccessMode access) {
 std::array<bool, ByteCount> BytesOf(VantrelFileLocks::TUse use, TVantrelFileAccessMode access) {
   return {use.Reads, use.Writes, DeniesReading(access), DeniesWriting(access)};
 }
+
+/// Locks the bytes, whoever has those of the opposite meaning. Nothing is locked unless all are.
+VantrelFileLocks::THold TakeBytes(int descriptor, const std::array<bool, ByteCount>& wanted) {
+  using VantrelFileLocks::THold;
+  for (std::size_t byte = 0; byte < wanted.size(); ++byte) {
+    auto lock = LockOf(F_RDLCK, FirstByte + static_cast<off_t>(byte));
+    if (!wanted[byte] || ::fcntl(descriptor, F_OFD_SETLK, &lock) == 0) continue;
+    const bool refused = errno == EAGAIN || errno == EACCES;
+    VantrelFileLocks::Release(descriptor);
+    return refused ? THold::Refused : THold::NoLocks;
+  }
+  return THold::Held;
+}
 }  // namespace
 
 namespace VantrelFileLocks {
@@ -45,14 +58,7 @@ TUse UseOf(TVantrelFileOpenMode openMode) {
 }
 
 THold Take(int descriptor, TUse use, TVantrelFileAccessMode access) {
-  const auto wanted = BytesOf(use, access);
-  for (std::size_t byte = 0; byte < wanted.size(); ++byte) {
-    auto lock = LockOf(F_RDLCK, FirstByte + static_cast<off_t>(byte));
-    if (!wanted[byte] || ::fcntl(descriptor, F_OFD_SETLK, &lock) == 0) continue;
-    const bool refused = errno == EAGAIN || errno == EACCES;
-    Release(descriptor);
-    return refused ? THold::Refused : THold::NoLocks;
-  }
+  if (const auto hold = TakeBytes(descriptor, BytesOf(use, access)); hold != THold::Held) return hold;
   if (!ConflictsWithOthers(descriptor, use, access)) return THold::Held;
   Release(descriptor);
   return THold::Refused;
@@ -81,6 +87,11 @@ THold TakePatiently(int descriptor, TUse use, TVantrelFileAccessMode access) {
 void Release(int descriptor) {
   auto lock = LockOf(F_UNLCK, FirstByte, ByteCount);
   ::fcntl(descriptor, F_OFD_SETLK, &lock);
+}
+
+void PassOn(int from, int to, TUse use, TVantrelFileAccessMode access) {
+  TakeBytes(to, BytesOf(use, access));
+  Release(from);
 }
 
 bool IsSameFile(int descriptor, const std::string& fileName) {

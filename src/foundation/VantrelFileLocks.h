@@ -34,6 +34,10 @@ bool ConflictsWithOthers(int descriptor, TUse use, TVantrelFileAccessMode access
 
 void Release(int descriptor);
 
+/// Gives `to` the hold for `use` with the sharing `access` and takes its own from `from`, another descriptor of the
+/// same file, with no moment in which neither holds it.
+void PassOn(int from, int to, TUse use, TVantrelFileAccessMode access);
+
 /// False where `fileName` no longer leads to the file of `descriptor`.
 bool IsSameFile(int descriptor, const std::string& fileName);
 

@@ -124,7 +124,7 @@ TVantrelFileAttributes TVantrelFileSystem::GetAttributes(const std::string& path
   const auto status = StatusOf(path);
   TVantrelFileAttributes attributes;
   if ((status.st_mode & (S_IWUSR | S_IWGRP | S_IWOTH)) == 0) attributes.insert(fattrReadOnly);
-  if (TVantrelFilePath::GetFileName(path).starts_with('.')) attributes.insert(fattrHidden);
+  if (fs::path(path).filename().string().starts_with('.')) attributes.insert(fattrHidden);
   if (S_ISDIR(status.st_mode)) attributes.insert(fattrDirectory);
   if (IsLink(path)) attributes.insert(fattrReparsePoint);
   if (attributes.empty()) attributes.insert(fattrNormal);
@@ -176,9 +176,9 @@ std::string TVantrelFileSystem::MakeFileNameUnique(const std::string& path) {
 }
 
 void TVantrelFileSystem::CreateDirectory(const std::string& path) {
-  if (path.empty() || path.ends_with(':') || TVantrelFilePath::IsRoot(path) || IsDirectory(path)) return;
-  const auto parent = TVantrelFilePath::GetDirectoryName(path);
-  CreateDirectory(parent == path ? TVantrelFilePath::RemoveTrailingPathDelimiter(path) : parent);
+  const bool isDrive = path.ends_with(':') && path.find('/') == std::string::npos;
+  if (path.empty() || isDrive || TVantrelFilePath::IsRoot(path) || IsDirectory(path)) return;
+  CreateDirectory(fs::path(path).parent_path().string());
   if (::mkdir(path.c_str(), NewDirectoryMode) == 0) return;
   const int error = errno;
   if (error != EEXIST || !IsDirectory(path)) throw EVantrelFileSystemError(EVantrelWin32Error::CodeOfErrno(error));

@@ -4,21 +4,23 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <fmt/format.h>
+
 #include <cerrno>
 #include <filesystem>
 #include <optional>
 
 #include "VantrelExceptions.h"
 #include "VantrelFileLocks.h"
-#include "VantrelTempFile.h"
+#include "VantrelFileSystem.h"
 
 namespace {
 using TBytes = std::span<const std::uint8_t>;
+using TSpareFile = std::optional<TVantrelTempFile>;
+using TPlace = TVantrelTempFile::TPlace;
 
 constexpr int MaxLinks = 40;
 constexpr unsigned PrivateMode = 0600;
-constexpr unsigned NewFileMode = 0666;
-constexpr unsigned PermissionBits = 07777;
 constexpr VantrelFileLocks::TUse ReadsAndWrites{true, true};
 
 void Check(int result) {
@@ -29,12 +31,24 @@ void Check(int result) {
   throw EVantrelFileHandleError(EVantrelWin32Error::CodeOfErrno(error));
 }
 
+/// Where everybody may lay links, one of somebody else could lead to a file of the user.
+void RefuseForeignLink(const std::filesystem::path& path) {
+  const auto parent = path.parent_path();
+  struct stat folder {};
+  struct stat link {};
+  Check(::stat(parent.empty() ? "." : parent.c_str(), &folder));
+  Check(::lstat(path.c_str(), &link));
+  const bool isForeign = link.st_uid != ::geteuid() && link.st_uid != folder.st_uid;
+  if ((folder.st_mode & S_ISVTX) != 0 && isForeign) throw EVantrelFileHandleError(TVantrelErrorCode::AccessDenied);
+}
+
 /// The file that a chain of symbolic links ends at, whether it exists or not.
 std::string Resolve(const std::string& fileName) {
   std::filesystem::path path(fileName);
   std::error_code error;
   for (int link = 0; std::filesystem::is_symlink(path, error); ++link) {
     if (link == MaxLinks) RaiseErrno(ELOOP);
+    RefuseForeignLink(path);
     const auto next = std::filesystem::read_symlink(path, error);
     if (error) RaiseErrno(error.value());
     path = path.parent_path() / next;
@@ -66,16 +80,6 @@ void FlushFolder(const std::string& target) {
   ::close(descriptor);
 }
 
-/// Owner and group as far as the system allows, then the mode. The file is private until then, and stays so where
-/// the file system knows no modes.
-void KeepPermissions(int descriptor, const struct stat& old) {
-  struct stat created {};
-  Check(::fstat(descriptor, &created));
-  if (created.st_uid != old.st_uid && ::fchown(descriptor, old.st_uid, old.st_gid) == 0) created.st_gid = old.st_gid;
-  if (created.st_gid != old.st_gid && ::fchown(descriptor, static_cast<uid_t>(-1), old.st_gid) != 0) errno = 0;
-  if (::fchmod(descriptor, old.st_mode & PermissionBits) != 0) errno = 0;
-}
-
 /// Takes the space first, so that a full disk is found while the old bytes are whole.
 void ReserveSpace(int descriptor, std::int64_t size) {
   struct stat status {};
@@ -87,11 +91,14 @@ void ReserveSpace(int descriptor, std::int64_t size) {
   RaiseErrno(error);
 }
 
-void WriteInPlace(int descriptor, TBytes bytes) {
+/// From the first byte on until the last is flushed the spare file is the one that is complete.
+void WriteInPlace(int descriptor, TBytes bytes, TSpareFile& spare) {
   ReserveSpace(descriptor, std::ssize(bytes));
+  if (spare) spare->Keep(true);
   WriteAll(descriptor, bytes);
   if (::ftruncate(descriptor, std::ssize(bytes)) != 0 && errno != EINVAL) throw EVantrelFileHandleError();
   Flush(descriptor);
+  if (spare) spare->Keep(false);
 }
 
 std::unique_ptr<TVantrelFileHandle> OpenExisting(const std::string& target, TVantrelFileAccessMode access) {
@@ -117,38 +124,57 @@ int OpenBeside(const std::string& target) {
   Check(descriptor);
   return descriptor;
 }
+
 bool IsRegular(const TVantrelFileHandle& handle) {
   struct stat status {};
   return ::fstat(handle.Descriptor(), &status) == 0 && S_ISREG(status.st_mode);
 }
 
-void Fill(TVantrelTempFile& file, TBytes bytes, const TVantrelFileHandle* old) {
-  WriteAll(file.Descriptor(), bytes);
-  struct stat status {};
-  if (old != nullptr && ::fstat(old->Descriptor(), &status) == 0) KeepPermissions(file.Descriptor(), status);
-  Flush(file.Descriptor());
+/// The temporary file with all the bytes and rights. Nothing where the target must be written in place.
+TSpareFile NewFile(const std::string& target, TBytes bytes, TVantrelFileAccessMode access,
+                   const TVantrelFileHandle* old, const TVantrelFileRights& most) {
+  if (old != nullptr && !IsRegular(*old)) return std::nullopt;
+  auto file = TVantrelTempFile::Create(target, access, old != nullptr ? PrivateMode : most.ModeOfNew());
+  if (!file) return std::nullopt;
+  if (old == nullptr) most.Limit(file->Descriptor());
+  WriteAll(file->Descriptor(), bytes);
+  if (old != nullptr) {
+    TVantrelFileRights::Copy(old->Descriptor(), file->Descriptor());
+    most.Limit(file->Descriptor());
+  }
+  Flush(file->Descriptor());
+  TVantrelTempFile::RemoveLeftOvers(target);
+  return file;
 }
 }  // namespace
 
 std::unique_ptr<TVantrelFileHandle> TVantrelSafeSave::Write(const std::string& fileName, TBytes bytes,
                                                             TVantrelFileAccessMode access,
-                                                            std::unique_ptr<TVantrelFileHandle>* own) {
+                                                            std::unique_ptr<TVantrelFileHandle>* own,
+                                                            const TVantrelFileRights& most) {
   const auto target = Resolve(fileName);
   std::unique_ptr<TVantrelFileHandle> none;
   auto& mine = own != nullptr ? *own : none;
   std::unique_ptr<TVantrelFileHandle> saved;
   while (saved == nullptr) {
-    if (mine != nullptr && VantrelFileLocks::IsSameFile(mine->Descriptor(), target)) {
-      CheckOwn(*mine, target, access);
-      saved = Replace(target, bytes, access, mine.get());
-      if (saved == nullptr) saved = OverwriteOwn(target, bytes, access, *mine);
+    const bool isMine = mine != nullptr && VantrelFileLocks::IsSameFile(mine->Descriptor(), target);
+    if (isMine) CheckOwn(*mine, target, access);
+    auto opened = isMine ? nullptr : OpenExisting(target, access);
+    const auto* old = isMine ? mine.get() : opened.get();
+    auto file = NewFile(target, bytes, access, old, most);
+    const auto place = file ? file->TakePlaceOf(target, old == nullptr) : TPlace::Forbidden;
+    if (place == TPlace::CameToBe) continue;
+    if (place == TPlace::Taken) {
+      saved = HandleOn(target, access, file->Release());
+      FlushFolder(target);
+    } else if (old == nullptr) {
+      throw EVantrelFileHandleError(TVantrelErrorCode::AccessDenied);
+    } else if (isMine) {
+      saved = OverwriteOwn(target, bytes, access, *mine, file);
     } else {
-      auto old = OpenExisting(target, access);
-      saved = Replace(target, bytes, access, old.get());
-      if (saved == nullptr && old != nullptr) {
-        WriteInPlace(old->Descriptor(), bytes);
-        saved = std::move(old);
-      }
+      most.Limit(opened->Descriptor());
+      WriteInPlace(opened->Descriptor(), bytes, file);
+      saved = std::move(opened);
     }
   }
   saved->FFileName = fileName;
@@ -157,28 +183,25 @@ std::unique_ptr<TVantrelFileHandle> TVantrelSafeSave::Write(const std::string& f
   return saved;
 }
 
-std::unique_ptr<TVantrelFileHandle> TVantrelSafeSave::Replace(const std::string& target, TBytes bytes,
-                                                              TVantrelFileAccessMode access,
-                                                              const TVantrelFileHandle* old) {
-  if (old != nullptr && !IsRegular(*old)) return nullptr;
-  TVantrelTempFile::RemoveLeftOvers(target);
-  auto file = TVantrelTempFile::Create(target, access, old != nullptr ? PrivateMode : NewFileMode);
-  if (!file && old == nullptr) throw EVantrelFileHandleError(TVantrelErrorCode::AccessDenied);
-  if (!file) return nullptr;
-  Fill(*file, bytes, old);
-  int descriptor = -1;
-  if (!file->TakePlaceOf(target, old == nullptr, descriptor)) return nullptr;
-  FlushFolder(target);
-  return HandleOn(target, access, descriptor);
+TVantrelFileStamp TVantrelSafeSave::CopyBeside(const std::string& fileName, const std::string& ending) {
+  std::string copy = fileName + ending;
+  for (int number = 2; TVantrelFileSystem::Exists(copy); ++number)
+    copy = fmt::format("{}{}{}", fileName, ending, number);
+  const int descriptor = ::open(fileName.c_str(), O_RDONLY | O_CLOEXEC | O_NOCTTY | O_NONBLOCK);
+  Check(descriptor);
+  TVantrelFileStream original(HandleOn(fileName, TVantrelFileAccessMode::famShareDenyNone, descriptor));
+  const auto bytes = original.ReadAll();
+  const TVantrelFileStamp stamp(original.Handle(), bytes);
+  Write(copy, bytes, TVantrelFileAccessMode::famShareDenyWrite, nullptr, stamp.Rights());
+  return stamp;
 }
 
 std::unique_ptr<TVantrelFileHandle> TVantrelSafeSave::OverwriteOwn(const std::string& target, TBytes bytes,
                                                                    TVantrelFileAccessMode access,
-                                                                   const TVantrelFileHandle& own) {
+                                                                   const TVantrelFileHandle& own, TSpareFile& spare) {
   auto beside = HandleOn(target, access, OpenBeside(target));
-  WriteInPlace(beside->Descriptor(), bytes);
-  VantrelFileLocks::Release(own.Descriptor());
-  VantrelFileLocks::TakePatiently(beside->Descriptor(), ReadsAndWrites, access);
+  WriteInPlace(beside->Descriptor(), bytes, spare);
+  VantrelFileLocks::PassOn(own.Descriptor(), beside->Descriptor(), ReadsAndWrites, access);
   return beside;
 }
 

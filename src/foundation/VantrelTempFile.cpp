@@ -91,19 +91,19 @@ void TVantrelTempFile::RemoveLeftOvers(const std::string& target) noexcept {
 
 TVantrelTempFile::~TVantrelTempFile() {
   if (FDescriptor < 0) return;
-  ::unlink(FName.c_str());
+  if (!FIsKept) ::unlink(FName.c_str());
   ::close(FDescriptor);
 }
 
-bool TVantrelTempFile::TakePlaceOf(const std::string& target, bool expectMissing, int& descriptor) {
+TVantrelTempFile::TPlace TVantrelTempFile::TakePlaceOf(const std::string& target, bool expectedMissing) {
   int result = -1;
-  if (expectMissing) {
+  if (expectedMissing) {
     result = ::renameat2(AT_FDCWD, FName.c_str(), AT_FDCWD, target.c_str(), RENAME_NOREPLACE);
-    if (result != 0 && errno == EEXIST) return false;
+    if (result != 0 && errno == EEXIST) return TPlace::CameToBe;
   }
-  const bool refusesTheFlag = expectMissing && result != 0 && (errno == EINVAL || errno == ENOSYS);
-  if (!expectMissing || refusesTheFlag) result = ::rename(FName.c_str(), target.c_str());
+  const bool refusesTheFlag = expectedMissing && result != 0 && (errno == EINVAL || errno == ENOSYS);
+  if (!expectedMissing || refusesTheFlag) result = ::rename(FName.c_str(), target.c_str());
+  if (result != 0 && ForbidsFiles(errno)) return TPlace::Forbidden;
   if (result != 0) throw EVantrelFileHandleError();
-  descriptor = std::exchange(FDescriptor, -1);
-  return true;
+  return TPlace::Taken;
 }
