@@ -52,7 +52,8 @@ void Save(TMyTessaronProject& project, const std::string& target) {
   if (TVantrelFilePath::GetExtension(target) == JsonExtension) {
     TVantrelMemoryStream json;
     project.SaveToJsonStream(json);
-    TVantrelSafeSave::Write(target, json.Bytes(), TVantrelFileAccessMode::famShareExclusive);
+    TVantrelSafeSave::Write(target, json.Bytes(), TVantrelFileAccessMode::famShareExclusive, nullptr,
+                            project.FileRights());
   } else {
     project.SetFileName(target);
     project.SaveFile({});

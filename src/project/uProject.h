@@ -112,9 +112,12 @@ class TMyTessaronProject final : public TVantrelDataStorage {
   /// Reads a file without holding it, with writing denied to others meanwhile; raises whatever goes wrong. An unknown
   /// kind is not read and answers false.
   bool LoadForReading(const std::string& fileName);
-  /// Writes the file in its kind; an empty name means FileName. An unknown kind: nothing is written. Failures go to the
-  /// caller, Modified then stays. A password that XML cannot hold raises EVantrelException for an XML kind.
+  /// Writes the file in its kind; an empty name means FileName. An unknown kind: nothing is written. The file of
+  /// FileName is held from then on, and no other. Failures go to the caller; Modified and the hold then stay. A
+  /// password that XML cannot hold raises EVantrelException for an XML kind.
   void SaveFile(const std::string& fileName);
+  /// The open file may be read only: it can be saved under another name alone.
+  bool IsWriteProtected() const { return FIsWriteProtected; }
   /// False for an empty entry, an empty stored password, and any difference.
   bool CheckPassword(std::string_view enteredPassword) const;
   /// Sets the flag and calls OnModified, whether it changed or not.
@@ -141,7 +144,6 @@ class TMyTessaronProject final : public TVantrelDataStorage {
   void WriteData(TVantrelDataObjectWriter& writer) const override;
   void BeforeOpenFile() override;
   void AfterOpenFile() override;
-  void BeforeStoreFile() override;
   void AfterStoreFile() override;
 
  private:
@@ -156,6 +158,7 @@ class TMyTessaronProject final : public TVantrelDataStorage {
   void HoldFile();
 
   std::unique_ptr<TVantrelFileStream> FExclusiveFileStream;
+  bool FIsWriteProtected = false;
   std::string FProductVersion;
   TVantrelPtr<TCatalogs> FAbschluesse, FAbschlussarten, FEmpfehlungen, FFachstati, FNiveaus;
   TVantrelPtr<TGrades> FNoten;

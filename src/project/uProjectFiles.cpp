@@ -3,10 +3,10 @@
 #include "ProjectTexts.h"
 #include "VantrelAesCipher.h"
 #include "VantrelExceptions.h"
+#include "VantrelFileSystem.h"
 #include "VantrelI18n.h"
 #include "VantrelMsgBox.h"
 #include "VantrelPaths.h"
-#include "VantrelSafeSave.h"
 #include "VantrelText.h"
 #include "uProject.h"
 
@@ -52,6 +52,7 @@ void GetProjectFileExtension(TProjectFileKind kind, std::string& extension) {
 
 void TMyTessaronProject::LoadFile(const std::string& fileName) {
   const std::string name = fileName.empty() ? FileName() : fileName;
+  FIsWriteProtected = false;
   switch (GetProjectFileKind(name)) {
     case pfkBinary:
       OpenFileExclusive(name, TVantrelDataStorageFormat::dsfBinary);
@@ -75,6 +76,7 @@ bool TMyTessaronProject::LoadForReading(const std::string& fileName) {
     ReadEnciphered(fileName);
   } else {
     TVantrelFileStream stream(fileName, famShareDenyWrite, fomOpenRead);
+    BeginReading(stream);
     LoadFromStream(stream,
                    kind == pfkBinary ? TVantrelDataStorageFormat::dsfBinary : TVantrelDataStorageFormat::dsfXml);
   }
@@ -89,7 +91,9 @@ void TMyTessaronProject::ReadEnciphered(const std::string& fileName) {
     TVantrelAesCipher cipher;
     cipher.Init(PassPhrase, nullptr);
     plain.Bytes().reserve(static_cast<std::size_t>(enciphered.Size()));
+    BeginReading(enciphered);
     cipher.DecryptStream(enciphered, plain, enciphered.Size());
+    EndReading(enciphered);
   }
   plain.SetPosition(0);
   LoadFromXmlStream(plain);
@@ -102,6 +106,7 @@ void TMyTessaronProject::LoadEncryptedXml(const std::string& fileName) {
         try {
           ReadEnciphered(fileName);
           SetFileName(fileName);
+          FIsWriteProtected = TVantrelFileSystem::GetFileMode(fileName) == TVantrelFileMode::fmodeReadOnly;
         } catch (const EVantrelFileHandleError&) {
           throw;
         } catch (const std::exception& error) {
@@ -129,25 +134,25 @@ void TMyTessaronProject::SaveFile(const std::string& fileName) {
     case pfkUnknown:
       break;
   }
+  if (name == FileName()) FIsWriteProtected = false;
   SetModified(false);
 }
 
 void TMyTessaronProject::SaveEncryptedXml(const std::string& fileName) {
   BeforeStoreFile();
-  RunBoth(
-      [&] {
-        TVantrelMemoryStream plain;
-        TVantrelMemoryStream enciphered;
-        SaveToXmlStream(plain);
-        plain.SetPosition(0);
-        TVantrelAesCipher cipher;
-        cipher.Init(PassPhrase, nullptr);
-        enciphered.Bytes().reserve(plain.Bytes().size());
-        cipher.EncryptStream(plain, enciphered, plain.Size());
-        KeepDamagedOriginal(fileName);
-        TVantrelSafeSave::Write(fileName, enciphered.Bytes(), famShareExclusive);
-      },
-      [&] { AfterStoreFile(); });
+  TVantrelMemoryStream plain;
+  TVantrelMemoryStream enciphered;
+  SaveToXmlStream(plain);
+  plain.SetPosition(0);
+  TVantrelAesCipher cipher;
+  cipher.Init(PassPhrase, nullptr);
+  enciphered.Bytes().reserve(plain.Bytes().size());
+  cipher.EncryptStream(plain, enciphered, plain.Size());
+  std::unique_ptr<TVantrelFileStream> other;
+  auto& held = fileName == FileName() ? FExclusiveFileStream : other;
+  WriteFile(held, fileName, enciphered.Bytes(), famShareExclusive);
+  if (&held == &FExclusiveFileStream) CloseFile();
+  AfterStoreFile();
 }
 
 void TMyTessaronProject::RequireStorablePassword() const {
@@ -178,10 +183,9 @@ void TMyTessaronProject::AfterOpenFile() {
   });
 }
 
-void TMyTessaronProject::BeforeStoreFile() {
-  FExclusiveFileStream.reset();
-}
-
 void TMyTessaronProject::AfterStoreFile() {
-  if (!HoldsFile(FileName())) HoldFile();
+  if (IsOn(FFileStream, FileName()))
+    FExclusiveFileStream.reset();
+  else if (!IsOn(FExclusiveFileStream, FileName()))
+    HoldFile();
 }

@@ -1,11 +1,11 @@
 #include "VantrelStorage.h"
 
 #include <algorithm>
+#include <filesystem>
 
 #include "SettingsTexts.h"
 #include "VantrelFileSystem.h"
 #include "VantrelI18n.h"
-#include "VantrelPaths.h"
 
 std::string TrimSeparators(std::string_view path) {
   constexpr std::string_view separators = "\\/";
@@ -68,7 +68,7 @@ std::unique_ptr<TVantrelAbstractPreferences> TVantrelStorage::OpenStore() {
     return store;
   }
   const auto fileName = FileName();
-  TVantrelFileSystem::CreateDirectory(TVantrelFilePath::GetDirectoryName(fileName));
+  TVantrelFileSystem::CreateDirectory(std::filesystem::path(fileName).parent_path().string());
   auto store = std::make_unique<TVantrelXMLPreferences>(fileName, false);
   FDamage = store->Damage();
   return store;

@@ -1,7 +1,5 @@
 // The file operations of a document: which file is opened how, and what becomes of it.
 
-#include <fmt/format.h>
-
 #include <filesystem>
 
 #include "StoredTexts.h"
@@ -10,17 +8,13 @@
 #include "VantrelFileSystem.h"
 #include "VantrelI18n.h"
 #include "VantrelMsgBox.h"
-#include "VantrelPaths.h"
 #include "VantrelSafeSave.h"
 
 using enum TVantrelFileAccessMode;
 using enum TVantrelFileOpenMode;
 
 void KeepBytesBeside(const std::string& name) {
-  std::string keep = name + ".beschaedigt";
-  for (int number = 2; TVantrelFileSystem::Exists(keep); ++number) keep = fmt::format("{}.beschaedigt{}", name, number);
-  TVantrelFileStream original(name, famShareDenyNone, fomOpenRead);
-  TVantrelSafeSave::Write(keep, original.ReadAll(), famShareDenyWrite);
+  TVantrelSafeSave::CopyBeside(name, ".beschaedigt");
 }
 
 void TVantrelDataStorage::CloseFile() {
@@ -41,6 +35,8 @@ void TVantrelDataStorage::LoadFromFile(const std::string& name, TVantrelDataStor
   const auto load = [this](const std::string& source, TVantrelDataStorageFormat sourceFormat) {
     BeforeOpenFile();
     FFileName = source;
+    FDamagedFile.clear();
+    FStamp = {};
     TVantrelFileStream stream(source, famShareDenyNone, fomOpenRead, IsShared() ? famShareDenyNone : famShareDenyWrite,
                               fomOpenRead);
     try {
@@ -71,12 +67,16 @@ void TVantrelDataStorage::OpenHeld(const std::string& name, TVantrelDataStorageF
   FFileStream = readOnlyFallback
                     ? std::make_unique<TVantrelFileStream>(name, famShareDenyNone, fomOpenRead, access, mode)
                     : std::make_unique<TVantrelFileStream>(name, access, mode);
+  BeginReading(*FFileStream);
+  bool isWhole = true;
   try {
     LoadFromStream(*FFileStream, format);
   } catch (const std::exception&) {
-    FFileStream.reset();
+    isWhole = false;
     NoteDamagedFile(name);
   }
+  EndReading(*FFileStream);
+  if (!isWhole) FFileStream.reset();
   AfterOpenFile();
 }
 
@@ -98,26 +98,41 @@ std::vector<std::uint8_t> TVantrelDataStorage::WholeDocument(TVantrelDataStorage
   return std::move(stream.Bytes());
 }
 
-bool TVantrelDataStorage::HoldsFile(const std::string& name) const {
-  std::error_code error;
-  return IsFileOpen() && std::filesystem::equivalent(FFileStream->Handle().FileName(), name, error);
+void TVantrelDataStorage::BeginReading(const TVantrelFileStream& file) {
+  FDamagedFile.clear();
+  FStamp = TVantrelFileStamp(file.Handle());
 }
 
-void TVantrelDataStorage::WriteHeldFile(const std::string& name, const std::vector<std::uint8_t>& bytes,
-                                        TVantrelFileAccessMode access) {
-  FFileStream->Exchange(
-      [&](std::unique_ptr<TVantrelFileHandle>& held) { return TVantrelSafeSave::Write(name, bytes, access, &held); });
+bool TVantrelDataStorage::IsOn(const std::unique_ptr<TVantrelFileStream>& held, const std::string& name) {
+  std::error_code error;
+  return held != nullptr && std::filesystem::equivalent(held->Handle().FileName(), name, error);
+}
+
+void TVantrelDataStorage::WriteFile(std::unique_ptr<TVantrelFileStream>& held, const std::string& name,
+                                    const std::vector<std::uint8_t>& bytes, TVantrelFileAccessMode access) {
+  TVantrelFileSystem::CreateDirectory(std::filesystem::path(name).parent_path().string());
+  KeepOriginal(name);
+  // A file that is written under its own name keeps its own rights.
+  const auto most = FStamp.IsOf(name) ? TVantrelFileRights() : FStamp.Rights();
+  const auto save = [&](std::unique_ptr<TVantrelFileHandle>* own) {
+    return TVantrelSafeSave::Write(name, bytes, access, own, most);
+  };
+  if (IsOn(held, name))
+    held->Exchange([&](std::unique_ptr<TVantrelFileHandle>& handle) { return save(&handle); });
+  else
+    held = std::make_unique<TVantrelFileStream>(save(nullptr));
+  if (name == FFileName) FStamp = TVantrelFileStamp(held->Handle(), bytes);
 }
 
 void TVantrelDataStorage::SaveToFile(const std::string& name, TVantrelDataStorageFormat format) {
   if (name.empty()) return;
   BeforeStoreFile();
   if (!IsFileOpen()) FFileName = name;
-  const std::string target = FFileName;
-  TVantrelFileSystem::CreateDirectory(TVantrelFilePath::GetDirectoryName(target));
   const auto bytes = WholeDocument(format);
-  KeepDamagedOriginal(target);
-  TVantrelSafeSave::Write(target, bytes, IsShared() ? famShareDenyNone : famShareExclusive);
+  std::unique_ptr<TVantrelFileStream> written;
+  WriteFile(written, std::string(FFileName), bytes, IsShared() ? famShareDenyNone : famShareExclusive);
+  written.reset();
+  FStamp = {};
   FModified = false;
   FObserver.StorageSaveAs.Call(this);
   AfterStoreFile();
@@ -128,7 +143,7 @@ void TVantrelDataStorage::StoreFile(TVantrelDataStorageFormat format) {
   BeforeStoreFile();
   if (FFileStream->Handle().OpenMode() == fomOpenRead) throw EVantrelFileHandleError(TVantrelErrorCode::AccessDenied);
   const auto bytes = WholeDocument(format);
-  WriteHeldFile(std::string(FFileStream->Handle().FileName()), bytes, FFileStream->Handle().AccessMode());
+  WriteFile(FFileStream, std::string(FFileStream->Handle().FileName()), bytes, FFileStream->Handle().AccessMode());
   FModified = false;
   AfterStoreFile();
 }
@@ -136,16 +151,15 @@ void TVantrelDataStorage::StoreFile(TVantrelDataStorageFormat format) {
 void TVantrelDataStorage::StoreFile(const std::string& name, TVantrelDataStorageFormat format) {
   if (name.empty()) return;
   const std::string target = name;
-  if (!HoldsFile(target)) FFileStream.reset();
+  const std::string former = FFileName;
   BeforeStoreFile();
   FFileName = target;
-  TVantrelFileSystem::CreateDirectory(TVantrelFilePath::GetDirectoryName(target));
-  const auto bytes = WholeDocument(format);
-  KeepDamagedOriginal(target);
-  if (IsFileOpen())
-    WriteHeldFile(target, bytes, famShareDenyWrite);
-  else
-    FFileStream = std::make_unique<TVantrelFileStream>(TVantrelSafeSave::Write(target, bytes, famShareDenyWrite));
+  try {
+    WriteFile(FFileStream, target, WholeDocument(format), famShareDenyWrite);
+  } catch (...) {
+    FFileName = former;
+    throw;
+  }
   FModified = false;
   AfterStoreFile();
 }
@@ -168,11 +182,15 @@ bool TVantrelDataStorage::TrySaveToFile(const std::string& name, TVantrelDataSto
   }
 }
 
-void TVantrelDataStorage::KeepDamagedOriginal(const std::string& name) {
+void TVantrelDataStorage::KeepOriginal(const std::string& name) {
   std::error_code error;
-  if (FDamagedFile.empty() || !std::filesystem::equivalent(FDamagedFile, name, error)) return;
-  KeepBytesBeside(name);
-  FDamagedFile.clear();
+  if (FStamp.IsOf(name) && FStamp.IsOutdated()) {
+    FStamp = TVantrelSafeSave::CopyBeside(name, ".andere");
+    FDamagedFile.clear();
+  } else if (!FDamagedFile.empty() && std::filesystem::equivalent(FDamagedFile, name, error)) {
+    KeepBytesBeside(name);
+    FDamagedFile.clear();
+  }
 }
 
 void TVantrelDataStorage::ReportFileError(const EVantrelException& exception) const {

@@ -9,6 +9,7 @@
 #include "VantrelDataObserver.h"
 #include "VantrelDataRegistry.h"
 #include "VantrelExceptions.h"
+#include "VantrelFileStamp.h"
 #include "VantrelFileStreams.h"
 
 enum class TVantrelDataStorageState { dssNormal, dssCreating, dssDestroying, dssClearing, dssLoading, dssSaving };
@@ -23,8 +24,7 @@ struct TVantrelLoadDamage {
   std::string Place;
 };
 
-/// Copies a file that cannot be read to "NAME.beschaedigt" beside it, or "NAME.beschaedigt2" and so on where there is
-/// such a copy. Raises what the copying raises.
+/// Copies a file that cannot be read to "NAME.beschaedigt" beside it (see TVantrelSafeSave::CopyBeside).
 void KeepBytesBeside(const std::string& name);
 
 /// A document: the root of a tree of data objects, read from and written to files in three forms. Belongs to the main
@@ -58,6 +58,11 @@ class TVantrelDataStorage : public TVantrelAbstractDataObject {
   TVantrelDataObserver& Observer() { return FObserver; }
   /// A stream on the file is held.
   bool IsFileOpen() const { return FFileStream != nullptr; }
+  /// Another program has replaced or changed the file since it was opened for editing or saved. The next save keeps
+  /// that version as "NAME.andere".
+  bool IsFileChanged() const { return FStamp.IsOf(FFileName) && FStamp.IsOutdated(); }
+  /// What a file may be open to at most that is made of the content of this document's file.
+  const TVantrelFileRights& FileRights() const { return FStamp.Rights(); }
   /// The damage that the last load met, if any. A load that succeeds clears it.
   const std::optional<TVantrelLoadDamage>& LoadDamage() const { return FLoadDamage; }
 
@@ -83,7 +88,8 @@ class TVantrelDataStorage : public TVantrelAbstractDataObject {
   void SaveToFile(TVantrelDataStorageFormat format) { SaveToFile(std::string(FFileName), format); }
   /// Writes the held file anew and goes on holding it; nothing where none is held.
   void StoreFile(TVantrelDataStorageFormat format);
-  /// Writes the named file and holds it, with others reading. A hold on the same file outlives a failure.
+  /// Writes the named file and holds it, with others reading. After a failure the document has the name and the hold
+  /// that it had before.
   void StoreFile(const std::string& name, TVantrelDataStorageFormat format);
   /// As the operation itself, false in place of any exception.
   bool TryLoadFromFile(const std::string& name, TVantrelDataStorageFormat format);
@@ -113,12 +119,17 @@ class TVantrelDataStorage : public TVantrelAbstractDataObject {
 
  protected:
   TVantrelDataStorage* AsStorage() override { return this; }
+  /// To be called with an open file before and after it is read for editing: remembers what it was.
+  void BeginReading(const TVantrelFileStream& file);
+  void EndReading(const TVantrelFileStream& file) { FStamp.Seal(file.Handle()); }
   /// Remembers that the file of that name opened with damage.
   void NoteDamagedFile(const std::string& name) { FDamagedFile = name; }
-  /// The held stream is on the file of that name.
-  bool HoldsFile(const std::string& name) const;
-  /// To be called before a file is written: keeps the bytes of a damaged one beside it. Raises what the copying raises.
-  void KeepDamagedOriginal(const std::string& name);
+  /// `held`, which may be null, is on the file of that name.
+  static bool IsOn(const std::unique_ptr<TVantrelFileStream>& held, const std::string& name);
+  /// The only way to write a file: keeps beside it what would be lost, saves, and leaves in `held` the stream on the
+  /// new file with the sharing `access`. If it raises, `held` is as it was.
+  void WriteFile(std::unique_ptr<TVantrelFileStream>& held, const std::string& name,
+                 const std::vector<std::uint8_t>& bytes, TVantrelFileAccessMode access);
   void SetModifiedFlag(bool modified) { FModified = modified; }
 
   std::unique_ptr<TVantrelFileStream> FFileStream;
@@ -133,7 +144,7 @@ class TVantrelDataStorage : public TVantrelAbstractDataObject {
   template <class TWriter>
   void SaveThrough(TVantrelStream& stream);
   std::vector<std::uint8_t> WholeDocument(TVantrelDataStorageFormat format);
-  void WriteHeldFile(const std::string& name, const std::vector<std::uint8_t>& bytes, TVantrelFileAccessMode access);
+  void KeepOriginal(const std::string& name);
   void FreeUnclaimed();
 
   std::string FFileName;
@@ -143,4 +154,5 @@ class TVantrelDataStorage : public TVantrelAbstractDataObject {
   TVantrelDataStorageState FState = TVantrelDataStorageState::dssNormal;
   std::optional<TVantrelLoadDamage> FLoadDamage;
   std::string FDamagedFile;
+  TVantrelFileStamp FStamp;
 };

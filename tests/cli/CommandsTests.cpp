@@ -141,6 +141,18 @@ TEST_F(CommandsTest, NothingThatIsShownHarmsTheTerminal) {
   }
 }
 
+TEST_F(CommandsTest, ConvertMakesNothingMoreReadableAndTakesAnyName) {
+  const auto source = FFolder / "f\xFCr 12:30\\a.kvr7";
+  fs::copy_file(Fixture("small.kvr7"), source);
+  fs::permissions(source, fs::perms(0600));
+  for (const char* name : {"\xFC.kvrx", "b.kvrxr", "c.json"}) {
+    const auto target = FFolder / name;
+    EXPECT_EQ(Run({"convert", source, target}), 0) << Err();
+    EXPECT_EQ(static_cast<int>(fs::status(target).permissions()), 0600) << name;
+  }
+  EXPECT_EQ(Run({"info", FFolder / "\xFC.kvrx"}), 0) << Err();
+}
+
 TEST_F(CommandsTest, ConvertLeavesTheTargetWhereItCannotDoItsWork) {
   const auto target = FFolder / "ziel.kvrx";
   const auto damaged = FFolder / "kaputt.kvr7";

@@ -117,6 +117,51 @@ TEST_F(ProjectFilesTest, SaveFile) {
   EXPECT_EQ(FFolder.FileCount(), 0u);
 }
 
+/// The file of the document is held at every moment of a save, and no other one is.
+TEST_F(ProjectFilesTest, ASaveNeverLetsGoOfItsFileAndHoldsNoOther) {
+  for (const char* from : {"kvrx", "kvr7", "kvrxr"}) {
+    for (const char* to : {"kvrx", "kvr7", "kvrxr"}) {
+      SCOPED_TRACE(std::string(from) + " to " + to);
+      const auto name = Place(from, Fixture(from));
+      Renew();
+      Load(name);
+      static std::string watched;
+      watched = name;
+      FProject->Observer().StorageSave.Add([](void*, TVantrelDataStorage*) { EXPECT_EQ(OpeningErrorOf(watched), 32u); },
+                                           nullptr);
+      FProject->SaveFile({});
+      const auto other = FFolder / ("12:30\\b." + std::string(to));
+      FProject->SetFileName("/dev/null/b." + std::string(to));
+      EXPECT_ANY_THROW(FProject->SaveFile({}));
+      EXPECT_EQ(OpeningErrorOf(name), 32u);
+      FProject->SetFileName(other);
+      FProject->SaveFile({});
+      EXPECT_EQ(OpeningErrorOf(name), 0u);
+      EXPECT_EQ(OpeningErrorOf(other), 32u);
+      EXPECT_EQ(FFolder.FileCount(), 2u);
+      FProject.reset();
+      std::filesystem::remove(name);
+      std::filesystem::remove(other);
+    }
+  }
+}
+
+/// What the window and the companion make of a file is open to nobody who could not read that.
+TEST_F(ProjectFilesTest, WhatIsMadeOfAFileIsNoMoreReadable) {
+  const auto name = Place("kvr7", Fixture("kvr7"));
+  std::filesystem::permissions(name, std::filesystem::perms(0600));
+  for (const bool forReading : {true, false}) {
+    Renew();
+    forReading ? static_cast<void>(FProject->LoadForReading(name)) : FProject->LoadFile(name);
+    const auto made = FFolder / "neu.kvrx";
+    FProject->SetFileName(made);
+    FProject->SaveFile({});
+    EXPECT_EQ(static_cast<int>(std::filesystem::status(made).permissions()), 0600);
+    FProject.reset();
+    std::filesystem::remove(made);
+  }
+}
+
 TEST_F(ProjectFilesTest, FailedSaveKeepsFileFlagAndHold) {
   for (const char* extension : {"kvr7", "kvrx", "kvrxr"}) {
     SCOPED_TRACE(extension);

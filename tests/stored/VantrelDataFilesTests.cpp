@@ -104,6 +104,31 @@ TEST_F(DataFilesTest, DamagedFileOpensInSilenceAndIsKeptAtTheFirstSave) {
   EXPECT_EQ(FFolder.FileCount(), 3u);
 }
 
+TEST_F(DataFilesTest, AGoodLoadForgetsTheDamageAndAForeignVersionIsKept) {
+  WriteFileText(FName, Damaged);
+  FDocument->OpenFileExclusive(FName, dsfXml);
+  WriteFileText(FName, Xml);
+  FDocument->OpenFileExclusive(FName, dsfXml);
+  FDocument->StoreFile(FName, dsfXml);
+  EXPECT_EQ(FFolder.FileCount(), 1u);
+
+  WriteFileText(FFolder / "sync", "von anderswo");
+  std::filesystem::rename(FFolder / "sync", FName);
+  EXPECT_TRUE(FDocument->IsFileChanged());
+  for (int twice = 0; twice < 2; ++twice) FDocument->StoreFile(FName, dsfXml);
+  EXPECT_FALSE(FDocument->IsFileChanged());
+  EXPECT_EQ(ReadFileText(FName + ".andere"), "von anderswo");
+  EXPECT_EQ(OpeningErrorOf(FName), 32u);
+  EXPECT_EQ(FFolder.FileCount(), 2u);
+}
+
+TEST_F(DataFilesTest, AFailedStoreKeepsNameAndHold) {
+  FDocument->OpenFileExclusive(FName, dsfXml);
+  EXPECT_THROW(FDocument->StoreFile("/dev/null/b.xml", dsfXml), EVantrelWin32Error);
+  EXPECT_EQ(FDocument->FileName(), FName);
+  EXPECT_EQ(OpeningErrorOf(FName), 32u);
+}
+
 TEST_F(DataFilesTest, Saving) {
   const auto target = FFolder / "neu/tief/b.bin";
   std::string events;
