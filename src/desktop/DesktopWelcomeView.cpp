@@ -140,7 +140,7 @@ TDesktopWelcomeView::TDesktopWelcomeView(TDesktopMainWindow& window)
   AddLabels(info->Layout(), {VersionText, FileVersionText}, SmallSize);
   AddSummary(file->Layout());
   AddLabels(file->Layout(), {StudentsText}, UsualSize);
-  AddLabels(file->Layout(), {CreatedOnText, ChangedOnText, FilepathText}, SmallSize);
+  AddLabels(file->Layout(), {CreatedOnText, ChangedOnText, FilepathText, WriteProtectedText}, SmallSize);
   AddLabels(file->Layout(), {SignatureText, PeriodText, TenantText}, UsualSize);
   AddMemo(description->Layout());
   FScreen->OnResize = [this](int width, int height) {

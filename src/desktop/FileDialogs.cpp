@@ -3,6 +3,7 @@
 #include <QDateTime>
 #include <QDir>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QFileSystemModel>
 #include <QHeaderView>
 #include <QLocale>
@@ -15,27 +16,25 @@
 #include "DesktopLook.h"
 #include "DesktopTexts.h"
 #include "QtText.h"
-#include "VantrelMsgBox.h"
 
 namespace {
 
-/// Stays open while the chosen name is refused.
+/// Stays open while the chosen name is refused. Folders are entered, whatever they are called.
 class TJudgingDialog : public QFileDialog {
  public:
-  TJudgingDialog(QWidget* parent, const TFileDialog& told) : QFileDialog(parent), FRefuse(told.Refuse) {}
+  TJudgingDialog(QWidget* parent, const TFileDialog& told) : QFileDialog(parent), FAccepts(told.Accepts) {}
 
  protected:
   void accept() override {
     // The list of completions has seized the keyboard: keys that come before it goes would be lost.
     if (auto* completions = QApplication::activePopupWidget()) completions->close();
     const auto chosen = selectedFiles();
-    const auto refusal = FRefuse && !chosen.isEmpty() ? FRefuse(ToUtf8(chosen.front())) : std::string();
-    if (refusal.empty()) return QFileDialog::accept();
-    MsgBoxError(refusal);
+    const bool isFile = !chosen.isEmpty() && !QFileInfo(chosen.front()).isDir();
+    if (!isFile || !FAccepts || FAccepts(ToUtf8(chosen.front()))) QFileDialog::accept();
   }
 
  private:
-  std::function<std::string(const std::string&)> FRefuse;
+  std::function<bool(const std::string&)> FAccepts;
 };
 
 /// "Text|pattern|Text|pattern" as Qt wants it.

@@ -1,4 +1,5 @@
 #include <QApplication>
+#include <algorithm>
 
 #include "DesktopDialogs.h"
 #include "DesktopLook.h"
@@ -19,10 +20,9 @@
 
 namespace {
 
-std::vector<std::string> Arguments() {
-  std::vector<std::string> arguments;
-  for (const auto& argument : QApplication::arguments().mid(1)) arguments.push_back(ToUtf8(argument));
-  return arguments;
+/// As the system gave them, since the name of a file may be no valid text; behind those that Qt took for itself.
+std::vector<std::string> ArgumentsOf(int argc, char** argv) {
+  return {argv + std::min(argc, 1), argv + argc};
 }
 
 }  // namespace
@@ -35,7 +35,8 @@ int main(int argc, char** argv) {
   RegisterFoundationClasses(classes);
   TMyTessaronProject::RegisterClasses();
   const TDesktopMsgBoxes boxes;
-  const TTessaronStart start(Arguments());
+  const auto arguments = ArgumentsOf(argc, argv);
+  const TTessaronStart start(arguments);
   const auto options = CreateVantrel<TMyTessaronOptions>(OptionsFileName, UserDataFolder);
 
   QApplication::setApplicationDisplayName({});
@@ -51,7 +52,7 @@ int main(int argc, char** argv) {
   const auto form = CreateVantrel<TMainForm>(
       TMainFormPorts{window, dialogs, storage, [&] { return std::make_unique<TDesktopWelcomeView>(window); },
                      [&] { return std::make_unique<TDesktopStudentsView>(window); }},
-      Arguments());
+      arguments);
   window.show();
   return QApplication::exec();
 }

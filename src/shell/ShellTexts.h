@@ -48,7 +48,22 @@ inline constexpr const char* OpenFilter =
 inline constexpr const char* SaveTitle = "Datei speichern unter";
 inline constexpr const char* SaveFilter = "MyTessaron-Dateien|*.kvrx|Alle Dateien|*.*";
 inline constexpr const char* SaveUnknownKind =
-    "\"{}\" ist kein Dateityp von MyTessaron. Bitte wählen Sie einen Namen mit der Endung kvrx.";
+    "„{}“ ist kein Dateityp von MyTessaron. Bitte wählen Sie einen Namen mit der Endung kvrx.";
+inline constexpr const char* OpenUnknownKind =
+    "„{}“ ist kein Dateityp von MyTessaron. Bitte wählen Sie eine Datei mit der Endung kvrx, kvrxr, kvr7 oder kvr.";
+inline constexpr const char* IllFormedName =
+    "Der Name „{}“ enthält ungültige Zeichen. Bitte benennen Sie die Datei um und öffnen Sie sie dann.";
+inline constexpr const char* OverwriteQuestion =
+    "Die Datei „{}“ ist bereits vorhanden.\r\nMöchten Sie sie durch die geöffnete ersetzen?";
+inline constexpr const char* ChangedQuestion =
+    "Ein anderes Programm hat die Datei „{0}“ seit dem Öffnen geändert oder ersetzt.\r\n\r\n"
+    "Ja: Ihre Fassung wird gespeichert, die andere bleibt als „{0}.andere“ erhalten.\r\n"
+    "Nein: Ihre Fassung wird unter einem anderen Namen gespeichert, die andere bleibt unverändert.";
+inline constexpr const char* ChangedCancel =
+    "\r\nAbbrechen: Es wird nichts gespeichert, Ihre Eingaben bleiben geöffnet.";
+inline constexpr const char* WriteProtectedKind =
+    "{}\r\nDie Datei ist {}. Dateien dieser Art öffnet MyTessaron nur, wenn sie beschrieben werden dürfen; bitte "
+    "öffnen Sie eine Kopie.";
 inline constexpr const char* SaveQuestionCaption = "Hinweis";
 inline constexpr const char* SaveQuestion = "Möchten Sie die aktuelle MyTESSARON-Datei speichern?";
 inline constexpr const char* WrongPassword = "Das angegebene Passwort ist nicht korrekt. Datei wird geschlossen.";

@@ -142,7 +142,7 @@ void TMainForm::UpdateCommands() {
   const bool loaded = CurrentProject != nullptr;
   const bool modified = loaded && CurrentProject->Modified();
   TMainCommands::SetEnabled(FCommands.SaveFileCommand, modified);
-  if (modified) FWindow.SetStatusNote({});
+  if (modified) ShowStandingNote();
   for (auto* command : {&FCommands.SaveFileAsCommand, &FCommands.StudentsViewCommand, &FCommands.SubjectsViewCommand,
                         &FCommands.ClassesViewCommand})
     TMainCommands::SetEnabled(*command, loaded);

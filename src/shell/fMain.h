@@ -73,6 +73,17 @@ class TMainForm final : public TBaseMainForm {
   void ShowLoadError(const std::string& path, const std::string& message);
   void ShowRecentFiles() { FWindow.SetRecentItems(FRecentFiles.Items()); }
   void CheckClose();
+  /// Why a file cannot be opened by its name; empty if it can.
+  static std::string RefusalToOpen(const std::string& path);
+  /// Whether the project may be saved there: tells why not, or asks where a file would be lost.
+  static bool AcceptsTarget(const std::string& path);
+  /// Saves the project to its file; one that another program has changed is asked about, with the way back where the
+  /// program does not end.
+  void SaveUnlessChanged(bool withCancel);
+  /// False if that failed, which has been told then.
+  bool StoreProject();
+  /// What the end of the status bar says while nothing else has to be said.
+  void ShowStandingNote();
 
   TMainFormPorts FPorts;
   std::vector<std::string> FArguments;

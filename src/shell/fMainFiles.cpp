@@ -5,9 +5,12 @@
 #include "ShellTexts.h"
 #include "VantrelDateTime.h"
 #include "VantrelExceptions.h"
+#include "VantrelFileSystem.h"
 #include "VantrelI18n.h"
 #include "VantrelMsgBox.h"
 #include "VantrelPaths.h"
+#include "VantrelText.h"
+#include "ViewTexts.h"
 #include "fMain.h"
 
 namespace {
@@ -27,10 +30,31 @@ TVantrelMsgBoxResult AskToSave() {
   return MsgBoxAsk(ResourceText(ShellTexts::SaveQuestionCaption), ResourceText(ShellTexts::SaveQuestion));
 }
 
-/// Why a project cannot be saved under that name; empty if it can.
-std::string RefuseName(const std::string& path) {
-  if (!TVantrelFilePath::HasExtension(path) || GetProjectFileKind(path) != TProjectFileKind::pfkUnknown) return {};
-  return FormatText(ShellTexts::SaveUnknownKind, TVantrelFilePath::GetFileName(path));
+/// What the user calls the file.
+std::string NameOf(const std::string& path) {
+  return RepairUtf8(std::filesystem::path(path).filename().string());
+}
+
+bool IsSameFile(const std::string& path, const std::string& other) {
+  std::error_code ignored;
+  return std::filesystem::equivalent(path, other, ignored);
+}
+
+/// The whole name for one that was chosen in the save dialog: without final dots, of a kind of its own or of the usual.
+std::string TargetOf(std::string path) {
+  while (path.ends_with('.') && !path.ends_with("/.")) path.pop_back();
+  std::string extension;
+  GetProjectFileExtension(TProjectFileKind::pfkEncryptedXml, extension);
+  return TVantrelFilePath::HasExtension(path) ? path : TVantrelFilePath::AddExtension(path, extension);
+}
+
+/// What went wrong with a file; of one that must not be written, why.
+std::string ReasonOf(const std::string& path, const std::exception& error) {
+  const auto* refused = dynamic_cast<const EVantrelFileHandleError*>(&error);
+  if (refused == nullptr || refused->ErrorCode() != static_cast<std::uint32_t>(TVantrelErrorCode::AccessDenied) ||
+      TVantrelFileSystem::GetFileMode(path) != TVantrelFileMode::fmodeReadOnly)
+    return error.what();
+  return FormatText(ShellTexts::WriteProtectedKind, error.what(), ResourceText(ViewTexts::WriteProtected));
 }
 
 }  // namespace
@@ -66,8 +90,8 @@ void TMainForm::SetCurrentProject(TVantrelPtr<TMyTessaronProject> project) {
   FFormContainer.FreeEmbeddedForm();
   CurrentProject = nullptr;
   FProject = std::move(project);
-  FWindow.SetStatusNote({});
   CurrentProject = FProject.get();
+  ShowStandingNote();
 }
 
 void TMainForm::AfterProjectLoaded() {
@@ -88,14 +112,19 @@ void TMainForm::OpenFile() {
   FOpenFileDialog.Filter = ResourceText(ShellTexts::OpenFilter);
   FOpenFileDialog.DefaultExtension = DefaultExtension;
   FOpenFileDialog.FileName.clear();
+  FOpenFileDialog.Accepts = [](const std::string& path) {
+    const auto refusal = RefusalToOpen(path);
+    if (!refusal.empty()) MsgBoxError(refusal);
+    return refusal.empty();
+  };
   if (!FPorts.Dialogs.OpenFile(FOpenFileDialog)) return;
   const TVantrelWaitScope wait(FWaitCursor);
   const std::string path = FOpenFileDialog.FileName;
-  FOpenFileDialog.InitialDir = TVantrelFilePath::GetDirectoryName(path);
+  FOpenFileDialog.InitialDir = std::filesystem::path(path).parent_path().string();
   try {
     LoadChosenFile(path);
   } catch (const std::exception& error) {
-    MsgBoxError(FormatText(ShellTexts::LoadError, path, error.what()));
+    MsgBoxError(FormatText(ShellTexts::LoadError, path, ReasonOf(path, error)));
   }
 }
 
@@ -130,6 +159,7 @@ void TMainForm::OpenCommandLineFile() {
 
 void TMainForm::OpenNamedFile(const std::string& path) {
   if (!FileIsThere(path)) return ShowLoadError(path, {});
+  if (const auto refusal = RefusalToOpen(path); !refusal.empty()) return ShowLoadError(path, refusal);
   try {
     auto project = CreateProject();
     project->LoadFile(path);
@@ -137,44 +167,84 @@ void TMainForm::OpenNamedFile(const std::string& path) {
     SetCurrentProject(std::move(project));
     AfterProjectLoaded();
   } catch (const std::exception& error) {
-    ShowLoadError(path, error.what());
+    ShowLoadError(path, ReasonOf(path, error));
   }
 }
 
 void TMainForm::ShowLoadError(const std::string& path, const std::string& message) {
-  MsgBoxError(
-      FormatText(ShellTexts::LoadError, path, message.empty() ? ResourceText(ShellTexts::FileNotFound) : message));
+  MsgBoxError(FormatText(ShellTexts::LoadError, RepairUtf8(path),
+                         message.empty() ? ResourceText(ShellTexts::FileNotFound) : message));
   FRecentFiles.RemoveRecentFile(path);
   ShowRecentFiles();
 }
 
+/// Qt gives U+FFFD for what it cannot read of a name, and then finds no such file.
+std::string TMainForm::RefusalToOpen(const std::string& path) {
+  const auto name = NameOf(path);
+  const bool isMisread = name.find("\uFFFD") != std::string::npos && !FileIsThere(path);
+  if (isMisread || RepairUtf8(path) != path) return FormatText(ShellTexts::IllFormedName, name);
+  if (GetProjectFileKind(path) != TProjectFileKind::pfkUnknown) return {};
+  return FormatText(ShellTexts::OpenUnknownKind, name);
+}
+
+bool TMainForm::AcceptsTarget(const std::string& path) {
+  const auto target = TargetOf(path);
+  if (GetProjectFileKind(target) == TProjectFileKind::pfkUnknown) {
+    MsgBoxError(FormatText(ShellTexts::SaveUnknownKind, NameOf(path)));
+    return false;
+  }
+  const bool isOwn = IsSameFile(target, CurrentProject->FileName()) && !CurrentProject->IsFileChanged();
+  return isOwn || !TVantrelFileSystem::Exists(target) ||
+         MsgBoxAsk(ResourceText(ShellTexts::SaveQuestionCaption),
+                   FormatText(ShellTexts::OverwriteQuestion, NameOf(target))) == TVantrelMsgBoxResult::mbrYes;
+}
+
 void TMainForm::SaveFile() {
+  SaveUnlessChanged(true);
+}
+
+void TMainForm::SaveUnlessChanged(bool withCancel) {
   if (CurrentProject == nullptr) return;
   if (CurrentProject->FileName().empty()) return SaveFileAs();
+  if (CurrentProject->IsFileChanged()) {
+    auto text = FormatText(ShellTexts::ChangedQuestion, NameOf(CurrentProject->FileName()));
+    if (withCancel) text += ResourceText(ShellTexts::ChangedCancel);
+    const auto answer = MsgBoxAsk(ResourceText(ShellTexts::SaveQuestionCaption), text, withCancel);
+    if (withCancel && answer == TVantrelMsgBoxResult::mbrCancel) return;
+    if (answer != TVantrelMsgBoxResult::mbrYes) return SaveFileAs();
+  }
+  StoreProject();
+}
+
+bool TMainForm::StoreProject() {
   try {
     CurrentProject->SaveFile({});
     const auto now = DecodeDateTime(CurrentDateTime());
     FWindow.SetStatusNote(FormatText(ShellTexts::SavedAt, now.Hour, now.Minute));
+    return true;
   } catch (const std::exception& error) {
     MsgBoxError(FormatText(ShellTexts::SaveError, error.what()));
+    return false;
   }
+}
+
+void TMainForm::ShowStandingNote() {
+  const bool isProtected = CurrentProject != nullptr && CurrentProject->IsWriteProtected();
+  FWindow.SetStatusNote(isProtected ? ResourceText(ViewTexts::WriteProtected) : std::string());
 }
 
 void TMainForm::SaveFileAs() {
   if (CurrentProject == nullptr) return;
   FSaveDialog.FileName = CurrentProject->FileName();
-  FSaveDialog.Refuse = RefuseName;
+  FSaveDialog.Accepts = AcceptsTarget;
   if (!FPorts.Dialogs.SaveFile(FSaveDialog)) return;
-  std::string extension;
-  GetProjectFileExtension(TProjectFileKind::pfkEncryptedXml, extension);
-  const auto& path = FSaveDialog.FileName;
-  CurrentProject->SetFileName(TVantrelFilePath::HasExtension(path) ? path
-                                                                   : TVantrelFilePath::AddExtension(path, extension));
-  if (!CurrentProject->FileName().empty()) SaveFile();
+  const std::string former = CurrentProject->FileName();
+  CurrentProject->SetFileName(TargetOf(FSaveDialog.FileName));
+  if (!StoreProject()) CurrentProject->SetFileName(former);
   UpdateStatusText();
 }
 
 void TMainForm::CheckClose() {
   PostEdits();
-  if (IsModified() && AskToSave() == TVantrelMsgBoxResult::mbrYes) SaveFile();
+  if (IsModified() && AskToSave() == TVantrelMsgBoxResult::mbrYes) SaveUnlessChanged(false);
 }

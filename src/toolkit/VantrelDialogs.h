@@ -15,8 +15,9 @@ struct TFileDialog {
   std::string InitialDir;
   std::string DefaultExtension;  ///< without dot; empty for none
   std::string FileName;          ///< the preset path; after the dialog, the chosen one
-  /// Judges the chosen path: a text is shown and the dialog stays, an empty text takes it. May be unset.
-  std::function<std::string(const std::string& path)> Refuse;
+  /// Judges the chosen path, with boxes of its own where that needs words: unless it answers true the dialog stays.
+  /// May be unset.
+  std::function<bool(const std::string& path)> Accepts;
 };
 
 struct TAboutInfo {

@@ -36,6 +36,7 @@ inline constexpr const char* DescriptionGroup = "Bemerkung";
 inline constexpr const char* ProgramVersion = "Sie arbeiten mit MyTessaron in der Version {}";
 inline constexpr const char* FileVersion = "Die Datei wurde mit folgender Version erstellt: {}";
 inline constexpr const char* Filepath = "Verzeichnis: {}";
+inline constexpr const char* WriteProtected = "schreibgeschützt: Speichern nur unter anderem Namen";
 inline constexpr const char* CreatedOn = "Erstellt: {}";
 inline constexpr const char* ChangedOn = "Geändert: {}";
 inline constexpr const char* Signature = "Signatur: {}, ID = {}";

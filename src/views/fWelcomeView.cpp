@@ -1,12 +1,12 @@
 #include "fWelcomeView.h"
 
 #include <algorithm>
+#include <filesystem>
 
 #include "VantrelDateTime.h"
 #include "VantrelExceptions.h"
 #include "VantrelFileSystem.h"
 #include "VantrelI18n.h"
-#include "VantrelPaths.h"
 #include "VantrelText.h"
 #include "ViewTexts.h"
 #include "uMissingGrades.h"
@@ -65,11 +65,14 @@ void TWelcomeView::UpdateContent() {
   for (const auto text : {FileVersionText, FilenameText, StudentsText, CreatedOnText, ChangedOnText, FilepathText,
                           SignatureText, PeriodText, TenantText, DescriptionMemo})
     FUi->Text(text).SetVisible(project != nullptr);
+  FUi->Text(WriteProtectedText).SetVisible(project != nullptr && project->IsWriteProtected());
   if (project == nullptr) return SetText(FilenameText, ResourceText(ViewTexts::FileGroup));
 
   const auto fileTime = FileTimeText(project->FileName());
   SetText(FileVersionText, FormatText(ViewTexts::FileVersion, project->ProductVersion()));
-  SetText(FilepathText, FormatText(ViewTexts::Filepath, TVantrelFilePath::GetDirectoryName(project->FileName())));
+  SetText(FilepathText,
+          FormatText(ViewTexts::Filepath, std::filesystem::path(project->FileName()).parent_path().string()));
+  SetText(WriteProtectedText, ResourceText(ViewTexts::WriteProtected));
   SetText(CreatedOnText, FormatText(ViewTexts::CreatedOn, fileTime));
   SetText(ChangedOnText, FormatText(ViewTexts::ChangedOn, fileTime));
   SetText(SignatureText, FormatText(ViewTexts::Signature, project->TeacherName, project->TeacherId.AsInt()));

@@ -15,6 +15,7 @@ enum class TWelcomeText {
   CreatedOnText,
   ChangedOnText,
   FilepathText,
+  WriteProtectedText,
   SignatureText,
   PeriodText,
   TenantText,

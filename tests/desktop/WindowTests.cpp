@@ -78,7 +78,12 @@ TEST(DesktopDialogs, FileDialogStaysWhileTheNameIsRefused) {
   TDesktopDialogs dialogs;
   TempFolder folder;
   TFileDialog told{"Datei speichern unter", "Eine (*.eins, alt)|*.eins|Alle Dateien|*.*", 1, folder / "", "", {}, {}};
-  told.Refuse = [](const std::string& path) { return path.ends_with(".txt") ? "Nein." : ""; };
+  std::filesystem::create_directory(folder / "Schule.2026");
+  told.Accepts = [](const std::string& path) {
+    if (path.ends_with(".eins")) return true;
+    MsgBoxError("Nein.");
+    return false;
+  };
   InDialog<QFileDialog>([](QFileDialog& dialog) {
     EXPECT_EQ(dialog.nameFilters(), (QStringList{"Eine (*.eins, alt) (*.eins)", "Alle Dateien (*)"}));
     auto* kinds = dialog.findChild<QComboBox*>("fileTypeCombo");
@@ -92,11 +97,14 @@ TEST(DesktopDialogs, FileDialogStaysWhileTheNameIsRefused) {
     });
     QTest::keyClick(name, Qt::Key_Return);
     ASSERT_TRUE(dialog.isVisible());
+    name->setText("Schule.2026");
+    QTest::keyClick(name, Qt::Key_Return);
+    EXPECT_EQ(dialog.directory().dirName(), "Schule.2026");
     name->setText("gut.eins");
     QTest::keyClick(name, Qt::Key_Return);
   });
   ASSERT_TRUE(dialogs.SaveFile(told));
-  EXPECT_EQ(told.FileName, folder / "gut.eins");
+  EXPECT_EQ(told.FileName, folder / "Schule.2026/gut.eins");
   EXPECT_EQ(told.FilterIndex, 2);
 }
 

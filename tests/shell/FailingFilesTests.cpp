@@ -35,8 +35,8 @@ const TFailure Failures[] = {
     {"locked.kvr7", "", LoadError, TFailure::Kept},
     {"locked.kvrxr", "", LoadError, TFailure::Kept},
     {"secret.kvrx", "", LoadError, TFailure::Kept},
-    {"readonly.kvr7", "", LoadError, TFailure::Kept},
-    {"foreign.txt", "", Silence, TFailure::OpenedByDialog},
+    {"readonly.kvr7", "", "schreibgeschützt: Speichern nur unter anderem Namen", TFailure::Kept},
+    {"foreign.txt", "", "„foreign.txt“ ist kein Dateityp", TFailure::Kept},
     {"protected.kvrx", "falsch", WrongPassword, TFailure::Kept},
     {"protected.kvrx", "", WrongPassword, TFailure::Kept},
     {"protected.kvrx", "Geheim-Ä1", Silence, TFailure::Whole},
@@ -147,12 +147,34 @@ TEST_F(FailingFilesTest, AreToldAsTheyShallAndCostNoEntries) {
   }
 }
 
+TEST_F(FailingFilesTest, ANameThatIsNoTextIsRefusedWithASentence) {
+  Start();
+  std::filesystem::rename(FFolder / "own.kvrx", FFolder / "f\xFCr.kvrx");
+  for (const auto way : {TWay::CommandLine, TWay::Dialog}) {
+    for (const char* name : {"f\xFCr.kvrx", "f\uFFFDr.kvrx"}) {
+      FBoxes.Texts.clear();
+      OpenBy(way, name);
+      const bool isThere = std::filesystem::exists(FFolder / name);
+      if (isThere || way == TWay::Dialog) {
+        EXPECT_THAT(FBoxes.Texts, ElementsAre(HasSubstr("„f\uFFFDr.kvrx“ enthält ungültige Zeichen")));
+      }
+      EXPECT_EQ(CurrentProject, nullptr);
+    }
+  }
+}
+
 TEST_F(FailingFilesTest, AFileWithoutTheRightToWriteIsSavedUnderAnotherName) {
   std::filesystem::permissions(FFolder / "own.kvrx", ReadOnly);
   const TPlainUser plain;
   Start();
   Open("own.kvrx");
+  constexpr const char* note = "schreibgeschützt: Speichern nur unter anderem Namen";
+  auto& welcome = FakeWelcomeUi::Last->Texts[TWelcomeText::WriteProtectedText];
+  EXPECT_EQ(FWindow.Note, note);
+  EXPECT_TRUE(welcome.Visible);
+  EXPECT_EQ(welcome.Text(), note);
   CurrentProject->SetModified(true);
+  EXPECT_EQ(FWindow.Note, note);
   FForm->Commands().SaveFileCommand.Execute();
   EXPECT_THAT(FBoxes.Texts, ElementsAre(StartsWith("Fehler beim Speichern der Datei.\r\n")));
   EXPECT_TRUE(CurrentProject->Modified());
@@ -160,6 +182,10 @@ TEST_F(FailingFilesTest, AFileWithoutTheRightToWriteIsSavedUnderAnotherName) {
   EXPECT_FALSE(CurrentProject->Modified());
   EXPECT_EQ(FWindow.Status, FFolder / "anders.kvrx");
   EXPECT_EQ(FBoxes.Texts.size(), 1U);
+  CurrentProject->SetModified(true);
+  EXPECT_EQ(FWindow.Note, "");
+  Open("own.kvr7");
+  EXPECT_FALSE(FakeWelcomeUi::Last->Texts[TWelcomeText::WriteProtectedText].Visible);
 }
 
 }  // namespace

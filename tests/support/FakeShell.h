@@ -66,7 +66,7 @@ class FakeDialogs : public TVantrelDialogs {
  private:
   bool Answer(TFileDialog& dialog) {
     Last = dialog;
-    if (FileName.empty() || (dialog.Refuse && !dialog.Refuse(FileName).empty())) return false;
+    if (FileName.empty() || (dialog.Accepts && !dialog.Accepts(FileName))) return false;
     dialog.FileName = FileName;
     return true;
   }
