@@ -112,8 +112,9 @@ void TVantrelDataStorage::WriteFile(std::unique_ptr<TVantrelFileStream>& held, c
                                     const std::vector<std::uint8_t>& bytes, TVantrelFileAccessMode access) {
   TVantrelFileSystem::CreateDirectory(std::filesystem::path(name).parent_path().string());
   KeepOriginal(name);
-  // A file that is written under its own name keeps its own rights.
-  const auto most = FStamp.IsOf(name) ? TVantrelFileRights() : FStamp.Rights();
+  // A file that is written in its own place keeps its own rights.
+  const bool keepsItsOwn = FStamp.IsOf(name) && TVantrelFileSystem::Exists(name);
+  const auto most = keepsItsOwn ? TVantrelFileRights() : FStamp.Rights();
   const auto save = [&](std::unique_ptr<TVantrelFileHandle>* own) {
     return TVantrelSafeSave::Write(name, bytes, access, own, most);
   };

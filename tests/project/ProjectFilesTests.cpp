@@ -160,6 +160,11 @@ TEST_F(ProjectFilesTest, WhatIsMadeOfAFileIsNoMoreReadable) {
     FProject.reset();
     std::filesystem::remove(made);
   }
+  Renew();
+  FProject->LoadFile(name);
+  std::filesystem::remove(name);
+  FProject->SaveFile({});
+  EXPECT_EQ(static_cast<int>(std::filesystem::status(name).permissions()), 0600);
 }
 
 TEST_F(ProjectFilesTest, FailedSaveKeepsFileFlagAndHold) {
