@@ -116,7 +116,10 @@ void TMainForm::LoadChosenFile(const std::string& path) {
 void TMainForm::OpenFileFromPane(int index) {
   const auto place = static_cast<std::size_t>(index);
   if (place >= FRecentFiles.Items().size()) return;
-  const std::string path = FRecentFiles.Items()[place].StoredText;
+  OpenFileOfUser(std::string(FRecentFiles.Items()[place].StoredText));
+}
+
+void TMainForm::OpenFileOfUser(const std::string& path) {
   PostEdits();
   if (IsModified()) AskToSave();
   OpenNamedFile(path);
@@ -146,6 +149,11 @@ void TMainForm::ShowLoadError(const std::string& path, const std::string& messag
       FormatText(ShellTexts::LoadError, path, message.empty() ? ResourceText(ShellTexts::FileNotFound) : message));
   FRecentFiles.RemoveRecentFile(path);
   ShowRecentFiles();
+}
+
+void TMainForm::ShowRecentFiles() {
+  FWindow.SetRecentItems(FRecentFiles.Items());
+  if (WelcomeView != nullptr) WelcomeView->UpdateStart();
 }
 
 void TMainForm::SaveFile() {
