@@ -48,7 +48,7 @@ inline constexpr const char* OpenFilter =
 inline constexpr const char* SaveTitle = "Datei speichern unter";
 inline constexpr const char* SaveFilter = "MyTessaron-Dateien|*.kvrx|Alle Dateien|*.*";
 inline constexpr const char* SaveUnknownKind =
-    "\"{}\" ist kein Dateityp von MyTessaron. Bitte wählen Sie einen Namen mit der Endung kvrx.";
+    "„{}“ ist kein Dateityp von MyTessaron. Bitte wählen Sie einen Namen mit der Endung kvrx.";
 inline constexpr const char* SaveQuestionCaption = "Hinweis";
 inline constexpr const char* SaveQuestion = "Möchten Sie die aktuelle MyTESSARON-Datei speichern?";
 inline constexpr const char* WrongPassword = "Das angegebene Passwort ist nicht korrekt. Datei wird geschlossen.";
