@@ -14,8 +14,8 @@ class QWidget;
 /// free, else a digit. One for each caption, no letter twice.
 QStringList AssignKeyTips(const QStringList& captions);
 
-/// One thing that a key tip leads to. It has its letter for good: while the widget is disabled or out of sight the letter
-/// is not shown and does nothing, and nobody else gets it.
+/// One thing that a key tip leads to. It has its letter for good: while the widget is disabled or out of sight the
+/// letter is not shown and does nothing, and nobody else gets it.
 struct TKeyTipTarget {
   QWidget* Widget = nullptr;
   QString Caption;

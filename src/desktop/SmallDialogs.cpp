@@ -23,7 +23,7 @@ class TSmallDialog : public QDialog {
     setWindowTitle(title);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(16, 16, 16, 12);
-    layout->setSpacing(10);
+    layout->setSpacing(7);
     layout->addLayout(FParts);
     layout->addStretch();
     layout->addLayout(FButtons);
