@@ -29,35 +29,35 @@ inline constexpr const char* UnknownCommand = "Unbekannter Befehl: {}";
 inline constexpr const char* UnknownOption = "Unbekannte Option: {}";
 inline constexpr const char* OptionWithoutValue = "Der Option {} fehlt ihr Wert.";
 inline constexpr const char* ForeignOption = "Die Option --{} gehört nicht zum Befehl {}.";
-inline constexpr const char* WrongNumber = "Der Wert \"{}\" der Option --{} ist nicht erlaubt ({} bis {}).";
+inline constexpr const char* WrongNumber = "Der Wert „{}“ der Option --{} ist nicht erlaubt ({} bis {}).";
 inline constexpr const char* WrongEdition = "Die Option --edition erwartet 8 oder 10.";
 inline constexpr const char* WrongFileCount = "Der Befehl {} erwartet andere Dateiangaben.";
 inline constexpr const char* OutputFailed = "Die Ausgabe konnte nicht geschrieben werden.";
 inline constexpr const char* UnexpectedError = "Unerwarteter Fehler: {}";
 
 inline constexpr const char* UnknownKind =
-    "Die Datei \"{}\" ist von keiner bekannten Art (.kvrx, .kvr7, .kvr oder .kvrxr).";
+    "Die Datei „{}“ ist von keiner bekannten Art (.kvrx, .kvr7, .kvr oder .kvrxr).";
 inline constexpr const char* UnknownTarget =
-    "Die Endung von \"{}\" gehört zu keiner bekannten Art (.kvrx, .kvr7, .kvr, .kvrxr oder .json).";
+    "Die Endung von „{}“ gehört zu keiner bekannten Art (.kvrx, .kvr7, .kvr, .kvrxr oder .json).";
 inline constexpr const char* TargetExists =
     "Die Datei „{}“ existiert bereits. Mit der Option --force wird sie ersetzt.";
 inline constexpr const char* FileNotFound = "Die Datei \"{}\" existiert nicht.";
-inline constexpr const char* PathNotFound = "Der Pfad der Datei \"{}\" existiert nicht.";
+inline constexpr const char* PathNotFound = "Der Pfad der Datei „{}“ existiert nicht.";
 inline constexpr const char* AccessDenied = "Der Zugriff auf die Datei \"{}\" ist nicht möglich.";
-inline constexpr const char* FileInUse = "Die Datei \"{}\" ist in einem anderen Programm zum Bearbeiten geöffnet.";
-inline constexpr const char* DiskFull = "Für die Datei \"{}\" ist auf dem Datenträger nicht genügend Platz.";
-inline constexpr const char* FileError = "Die Datei \"{}\": {}";
-inline constexpr const char* Damaged = "Die Datei \"{}\" ist beschädigt: {}";
+inline constexpr const char* FileInUse = "Die Datei „{}“ ist in einem anderen Programm zum Bearbeiten geöffnet.";
+inline constexpr const char* DiskFull = "Für die Datei „{}“ ist auf dem Datenträger nicht genügend Platz.";
+inline constexpr const char* FileError = "Die Datei „{}“: {}";
+inline constexpr const char* Damaged = "Die Datei „{}“ ist beschädigt: {}";
 inline constexpr const char* AskPassword = "Kennwort für {}: ";
 inline constexpr const char* WrongPassword = "Das angegebene Passwort ist nicht korrekt. Datei wird geschlossen.";
 inline constexpr const char* PasswordNeeded =
-    "Die Datei \"{}\" ist mit einem Kennwort geschützt. Geben Sie es mit --password-file DATEI an.";
-inline constexpr const char* NoPasswordFile = "Die Kennwortdatei \"{}\" kann nicht gelesen werden.";
-inline constexpr const char* Converted = "\"{}\" wurde als \"{}\" gespeichert.";
+    "Die Datei „{}“ ist mit einem Kennwort geschützt. Geben Sie es mit --password-file DATEI an.";
+inline constexpr const char* NoPasswordFile = "Die Kennwortdatei „{}“ kann nicht gelesen werden.";
+inline constexpr const char* Converted = "„{}“ wurde als „{}“ gespeichert.";
 
-inline constexpr const char* SampleMade = "\"{}\" wurde hergestellt: {} Schüler, {} Kurse.";
-inline constexpr const char* TextsWritten = "\"{}\" enthält nun alle {} Texte des Programms.";
-inline constexpr const char* NoDictionary = "Die Endung von \"{}\" gehört zu einer Projektdatei.";
+inline constexpr const char* SampleMade = "„{}“ wurde hergestellt: {} Schüler, {} Kurse.";
+inline constexpr const char* TextsWritten = "„{}“ enthält nun alle {} Texte des Programms.";
+inline constexpr const char* NoDictionary = "Die Endung von „{}“ gehört zu einer Projektdatei.";
 
 inline constexpr const char* InfoFile = "Datei";
 inline constexpr const char* InfoKind = "Art";
@@ -96,18 +96,18 @@ inline constexpr const char* OneFinding = "Befund";
 inline constexpr const char* SeveralFindings = "Befunde";
 inline constexpr const char* CheckProgress = "{} von {} Dateien geprüft";
 inline constexpr const char* CheckDamaged = "Die Datei ist beschädigt: {}";
-inline constexpr const char* WorkerDied = "Die Datei \"{}\" kann nicht gelesen werden: Die Prüfung wurde abgebrochen.";
+inline constexpr const char* WorkerDied = "Die Datei „{}“ kann nicht gelesen werden: Die Prüfung wurde abgebrochen.";
 inline constexpr const char* LostStudent = "{}: Der Schüler des Kurses fehlt in der Datei.";
 inline constexpr const char* NoStudent = "{}: Der Kurs hat keinen Schüler.";
 inline constexpr const char* UnknownGrade = "{}, {}: Die Note Nr. {} steht nicht im Notenkatalog.";
-inline constexpr const char* UnknownToken = "{}, {}: \"{}\" steht nicht im Katalog.";
+inline constexpr const char* UnknownToken = "{}, {}: „{}“ steht nicht im Katalog.";
 inline constexpr const char* UnknownClass = "{}: Die Klasse Nr. {} steht nicht in der Datei.";
-inline constexpr const char* NoCaption = "Die Spalte \"{}\" hat keine Beschriftung.";
+inline constexpr const char* NoCaption = "Die Spalte „{}“ hat keine Beschriftung.";
 inline constexpr const char* DoubleStudent = "Die Schülernummer {} kommt mehrfach vor.";
 inline constexpr const char* DoubleCourse = "Die Kursnummer {} kommt mehrfach vor.";
 inline constexpr const char* DoubleClass = "Die Klassennummer {} kommt mehrfach vor.";
 inline constexpr const char* DoubleGrade = "Die Notennummer {} kommt mehrfach vor.";
-inline constexpr const char* DoubleColumn = "Die Spalte \"{}\" kommt mehrfach vor.";
+inline constexpr const char* DoubleColumn = "Die Spalte „{}“ kommt mehrfach vor.";
 inline constexpr const char* DoubleObject = "Das Objekt {} kommt mehrfach vor.";
 
 inline constexpr const char* NoDifference = "Keine Unterschiede.";
@@ -118,7 +118,7 @@ inline constexpr const char* Removed = "entfernt: {}";
 inline constexpr const char* StudentAdded = "Schüler neu in der Datei";
 inline constexpr const char* StudentRemoved = "Schüler nicht mehr in der Datei";
 inline constexpr const char* PasswordChanged = "Das Kennwort wurde geändert.";
-inline constexpr const char* Quoted = "\"{}\"";
+inline constexpr const char* Quoted = "„{}“";
 inline constexpr const char* Header = "Kopfdaten";
 inline constexpr const char* Catalog = "Katalog {}";
 inline constexpr const char* Grades = "Noten";

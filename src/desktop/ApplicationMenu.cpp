@@ -3,12 +3,12 @@
 #include <QBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
-#include <QListWidget>
 #include <QStyleOptionToolButton>
 #include <QToolButton>
 #include <algorithm>
 
 #include "QtText.h"
+#include "RecentList.h"
 
 namespace {
 QFrame* Line(QFrame::Shape shape) {
@@ -18,10 +18,21 @@ QFrame* Line(QFrame::Shape shape) {
   return line;
 }
 
-/// Shows the whole caption, and hides the menu before it triggers: the command may show a dialog.
+/// Shows caption and shortcut, and hides the menu before it triggers: the command may show a dialog.
 class TMenuButton : public QToolButton {
  public:
-  using QToolButton::QToolButton;
+  TMenuButton(QAction* action, QWidget* parent) : QToolButton(parent) {
+    setDefaultAction(action);
+    auto* layout = new QHBoxLayout(this);
+    layout->setContentsMargins(0, 0, 8, 0);
+    auto* shortcut = new QLabel(action->shortcut().toString(QKeySequence::NativeText));
+    shortcut->setAttribute(Qt::WA_TransparentForMouseEvents);
+    layout->addWidget(shortcut, 0, Qt::AlignRight | Qt::AlignVCenter);
+  }
+  QSize sizeHint() const override {
+    constexpr int gap = 24;
+    return QToolButton::sizeHint() + QSize(layout()->sizeHint().width() + gap, 0);
+  }
 
  protected:
   /// The arrow keys are the menu's.
@@ -68,17 +79,13 @@ TApplicationMenu::TApplicationMenu(const TRibbonDescription& description, TComma
   bold.setBold(true);
   heading->setFont(bold);
   pane->addWidget(heading);
-  FRecent = new QListWidget;
-  FRecent->setFrameShape(QFrame::NoFrame);
+  FRecent = new TRecentList(heading->text());
   FRecent->setMinimumSize(320, 240);
-  FRecent->setAccessibleName(heading->text());
   pane->addWidget(FRecent);
-  const auto choose = [this](const QListWidgetItem* item) {
-    const int index = FRecent->row(item);
+  FRecent->OnChoose = [this](int index) {
     hide();
     if (OnRecentClick) OnRecentClick(index);
   };
-  connect(FRecent, &QListWidget::itemClicked, this, choose);
 
   outer->addWidget(Line(QFrame::HLine));
   auto* row = new QHBoxLayout;
@@ -89,8 +96,7 @@ TApplicationMenu::TApplicationMenu(const TRibbonDescription& description, TComma
 }
 
 QToolButton* TApplicationMenu::AddButton(QAction* action, QSize icon) {
-  auto* button = new TMenuButton(this);
-  button->setDefaultAction(action);
+  auto* button = new TMenuButton(action, this);
   button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
   button->setIconSize(icon);
   button->setAutoRaise(true);
@@ -98,14 +104,6 @@ QToolButton* TApplicationMenu::AddButton(QAction* action, QSize icon) {
   button->setFocusPolicy(Qt::StrongFocus);
   FButtons.push_back(button);
   return button;
-}
-
-void TApplicationMenu::SetRecentItems(const std::vector<TRecentItem>& items) {
-  FRecent->clear();
-  for (const auto& item : items) {
-    auto* entry = new QListWidgetItem(FromUtf8(item.DisplayText), FRecent);
-    entry->setToolTip(FromUtf8(item.StoredText));
-  }
 }
 
 void TApplicationMenu::ShowBelow(const QWidget& button) {
@@ -133,10 +131,7 @@ void TApplicationMenu::keyPressEvent(QKeyEvent* event) {
       return;
     case Qt::Key_Return:
     case Qt::Key_Enter:
-      if (inList && FRecent->currentItem() != nullptr)
-        emit FRecent->itemClicked(FRecent->currentItem());
-      else if (auto* button = qobject_cast<QToolButton*>(focusWidget()))
-        button->click();
+      if (auto* button = qobject_cast<QToolButton*>(focusWidget())) button->click();
       return;
     default:
       break;

@@ -5,10 +5,9 @@
 #include <vector>
 
 #include "CommandActions.h"
-#include "VantrelMainWindow.h"
 
-class QListWidget;
 class QToolButton;
+class TRecentList;
 
 /// What the application button opens: the commands on the left, the recent documents on the right, the button row
 /// below.
@@ -17,9 +16,8 @@ class TApplicationMenu : public QFrame {
   TApplicationMenu(const TRibbonDescription& description, TCommandActions& actions, QWidget* parent);
 
   std::function<void(int index)> OnRecentClick;
-  void SetRecentItems(const std::vector<TRecentItem>& items);
   void ShowBelow(const QWidget& button);
-  QListWidget& Recent() { return *FRecent; }
+  TRecentList& Recent() { return *FRecent; }
 
  protected:
   void keyPressEvent(QKeyEvent* event) override;
@@ -27,6 +25,6 @@ class TApplicationMenu : public QFrame {
  private:
   QToolButton* AddButton(QAction* action, QSize icon);
 
-  QListWidget* FRecent;
+  TRecentList* FRecent;
   std::vector<QToolButton*> FButtons;
 };

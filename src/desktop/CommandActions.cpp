@@ -27,7 +27,7 @@ QAction* TCommandActions::ActionOf(TVantrelCommand& command) {
   const auto& info = command.Info();
   action = new QAction(ThemeIcon(info.Icon), FromUtf8(info.Caption), &FWindow);
   const QString hint = FromUtf8(command.Hint());
-  action->setIconText(hint);
+  action->setIconText(FromUtf8(info.Caption).remove('&'));
   action->setToolTip(hint);
   if (!info.Shortcut.empty()) {
     action->setShortcut(QKeySequence(FromUtf8(info.Shortcut), QKeySequence::PortableText));

@@ -72,8 +72,7 @@ QIcon ProgramIcon() {
   return QIcon(":/pictures/mytessaron.svg");
 }
 
-QWidget* ActiveWindow() {
-  if (auto* active = QApplication::activeWindow()) return active;
+QWidget* MainWindow() {
   const auto windows = QApplication::topLevelWidgets();
   const auto main = std::find_if(windows.begin(), windows.end(), [](const QWidget* window) {
     return window->isVisible() && qobject_cast<const QMainWindow*>(window) != nullptr;
@@ -81,12 +80,22 @@ QWidget* ActiveWindow() {
   return main == windows.end() ? nullptr : *main;
 }
 
-void StandAbove(QWidget& dialog) {
-  const auto windows = QApplication::topLevelWidgets();
-  const bool onTop = std::any_of(windows.begin(), windows.end(), [](const QWidget* window) {
-    return window->isVisible() && window->windowType() == Qt::SplashScreen;
-  });
-  dialog.setWindowFlag(Qt::WindowStaysOnTopHint, onTop);
+QWidget* ActiveWindow() {
+  auto* active = QApplication::activeWindow();
+  return active != nullptr ? active : MainWindow();
+}
+
+TDialogScope::TDialogScope() {
+  for (auto* window : QApplication::topLevelWidgets())
+    if (window->windowType() == Qt::SplashScreen) window->hide();
+  const auto* cursor = QApplication::overrideCursor();
+  if (cursor == nullptr) return;
+  FCursor = *cursor;
+  QApplication::restoreOverrideCursor();
+}
+
+TDialogScope::~TDialogScope() {
+  if (FCursor) QApplication::setOverrideCursor(*FCursor);
 }
 
 QColor Blend(const QColor& under, const QColor& over, double share) {

@@ -1,8 +1,10 @@
 #pragma once
 
 #include <QColor>
+#include <QCursor>
 #include <QIcon>
 #include <QPalette>
+#include <optional>
 #include <string>
 
 class QApplication;
@@ -25,11 +27,23 @@ QIcon ThemeIcon(const std::string& name);
 /// The picture of the program, for its windows.
 QIcon ProgramIcon();
 
-/// The window that a dialog stands over: the one in use, else the main window; none before there is one.
+/// The main window; none before it shows.
+QWidget* MainWindow();
+
+/// The window that a dialog stands over: the one in use, else the main window.
 QWidget* ActiveWindow();
 
-/// Lets a dialog stand above the splash window.
-void StandAbove(QWidget& dialog);
+/// For as long as a dialog is on show: no wait cursor, and no splash window, which is gone for good then.
+class TDialogScope {
+ public:
+  TDialogScope();
+  TDialogScope(const TDialogScope&) = delete;
+  TDialogScope& operator=(const TDialogScope&) = delete;
+  ~TDialogScope();
+
+ private:
+  std::optional<QCursor> FCursor;
+};
 
 /// `share` of `over` (0 to 1) laid on `under`.
 QColor Blend(const QColor& under, const QColor& over, double share);

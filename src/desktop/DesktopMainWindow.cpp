@@ -5,6 +5,7 @@
 #include <QBoxLayout>
 #include <QCloseEvent>
 #include <QLabel>
+#include <QMimeData>
 #include <QPainter>
 #include <QScreen>
 #include <QShortcut>
@@ -16,6 +17,7 @@
 #include "DesktopLook.h"
 #include "DesktopTexts.h"
 #include "QtText.h"
+#include "RecentList.h"
 #include "Ribbon.h"
 
 namespace {
@@ -36,6 +38,12 @@ class TStatusLabel : public QLabel {
     painter.drawRect(rect().adjusted(1, 1, -1, -1));
   }
 };
+
+/// The path of the one file that is dragged; empty for anything else.
+QString DraggedFile(const QDropEvent& event) {
+  const auto urls = event.mimeData()->urls();
+  return urls.size() == 1 && QApplication::activeModalWidget() == nullptr ? urls.front().toLocalFile() : QString();
+}
 }  // namespace
 
 TDesktopMainWindow::TDesktopMainWindow()
@@ -43,6 +51,7 @@ TDesktopMainWindow::TDesktopMainWindow()
   auto* layout = new QVBoxLayout(FHost);
   layout->setContentsMargins(0, 0, 0, 0);
   setCentralWidget(FHost);
+  setAcceptDrops(true);
   statusBar()->addWidget(FStatus, 1);
   statusBar()->setAccessibleName(UserText(DesktopTexts::StatusBar));
   FStatus->setFocusPolicy(Qt::TabFocus);
@@ -90,7 +99,7 @@ void TDesktopMainWindow::ActivateTab(const std::string& tabId) {
 }
 
 void TDesktopMainWindow::SetRecentItems(const std::vector<TRecentItem>& items) {
-  FRibbon->Menu().SetRecentItems(items);
+  FRibbon->Menu().Recent().SetItems(items);
 }
 
 void TDesktopMainWindow::SetTitle(const std::string& title) {
@@ -155,6 +164,24 @@ void TDesktopMainWindow::showEvent(QShowEvent* event) {
 void TDesktopMainWindow::closeEvent(QCloseEvent* event) {
   if (OnClose) OnClose();
   event->accept();
+}
+
+void TDesktopMainWindow::dragEnterEvent(QDragEnterEvent* event) {
+  if (!DraggedFile(*event).isEmpty()) event->acceptProposedAction();
+}
+
+// The program that the file comes from waits until the drop is over: boxes have to come behind it.
+void TDesktopMainWindow::dropEvent(QDropEvent* event) {
+  const QString path = DraggedFile(*event);
+  if (path.isEmpty()) return;
+  event->acceptProposedAction();
+  activateWindow();
+  QMetaObject::invokeMethod(
+      this,
+      [this, path] {
+        if (OnFileDropped) OnFileDropped(ToUtf8(path));
+      },
+      Qt::QueuedConnection);
 }
 
 // For keyboards that have no key for the menu.

@@ -38,6 +38,8 @@ class TDesktopMainWindow : public QMainWindow, public TVantrelMainWindow {
   void closeEvent(QCloseEvent* event) override;
   void changeEvent(QEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
+  void dragEnterEvent(QDragEnterEvent* event) override;
+  void dropEvent(QDropEvent* event) override;
 
  private:
   void GotoRegion(int step);

@@ -10,6 +10,7 @@
 #include "DesktopLook.h"
 #include "DesktopTexts.h"
 #include "QtText.h"
+#include "VantrelMainWindow.h"
 
 using enum TVantrelMsgBoxResult;
 
@@ -63,6 +64,24 @@ QMessageBox::Icon IconOf(TVantrelMsgBoxIcon icon) {
   return QMessageBox::Critical;
 }
 
+/// The application has no window beside the main window.
+QWidget* ParentOf(const TVantrelMsgBox& box) {
+  using enum TVantrelMsgBoxParent;
+  auto* owner = dynamic_cast<QWidget*>(box.Owner());
+  if (box.Parent() == mbpOwner && owner != nullptr) return owner;
+  return box.Parent() == mbpApplication || box.Parent() == mbpMainWindow ? MainWindow() : ActiveWindow();
+}
+
+/// A button that leaves the box open.
+QPushButton* AddHelpButton(TBox& shown, int helpContext) {
+  auto* help = shown.addButton(UserText(DesktopTexts::BoxHelp), QMessageBox::HelpRole);
+  QObject::disconnect(help, &QPushButton::clicked, nullptr, nullptr);
+  QObject::connect(help, &QPushButton::clicked, &shown, [helpContext] {
+    if (TVantrelMsgBox::OnHelp) TVantrelMsgBox::OnHelp(helpContext);
+  });
+  return help;
+}
+
 void AddButtons(TBox& shown, const TVantrelMsgBox& box) {
   const auto results = TVantrelMsgBox::ResultsOf(box.Buttons());
   int place = 0;
@@ -72,6 +91,10 @@ void AddButtons(TBox& shown, const TVantrelMsgBox& box) {
     if (++place == box.DefaultButton()) shown.setDefaultButton(button);
     if (result == mbrCancel) shown.setEscapeButton(button);
   }
+  if (box.HelpButton()) {
+    auto* help = AddHelpButton(shown, box.HelpContext());
+    if (++place == box.DefaultButton()) shown.setDefaultButton(help);
+  }
   shown.Closable = results.size() == 1 || std::find(results.begin(), results.end(), mbrCancel) != results.end();
   if (!shown.Closable) shown.setWindowFlags(Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint);
 }
@@ -79,13 +102,13 @@ void AddButtons(TBox& shown, const TVantrelMsgBox& box) {
 }  // namespace
 
 TVantrelMsgBoxResult TDesktopMsgBoxes::ShowBox(const TVantrelMsgBox& box) {
-  TBox shown(ActiveWindow());
+  const TDialogScope scope;
+  TBox shown(ParentOf(box));
   shown.setWindowTitle(FromUtf8(box.Caption()));
   shown.setTextFormat(Qt::PlainText);
   shown.setText(FromUtf8(box.ShownText()));
   shown.setIcon(IconOf(box.Icon()));
   AddButtons(shown, box);
-  StandAbove(shown);
   shown.exec();
   const auto pressed = shown.standardButton(shown.clickedButton());
   for (const auto& button : Buttons)

@@ -2,7 +2,7 @@
 
 #include "VantrelMsgBox.h"
 
-/// Shows message boxes over the window that is in use.
+/// Shows message boxes over the window that they name as their parent.
 class TDesktopMsgBoxes : public TVantrelMsgBoxPort {
  public:
   TDesktopMsgBoxes() { TVantrelMsgBox::SetPort(this); }

@@ -6,6 +6,7 @@ inline constexpr const char* FoldRibbon = "Menüband ein- oder ausklappen (Strg+
 inline constexpr const char* Ribbon = "Menüband";
 inline constexpr const char* StatusBar = "Statusleiste";
 inline constexpr const char* HintWithShortcut = "%1 (%2)";
+inline constexpr const char* FileInFolder = "%1 in %2";
 
 inline constexpr const char* SortAscending = "Aufsteigend sortieren";
 inline constexpr const char* SortDescending = "Absteigend sortieren";
@@ -39,6 +40,7 @@ inline constexpr const char* BoxNo = "&Nein";
 inline constexpr const char* BoxRetry = "&Wiederholen";
 inline constexpr const char* BoxAbort = "&Abbrechen";
 inline constexpr const char* BoxIgnore = "&Ignorieren";
+inline constexpr const char* BoxHelp = "&Hilfe";
 
 inline constexpr const char* PasswordTitle = "Kennwort - Eingabe";
 inline constexpr const char* PasswordText =

@@ -8,6 +8,7 @@
 
 #include "DesktopLook.h"
 #include "QtText.h"
+#include "RecentList.h"
 #include "ViewTexts.h"
 
 using enum TWelcomeText;
@@ -136,6 +137,8 @@ TDesktopWelcomeView::TDesktopWelcomeView(TDesktopMainWindow& window)
   cards->addWidget(info);
   cards->addWidget(file);
   cards->addWidget(description, 1);
+  FDescription = description;
+  AddStart(*cards);
 
   AddLabels(info->Layout(), {VersionText, FileVersionText}, SmallSize);
   AddSummary(file->Layout());
@@ -182,6 +185,43 @@ void TDesktopWelcomeView::AddMemo(QVBoxLayout& layout) {
   memo->setAccessibleName(UserText(ViewTexts::DescriptionGroup));
   layout.addWidget(memo, 1);
   FItems[DescriptionMemo] = std::make_unique<TDesktopMemoItem>(*memo);
+}
+
+void TDesktopWelcomeView::AddStart(QVBoxLayout& layout) {
+  FStart = new QWidget;
+  auto* start = new QVBoxLayout(FStart);
+  start->setContentsMargins(20, 4, 20, 0);
+  auto* howTo = new QLabel(UserText(ViewTexts::HowToOpen));
+  howTo->setWordWrap(true);
+  start->addWidget(howTo);
+  FRecentHeading = new QLabel(UserText(ViewTexts::RecentFiles));
+  SetSize(*FRecentHeading, UsualSize, true);
+  start->addSpacing(8);
+  start->addWidget(FRecentHeading);
+  FRecent = new TRecentList(FRecentHeading->text());
+  FRecent->viewport()->setAutoFillBackground(false);
+  FRecent->setMinimumHeight(4 * FRecent->fontMetrics().lineSpacing());
+  start->addWidget(FRecent, 1);
+  start->addStretch();
+  layout.addWidget(FStart);
+  // Queued: opening a file ends the view.
+  FRecent->OnChoose = [this](int index) {
+    QMetaObject::invokeMethod(
+        &FPanel.Receiver(), [chosen = OnRecentClick, index] { chosen(index); }, Qt::QueuedConnection);
+  };
+}
+
+void TDesktopWelcomeView::SetStart(bool visible, const std::vector<TRecentItem>& recent) {
+  auto* cards = static_cast<QVBoxLayout*>(FScreen->Center->layout());
+  cards->setStretchFactor(FDescription, visible ? 0 : 1);
+  cards->setStretchFactor(FStart, visible ? 1 : 0);
+  FStart->setVisible(visible);
+  FRecentHeading->setVisible(!recent.empty());
+  FRecent->setVisible(!recent.empty());
+  FRecent->SetItems(recent, true);
+  FRecent->setCurrentRow(0);
+  FScreen->setFocusProxy(visible && !recent.empty() ? FRecent : nullptr);
+  if (FScreen->isVisible()) FScreen->Fit();
 }
 
 void TDesktopWelcomeView::MoveCenterPanel(int left, int top) {

@@ -7,6 +7,7 @@
 #include "fWelcomeView.h"
 
 class QVBoxLayout;
+class TRecentList;
 class TWelcomePanel;
 
 /// The welcome view's screen: three cards in a column in the middle.
@@ -18,13 +19,19 @@ class TDesktopWelcomeView final : public TWelcomeViewUi {
   void SetVisible(bool visible) override { FPanel.SetVisible(visible); }
   TVantrelFormItem& Text(TWelcomeText text) override { return *FItems.at(text); }
   void MoveCenterPanel(int left, int top) override;
+  void SetStart(bool visible, const std::vector<TRecentItem>& recent) override;
 
  private:
   void AddLabels(QVBoxLayout& layout, std::initializer_list<TWelcomeText> texts, double size);
   void AddSummary(QVBoxLayout& layout);
   void AddMemo(QVBoxLayout& layout);
+  void AddStart(QVBoxLayout& layout);
 
   TWelcomePanel* FScreen;
   THostedPanel FPanel;
+  QWidget* FDescription;
+  QWidget* FStart;
+  QLabel* FRecentHeading;
+  TRecentList* FRecent;
   std::map<TWelcomeText, std::unique_ptr<TVantrelFormItem>> FItems;
 };

@@ -84,7 +84,6 @@ void Prepare(QFileDialog& shown, const TFileDialog& told) {
   }
   constexpr QSize usual(820, 520);
   shown.resize(usual.boundedTo(shown.screen()->availableSize()));
-  StandAbove(shown);
 }
 
 bool Choose(TFileDialog& told, QFileDialog::AcceptMode mode) {
@@ -92,6 +91,7 @@ bool Choose(TFileDialog& told, QFileDialog::AcceptMode mode) {
   shown.setAcceptMode(mode);
   shown.setFileMode(mode == QFileDialog::AcceptOpen ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
   Prepare(shown, told);
+  const TDialogScope scope;
   if (shown.exec() != QDialog::Accepted || shown.selectedFiles().isEmpty()) return false;
   told.FileName = ToUtf8(shown.selectedFiles().front());
   // The dialog itself answers with the shortened text.

@@ -26,6 +26,26 @@ QStringList AssignKeyTips(const QStringList& captions) {
   return letters;
 }
 
+namespace {
+
+QStringList LettersOf(const std::vector<TKeyTipTarget>& targets) {
+  QStringList captions;
+  for (const auto& target : targets) captions << target.Caption;
+  return AssignKeyTips(captions);
+}
+
+bool CanBeChosen(const TKeyTipTarget& target) {
+  return target.Widget->isVisible() && target.Widget->isEnabled();
+}
+
+/// What the key stands for, whether or not Alt is held.
+QString LetterOf(const QKeyEvent& event) {
+  const auto key = static_cast<char32_t>(event.key());
+  return key > Qt::Key_Space && key < Qt::Key_Escape ? QString::fromUcs4(&key, 1).toUpper() : event.text().toUpper();
+}
+
+}  // namespace
+
 TKeyTips::TKeyTips(QWidget& window, TTargets firstTargets, TTargets nextTargets)
     : QObject(&window), FWindow(window), FFirst(std::move(firstTargets)), FNext(std::move(nextTargets)) {
   qApp->installEventFilter(this);
@@ -45,10 +65,9 @@ void TKeyTips::Show(const TTargets& targets, bool first) {
   Hide();
   FAtFirst = first;
   FTargets = targets();
-  QStringList captions;
-  for (const auto& target : FTargets) captions << target.Caption;
-  FLetters = AssignKeyTips(captions);
+  FLetters = LettersOf(FTargets);
   for (std::size_t i = 0; i < FTargets.size(); ++i) {
+    if (!CanBeChosen(FTargets[i])) continue;
     auto* label = new QLabel(FLetters[static_cast<qsizetype>(i)], &FWindow);
     label->setAutoFillBackground(true);
     label->setBackgroundRole(QPalette::ToolTipBase);
@@ -66,7 +85,7 @@ void TKeyTips::Show(const TTargets& targets, bool first) {
   }
 }
 
-bool TKeyTips::TakeKey(int key, const QString& text) {
+bool TKeyTips::TakeKey(int key, const QString& letter) {
   if (key == Qt::Key_Escape) {
     if (FAtFirst)
       Hide();
@@ -74,12 +93,13 @@ bool TKeyTips::TakeKey(int key, const QString& text) {
       Show(FFirst, true);
     return true;
   }
-  const auto at = FLetters.indexOf(text.toUpper());
-  if (text.isEmpty() || at < 0) {
+  const auto at = FLetters.indexOf(letter);
+  if (letter.isEmpty() || at < 0) {
     Hide();
     return false;
   }
   const auto target = FTargets[static_cast<std::size_t>(at)];
+  if (!CanBeChosen(target)) return true;
   Hide();
   target.Choose();
   if (target.LeadsOn) Show(FNext, false);
@@ -96,8 +116,10 @@ bool TKeyTips::eventFilter(QObject* watched, QEvent* event) {
   const auto* widget = qobject_cast<QWidget*>(watched);
   if (widget == nullptr || widget->window() != &FWindow) return false;
   const auto* key = static_cast<QKeyEvent*>(event);
+  const bool begins = !IsShown() && key->key() != Qt::Key_Alt && key->modifiers() == Qt::AltModifier &&
+                      LettersOf(FFirst()).contains(LetterOf(*key));
   if (type == QEvent::ShortcutOverride) {
-    if (IsShown()) event->accept();
+    if (IsShown() || begins) event->accept();
     return false;
   }
   if (key->key() == Qt::Key_Alt) {
@@ -114,5 +136,7 @@ bool TKeyTips::eventFilter(QObject* watched, QEvent* event) {
     return false;
   }
   FAltAlone = false;
-  return type == QEvent::KeyPress && IsShown() && TakeKey(key->key(), key->text());
+  if (type != QEvent::KeyPress) return false;
+  if (begins) Show(FFirst, true);
+  return IsShown() && (key->isAutoRepeat() || TakeKey(key->key(), LetterOf(*key)));
 }

@@ -14,7 +14,8 @@ class QWidget;
 /// free, else a digit. One for each caption, no letter twice.
 QStringList AssignKeyTips(const QStringList& captions);
 
-/// One thing that a key tip leads to.
+/// One thing that a key tip leads to. It has its letter for good: while the widget is disabled or out of sight the
+/// letter is not shown and does nothing, and nobody else gets it.
 struct TKeyTipTarget {
   QWidget* Widget = nullptr;
   QString Caption;
@@ -23,7 +24,8 @@ struct TKeyTipTarget {
   QRect Place = {};      ///< within the widget; all of it if empty
 };
 
-/// Shows letters over the ribbon when Alt is pressed and released alone, and takes the letter that is typed then.
+/// Shows letters over the ribbon when Alt is pressed and released alone, and takes the letter that is typed then. Alt
+/// held with a letter of the first targets is the same at once.
 class TKeyTips : public QObject {
  public:
   /// `firstTargets` are shown at first, `nextTargets` after one that leads on.
@@ -31,7 +33,7 @@ class TKeyTips : public QObject {
   TKeyTips(QWidget& window, TTargets firstTargets, TTargets nextTargets);
 
   bool IsShown() const { return !FTargets.empty(); }
-  /// The letters on show.
+  /// The letters of the targets, also of those that cannot be chosen.
   const QStringList& Letters() const { return FLetters; }
   void Hide();
 
@@ -40,7 +42,7 @@ class TKeyTips : public QObject {
 
  private:
   void Show(const TTargets& targets, bool first);
-  bool TakeKey(int key, const QString& text);
+  bool TakeKey(int key, const QString& letter);
 
   QWidget& FWindow;
   TTargets FFirst, FNext;

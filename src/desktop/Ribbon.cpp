@@ -225,7 +225,7 @@ std::vector<TKeyTipTarget> TRibbon::ButtonTargets() {
   std::vector<TKeyTipTarget> targets;
   for (auto* group : FPages[static_cast<std::size_t>(FTabs->currentIndex())]->Groups()) {
     for (auto* button : group->Buttons()) {
-      if (!button->isVisible() || !button->isEnabled()) continue;
+      if (!button->defaultAction()->isVisible()) continue;
       targets.push_back({button, button->defaultAction()->text(),
                          [this, button] {
                            button->click();

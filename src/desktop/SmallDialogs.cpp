@@ -6,6 +6,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QScreen>
+#include <algorithm>
 
 #include "DesktopDialogs.h"
 #include "DesktopLook.h"
@@ -17,30 +18,33 @@ namespace {
 /// A dialog of fixed size: a column of parts, then a row of buttons on the right.
 class TSmallDialog : public QDialog {
  public:
-  explicit TSmallDialog(const QString& title) : QDialog(ActiveWindow()), FLayout(new QVBoxLayout(this)) {
+  explicit TSmallDialog(const QString& title)
+      : QDialog(ActiveWindow()), FParts(new QVBoxLayout), FButtons(new QHBoxLayout) {
     setWindowTitle(title);
-    FLayout->setContentsMargins(16, 16, 16, 12);
-    FLayout->setSpacing(10);
-    FLayout->setSizeConstraint(QLayout::SetFixedSize);
-    FButtons = new QHBoxLayout;
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(16, 16, 16, 12);
+    layout->setSpacing(7);
+    layout->addLayout(FParts);
+    layout->addStretch();
+    layout->addLayout(FButtons);
     FButtons->addStretch();
   }
-  QVBoxLayout& Layout() { return *FLayout; }
+  QVBoxLayout& Parts() { return *FParts; }
   QPushButton* AddButton(const QString& text) {
     auto* button = new QPushButton(text);
     button->setAutoDefault(false);
     FButtons->addWidget(button);
     return button;
   }
+  /// As large as its parts need, and `height` pixels high where that is enough for them.
+  void FixSize(int height = 0) { setFixedSize(sizeHint().width(), std::max(sizeHint().height(), height)); }
   bool Run() {
-    FLayout->addStretch();
-    FLayout->addLayout(FButtons);
-    StandAbove(*this);
+    const TDialogScope scope;
     return exec() == Accepted;
   }
 
  private:
-  QVBoxLayout* FLayout;
+  QVBoxLayout* FParts;
   QHBoxLayout* FButtons;
 };
 
@@ -54,8 +58,8 @@ std::string TDesktopDialogs::AskPassword() {
   editor->setStyleSheet("lineedit-password-character: 42");
   editor->setAccessibleName(UserText(DesktopTexts::PasswordEdit));
   text->setBuddy(editor);
-  dialog.Layout().addWidget(text);
-  dialog.Layout().addWidget(editor);
+  dialog.Parts().addWidget(text);
+  dialog.Parts().addWidget(editor);
   auto* ok = dialog.AddButton(UserText(DesktopTexts::BoxOK));
   ok->setDefault(true);
   ok->setEnabled(false);
@@ -64,6 +68,7 @@ std::string TDesktopDialogs::AskPassword() {
                    [ok](const QString& typed) { ok->setEnabled(!typed.isEmpty()); });
   QObject::connect(ok, &QPushButton::clicked, &dialog, &QDialog::accept);
   QObject::connect(cancel, &QPushButton::clicked, &dialog, &QDialog::reject);
+  dialog.FixSize();
   return dialog.Run() ? ToUtf8(editor->text()) : std::string();
 }
 
@@ -88,14 +93,11 @@ void TDesktopDialogs::ShowAbout(const TAboutInfo& about) {
   column->addWidget(new QLabel(FromUtf8(about.Copyright)));
   column->addStretch();
   column->addStrut(230);
-  dialog.Layout().addLayout(parts);
-  dialog.setMinimumHeight(height);
-  dialog.Layout().setSizeConstraint(QLayout::SetMinimumSize);
+  dialog.Parts().addLayout(parts);
   auto* close = dialog.AddButton(UserText(DesktopTexts::Close));
   close->setDefault(true);
   QObject::connect(close, &QPushButton::clicked, &dialog, &QDialog::accept);
-  dialog.adjustSize();
-  dialog.setFixedSize(dialog.size());
-  dialog.move(dialog.screen()->availableGeometry().center() - dialog.rect().center());
+  dialog.FixSize(height);
+  dialog.move(dialog.screen()->geometry().center() - dialog.rect().center());
   dialog.Run();
 }

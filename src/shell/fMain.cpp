@@ -28,7 +28,9 @@ TMainForm::TMainForm(TMainFormPorts ports, std::vector<std::string> arguments)
                  FCommands.EditZeugnisbeurteilungenCommand,
                  FCommands.ExportToExcelCommand,
                  {},
-                 {}},
+                 {},
+                 [this] { return FRecentFiles.Items(); },
+                 [this](int index) { FWindow.OnRecentClick(index); }},
       FFormContainer(FPorts.Dialogs, FWaitCursor) {
   FOpenFileDialog.Title = ResourceText(ShellTexts::OpenTitle);
   FOpenFileDialog.FilterIndex = EncryptedXmlFilter;
@@ -54,7 +56,7 @@ TMainHandlers TMainForm::Handlers() {
   on.EditZeugnisbeurteilungen = [this] { EditZeugnisbeurteilungen(); };
   on.ExportToExcel = [this] { ExportToExcel(); };
   on.ShowManual = [this] { ShowManual(); };
-  on.ShowVersion = [this] { FPorts.Dialogs.ShowAbout(AboutInfo(ProgramInfo())); };
+  on.ShowVersion = [this] { FPorts.Dialogs.ShowAbout(AboutInfo(ProgramInfo(), *Session)); };
   return on;
 }
 
@@ -64,6 +66,8 @@ void TMainForm::FormCreate() {
   FWindow.OnShow = [this] { FormShow(); };
   FWindow.OnClose = [this] { CheckClose(); };
   FWindow.OnRecentClick = [this](int index) { RunForUser([&] { OpenFileFromPane(index); }); };
+  FWindow.OnFileDropped = [this](const std::string& path) { RunForUser([&] { OpenFileOfUser(path); }); };
+  TVantrelMsgBox::OnHelp = [this](int) { ShowManual(); };
   FWindow.SetTitle(ResourceText(ShellTexts::WindowTitle));
   FWindow.SetRibbon(FCommands.Ribbon());
   UpdateBars();
@@ -86,6 +90,8 @@ void TMainForm::FormShow() {
 void TMainForm::FormDestroy() {
   FWindow.OnShow = FWindow.OnClose = nullptr;
   FWindow.OnRecentClick = nullptr;
+  FWindow.OnFileDropped = nullptr;
+  TVantrelMsgBox::OnHelp = nullptr;
   FWindow.SetRibbon({});
   SetCurrentProject(nullptr);
   FLookupModule.reset();

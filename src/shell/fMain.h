@@ -69,9 +69,11 @@ class TMainForm final : public TBaseMainForm {
   void SaveSettings();
   void OpenCommandLineFile();
   void OpenNamedFile(const std::string& path);
+  /// A file that the user has chosen without the dialog.
+  void OpenFileOfUser(const std::string& path);
   void LoadChosenFile(const std::string& path);
   void ShowLoadError(const std::string& path, const std::string& message);
-  void ShowRecentFiles() { FWindow.SetRecentItems(FRecentFiles.Items()); }
+  void ShowRecentFiles();
   void CheckClose();
   /// Why a file cannot be opened by its name; empty if it can.
   static std::string RefusalToOpen(const std::string& path);

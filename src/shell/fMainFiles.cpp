@@ -145,7 +145,10 @@ void TMainForm::LoadChosenFile(const std::string& path) {
 void TMainForm::OpenFileFromPane(int index) {
   const auto place = static_cast<std::size_t>(index);
   if (place >= FRecentFiles.Items().size()) return;
-  const std::string path = FRecentFiles.Items()[place].StoredText;
+  OpenFileOfUser(std::string(FRecentFiles.Items()[place].StoredText));
+}
+
+void TMainForm::OpenFileOfUser(const std::string& path) {
   PostEdits();
   if (IsModified()) AskToSave();
   OpenNamedFile(path);
@@ -197,6 +200,11 @@ bool TMainForm::AcceptsTarget(const std::string& path) {
   return isOwn || !TVantrelFileSystem::Exists(target) ||
          MsgBoxAsk(ResourceText(ShellTexts::SaveQuestionCaption),
                    FormatText(ShellTexts::OverwriteQuestion, NameOf(target))) == TVantrelMsgBoxResult::mbrYes;
+}
+
+void TMainForm::ShowRecentFiles() {
+  FWindow.SetRecentItems(FRecentFiles.Items());
+  if (WelcomeView != nullptr) WelcomeView->UpdateStart();
 }
 
 void TMainForm::SaveFile() {

@@ -11,9 +11,9 @@ inline constexpr const char* IllFormedXml =
 inline constexpr const char* TagExpected = "Knoten {} konnte nicht gelesen werden: XML-Tag \"{}\" erwartet.";
 inline constexpr const char* AttributeExpected = "Knoten {} konnte nicht gelesen werden: XML-Attribut \"{}\" erwartet.";
 /// What the formatter says of a text with a placeholder too many.
-inline constexpr const char* FormatMismatch = "Format \"{}\" ist ungültig oder passt nicht zum Argument.";
+inline constexpr const char* FormatMismatch = "Format „{}“ ist ungültig oder passt nicht zum Argument.";
 
-inline constexpr const char* WrongClass = "Die Datei enthält ein Objekt der Klasse \"{}\", wo \"{}\" erwartet wird.";
+inline constexpr const char* WrongClass = "Die Datei enthält ein Objekt der Klasse „{}“, wo „{}“ erwartet wird.";
 inline constexpr const char* ObjectTaken =
     "Das Objekt {} kommt in der Datei an zwei Stellen vor, die es beide besitzen.";
 inline constexpr const char* ObjectInItself = "Das Objekt {} enthält sich selbst.";

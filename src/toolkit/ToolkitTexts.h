@@ -2,7 +2,7 @@
 
 /// The user texts of this folder. Those with placeholders go through fmt.
 namespace ToolkitTexts {
-inline constexpr const char* FieldNotFound = "Feld \"{}\" nicht gefunden.";
+inline constexpr const char* FieldNotFound = "Feld „{}“ nicht gefunden.";
 inline constexpr const char* TableClosed = "Die Tabelle ist nicht geöffnet.";
 inline constexpr const char* TableOpen = "Die Tabelle ist bereits geöffnet.";
 inline constexpr const char* TableNotInEdit = "Die Tabelle ist nicht im Bearbeitungsmodus.";

@@ -51,6 +51,7 @@ class TVantrelMainWindow : public TVantrelPlacedWindow {
   std::function<void()> OnShow;   ///< once, when the window first shows
   std::function<void()> OnClose;  ///< the window is about to close, and will
   std::function<void(int index)> OnRecentClick;
+  std::function<void(const std::string& path)> OnFileDropped;  ///< a file was dragged onto the window
 
   /// Builds the ribbon; an empty description takes it away, before its commands end.
   virtual void SetRibbon(const TRibbonDescription& description) = 0;

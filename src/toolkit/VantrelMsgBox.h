@@ -2,6 +2,7 @@
 
 #include <fmt/format.h>
 
+#include <functional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -17,6 +18,7 @@ enum class TVantrelMsgBoxResult { mbrOK, mbrCancel, mbrYes, mbrNo, mbrRetry, mbr
 enum class TVantrelMsgBoxParent { mbpApplication, mbpMainWindow, mbpActiveWindow, mbpOwner };
 
 class TVantrelMsgBox;
+class TVantrelPlacedWindow;
 
 /// Shows message boxes; the user interface implements it.
 class TVantrelMsgBoxPort {
@@ -32,6 +34,8 @@ class TVantrelMsgBox : public TVantrelObject {
   /// The port is not owned. Without one, boxes go to the standard error output and are answered by Cancel where they
   /// have that button, else by their default button.
   static void SetPort(TVantrelMsgBoxPort* port) { FPort = port; }
+  /// What the help button of a box does: shows the help of that context. The box stays.
+  static inline std::function<void(int helpContext)> OnHelp;
   /// The answers that a set of buttons gives, from left to right.
   static std::span<const TVantrelMsgBoxResult> ResultsOf(TVantrelMsgBoxBtns buttons);
 
@@ -39,7 +43,7 @@ class TVantrelMsgBox : public TVantrelObject {
   void SetButtons(TVantrelMsgBoxBtns value) { FButtons = value; }
   const std::string& Caption() const { return FCaption; }
   void SetCaption(std::string_view value) { FCaption = value; }
-  /// The button that Enter presses, 1 to 4.
+  /// The button that Enter presses, 1 to 4; the help button counts as the last.
   int DefaultButton() const { return FDefaultButton; }
   void SetDefaultButton(int value) { FDefaultButton = value; }
   bool HelpButton() const { return FHelpButton; }
@@ -51,6 +55,9 @@ class TVantrelMsgBox : public TVantrelObject {
   std::vector<std::string>& MsgText() { return FMsgText; }
   TVantrelMsgBoxParent Parent() const { return FParent; }
   void SetParent(TVantrelMsgBoxParent value) { FParent = value; }
+  /// The window whose box it is, for mbpOwner; none if it is no window's.
+  TVantrelPlacedWindow* Owner() const { return FOwner; }
+  void SetOwner(TVantrelPlacedWindow* value) { FOwner = value; }
   /// What is shown: the lines of MsgText, with the format arguments of Execute.
   const std::string& ShownText() const { return FShownText; }
 
@@ -75,6 +82,7 @@ class TVantrelMsgBox : public TVantrelObject {
   TVantrelMsgBoxIcon FIcon = TVantrelMsgBoxIcon::mbiError;
   std::vector<std::string> FMsgText;
   TVantrelMsgBoxParent FParent = TVantrelMsgBoxParent::mbpApplication;
+  TVantrelPlacedWindow* FOwner = nullptr;
   std::string FShownText;
 };
 

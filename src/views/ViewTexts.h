@@ -43,6 +43,10 @@ inline constexpr const char* Signature = "Signatur: {}, ID = {}";
 inline constexpr const char* Period = "Zeitraum: {}, ID = {}";
 inline constexpr const char* Tenant = "Mandant: {}";
 inline constexpr const char* StudentCount = "Anzahl der Schüler: {}";
+inline constexpr const char* HowToOpen =
+    "Mit Strg+O öffnen Sie eine Datei, ebenso mit „Öffnen...“ im Menü „Datei“. Sie können sie auch auf dieses Fenster "
+    "ziehen.";
+inline constexpr const char* RecentFiles = "Zuletzt geöffnete Dokumente";
 inline constexpr const char* NoGradesMissing = "Keine Noten einzugeben";
 inline constexpr const char* GradesMissing = "Folgende Noten sind noch einzugeben:";
 inline constexpr const char* MissingNoten = "  Noten 1-5:         {}";

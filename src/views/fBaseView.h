@@ -8,6 +8,7 @@
 #include "VantrelClasses.h"
 #include "VantrelCommands.h"
 #include "VantrelForms.h"
+#include "VantrelMainWindow.h"
 #include "VantrelMemTable.h"
 
 enum class TMyTessaronViews { viewWelcome, viewSubjects, viewStudents, viewClasses };
@@ -42,6 +43,10 @@ struct TViewFrame {
   std::function<std::optional<std::string>(const std::string& subjectToken, const std::string& text)> EditAssessment;
   /// Likewise: lets the user write the grid to a file.
   std::function<void(TVantrelGrid& grid)> ExportGrid;
+
+  /// The recent documents, and how one of them is opened.
+  std::function<std::vector<TRecentItem>()> RecentFiles = [] { return std::vector<TRecentItem>(); };
+  std::function<void(int index)> OpenRecentFile = [](int) {};
 };
 
 /// Runs what the user has asked for; what it raises is shown in an error box.

@@ -47,6 +47,7 @@ TWelcomeView::TWelcomeView(TViewFrame& frame, std::unique_ptr<TWelcomeViewUi> ui
     FUi->MoveCenterPanel(std::max(width / 2 - CenterPanelWidth / 2, 0),
                          std::max(height / 2 - CenterPanelHeight / 2, 0));
   };
+  FUi->OnRecentClick = [this](int index) { FFrame.OpenRecentFile(index); };
 }
 
 void TWelcomeView::SetupView() {
@@ -60,8 +61,13 @@ void TWelcomeView::TeardownView() {
   if (WelcomeView == this) WelcomeView = nullptr;
 }
 
+void TWelcomeView::UpdateStart() {
+  FUi->SetStart(CurrentProject == nullptr, FFrame.RecentFiles());
+}
+
 void TWelcomeView::UpdateContent() {
   const auto* project = CurrentProject;
+  UpdateStart();
   for (const auto text : {FileVersionText, FilenameText, StudentsText, CreatedOnText, ChangedOnText, FilepathText,
                           SignatureText, PeriodText, TenantText, DescriptionMemo})
     FUi->Text(text).SetVisible(project != nullptr);

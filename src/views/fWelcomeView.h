@@ -28,9 +28,12 @@ class TWelcomeViewUi : public TFormUi {
  public:
   /// The size of the view in pixels, at its first show and at every change.
   std::function<void(int width, int height)> OnResize;
+  std::function<void(int index)> OnRecentClick;
 
   virtual TVantrelFormItem& Text(TWelcomeText text) = 0;
   virtual void MoveCenterPanel(int left, int top) = 0;
+  /// Below the groups, while no file is open: how to open one, and the recent ones.
+  virtual void SetStart(bool visible, const std::vector<TRecentItem>& recent) = 0;
 };
 
 /// The first thing a teacher sees: which version runs, what the open file is, what is still to be entered.
@@ -45,6 +48,8 @@ class TWelcomeView final : public TBaseView {
   void SetupView() override;
   void TeardownView() override;
   void UpdateContent() override;
+  /// The recent documents have changed.
+  void UpdateStart();
 
  protected:
   TFormUi& Ui() override { return *FUi; }

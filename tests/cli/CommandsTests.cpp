@@ -26,7 +26,7 @@ TEST_F(CommandsTest, TellsWrongUse) {
       {{"info", "/nirgends/a.kvrx"}, "Pfad"},
       {{"info", FFolder / "a.kvrx"}, "existiert nicht"},
       {{"info", Fixture("small.txt")}, "von keiner bekannten Art"},
-      {{"sample", FFolder / "a.kvrx", "--students", "viele"}, "\"viele\" der Option --students"},
+      {{"sample", FFolder / "a.kvrx", "--students", "viele"}, "„viele“ der Option --students"},
       {{"sample", FFolder / "a.kvrx", "--edition=9"}, "8 oder 10"},
       {{"sample", FFolder / "a.png"}, "gehört zu keiner bekannten Art"},
       {{"info", "--seed", "1", Fixture("small.kvrx")}, "--seed gehört nicht zum Befehl info"},

@@ -30,7 +30,7 @@ TEST_F(TTextsTest, EveryTextComesBackTranslated) {
   I18nManager().LoadStrings(dictionary);
   TVantrelFileStream program(CLI_PROGRAM, TVantrelFileAccessMode::famShareDenyWrite, TVantrelFileOpenMode::fomOpenRead);
   const auto table = TVantrelResourceReader(program).ReadStringTable();
-  EXPECT_EQ(Out(), fmt::format("\"{}\" enthält nun alle {} Texte des Programms.\n", dictionary, table.Count()));
+  EXPECT_EQ(Out(), fmt::format("„{}“ enthält nun alle {} Texte des Programms.\n", dictionary, table.Count()));
   for (const auto& [identifier, text] : table) {
     const auto stored = TVantrelI18nManager::UnEscapeString(TVantrelI18nManager::EscapeString(text));
     EXPECT_EQ(ResourceText(text), "*" + stored) << identifier;

@@ -2,15 +2,17 @@
 
 #include <gtest/gtest.h>
 
+#include <QLabel>
 #include <QTest>
 
+#include "ApplicationMenu.h"
 #include "DesktopMainWindow.h"
 
 /// A window with two tabs; the first has three groups of three buttons, of which the second is a radio group.
 class RibbonTest : public testing::Test {
  protected:
   RibbonTest() {
-    TRibbonDescription description{"Datei", {{Add("Öff&nen...")}}, {Add("Beenden")}, "Dokumente", {}};
+    TRibbonDescription description{"Datei", {{Add("Öff&nen...", "", "Ctrl+O")}}, {Add("Beenden")}, "Dokumente", {}};
     description.Tabs = {{"Start", "Start", {Group("A", "", true), Group("B", "radio", false), Group("C", "", true)}},
                         {"Hilfe", "Hilfe", {Group("D", "", true)}}};
     Window.SetRibbon(description);
@@ -20,15 +22,16 @@ class RibbonTest : public testing::Test {
     QTest::qWait(1);
   }
 
-  TVantrelCommand* Add(const std::string& caption, const std::string& radio = "") {
+  TVantrelCommand* Add(const std::string& caption, const std::string& radio = "", const std::string& shortcut = "") {
     return &Commands.Add({.Caption = caption,
                           .Icon = "document-open",
+                          .Shortcut = shortcut,
                           .OnExecute = [this, caption] { Executed.push_back(caption); },
                           .RadioGroup = radio});
   }
   TRibbonGroup Group(const std::string& id, const std::string& radio, bool large) {
     TRibbonGroup group{id, "Gruppe " + id, {}};
-    for (const char* name : {"Eins lang", "Zwei lang", "Drei lang"})
+    for (const char* name : {"Eins lang", "Zwei lang", "Drei lang..."})
       group.Buttons.push_back({Add(id + " " + name, radio), large});
     return group;
   }
@@ -80,13 +83,21 @@ TEST_F(RibbonTest, ButtonsFollowTheirCommands) {
   EXPECT_EQ(Ribbon().Page(0).Groups()[1]->x(), 0);
 }
 
+TEST_F(RibbonTest, CaptionsKeepTheirDotsAndMenuEntriesShowTheirKeys) {
+  EXPECT_EQ(Button(0, 2)->text(), "A Drei lang...");
+  EXPECT_EQ(Button(0, 2)->toolTip(), "A Drei lang");
+  QStringList shown;
+  for (const auto* label : Ribbon().Menu().findChildren<QLabel*>()) shown << label->text();
+  EXPECT_TRUE(shown.contains("Strg+O"));
+}
+
 TEST_F(RibbonTest, OneOfARadioGroupIsDown) {
   QTest::mouseClick(Button(1, 0), Qt::LeftButton);
   QTest::mouseClick(Button(1, 2), Qt::LeftButton);
   QTest::mouseClick(Button(1, 2), Qt::LeftButton);
   EXPECT_FALSE(Button(1, 0)->isChecked());
   EXPECT_TRUE(Button(1, 2)->isChecked());
-  EXPECT_EQ(Executed, (std::vector<std::string>{"B Eins lang", "B Drei lang", "B Drei lang"}));
+  EXPECT_EQ(Executed, (std::vector<std::string>{"B Eins lang", "B Drei lang...", "B Drei lang..."}));
 }
 
 TEST_F(RibbonTest, FoldsAndOpensOverTheView) {
@@ -123,6 +134,28 @@ TEST_F(RibbonTest, KeyTipsReachEveryCommand) {
   QTest::keyClick(&Window, Qt::Key_Alt);
   QTest::keyClick(&Window, Qt::Key_Escape);
   EXPECT_FALSE(Ribbon().KeyTips().IsShown());
+}
+
+TEST_F(RibbonTest, AKeyTipNeverChangesItsMeaning) {
+  const auto tips = [this] {
+    QTest::keyClick(&Window, Qt::Key_S, Qt::AltModifier);
+    return Ribbon().KeyTips().Letters();
+  };
+  const auto letters = tips();
+  ASSERT_EQ(letters.size(), 9);
+  Ribbon().KeyTips().Hide();
+  Commands.All()[2]->SetEnabled(false);
+  Window.SetGroupVisible("B", false);
+  ASSERT_EQ(tips(), letters);
+  for (const int place : {0, 4, 6}) {
+    EXPECT_TRUE(Executed.empty());
+    QTest::keyClick(&Window, letters[place].front().toLatin1());
+  }
+  EXPECT_EQ(Executed, std::vector<std::string>{"C Eins lang"});
+  QTest::keyClick(&Window, Qt::Key_X, Qt::AltModifier);
+  EXPECT_FALSE(Ribbon().KeyTips().IsShown());
+  QTest::keyClick(&Window, Qt::Key_D, Qt::AltModifier);
+  EXPECT_TRUE(Ribbon().Menu().isVisible());
 }
 
 TEST(KeyTipsTest, LettersAreDistinct) {

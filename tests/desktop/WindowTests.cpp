@@ -4,7 +4,9 @@
 #include <QComboBox>
 #include <QFileDialog>
 #include <QLineEdit>
+#include <QListWidget>
 #include <QMessageBox>
+#include <QMimeData>
 #include <QPushButton>
 #include <QScreen>
 #include <QTabWidget>
@@ -16,6 +18,7 @@
 #include "DesktopMainWindow.h"
 #include "DesktopMsgBox.h"
 #include "DesktopStudentsView.h"
+#include "DesktopWelcomeView.h"
 #include "TempFolder.h"
 
 namespace {
@@ -52,6 +55,82 @@ TEST(DesktopMsgBox, AnswersOnlyByItsButtons) {
   EXPECT_EQ(MsgBoxAsk("Hinweis", "Speichern? <b>&amp;"), mbrYes);
   InDialog<QMessageBox>([](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Escape); });
   EXPECT_EQ(MsgBoxAsk("Hinweis", "Speichern?", true), mbrCancel);
+}
+
+TEST(DesktopMsgBox, StandsOverItsParentAndHelps) {
+  using enum TVantrelMsgBoxParent;
+  const TDesktopMsgBoxes boxes;
+  TDesktopMainWindow window, other;
+  window.show();
+  QDialog active(&window);
+  active.show();
+  int context = 0;
+  TVantrelMsgBox::OnHelp = [&](int helpContext) { context += helpContext; };
+  const struct {
+    TVantrelMsgBoxParent Parent;
+    TDesktopMainWindow* Owner;
+    QWidget* Expected;
+  } cases[] = {{mbpApplication, &other, &window},
+               {mbpMainWindow, &other, &window},
+               {mbpActiveWindow, &other, &active},
+               {mbpOwner, &other, &other},
+               {mbpOwner, nullptr, &active}};
+  for (const auto& one : cases) {
+    active.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&active));
+    TVantrelMsgBox box;
+    box.SetParent(one.Parent);
+    box.SetOwner(one.Owner);
+    box.SetHelpButton(true);
+    box.SetHelpContext(7);
+    box.SetDefaultButton(2);
+    InDialog<QMessageBox>([&](QMessageBox& shown) {
+      EXPECT_EQ(shown.parentWidget(), one.Expected);
+      EXPECT_EQ(shown.defaultButton(), ButtonOf(shown, "Hilfe"));
+      QTest::keyClick(&shown, Qt::Key_Return);
+      ASSERT_TRUE(shown.isVisible());
+      ButtonOf(shown, "OK")->click();
+    });
+    EXPECT_EQ(box.Execute(), mbrOK);
+  }
+  EXPECT_EQ(context, 35);
+  TVantrelMsgBox::OnHelp = nullptr;
+}
+
+TEST(DesktopDialogs, NeitherWaitCursorNorSplashWindowStandsOverABox) {
+  const TDesktopMsgBoxes boxes;
+  TDesktopDialogs dialogs;
+  const auto splashes = [] {
+    const auto windows = QApplication::topLevelWidgets();
+    return std::count_if(windows.begin(), windows.end(), [](const QWidget* window) {
+      return window->isVisible() && window->windowType() == Qt::SplashScreen;
+    });
+  };
+  dialogs.ShowSplash("Version 1.2.3");
+  dialogs.SetWaitCursor(true);
+  ASSERT_EQ(splashes(), 1);
+  InDialog<QMessageBox>([&](QMessageBox& box) {
+    EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+    EXPECT_EQ(splashes(), 0);
+    box.accept();
+  });
+  MsgBoxError("Text");
+  EXPECT_EQ(splashes(), 0);
+  ASSERT_NE(QApplication::overrideCursor(), nullptr);
+  EXPECT_EQ(QApplication::overrideCursor()->shape(), Qt::WaitCursor);
+  dialogs.SetWaitCursor(false);
+}
+
+TEST(DesktopDialogs, AboutWindowIsOfItsToldHeightInTheMiddle) {
+  TDesktopDialogs dialogs;
+  InDialog<QDialog>([](QDialog& dialog) {
+    EXPECT_EQ(dialog.height(), 220);
+    const QPoint away = dialog.geometry().center() - dialog.screen()->geometry().center();
+    constexpr int frame = 8;
+    EXPECT_LE(away.manhattanLength(), frame);
+    ButtonOf(dialog, "Schließen")->click();
+  });
+  dialogs.ShowAbout({"MyTESSARON", "Version 10.2.0.0 ", "Copyright © 2026"});
 }
 
 TEST(DesktopDialogs, PasswordNeedsATextAndCancelForgetsIt) {
@@ -127,6 +206,48 @@ TEST(DesktopMainWindow, TakesItsPlaceOnAScreenThatIsThere) {
     EXPECT_EQ(other.Placement().Right, 310);
     EXPECT_EQ(other.Placement().Top, 20);
   }
+}
+
+TEST(DesktopMainWindow, OneFileCanBeDropped) {
+  TDesktopMainWindow window;
+  window.show();
+  std::string dropped;
+  window.OnFileDropped = [&](const std::string& path) { dropped += path; };
+  for (const auto& [urls, path] : {std::pair(QList<QUrl>{QUrl("file:///a%20b.kvrx")}, "/a b.kvrx"),
+                                   {{QUrl("http://schule/a.kvrx")}, ""},
+                                   {{QUrl("file:///a.kvrx"), QUrl("file:///b.kvrx")}, ""},
+                                   {{}, ""}}) {
+    QMimeData data;
+    data.setUrls(urls);
+    QDragEnterEvent enter(QPoint(9, 9), Qt::CopyAction, &data, Qt::LeftButton, {});
+    QApplication::sendEvent(&window, &enter);
+    EXPECT_EQ(enter.isAccepted(), *path != '\0');
+    QDropEvent drop(QPointF(9, 9), Qt::CopyAction, &data, Qt::LeftButton, {});
+    QApplication::sendEvent(&window, &drop);
+    QTest::qWait(1);
+    EXPECT_EQ(std::exchange(dropped, {}), path);
+  }
+}
+
+TEST(DesktopViews, AnEmptyStartOpensARecentFileByKey) {
+  TDesktopMainWindow window;
+  auto view = std::make_unique<TDesktopWelcomeView>(window);
+  std::vector<int> chosen;
+  view->OnRecentClick = [&](int index) {
+    chosen.push_back(index);
+    view.reset();
+  };
+  view->SetStart(true, {{"a.kvrx", "/eins/a.kvrx"}, {"a.kvrx", "/zwei/a.kvrx"}});
+  window.show();
+  view->SetVisible(true);
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+  auto* list = qobject_cast<QListWidget*>(QApplication::focusWidget());
+  ASSERT_NE(list, nullptr);
+  EXPECT_EQ(list->item(1)->text(), "a.kvrx in /zwei");
+  QTest::keyClick(list, Qt::Key_Down);
+  for (int i = 0; i < 2; ++i) QTest::keyClick(list, Qt::Key_Return);
+  QTest::qWait(1);
+  EXPECT_EQ(chosen, std::vector{1});
 }
 
 TEST(DesktopViews, NothingComesFromAStudentsViewThatHasEnded) {

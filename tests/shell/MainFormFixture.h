@@ -7,12 +7,15 @@
 #include "TempFolder.h"
 #include "VantrelExceptions.h"
 #include "fMain.h"
+#include "uTessaronSession.h"
 
 /// The main window without a screen, and a folder of project files.
 class MainFormTest : public testing::Test {
  protected:
   void SetUp() override {
     TMyTessaronProject::RegisterClasses();
+    FSession->FModule = TApplicationKind::akMyTessaron;
+    Session = FSession.get();
     for (const char* name : {"small.kvrx", "small.kvr7", "empty.kvrx", "protected.kvrx"})
       std::filesystem::copy_file(std::filesystem::path(FIXTURES) / name, FFolder / name);
     WriteFileText(FFolder / "damaged.kvrx", "no project");
@@ -20,6 +23,7 @@ class MainFormTest : public testing::Test {
   }
   void TearDown() override {
     FForm.reset();
+    Session = nullptr;
     EXPECT_EQ(CurrentProject, nullptr);
     EXPECT_EQ(LookupModule, nullptr);
     EXPECT_EQ(FDialogs.Splash, "");
@@ -67,6 +71,7 @@ class MainFormTest : public testing::Test {
   }
 
   TempFolder FFolder;
+  TVantrelPtr<TTessaronSession> FSession = CreateVantrel<TTessaronSession>();
   FakeBoxes FBoxes;
   FakeSettings FSettings;
   FakeDialogs FDialogs;

@@ -43,6 +43,7 @@ TEST_F(MainFormTest, CommandsStandOnTheRibbonWithTheirKeys) {
   for (const auto& group : FWindow.Ribbon.Tabs[0].Groups) captions.push_back(group.Caption);
   EXPECT_THAT(captions, ElementsAre("Ansichten", "Navigation", "Beurteilungsart", "Extras"));
   FForm->Commands().VersionCommand.Execute();
+  EXPECT_EQ(FDialogs.About.Product, "MyTESSARON");
   EXPECT_EQ(FDialogs.About.Version.back(), ' ');
 }
 
@@ -80,6 +81,31 @@ TEST_F(MainFormTest, AVanishedRecentFileIsToldAndLeavesTheList) {
   EXPECT_THAT(RecentNames(), ElementsAre("empty.kvrx"));
   FWindow.OnRecentClick(7);
   EXPECT_EQ(FBoxes.Texts.size(), 2U);
+}
+
+TEST_F(MainFormTest, TheEmptyStartListsTheRecentFilesAndADroppedFileOpensLikeThem) {
+  Start();
+  EXPECT_TRUE(FakeWelcomeUi::Last->Start);
+  for (const char* name : {"small.kvrx", "small.kvr7"}) Open(name);
+  EXPECT_FALSE(FakeWelcomeUi::Last->Start);
+  Start();
+  const auto choose = FakeWelcomeUi::Last->OnRecentClick;
+  ASSERT_EQ(FakeWelcomeUi::Last->Recent.size(), 2U);
+  std::filesystem::remove(FFolder / "small.kvrx");
+  choose(0);
+  EXPECT_THAT(FBoxes.Texts, ElementsAre(HasSubstr("konnte nicht gefunden werden.")));
+  ASSERT_EQ(FakeWelcomeUi::Last->Recent.size(), 1U);
+  choose(0);
+  EXPECT_EQ(FWindow.Status, FFolder / "small.kvr7");
+
+  TypeAssessment("neu");
+  FWindow.OnFileDropped(FFolder / "empty.kvrx");
+  EXPECT_EQ(FBoxes.Texts.back(), "Möchten Sie die aktuelle MyTESSARON-Datei speichern?");
+  EXPECT_EQ(FWindow.Status, FFolder / "empty.kvrx");
+  FWindow.OnFileDropped(FFolder / "gone.kvrx");
+  EXPECT_THAT(FBoxes.Texts.back(), HasSubstr("konnte nicht gefunden werden."));
+  EXPECT_EQ(FWindow.Status, FFolder / "empty.kvrx");
+  EXPECT_THAT(RecentNames(), ElementsAre("small.kvr7"));
 }
 
 TEST_F(MainFormTest, TheAnswerOnOpeningChangesNothing) {

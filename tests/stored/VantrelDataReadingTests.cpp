@@ -97,9 +97,9 @@ TEST_F(DataReadingTest, MessagesOfTheXmlForm) {
       {known + Items(Object("Item", A, "", "TFremd")), ""},
       {known + Items(Object("Item", A, "", "")), ""},
       {known + Items(Object("Item", A, "", "TOtherItem")),
-       "Die Datei enthält ein Objekt der Klasse \"TTestItem\", wo \"TOtherItem\" erwartet wird."},
+       "Die Datei enthält ein Objekt der Klasse „TTestItem“, wo „TOtherItem“ erwartet wird."},
       {Items(Object("Item", A, Object("Ref", B, "", "TOtherItem"))),
-       "Die Datei enthält ein Objekt der Klasse \"TOtherItem\", wo \"TTestItem\" erwartet wird."},
+       "Die Datei enthält ein Objekt der Klasse „TOtherItem“, wo „TTestItem“ erwartet wird."},
       {Items(Object("Item", A, "<Children><Items>" + Object("Item", A) + "</Items></Children>")),
        "Das Objekt {AAAAAAAA-0000-0000-0000-000000000000} enthält sich selbst."},
   };

@@ -63,8 +63,14 @@ class FakeWelcomeUi : public TWelcomeViewUi {
   void SetVisible(bool) override {}
   TVantrelFormItem& Text(TWelcomeText text) override { return Texts[text]; }
   void MoveCenterPanel(int, int) override {}
+  void SetStart(bool visible, const std::vector<TRecentItem>& recent) override {
+    Start = visible;
+    Recent = recent;
+  }
 
   std::map<TWelcomeText, FakeItem> Texts;
+  bool Start = false;
+  std::vector<TRecentItem> Recent;
 };
 
 /// Settings that last as long as the object.

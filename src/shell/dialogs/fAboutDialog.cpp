@@ -4,8 +4,8 @@
 #include "VantrelDateTime.h"
 #include "VantrelI18n.h"
 
-TAboutInfo AboutInfo(const TProgramInfo& program) {
-  return {ResourceText(ShellTexts::WindowTitle),
+TAboutInfo AboutInfo(const TProgramInfo& program, const TTessaronSession& session) {
+  return {session.ProductName(),
           FormatText(ShellTexts::AboutVersion, program.Major, program.Minor, program.Release, program.Build),
           program.Copyright.empty() ? FormatText(ShellTexts::DefaultCopyright, DecodeDateTime(CurrentDateTime()).Year)
                                     : program.Copyright};
