@@ -3,11 +3,11 @@
 
 #include "CliTexts.h"
 #include "Commands.h"
-#include "ProjectDefects.h"
 #include "ProjectFiles.h"
 #include "RecordTexts.h"
 #include "VantrelI18n.h"
 #include "Workers.h"
+#include "uProjectDefects.h"
 
 namespace {
 
@@ -33,7 +33,7 @@ int AnswerDefects(const std::string& fileName, const std::vector<std::string>& d
 
 int CheckFile(const std::string& fileName, const TCliContext& context, std::string& text) {
   try {
-    return AnswerDefects(fileName, FindDefects(*ReadProject(fileName, context)), text);
+    return AnswerDefects(fileName, FindDefects(*ReadProject(fileName, context), TDefectScope::All).Texts, text);
   } catch (const ECliDamaged& error) {
     return AnswerDefects(fileName, {PrintableText(CliTexts::CheckDamaged, error.Damage)}, text);
   } catch (const ECliPasswordNeeded& error) {
