@@ -190,6 +190,10 @@ bool TGridView::MayEdit(int ordinal) const {
   return !FEvents.OnEditing || FEvents.OnEditing(ordinal);
 }
 
+bool TGridView::MayEditCell(const QModelIndex& index) const {
+  return !FModel.IsGroup(index) && MayEdit(index.column()) && FModel.IsReadable(index);
+}
+
 bool TGridView::IsTinted(int ordinal) const {
   if (FModel.Options().ReadOnly) return false;
   if (FTints.empty()) return !MayEdit(ordinal);

@@ -88,6 +88,7 @@ class TGridView : public QTableView {
   bool FillRest();
   void ColumnResized(int ordinal, int width);
   bool MayEdit(int ordinal) const;
+  bool MayEditCell(const QModelIndex& index) const;
   bool TakeKey(QKeyEvent* event);
   bool TakeGroupKey(QKeyEvent* event);
   bool TakeSearchKey(QKeyEvent* event);

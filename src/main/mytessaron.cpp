@@ -1,5 +1,4 @@
-#include <QApplication>
-
+#include "DesktopApplication.h"
 #include "DesktopDialogs.h"
 #include "DesktopLook.h"
 #include "DesktopMainWindow.h"
@@ -29,7 +28,7 @@ std::vector<std::string> Arguments() {
 
 int main(int argc, char** argv) {
   TakeHeapInLargePages();
-  QApplication application(argc, argv);
+  TDesktopApplication application(argc, argv);
   PrepareApplication(application);
   TVantrelClassRegistry classes;
   RegisterFoundationClasses(classes);
