@@ -86,6 +86,7 @@ inline constexpr const char* OneFinding = "Befund";
 inline constexpr const char* SeveralFindings = "Befunde";
 inline constexpr const char* CheckProgress = "{} von {} Dateien geprüft";
 inline constexpr const char* CheckDamaged = "Die Datei ist beschädigt: {}";
+inline constexpr const char* CheckHint = "Hinweis: {}";
 inline constexpr const char* WorkerDied = "Die Datei \"{}\" kann nicht gelesen werden: Die Prüfung wurde abgebrochen.";
 
 inline constexpr const char* NoDifference = "Keine Unterschiede.";

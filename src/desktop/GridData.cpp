@@ -82,6 +82,18 @@ QString TGridData::TextOf(const TGridColumn& column, int ordinal, const TVariant
   return FromUtf8(value.AsTextOrEmpty());
 }
 
+QString ShownPart(const QString& text) {
+  constexpr qsizetype mostCharacters = 4000;
+  constexpr int mostLines = 200;
+  const qsizetype most = std::min(text.size(), mostCharacters);
+  qsizetype end = -1;
+  for (int line = 0; line < mostLines && end < most; ++line) {
+    end = text.indexOf('\n', end + 1);
+    if (end < 0 || end > most) end = most;
+  }
+  return end == text.size() ? text : text.left(end) + QChar(0x2026);
+}
+
 std::vector<int> ColumnsInOrder(const std::vector<TGridColumn>& columns, int TGridColumn::*index) {
   std::vector<int> ordinals;
   for (std::size_t i = 0; i < columns.size(); ++i)
@@ -168,12 +180,12 @@ class TRowBuilder {
       const auto groupEnd =
           std::find_if(begin, end, [&](int record) { return FData.DisplayText(record, ordinal) != text; });
       const QString key = parentKey + QChar('\n') + text;
-      FRows.push_back(
-          {-1, depth,
-           UserText(DesktopTexts::GroupHeading)
-               .arg(FromUtf8(FData.Column(ordinal).Caption), text.isEmpty() ? UserText(DesktopTexts::EmptyValue) : text,
-                    QString::number(groupEnd - begin)),
-           key});
+      FRows.push_back({-1, depth,
+                       UserText(DesktopTexts::GroupHeading)
+                           .arg(FromUtf8(FData.Column(ordinal).Caption),
+                                text.isEmpty() ? UserText(DesktopTexts::EmptyValue) : ShownPart(text),
+                                QString::number(groupEnd - begin)),
+                       key});
       if (!FClosed.contains(key)) AddRows(begin, groupEnd, level + 1, key);
       begin = groupEnd;
     }

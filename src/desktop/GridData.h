@@ -58,5 +58,8 @@ struct TGridRow {
 std::vector<TGridRow> BuildGridRows(const TGridData& data, const TGridOptions& options,
                                     const std::vector<TGridFilterItem>& filter, const std::set<QString>& closed);
 
+/// The part of a text that a cell measures and paints: no more than can be of use in a grid.
+QString ShownPart(const QString& text);
+
 /// The ordinals of the columns that have the index (&TGridColumn::SortIndex or GroupIndex), in its order.
 std::vector<int> ColumnsInOrder(const std::vector<TGridColumn>& columns, int TGridColumn::*index);

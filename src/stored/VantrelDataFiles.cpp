@@ -16,11 +16,16 @@
 using enum TVantrelFileAccessMode;
 using enum TVantrelFileOpenMode;
 
-void KeepBytesBeside(const std::string& name) {
+void KeepBytesBeside(const std::string& name, TVantrelStream& original) {
   std::string keep = name + ".beschaedigt";
   for (int number = 2; TVantrelFileSystem::Exists(keep); ++number) keep = fmt::format("{}.beschaedigt{}", name, number);
-  TVantrelFileStream original(name, famShareDenyNone, fomOpenRead);
+  original.SetPosition(0);
   TVantrelSafeSave::Write(keep, original.ReadAll(), famShareDenyWrite);
+}
+
+void KeepBytesBeside(const std::string& name) {
+  TVantrelFileStream original(name, famShareDenyNone, fomOpenRead);
+  KeepBytesBeside(name, original);
 }
 
 void TVantrelDataStorage::CloseFile() {
@@ -171,7 +176,10 @@ bool TVantrelDataStorage::TrySaveToFile(const std::string& name, TVantrelDataSto
 void TVantrelDataStorage::KeepDamagedOriginal(const std::string& name) {
   std::error_code error;
   if (FDamagedFile.empty() || !std::filesystem::equivalent(FDamagedFile, name, error)) return;
-  KeepBytesBeside(name);
+  if (HoldsFile(name))
+    KeepBytesBeside(name, *FFileStream);
+  else
+    KeepBytesBeside(name);
   FDamagedFile.clear();
 }
 

@@ -6,6 +6,7 @@
 #include <string_view>
 #include <vector>
 
+#include "VantrelDataIO.h"
 #include "VantrelDataObserver.h"
 #include "VantrelDataRegistry.h"
 #include "VantrelExceptions.h"
@@ -26,6 +27,8 @@ struct TVantrelLoadDamage {
 /// Copies a file that cannot be read to "NAME.beschaedigt" beside it, or "NAME.beschaedigt2" and so on where there is
 /// such a copy. Raises what the copying raises.
 void KeepBytesBeside(const std::string& name);
+/// The same for a file that is held.
+void KeepBytesBeside(const std::string& name, TVantrelStream& original);
 
 /// A document: the root of a tree of data objects, read from and written to files in three forms. Belongs to the main
 /// thread.
@@ -60,6 +63,10 @@ class TVantrelDataStorage : public TVantrelAbstractDataObject {
   bool IsFileOpen() const { return FFileStream != nullptr; }
   /// The damage that the last load met, if any. A load that succeeds clears it.
   const std::optional<TVantrelLoadDamage>& LoadDamage() const { return FLoadDamage; }
+  /// What the last load passed over, if it succeeded.
+  const std::vector<TVantrelLoadNote>& LoadNotes() const { return FLoadNotes; }
+  /// The last load failed, or part of the file got lost in it.
+  bool IsDamaged() const;
 
   void Changed() override { FModified = true; }
   void Clear();
@@ -142,5 +149,6 @@ class TVantrelDataStorage : public TVantrelAbstractDataObject {
   TVantrelDataObserver FObserver;
   TVantrelDataStorageState FState = TVantrelDataStorageState::dssNormal;
   std::optional<TVantrelLoadDamage> FLoadDamage;
+  std::vector<TVantrelLoadNote> FLoadNotes;
   std::string FDamagedFile;
 };

@@ -86,6 +86,52 @@ TEST_F(CheckTest, TellsTheFilesInTheirOrder) {
   EXPECT_THAT(Out(), HasSubstr(good));
 }
 
+std::string Replaced(std::string text, std::string_view what, std::string_view by) {
+  for (auto at = text.find(what); at != std::string::npos; at = text.find(what, at + by.size()))
+    text.replace(at, what.size(), by);
+  return text;
+}
+
+TEST_F(CheckTest, TellsWhatTheReaderPassedOver) {
+  const auto xml = ReadFileText(Save(Project(), "a.kvrxr"));
+  const auto binary = ReadFileText(Save(Project(), "a.kvr7"));
+  auto oneGrade = xml;
+  oneGrade.replace(oneGrade.find("<Note1ID>-1</Note1ID>"), 21, "<Note1Id>-1</Note1Id>");
+  auto negative = std::string(94, '\0');
+  negative.replace(37, 4, "\xFF\xFF\xFF\xFF");
+  const struct {
+    const char* Name;
+    std::string Bytes;
+    int Result;
+    std::vector<const char*> Told;
+  } cases[] = {
+      {"a.kvrxr", xml, 0, {"in Ordnung\n"}},
+      {"a.kvr7", binary, 0, {"in Ordnung\n"}},
+      {"a.kvr7", binary + "xyz", 1, {"1 Befund\n", "Die Datei ist beschädigt: Ab Byte ", " stehen 3 Byte, die nicht"}},
+      {"a.kvr7", std::string(114727, '\0'), 1, {"Ab Byte 94 stehen 114633 Byte"}},
+      {"a.kvr7", negative, 1, {"1 Befund\n", "Eine Liste soll -1 Einträge haben (Byte 41 von 94)."}},
+      {"a.kvrxr", Replaced(xml, "Storage>", "Lager>"), 1, {"1 Befund\n", "heißt „Lager“ statt „Storage“."}},
+      {"a.kvrxr",
+       Replaced(xml, "Courses>", "Kurse>"),
+       0,
+       {"in Ordnung\n  Hinweis: „Kurse“: „Kurse“ ist unbekannt und wird nicht gelesen (1-mal, zuerst in Zeile "}},
+      {"a.kvrxr",
+       oneGrade,
+       0,
+       {"in Ordnung\n  Hinweis: „Courses“: „Note1ID“ fehlt (1-mal).\n  Hinweis: „Courses“: „Note1Id“ ist"}},
+  };
+  for (const auto& [name, bytes, result, told] : cases) {
+    WriteFileText(FFolder / name, bytes);
+    EXPECT_EQ(Run({"check", FFolder / name}), result);
+    for (const auto* text : told) EXPECT_THAT(Out(), HasSubstr(text));
+  }
+  std::string names;
+  for (int i = 0; i < 1000; ++i) names += fmt::format("<Feld{0}/>", i) + std::string("<Feld/>");
+  WriteFileText(FFolder / "a.kvrxr", Replaced(xml, "<Courses>", names + "<Courses>"));
+  EXPECT_EQ(Run({"check", FFolder / "a.kvrxr"}), 0);
+  EXPECT_THAT(Out(), AllOf(HasSubstr("„Feld“ ist unbekannt"), HasSubstr("(1000-mal"), HasSubstr("Und weitere 981 ")));
+}
+
 TEST_F(CheckTest, AsksForPasswordsAndKeepsTheOrder) {
   const auto good = Save(Project(), "gut.kvrx");
   std::vector<std::string> asked;
