@@ -1,13 +1,16 @@
 #include <fmt/format.h>
 #include <fmt/ranges.h>
 
+#include <algorithm>
+#include <iterator>
+
 #include "CliTexts.h"
 #include "Commands.h"
-#include "ProjectDefects.h"
 #include "ProjectFiles.h"
-#include "RecordTexts.h"
 #include "VantrelI18n.h"
 #include "Workers.h"
+#include "uProjectDefects.h"
+#include "uRecordTexts.h"
 
 namespace {
 
@@ -23,19 +26,35 @@ int Answer(TCliResult result, std::string& text, std::string answer) {
   return static_cast<int>(result);
 }
 
-int AnswerDefects(const std::string& fileName, const std::vector<std::string>& defects, std::string& text) {
-  if (defects.empty()) return Answer(TCliResult::Good, text, PrintableText(CliTexts::CheckGood, fileName) + "\n");
+/// Hints leave a file in order.
+int AnswerDefects(const std::string& fileName, const std::vector<std::string>& defects,
+                  const std::vector<std::string>& hints, std::string& text) {
   const auto noun = ResourceText(defects.size() == 1 ? CliTexts::OneFinding : CliTexts::SeveralFindings);
-  auto answer = PrintableText(CliTexts::CheckFindings, fileName, defects.size(), noun) + "\n";
-  for (const auto& defect : defects) answer += fmt::format("  {}\n", defect);
-  return Answer(TCliResult::Findings, text, std::move(answer));
+  auto answer = defects.empty() ? PrintableText(CliTexts::CheckGood, fileName)
+                                : PrintableText(CliTexts::CheckFindings, fileName, defects.size(), noun);
+  for (const auto& defect : defects) answer += fmt::format("\n  {}", defect);
+  for (const auto& hint : hints) answer += "\n  " + FormatText(CliTexts::CheckHint, hint);
+  return Answer(defects.empty() ? TCliResult::Good : TCliResult::Findings, text, answer + "\n");
+}
+
+int AnswerProject(const std::string& fileName, const TMyTessaronProject& project, std::string& text) {
+  std::vector<std::string> defects;
+  std::vector<std::string> hints;
+  for (const auto& note : project.LoadNotes()) {
+    if (note.IsDamage)
+      defects.push_back(PrintableText(CliTexts::CheckDamaged, note.Text));
+    else
+      hints.push_back(RecordTexts::Printable(note.Text));
+  }
+  std::ranges::move(FindDefects(project, TDefectScope::All).Texts, std::back_inserter(defects));
+  return AnswerDefects(fileName, defects, hints, text);
 }
 
 int CheckFile(const std::string& fileName, const TCliContext& context, std::string& text) {
   try {
-    return AnswerDefects(fileName, FindDefects(*ReadProject(fileName, context)), text);
+    return AnswerProject(fileName, *ReadProject(fileName, context), text);
   } catch (const ECliDamaged& error) {
-    return AnswerDefects(fileName, {PrintableText(CliTexts::CheckDamaged, error.Damage)}, text);
+    return AnswerDefects(fileName, {PrintableText(CliTexts::CheckDamaged, error.Damage)}, {}, text);
   } catch (const ECliPasswordNeeded& error) {
     Answer(TCliResult::Failed, text, std::string(error.Message()) + "\n");
     return NeedsPassword;

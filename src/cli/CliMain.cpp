@@ -6,10 +6,10 @@
 
 #include "CliTexts.h"
 #include "Commands.h"
-#include "RecordTexts.h"
 #include "SampleNames.h"
 #include "VantrelI18n.h"
 #include "uProject.h"
+#include "uRecordTexts.h"
 
 namespace {
 

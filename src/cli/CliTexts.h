@@ -80,35 +80,14 @@ inline constexpr const char* MissingEndnote1 = "Endnote 1: {}";
 inline constexpr const char* MissingEndnote2 = "Endnote 2: {}";
 inline constexpr const char* NothingMissing = "keine";
 
-inline constexpr const char* Empty = "leer";
-inline constexpr const char* Yes = "ja";
-inline constexpr const char* No = "nein";
-inline constexpr const char* NumberOnly = "Nr. {}";
-inline constexpr const char* WithNumber = "{} (Nr. {})";
-inline constexpr const char* UnknownNumber = "Nr. {} (unbekannt)";
-inline constexpr const char* NamelessStudent = "Schüler Nr. {}";
-inline constexpr const char* UnknownStudent = "Unbekannter Schüler";
-inline constexpr const char* NamelessCourse = "Kurs Nr. {}";
-
 inline constexpr const char* CheckGood = "{}: in Ordnung";
 inline constexpr const char* CheckFindings = "{}: {} {}";
 inline constexpr const char* OneFinding = "Befund";
 inline constexpr const char* SeveralFindings = "Befunde";
 inline constexpr const char* CheckProgress = "{} von {} Dateien geprüft";
 inline constexpr const char* CheckDamaged = "Die Datei ist beschädigt: {}";
+inline constexpr const char* CheckHint = "Hinweis: {}";
 inline constexpr const char* WorkerDied = "Die Datei „{}“ kann nicht gelesen werden: Die Prüfung wurde abgebrochen.";
-inline constexpr const char* LostStudent = "{}: Der Schüler des Kurses fehlt in der Datei.";
-inline constexpr const char* NoStudent = "{}: Der Kurs hat keinen Schüler.";
-inline constexpr const char* UnknownGrade = "{}, {}: Die Note Nr. {} steht nicht im Notenkatalog.";
-inline constexpr const char* UnknownToken = "{}, {}: „{}“ steht nicht im Katalog.";
-inline constexpr const char* UnknownClass = "{}: Die Klasse Nr. {} steht nicht in der Datei.";
-inline constexpr const char* NoCaption = "Die Spalte „{}“ hat keine Beschriftung.";
-inline constexpr const char* DoubleStudent = "Die Schülernummer {} kommt mehrfach vor.";
-inline constexpr const char* DoubleCourse = "Die Kursnummer {} kommt mehrfach vor.";
-inline constexpr const char* DoubleClass = "Die Klassennummer {} kommt mehrfach vor.";
-inline constexpr const char* DoubleGrade = "Die Notennummer {} kommt mehrfach vor.";
-inline constexpr const char* DoubleColumn = "Die Spalte „{}“ kommt mehrfach vor.";
-inline constexpr const char* DoubleObject = "Das Objekt {} kommt mehrfach vor.";
 
 inline constexpr const char* NoDifference = "Keine Unterschiede.";
 inline constexpr const char* Changed = "{}: {} -> {}";
@@ -118,7 +97,6 @@ inline constexpr const char* Removed = "entfernt: {}";
 inline constexpr const char* StudentAdded = "Schüler neu in der Datei";
 inline constexpr const char* StudentRemoved = "Schüler nicht mehr in der Datei";
 inline constexpr const char* PasswordChanged = "Das Kennwort wurde geändert.";
-inline constexpr const char* Quoted = "„{}“";
 inline constexpr const char* Header = "Kopfdaten";
 inline constexpr const char* Catalog = "Katalog {}";
 inline constexpr const char* Grades = "Noten";
@@ -126,67 +104,4 @@ inline constexpr const char* Student = "Schüler";
 inline constexpr const char* Columns = "Spalten";
 inline constexpr const char* Remarks = "Katalog der Zeugnisbemerkungen";
 inline constexpr const char* StudentRemark = "Zeugnisbemerkung {}";
-
-/// What the user calls a stored field that has no column of its own, by its key.
-inline constexpr struct {
-  const char* Key;
-  const char* Caption;
-} Captions[] = {
-    {"AbsenceBehaviour", "Umgang mit Fehlzeiten"},
-    {"Attribute", "Merkmal"},
-    {"Birthday", "Geburtsdatum"},
-    {"ClassId", "Klasse"},
-    {"Customization", "Anpassbarkeit"},
-    {"Customname", "Eigene Beschriftung"},
-    {"Description", "Beschreibung"},
-    {"Displayname", "Beschriftung"},
-    {"Editable", "Änderbar"},
-    {"Firstname", "Vorname"},
-    {"Gender", "Geschlecht"},
-    {"GradeType", "Notenart"},
-    {"GradeValue", "Notenwert"},
-    {"GridColumn", "Tabellenspalte"},
-    {"ID", "Nummer"},
-    {"Kursnr", "Kursnummer"},
-    {"Lastname", "Nachname"},
-    {"PasswordProtected", "Kennwortschutz"},
-    {"Personalnr", "Personalnummer"},
-    {"StudentId", "Schülernummer"},
-    {"SubjectId", "Fachnummer"},
-    {"SubjectName", "Fach"},
-    {"SubjectToken", "Fachkürzel"},
-    {"TeacherId", "Lehrernummer"},
-    {"TeacherName", "Lehrer"},
-    {"TeacherToken", "Lehrerkürzel"},
-    {"TenantId", "Mandant"},
-    {"TermId", "Zeitraumnummer"},
-    {"TermName", "Zeitraum"},
-    {"TessaronId", "Kursnummer der Zentrale"},
-    {"Token", "Kürzel"},
-    {"Visible", "Sichtbar"},
-    {"Zuzgang", "Zugang"},
-};
-
-/// The catalogues of tokens, in the order of the file.
-inline constexpr const char* Catalogs[] = {
-    "Abschlüsse",       "Abschlussarten",   "Empfehlungen",         "Fachstati",     "Niveaus",
-    "Unterrichtsarten", "Versetzungsarten", "Zeugnisbeurteilungen", "Leistungsarten"};
-
-/// What the user calls a value of a field.
-inline constexpr struct {
-  const char* Key;
-  const char* Value;
-  const char* Shown;
-} ValueNames[] = {
-    {"Mahnung", "0", "Mahnung"},
-    {"Mahnung", "1", "Nachmahnung"},
-    {"Mahnung", "2", "Nachprüfung"},
-    {"Bestanden", "P", "Bestanden (P)"},
-    {"Bestanden", "F", "Nicht bestanden (F)"},
-    {"Bestanden", "N", "Nicht belegt"},
-    {"Versetzt", "J", "versetzt"},
-    {"Versetzt", "N", "nicht versetzt"},
-    {"Leistungsanforderung", "J", "erreicht"},
-    {"Leistungsanforderung", "N", "nicht erreicht"},
-};
 }  // namespace CliTexts

@@ -1,8 +1,8 @@
 #include "CliTexts.h"
 #include "Commands.h"
 #include "ProjectFiles.h"
-#include "RecordTexts.h"
 #include "VantrelI18n.h"
+#include "uRecordTexts.h"
 
 using RecordTexts::PrintableText;
 

@@ -4,11 +4,12 @@
 #include "CliTexts.h"
 #include "Commands.h"
 #include "ProjectFiles.h"
-#include "RecordTexts.h"
+#include "ProjectTexts.h"
 #include "VantrelI18n.h"
 #include "VantrelPaths.h"
 #include "VantrelText.h"
 #include "uMissingGrades.h"
+#include "uRecordTexts.h"
 
 namespace {
 
@@ -28,7 +29,7 @@ std::string KindOf(const std::string& fileName) {
 }
 
 std::string NumberText(const TMyTessaronInteger& id) {
-  return id.IsNull() ? ResourceText(CliTexts::Empty) : id.ToString();
+  return id.IsNull() ? ResourceText(ProjectTexts::Empty) : id.ToString();
 }
 
 std::string WithId(const std::string& name, const TMyTessaronInteger& id) {
@@ -64,7 +65,8 @@ TCliResult Commands::Info(const TArguments& files, TCliContext& context) {
   PrintLine(out, CliTexts::InfoTeacher, WithId(teacher, project->TeacherId));
   PrintLine(out, CliTexts::InfoTerm, WithId(project->TermName, project->TermId));
   PrintLine(out, CliTexts::InfoDescription, Indented(project->Description));
-  PrintLine(out, CliTexts::InfoPassword, ResourceText(project->PasswordProtected ? CliTexts::Yes : CliTexts::No));
+  PrintLine(out, CliTexts::InfoPassword,
+            ResourceText(project->PasswordProtected ? ProjectTexts::Yes : ProjectTexts::No));
   PrintLine(out, CliTexts::InfoClasses, std::to_string(project->Classes().Count()));
   PrintLine(out, CliTexts::InfoStudents, std::to_string(project->Students().Count()));
   PrintLine(out, CliTexts::InfoCourses, std::to_string(project->Courses().Count()));

@@ -4,8 +4,9 @@
 #include <map>
 
 #include "CliTexts.h"
-#include "RecordTexts.h"
+#include "ProjectTexts.h"
 #include "VantrelI18n.h"
+#include "uRecordTexts.h"
 
 namespace {
 
@@ -113,16 +114,10 @@ class TComparer {
   }
 
   void CompareCatalogs() {
-    using T = TMyTessaronProject;
-    const auto tokenOf = [](const TCatalog& entry) { return FormatText(CliTexts::Quoted, Printable(entry.Token)); };
-    // In the order of CliTexts::Catalogs.
-    constexpr TCatalogs& (T::*catalogs[])()
-        const = {&T::Abschluesse,      &T::Abschlussarten,   &T::Empfehlungen,         &T::Fachstati,     &T::Niveaus,
-                 &T::Unterrichtsarten, &T::Versetzungsarten, &T::Zeugnisbeurteilungen, &T::Leistungsarten};
-    static_assert(std::size(catalogs) == std::size(CliTexts::Catalogs));
-    for (std::size_t i = 0; i < std::size(catalogs); ++i)
-      Add(FormatText(CliTexts::Catalog, ResourceText(CliTexts::Catalogs[i])),
-          CompareList((FBefore.*catalogs[i])(), (FAfter.*catalogs[i])(), tokenOf));
+    const auto tokenOf = [](const TCatalog& entry) { return FormatText(ProjectTexts::Quoted, Printable(entry.Token)); };
+    for (std::size_t i = 0; i < std::size(ProjectCatalogs); ++i)
+      Add(FormatText(CliTexts::Catalog, ResourceText(ProjectTexts::Catalogs[i])),
+          CompareList((FBefore.*ProjectCatalogs[i])(), (FAfter.*ProjectCatalogs[i])(), tokenOf));
     Add(FormatText(CliTexts::Catalog, ResourceText(CliTexts::Grades)),
         CompareList(FBefore.Noten(), FAfter.Noten(), tokenOf));
     Add(ResourceText(CliTexts::Remarks),
@@ -181,7 +176,7 @@ class TComparer {
   TLines CompareRemarks(TStudent& before, TStudent& after) const {
     return CompareList(
         before.CertificateComments(), after.CertificateComments(), [](const TCertificateComment& remark) {
-          return FormatText(CliTexts::StudentRemark, FormatText(CliTexts::Quoted, Printable(remark.Description)));
+          return FormatText(CliTexts::StudentRemark, FormatText(ProjectTexts::Quoted, Printable(remark.Description)));
         });
   }
 

@@ -5,10 +5,10 @@
 #include <filesystem>
 
 #include "CliTexts.h"
-#include "RecordTexts.h"
 #include "VantrelI18n.h"
 #include "VantrelPaths.h"
 #include "VantrelSafeSave.h"
+#include "uRecordTexts.h"
 
 using RecordTexts::PrintableText;
 

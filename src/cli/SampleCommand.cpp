@@ -1,9 +1,9 @@
 #include "CliTexts.h"
 #include "Commands.h"
 #include "ProjectFiles.h"
-#include "RecordTexts.h"
 #include "SampleProject.h"
 #include "VantrelI18n.h"
+#include "uRecordTexts.h"
 
 using RecordTexts::PrintableText;
 

@@ -24,6 +24,7 @@ inline constexpr const char* BestFit = "Spaltenbreite anpassen";
 inline constexpr const char* BestFitAll = "Alle Spaltenbreiten anpassen";
 inline constexpr const char* GroupHeading = "%1: %2 (%3)";
 inline constexpr const char* EmptyValue = "(leer)";
+inline constexpr const char* InvalidValue = "ungültiger Wert";
 inline constexpr const char* Search = "Suche: %1";
 
 inline constexpr const char* LookupToken = "Kürzel";
@@ -32,6 +33,10 @@ inline constexpr const char* OpenList = "Liste öffnen";
 inline constexpr const char* OpenCalendar = "Kalender öffnen";
 inline constexpr const char* Today = "Heute";
 inline constexpr const char* ClearDate = "Leeren";
+
+inline constexpr const char* UnexpectedError =
+    "Ein unerwarteter Fehler ist aufgetreten: %1\n\nIhre Eingaben sind noch da. Speichern Sie sie, bevor Sie "
+    "weiterarbeiten.";
 
 inline constexpr const char* BoxOK = "OK";
 inline constexpr const char* BoxCancel = "Abbrechen";

@@ -2,6 +2,7 @@
 
 #include <QCollator>
 #include <algorithm>
+#include <cmath>
 
 #include "DesktopTexts.h"
 #include "QtText.h"
@@ -22,15 +23,19 @@ int TGridData::RecordCount() const {
   return FTable != nullptr && FTable->Active() ? FTable->RecordCount() : 0;
 }
 
-TVariant TGridData::Value(int record, int ordinal) const {
+std::optional<TVariant> TGridData::Read(int record, int ordinal) const {
   TVariant value = TVariant::Null();
   if (record < 0 || record >= RecordCount()) return value;
-  if (FSource != nullptr) {
-    FSource->GetValue(FSource->GetRecordHandle(record), ordinal, value);
-  } else if (FTable != nullptr) {
-    if (const auto* field = FTable->FindField(Column(ordinal).Field)) return FTable->ValueAt(record, field->Index());
+  try {
+    if (FSource != nullptr) {
+      FSource->GetValue(FSource->GetRecordHandle(record), ordinal, value);
+    } else if (FTable != nullptr) {
+      if (const auto* field = FTable->FindField(Column(ordinal).Field)) return FTable->ValueAt(record, field->Index());
+    }
+    return value;
+  } catch (const std::exception&) {
+    return std::nullopt;
   }
-  return value;
 }
 
 void TGridData::SetValue(int record, int ordinal, const TVariant& value) {
@@ -45,10 +50,19 @@ void TGridData::SetValue(int record, int ordinal, const TVariant& value) {
 }
 
 QString TGridData::DisplayText(int record, int ordinal) const {
-  return DisplayTextOf(Column(ordinal), ordinal, Value(record, ordinal));
+  const auto value = Read(record, ordinal);
+  return value ? DisplayTextOf(Column(ordinal), ordinal, *value) : UserText(DesktopTexts::InvalidValue);
 }
 
 QString TGridData::DisplayTextOf(const TGridColumn& column, int ordinal, const TVariant& value) const {
+  try {
+    return TextOf(column, ordinal, value);
+  } catch (const std::exception&) {
+    return UserText(DesktopTexts::InvalidValue);
+  }
+}
+
+QString TGridData::TextOf(const TGridColumn& column, int ordinal, const TVariant& value) const {
   if (FEvents.OnDisplayText) {
     if (const auto text = FEvents.OnDisplayText(ordinal, value)) return FromUtf8(*text);
   }
@@ -66,6 +80,18 @@ QString TGridData::DisplayTextOf(const TGridColumn& column, int ordinal, const T
     if (const auto* field = FTable->FindField(column.Field)) return FromUtf8(field->DisplayTextOf(value));
   }
   return FromUtf8(value.AsTextOrEmpty());
+}
+
+QString ShownPart(const QString& text) {
+  constexpr qsizetype mostCharacters = 4000;
+  constexpr int mostLines = 200;
+  const qsizetype most = std::min(text.size(), mostCharacters);
+  qsizetype end = -1;
+  for (int line = 0; line < mostLines && end < most; ++line) {
+    end = text.indexOf('\n', end + 1);
+    if (end < 0 || end > most) end = most;
+  }
+  return end == text.size() ? text : text.left(end) + QChar(0x2026);
 }
 
 std::vector<int> ColumnsInOrder(const std::vector<TGridColumn>& columns, int TGridColumn::*index) {
@@ -116,7 +142,7 @@ class TRowBuilder {
     if (value.IsEmpty()) return {};
     const bool byText = column.Kind == TGridValueKind::Text || column.Editor == TGridEditorKind::Lookup ||
                         column.Editor == TGridEditorKind::List || value.Kind() == TVariantKind::Text;
-    if (!byText) return {false, value.AsFloat(), {}};
+    if (!byText) return std::isnan(value.AsFloat()) ? TSortKey() : TSortKey{false, value.AsFloat(), {}};
     const QString text = FData.DisplayTextOf(column, ordinal, value);
     return {text.isEmpty(), 0, text};
   }
@@ -154,12 +180,12 @@ class TRowBuilder {
       const auto groupEnd =
           std::find_if(begin, end, [&](int record) { return FData.DisplayText(record, ordinal) != text; });
       const QString key = parentKey + QChar('\n') + text;
-      FRows.push_back(
-          {-1, depth,
-           UserText(DesktopTexts::GroupHeading)
-               .arg(FromUtf8(FData.Column(ordinal).Caption), text.isEmpty() ? UserText(DesktopTexts::EmptyValue) : text,
-                    QString::number(groupEnd - begin)),
-           key});
+      FRows.push_back({-1, depth,
+                       UserText(DesktopTexts::GroupHeading)
+                           .arg(FromUtf8(FData.Column(ordinal).Caption),
+                                text.isEmpty() ? UserText(DesktopTexts::EmptyValue) : ShownPart(text),
+                                QString::number(groupEnd - begin)),
+                       key});
       if (!FClosed.contains(key)) AddRows(begin, groupEnd, level + 1, key);
       begin = groupEnd;
     }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <optional>
 #include <set>
 #include <vector>
 
@@ -16,9 +17,11 @@ class TGridData {
   TVantrelMemTable* Table() const { return FTable; }
 
   int RecordCount() const;
-  TVariant Value(int record, int ordinal) const;
+  /// Null where reading the value raises.
+  TVariant Value(int record, int ordinal) const { return Read(record, ordinal).value_or(TVariant::Null()); }
+  bool IsReadable(int record, int ordinal) const { return Read(record, ordinal).has_value(); }
   void SetValue(int record, int ordinal, const TVariant& value);
-  /// What the user reads in a cell.
+  /// What the user reads in a cell. Never raises: what cannot be shown is told in words.
   QString DisplayText(int record, int ordinal) const;
   QString DisplayTextOf(const TGridColumn& column, int ordinal, const TVariant& value) const;
 
@@ -29,6 +32,9 @@ class TGridData {
   std::vector<TGridColumn> Columns;
 
  private:
+  std::optional<TVariant> Read(int record, int ordinal) const;
+  QString TextOf(const TGridColumn& column, int ordinal, const TVariant& value) const;
+
   const TVantrelGrid& FEvents;
   TVantrelGridSource* FSource = nullptr;
   TVantrelMemTable* FTable = nullptr;
@@ -51,6 +57,9 @@ struct TGridRow {
 /// Filters, sorts and groups the records. Groups in `closed` show their heading only.
 std::vector<TGridRow> BuildGridRows(const TGridData& data, const TGridOptions& options,
                                     const std::vector<TGridFilterItem>& filter, const std::set<QString>& closed);
+
+/// The part of a text that a cell measures and paints: no more than can be of use in a grid.
+QString ShownPart(const QString& text);
 
 /// The ordinals of the columns that have the index (&TGridColumn::SortIndex or GroupIndex), in its order.
 std::vector<int> ColumnsInOrder(const std::vector<TGridColumn>& columns, int TGridColumn::*index);

@@ -78,7 +78,7 @@ void TGridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
   painter->setFont(font);
   painter->setPen(colour(selected ? QPalette::HighlightedText : QPalette::Text));
   const QRect area = option.rect.adjusted(textMargin, 0, -textMargin, 0);
-  QString text = index.data().toString();
+  QString text = ShownPart(index.data().toString());
   if (Model().Options().RowsFollowContent) {
     painter->drawText(area, static_cast<int>(AlignmentOf(column)) | Qt::TextWordWrap, text);
   } else {
@@ -99,7 +99,7 @@ void TGridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
 
 QSize TGridDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const {
   if (Model().IsGroup(index)) return {0, option.fontMetrics.height() + 8};
-  const QSize text = option.fontMetrics.size(0, index.data().toString());
+  const QSize text = option.fontMetrics.size(0, ShownPart(index.data().toString()));
   return {text.width() + 2 * textMargin + 6, text.height() + 8};
 }
 

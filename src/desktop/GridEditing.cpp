@@ -34,7 +34,7 @@ int StepsOf(const QWidget& editor, int key) {
 
 bool TGridView::edit(const QModelIndex& index, EditTrigger trigger, QEvent* event) {
   const bool asks = trigger == AllEditTriggers || (trigger & editTriggers()) != 0;
-  if (asks && (!index.isValid() || FModel.IsGroup(index) || !MayEdit(index.column()))) return false;
+  if (asks && (!index.isValid() || !MayEditCell(index))) return false;
   const bool wasEditing = IsEditing();
   if (asks && !wasEditing) {
     FBefore = FModel.Read(index);
@@ -155,8 +155,7 @@ bool TGridView::TakeKey(QKeyEvent* event) {
     return asDoubleClick || Leave(key, false) || !FModel.Options().ReadOnly;
   }
   if (key == TGridKey::Delete && !FModel.Options().ReadOnly) {
-    if (!FModel.IsGroup(current) && MayEdit(current.column()) && !FModel.Read(current).IsEmpty())
-      FModel.Write(current, TVariant::Null());
+    if (MayEditCell(current) && !FModel.Read(current).IsEmpty()) FModel.Write(current, TVariant::Null());
     return true;
   }
   const bool opens =

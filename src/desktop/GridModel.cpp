@@ -9,7 +9,8 @@
 namespace {
 constexpr int cellPadding = 8;
 
-QVariant TipIfCut(const QString& text, int width) {
+QVariant TipIfCut(const QString& whole, int width) {
+  const QString text = ShownPart(whole);
   const QFontMetrics metrics(QApplication::font());
   const bool cut = metrics.horizontalAdvance(text) > width - cellPadding || text.contains('\n');
   return cut ? QVariant(text) : QVariant();

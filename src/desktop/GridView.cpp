@@ -103,14 +103,37 @@ int TGridView::WidthOfColumns() const {
 void TGridView::FitRows() {
   const int lineHeight = fontMetrics().height();
   verticalHeader()->setDefaultSectionSize(lineHeight + 8);
-  for (int row = 0; row < FModel.rowCount() && FModel.Options().RowsFollowContent; ++row) FitRow(row);
+  FitShownRows();
+}
+
+void TGridView::FitShownRows() {
+  if (!FModel.Options().RowsFollowContent) return;
+  for (int row = std::max(rowAt(0), 0); row < FModel.rowCount(); ++row) {
+    FitRow(row);
+    if (rowViewportPosition(row) + rowHeight(row) > viewport()->height()) return;
+  }
+}
+
+void TGridView::FitRowsAbove(int row) {
+  const int top = rowViewportPosition(row);
+  const bool isShown = top >= 0 && top + rowHeight(row) <= viewport()->height();
+  int left = isShown || !FModel.Options().RowsFollowContent ? 0 : viewport()->height();
+  for (; row >= 0 && left > 0; --row) {
+    FitRow(row);
+    left -= rowHeight(row);
+  }
+}
+
+void TGridView::verticalScrollbarValueChanged(int value) {
+  QTableView::verticalScrollbarValueChanged(value);
+  FitShownRows();
 }
 
 void TGridView::FitRow(int row) {
   int height = fontMetrics().height();
   for (int column = 0; column < FModel.columnCount() && FModel.RecordAt(row) >= 0; ++column) {
     if (isColumnHidden(column) || FModel.Data().Column(column).Kind != TGridValueKind::Text) continue;
-    const QString text = FModel.Data().DisplayText(FModel.RecordAt(row), column);
+    const QString text = ShownPart(FModel.Data().DisplayText(FModel.RecordAt(row), column));
     const int room = columnWidth(column) - 8;
     if (!text.contains('\n') && fontMetrics().horizontalAdvance(text) <= room) continue;
     height = std::max(height, fontMetrics().boundingRect(QRect(0, 0, room, 10000), Qt::TextWordWrap, text).height());
@@ -190,6 +213,10 @@ bool TGridView::MayEdit(int ordinal) const {
   return !FEvents.OnEditing || FEvents.OnEditing(ordinal);
 }
 
+bool TGridView::MayEditCell(const QModelIndex& index) const {
+  return !FModel.IsGroup(index) && MayEdit(index.column()) && FModel.IsReadable(index);
+}
+
 bool TGridView::IsTinted(int ordinal) const {
   if (FModel.Options().ReadOnly) return false;
   if (FTints.empty()) return !MayEdit(ordinal);
@@ -247,6 +274,7 @@ void TGridView::changeEvent(QEvent* event) {
 
 void TGridView::resizeEvent(QResizeEvent* event) {
   QTableView::resizeEvent(event);
+  FitShownRows();
   if (event->size().width() == event->oldSize().width()) return;
   if (FillRest()) FitRows();
   if (IsEditing()) return;

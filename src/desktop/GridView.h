@@ -80,6 +80,7 @@ class TGridView : public QTableView {
   void changeEvent(QEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
   void scrollContentsBy(int dx, int dy) override;
+  void verticalScrollbarValueChanged(int value) override;
 
  private:
   double Scale() const;
@@ -87,7 +88,12 @@ class TGridView : public QTableView {
   /// True where that changed a width.
   bool FillRest();
   void ColumnResized(int ordinal, int width);
+  /// Rows are measured when they come to be on show.
+  void FitShownRows();
+  /// Those that will stand above the row and it itself, when it comes to stand at the lower edge.
+  void FitRowsAbove(int row);
   bool MayEdit(int ordinal) const;
+  bool MayEditCell(const QModelIndex& index) const;
   bool TakeKey(QKeyEvent* event);
   bool TakeGroupKey(QKeyEvent* event);
   bool TakeSearchKey(QKeyEvent* event);

@@ -19,6 +19,7 @@ void TGridView::scrollTo(const QModelIndex& index, ScrollHint hint) {
   auto* bar = horizontalScrollBar();
   const int before = bar->value();
   const bool isFrozen = Header().IsFrozen(index.column());
+  FitRowsAbove(index.row());
   QTableView::scrollTo(index, hint);
   if (isFrozen) return bar->setValue(before);
   const int covered = Header().FrozenWidth() - visualRect(index).left();

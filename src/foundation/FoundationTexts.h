@@ -77,6 +77,7 @@ inline constexpr const char* UuidVersion = "Version must be either 3 or 5.";
 inline constexpr const char* NoInteger = "„{}“ ist keine gültige Ganzzahl.";
 inline constexpr const char* NoFloat = "„{}“ ist keine gültige Gleitkommazahl.";
 inline constexpr const char* NoDate = "„{}“ ist kein gültiges Datum.";
+inline constexpr const char* ShownNoDate = "ungültiges Datum";
 inline constexpr const char* NoGuid = "„{}“ ist kein gültiger GUID-Wert.";
 inline constexpr const char* VariantKind = "Variante vom Typ {} kann nicht in Typ {} umgewandelt werden.";
 /// In the order of TVariantKind.

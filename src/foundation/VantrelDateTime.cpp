@@ -22,8 +22,12 @@ constexpr sys_days Epoch = std::chrono::year(1899) / 12 / 30;
 constexpr int FirstDay = (sys_days(std::chrono::year(1) / 1 / 1) - Epoch).count();
 constexpr int LastDay = (sys_days(std::chrono::year(9999) / 12 / 31) - Epoch).count();
 
-[[noreturn]] void RaiseNoDate(TDateTime value) {
-  throw EVantrelDateTimeError(FormatText(FoundationTexts::NoDate, FloatToText(value)));
+std::int64_t MillisecondsOf(TDateTime value) {
+  return std::llrint(value * static_cast<double>(MillisecondsPerDay));
+}
+
+int DayOf(std::int64_t milliseconds) {
+  return static_cast<int>(milliseconds / MillisecondsPerDay);
 }
 
 bool IsWithin(int value, int first, int last) {
@@ -146,12 +150,14 @@ TDateTime EncodeDateTime(const TDateTimeParts& parts) {
   return day < 0 ? day - time : day + time;
 }
 
+bool IsDateTime(TDateTime value) {
+  return value > FirstDay - 1 && value < LastDay + 1 && IsWithin(DayOf(MillisecondsOf(value)), FirstDay, LastDay);
+}
+
 TDateTimeParts DecodeDateTime(TDateTime value) {
-  if (!(value > FirstDay - 1 && value < LastDay + 1)) RaiseNoDate(value);
-  const std::int64_t total = std::llrint(value * static_cast<double>(MillisecondsPerDay));
-  const auto day = static_cast<int>(total / MillisecondsPerDay);
-  if (!IsWithin(day, FirstDay, LastDay)) RaiseNoDate(value);
-  const std::chrono::year_month_day date{Epoch + days(day)};
+  if (!IsDateTime(value)) throw EVantrelDateTimeError(FormatText(FoundationTexts::NoDate, FloatToText(value)));
+  const std::int64_t total = MillisecondsOf(value);
+  const std::chrono::year_month_day date{Epoch + days(DayOf(total))};
   int rest = static_cast<int>(std::abs(total % MillisecondsPerDay));
 
   TDateTimeParts parts;
@@ -221,10 +227,12 @@ TDateTime TextToDateTime(std::string_view text) {
 }
 
 std::string DateToGermanText(TDateTime value) {
+  if (!IsDateTime(value)) return ResourceText(FoundationTexts::ShownNoDate);
   return TPartsText().GermanDate(DecodeDateTime(value)).Text();
 }
 
 std::string DateTimeToGermanText(TDateTime value) {
+  if (!IsDateTime(value)) return ResourceText(FoundationTexts::ShownNoDate);
   const TDateTimeParts parts = DecodeDateTime(value);
   return TPartsText().GermanDate(parts).Put(' ').Time(parts).Text();
 }

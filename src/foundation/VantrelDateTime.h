@@ -26,6 +26,8 @@ struct TDateTimeParts {
 
 /// Raises EVantrelDateTimeError where the parts are no date between the years 1 and 9999 or no time of a day.
 TDateTime EncodeDateTime(const TDateTimeParts& parts);
+/// Whether the value is a date-time between the years 1 and 9999.
+bool IsDateTime(TDateTime value);
 /// Rounds to the millisecond. A value outside the years 1 to 9999 (or no number) raises EVantrelDateTimeError.
 TDateTimeParts DecodeDateTime(TDateTime value);
 
@@ -50,7 +52,7 @@ std::string DateTimeToOffsetText(TDateTime value);
 /// for a text that has no numbers where they must stand or is no date.
 TDateTime TextToDateTime(std::string_view text);
 
-/// dd.mm.yyyy, as the user reads it.
+/// dd.mm.yyyy, as the user reads it; a value that is no date-time gives "ungültiges Datum".
 std::string DateToGermanText(TDateTime value);
-/// dd.mm.yyyy hh:nn:ss
+/// dd.mm.yyyy hh:nn:ss, likewise.
 std::string DateTimeToGermanText(TDateTime value);

@@ -31,6 +31,9 @@ int CompareText(std::string_view a, std::string_view b);
 /// `a`, `separator`, `b` if both are non-empty, else the non-empty one.
 std::string Join(std::string_view a, std::string_view b, std::string_view separator);
 
+/// The text, or as many of its characters as `bytes` bytes hold and three dots.
+std::string Shortened(std::string_view text, std::size_t bytes);
+
 /// The text in double quotes, its own quotes doubled.
 std::string QuotedText(std::string_view text);
 /// A list as one text: comma-separated, a field with blanks, commas or quotes (or an empty one alone) in double

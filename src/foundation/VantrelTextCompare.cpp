@@ -141,6 +141,12 @@ std::string Join(std::string_view a, std::string_view b, std::string_view separa
   return result += b;
 }
 
+std::string Shortened(std::string_view text, std::size_t bytes) {
+  if (text.size() <= bytes) return std::string(text);
+  while (bytes > 0 && (text[bytes] & 0xC0) == 0x80) --bytes;
+  return std::string(text.substr(0, bytes)) + "...";
+}
+
 std::string QuotedText(std::string_view text) {
   std::string result = "\"";
   for (const char c : text) {

@@ -4,7 +4,7 @@
 
 #include "CliTexts.h"
 #include "Commands.h"
-#include "RecordTexts.h"
+#include "uRecordTexts.h"
 
 namespace {
 

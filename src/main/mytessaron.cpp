@@ -1,6 +1,6 @@
-#include <QApplication>
 #include <algorithm>
 
+#include "DesktopApplication.h"
 #include "DesktopDialogs.h"
 #include "DesktopLook.h"
 #include "DesktopMainWindow.h"
@@ -29,7 +29,7 @@ std::vector<std::string> ArgumentsOf(int argc, char** argv) {
 
 int main(int argc, char** argv) {
   TakeHeapInLargePages();
-  QApplication application(argc, argv);
+  TDesktopApplication application(argc, argv);
   PrepareApplication(application);
   TVantrelClassRegistry classes;
   RegisterFoundationClasses(classes);

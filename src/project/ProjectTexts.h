@@ -19,4 +19,96 @@ inline constexpr const char* CipherNotInitialized = "Cipher not initialized";
 inline constexpr const char* CipherInvalidKeySize = "Invalid key size";
 inline constexpr const char* CipherDigest = "Unable to allocate sufficient memory for hash digest";
 inline constexpr const char* CipherLibrary = "Die Verschlüsselung AES steht nicht zur Verfügung.";
+
+inline constexpr const char* Empty = "leer";
+inline constexpr const char* Yes = "ja";
+inline constexpr const char* No = "nein";
+inline constexpr const char* NumberOnly = "Nr. {}";
+inline constexpr const char* WithNumber = "{} (Nr. {})";
+inline constexpr const char* UnknownNumber = "Nr. {} (unbekannt)";
+inline constexpr const char* NamelessStudent = "Schüler Nr. {}";
+inline constexpr const char* UnknownStudent = "Unbekannter Schüler";
+inline constexpr const char* NamelessCourse = "Kurs Nr. {}";
+inline constexpr const char* ImpossibleValue = "{}, {}: Der Wert ist unmöglich ({}).";
+inline constexpr const char* ClassGradeType = "Die Notenart {1} der Klasse „{0}“ ist unbekannt.";
+inline constexpr const char* GradeGradeType = "Die Notenart {1} der Note „{0}“ ist unbekannt.";
+inline constexpr const char* ForeignItem = "{}: Der Eintrag „{}“ ist von der Klasse {}, die dort nicht hingehört.";
+inline constexpr const char* DateNotStorable =
+    "{} Das Textformat kann ihn nicht aufnehmen; im Binärformat (.kvr7) lässt sich die Datei speichern.";
+inline constexpr const char* LostStudent = "{}: Der Schüler des Kurses fehlt in der Datei.";
+inline constexpr const char* NoStudent = "{}: Der Kurs hat keinen Schüler.";
+inline constexpr const char* UnknownGrade = "{}, {}: Die Note Nr. {} steht nicht im Notenkatalog.";
+inline constexpr const char* UnknownToken = "{}, {}: „{}“ steht nicht im Katalog.";
+inline constexpr const char* UnknownClass = "{}: Die Klasse Nr. {} steht nicht in der Datei.";
+inline constexpr const char* NoCaption = "Die Spalte „{}“ hat keine Beschriftung.";
+inline constexpr const char* DoubleStudent = "Die Schülernummer {} kommt mehrfach vor.";
+inline constexpr const char* DoubleCourse = "Die Kursnummer {} kommt mehrfach vor.";
+inline constexpr const char* DoubleClass = "Die Klassennummer {} kommt mehrfach vor.";
+inline constexpr const char* DoubleGrade = "Die Notennummer {} kommt mehrfach vor.";
+inline constexpr const char* DoubleColumn = "Die Spalte „{}“ kommt mehrfach vor.";
+inline constexpr const char* DoubleObject = "Das Objekt {} kommt mehrfach vor.";
+inline constexpr const char* Quoted = "„{}“";
+
+/// What the user calls a stored field that has no column of its own, by its key.
+inline constexpr struct {
+  const char* Key;
+  const char* Caption;
+} Captions[] = {
+    {"AbsenceBehaviour", "Umgang mit Fehlzeiten"},
+    {"Attribute", "Merkmal"},
+    {"Birthday", "Geburtsdatum"},
+    {"ClassId", "Klasse"},
+    {"Customization", "Anpassbarkeit"},
+    {"Customname", "Eigene Beschriftung"},
+    {"Description", "Beschreibung"},
+    {"Displayname", "Beschriftung"},
+    {"Editable", "Änderbar"},
+    {"Firstname", "Vorname"},
+    {"Gender", "Geschlecht"},
+    {"GradeType", "Notenart"},
+    {"GradeValue", "Notenwert"},
+    {"GridColumn", "Tabellenspalte"},
+    {"ID", "Nummer"},
+    {"Kursnr", "Kursnummer"},
+    {"Lastname", "Nachname"},
+    {"PasswordProtected", "Kennwortschutz"},
+    {"Personalnr", "Personalnummer"},
+    {"StudentId", "Schülernummer"},
+    {"SubjectId", "Fachnummer"},
+    {"SubjectName", "Fach"},
+    {"SubjectToken", "Fachkürzel"},
+    {"TeacherId", "Lehrernummer"},
+    {"TeacherName", "Lehrer"},
+    {"TeacherToken", "Lehrerkürzel"},
+    {"TenantId", "Mandant"},
+    {"TermId", "Zeitraumnummer"},
+    {"TermName", "Zeitraum"},
+    {"TessaronId", "Kursnummer der Zentrale"},
+    {"Token", "Kürzel"},
+    {"Visible", "Sichtbar"},
+    {"Zuzgang", "Zugang"},
+};
+
+/// The catalogues, in the order of ProjectCatalogs.
+inline constexpr const char* Catalogs[] = {
+    "Abschlüsse",       "Abschlussarten",   "Empfehlungen",         "Fachstati",     "Niveaus",
+    "Unterrichtsarten", "Versetzungsarten", "Zeugnisbeurteilungen", "Leistungsarten"};
+
+/// What the user calls a value of a field.
+inline constexpr struct {
+  const char* Key;
+  const char* Value;
+  const char* Shown;
+} ValueNames[] = {
+    {"Mahnung", "0", "Mahnung"},
+    {"Mahnung", "1", "Nachmahnung"},
+    {"Mahnung", "2", "Nachprüfung"},
+    {"Bestanden", "P", "Bestanden (P)"},
+    {"Bestanden", "F", "Nicht bestanden (F)"},
+    {"Bestanden", "N", "Nicht belegt"},
+    {"Versetzt", "J", "versetzt"},
+    {"Versetzt", "N", "nicht versetzt"},
+    {"Leistungsanforderung", "J", "erreicht"},
+    {"Leistungsanforderung", "N", "nicht erreicht"},
+};
 }  // namespace ProjectTexts

@@ -106,6 +106,9 @@ void TGrade::VisitFields(const Fields::TVisitor& visitor) const {
   TCatalog::VisitFields(visitor);
   Fields::VisitAll(FieldTable(), *this, visitor);
 }
+void TGrade::VisitImpossible(const Fields::TVisitor& visitor) const {
+  Fields::VisitImpossible(FieldTable(), *this, visitor);
+}
 
 void TClass::DoCreate() {
   DoClear();

@@ -55,6 +55,10 @@ void TCourse::VisitFields(const Fields::TVisitor& visitor) const {
   Fields::VisitAll(Fields::Of<CourseFields>, *this, visitor);
 }
 
+void TCourse::VisitImpossible(const Fields::TVisitor& visitor) const {
+  Fields::VisitImpossible(Fields::Of<CourseFields>, *this, visitor);
+}
+
 std::string TCourse::Name() const {
   const auto number = KursNr.ToString();
   if (Unterrichtsart == "GK") return LowerCase(SubjectToken) + number;

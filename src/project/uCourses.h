@@ -46,6 +46,7 @@ class TCourse : public TVantrelDataClassOf<TCourse> {
 
   /// Key and value of each stored field, in the order of the file.
   void VisitFields(const Fields::TVisitor& visitor) const;
+  void VisitImpossible(const Fields::TVisitor& visitor) const;
 
   void DoCreate() override { DoClear(); }
   void DoClear() override;

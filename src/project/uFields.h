@@ -1,5 +1,8 @@
 #pragma once
 
+#include <cmath>
+#include <type_traits>
+
 #include "ProjectTexts.h"
 #include "VantrelDataFields.h"
 #include "VantrelExceptions.h"
@@ -55,5 +58,30 @@ struct SmallInt : LongInt<T> {
 
 template <class T>
 SmallInt(std::string_view, TMyTessaronInteger T::*) -> SmallInt<T>;
+
+/// Whether the value is nothing that can be meant: no date, no number, or below 0 where it is no id.
+inline bool IsImpossible(std::string_view key, const TVariant& value) {
+  switch (value.Kind()) {
+    case TVariantKind::DateTime:
+      return !IsDateTime(value.AsFloat());
+    case TVariantKind::Float:
+      return !std::isfinite(value.AsFloat());
+    case TVariantKind::Integer:
+      return value.AsFloat() < 0 && !key.ends_with("Id") && !key.ends_with("ID");
+    default:
+      return false;
+  }
+}
+
+/// As VisitAll, for the fields alone whose value is impossible.
+template <class TTable, class T>
+void VisitImpossible(const TTable& table, const T& record, const TVisitor& visitor) {
+  const auto visit = [&]<class TField>(const TField& field) {
+    using TMember = decltype(field.Member);
+    if constexpr (!std::is_same_v<TMember, std::string T::*> && !std::is_same_v<TMember, char16_t T::*>)
+      if (const TVariant value = field.Value(record); IsImpossible(field.Key, value)) visitor(field.Key, value);
+  };
+  std::apply([&](const auto&... field) { (visit(field), ...); }, table);
+}
 
 }  // namespace Fields

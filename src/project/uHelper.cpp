@@ -1,9 +1,14 @@
 #include "uHelper.h"
 
 #include "VantrelDateTime.h"
+#include "VantrelExceptions.h"
 
 std::string TMyTessaronInteger::ToString() const {
-  return IsNull() ? std::string() : std::to_string(AsInt());
+  try {
+    return IsNull() ? std::string() : std::to_string(AsInt());
+  } catch (const EConvertError&) {
+    return Value.AsText();
+  }
 }
 
 std::string TMyTessaronDateTime::ToString() const {

@@ -16,7 +16,7 @@ struct TMyTessaronInteger {
   void SetAsInt(std::int32_t value) { Value = value == -1 ? TVariant::Null() : TVariant(value); }
   bool IsNull() const { return Value.IsNull(); }
   void SetNull() { Value = TVariant::Null(); }
-  /// In decimal; empty for null.
+  /// In decimal, and as it stands where it is no integer; empty for null.
   std::string ToString() const;
 };
 

@@ -2,9 +2,13 @@
 
 #include <array>
 
+#include "ProjectTexts.h"
 #include "VantrelDataRegistry.h"
+#include "VantrelExceptions.h"
+#include "VantrelI18n.h"
 #include "VantrelText.h"
 #include "uFields.h"
+#include "uProjectDefects.h"
 #include "uTessaron.h"
 
 constexpr auto TDataOptions::FieldTable() {
@@ -103,7 +107,11 @@ void TMyTessaronProject::WriteData(TVantrelDataObjectWriter& writer) const {
   TVantrelDataStorage::WriteData(writer);
   writer.WriteString("Version", FProductVersion);
   Fields::WriteAll(Fields::Of<HeaderFields>, *this, writer);
-  Fields::WriteAll(Fields::Of<ListFields>, *this, writer);
+  try {
+    Fields::WriteAll(Fields::Of<ListFields>, *this, writer);
+  } catch (const EVantrelDateTimeError&) {
+    throw EVantrelDateTimeError(FormatText(ProjectTexts::DateNotStorable, FindImpossibleDate(*this)));
+  }
   writer.WriteDataObject("DataOptions", FOptions.get());
 }
 

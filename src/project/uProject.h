@@ -141,6 +141,7 @@ class TMyTessaronProject final : public TVantrelDataStorage {
   void DoDestroy() override;
   void DoClear() override;
   void ReadData(TVantrelDataObjectReader& reader) override;
+  /// A date that the form cannot hold raises EVantrelDateTimeError, which names its record and field.
   void WriteData(TVantrelDataObjectWriter& writer) const override;
   void BeforeOpenFile() override;
   void AfterOpenFile() override;
@@ -169,6 +170,14 @@ class TMyTessaronProject final : public TVantrelDataStorage {
   TVantrelPtr<TStudents> FStudents;
   TVantrelPtr<TDataOptions> FOptions;
 };
+
+/// The catalogues of tokens, in the order of the file.
+inline constexpr TCatalogs& (TMyTessaronProject::*ProjectCatalogs[])() const = {
+    &TMyTessaronProject::Abschluesse,      &TMyTessaronProject::Abschlussarten,
+    &TMyTessaronProject::Empfehlungen,     &TMyTessaronProject::Fachstati,
+    &TMyTessaronProject::Niveaus,          &TMyTessaronProject::Unterrichtsarten,
+    &TMyTessaronProject::Versetzungsarten, &TMyTessaronProject::Zeugnisbeurteilungen,
+    &TMyTessaronProject::Leistungsarten};
 
 /// The open project, or null: the only one that views and records see. Owned by the main window.
 inline TMyTessaronProject* CurrentProject = nullptr;

@@ -178,6 +178,8 @@ void TMyTessaronProject::AfterOpenFile() {
     const auto kind = GetProjectFileKind(FileName());
     if (!FileName().empty() && kind != pfkBinary && kind != pfkPlainXml) HoldFile();
   };
+  // What the document does not hold goes with the first save.
+  if (!LoadDamage() && !LoadNotes().empty()) NoteDamagedFile(FileName());
   RunBoth(hold, [&] {
     if (OnLoadFile) OnLoadFile(*this, TFileLoadTimeType::lfAfter);
   });

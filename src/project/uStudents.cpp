@@ -56,6 +56,10 @@ void TStudent::VisitFields(const Fields::TVisitor& visitor) const {
   Fields::VisitAll(Fields::Of<FieldTable>, *this, visitor);
 }
 
+void TStudent::VisitImpossible(const Fields::TVisitor& visitor) const {
+  Fields::VisitImpossible(Fields::Of<FieldTable>, *this, visitor);
+}
+
 std::string TStudent::DisplayName() const {
   const auto name = Join(Vorname, Nachname, " ");
   if (name.empty() || Geburtsdatum.IsNull()) return name;

@@ -74,6 +74,7 @@ class TStudent : public TVantrelDataClassOf<TStudent> {
 
   /// Key and value of each stored field, in the order of the file.
   void VisitFields(const Fields::TVisitor& visitor) const;
+  void VisitImpossible(const Fields::TVisitor& visitor) const;
 
   std::string GetDisplayText() const override { return DisplayName(); }
   void DoCreate() override { DoClear(); }

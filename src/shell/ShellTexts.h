@@ -73,6 +73,14 @@ inline constexpr const char* FileNotFound = "Die angegebene MyTESSARON-Datei kon
 inline constexpr const char* DamagedKeepsEntries =
     "Die Datei ließ sich nicht vollständig lesen. Die geöffnete Datei bleibt mit ihren nicht gespeicherten Eingaben "
     "geöffnet.";
+inline constexpr const char* LoadReportCaption = "Hinweis";
+inline constexpr const char* LoadReport = "In der Datei „{}“ stimmt etwas nicht:\r\n\r\n{}\r\n\r\n{}";
+inline constexpr const char* DamageAt = "Die Datei ist beschädigt: {} ({})";
+inline constexpr const char* MoreDefects = "und {} weitere";
+inline constexpr const char* DefectsOpened = "Die Datei ist geöffnet. Bitte melden Sie das der Schulverwaltung.";
+inline constexpr const char* DamagedOpened =
+    "Geöffnet ist, was sich lesen ließ. Beim ersten Speichern bleibt die Datei, wie sie jetzt ist, daneben erhalten "
+    "(mit der Endung „.beschaedigt“).";
 inline constexpr const char* SavedAt = "Gespeichert um {:02}:{:02} Uhr";
 inline constexpr const char* SaveError = "Fehler beim Speichern der Datei.\r\n{}";
 

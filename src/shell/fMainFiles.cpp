@@ -12,6 +12,7 @@
 #include "VantrelText.h"
 #include "ViewTexts.h"
 #include "fMain.h"
+#include "uLoadReport.h"
 
 namespace {
 
@@ -80,7 +81,7 @@ bool TMainForm::CheckProjectPassword(TVantrelPtr<TMyTessaronProject>& project) {
 
 /// A file that was not read whole does not take the place of entries that are not saved: says so, then.
 bool TMainForm::CostsEntries(const TMyTessaronProject& project) const {
-  if (!IsModified() || (!project.FileName().empty() && !project.LoadDamage())) return false;
+  if (!IsModified() || (!project.FileName().empty() && !project.IsDamaged())) return false;
   MsgBoxError(ResourceText(ShellTexts::DamagedKeepsEntries));
   return true;
 }
@@ -98,6 +99,8 @@ void TMainForm::AfterProjectLoaded() {
   ShowView(TMyTessaronViews::viewWelcome, true);
   UpdateAll();
   UpdateCommands();
+  if (const auto report = LoadReport(*CurrentProject); !report.empty())
+    MsgBoxWarning(ResourceText(ShellTexts::LoadReportCaption), report);
 }
 
 /// The welcome view is built anew with each open project, so that only the status text is left.

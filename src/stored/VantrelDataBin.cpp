@@ -133,8 +133,17 @@ std::string TVantrelDataObjectBinReader::Place() const {
   return FormatText(StoredTexts::PlaceInBytes, FReader.Position(), FStream.Size());
 }
 
+std::vector<TVantrelLoadNote> TVantrelDataObjectBinReader::Notes() {
+  std::vector<TVantrelLoadNote> notes;
+  if (FNegativeCount) notes.push_back(*FNegativeCount);
+  if (const auto unread = FStream.Size() - FReader.Position(); unread > 0)
+    notes.push_back({true, FormatText(StoredTexts::UnreadBytes, unread, FReader.Position())});
+  return notes;
+}
+
 std::int32_t TVantrelDataObjectBinReader::ReadCount(std::int64_t least) {
   const auto count = FReader.ReadLongInt();
+  if (count < 0 && !FNegativeCount) FNegativeCount = {true, FormatText(StoredTexts::NegativeCount, count, Place())};
   if (count > 0 && !FReader.Available(count * least))
     throw EVantrelReaderError(ResourceText(FoundationTexts::ShortRead));
   return count;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <optional>
+
 #include "VantrelDataIO.h"
 #include "VantrelIO.h"
 
@@ -39,7 +41,7 @@ class TVantrelDataObjectBinWriter final : public TVantrelDataObjectWriter {
   TVantrelStreamWriter FWriter;
 };
 
-/// Reads the binary form. A short read raises EVantrelReaderError; bytes behind the document are not looked at.
+/// Reads the binary form. A short read raises EVantrelReaderError; bytes behind the document are not read, but noted.
 class TVantrelDataObjectBinReader final : public TVantrelDataObjectReader {
  public:
   /// What an object of a project takes in this form.
@@ -50,6 +52,7 @@ class TVantrelDataObjectBinReader final : public TVantrelDataObjectReader {
   void Open() {}
 
   std::string Place() const override;
+  std::vector<TVantrelLoadNote> Notes() override;
 
 #define VANTREL_DECLARE(Type, CppType)                          \
   CppType Read##Type(std::string_view name) override;           \
@@ -77,10 +80,13 @@ class TVantrelDataObjectBinReader final : public TVantrelDataObjectReader {
 
  private:
   TVantrelDataObject* ReadIdentity();
-  /// A count of things that take at least `least` bytes each; more than can be there is a short read.
+  /// A count of things that take at least `least` bytes each; more than can be there is a short read. One below 0 is
+  /// noted and counts as none.
   std::int32_t ReadCount(std::int64_t least);
 
   TVantrelStream& FStream;
   TVantrelStreamReader FReader;
   std::string FClassName;
+  /// Of the first count below 0.
+  std::optional<TVantrelLoadNote> FNegativeCount;
 };

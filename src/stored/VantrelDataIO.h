@@ -81,6 +81,14 @@ class TVantrelDataObjectWriter {
   TVantrelDataStorage& FStorage;
 };
 
+/// What a reader passed over in a document that it read to its end.
+struct TVantrelLoadNote {
+  /// Part of the file is lost; otherwise the file may come from an older or newer program.
+  bool IsDamage = false;
+  /// In words for the user.
+  std::string Text;
+};
+
 /// Makes an empty graphic for ReadVCLGraphic.
 using TVantrelGraphicFactory = TVantrelPtr<TVantrelGraphic> (*)();
 
@@ -97,6 +105,8 @@ class TVantrelDataObjectReader {
   int Version() const { return FVersion; }
   /// Where the reader stands, in words for the user.
   virtual std::string Place() const = 0;
+  /// What was passed over. To be asked once, when the whole document has been read.
+  virtual std::vector<TVantrelLoadNote> Notes() { return {}; }
 
 #define VANTREL_DECLARE(Type, CppType)                   \
   virtual CppType Read##Type(std::string_view name) = 0; \

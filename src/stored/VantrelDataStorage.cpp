@@ -1,5 +1,7 @@
 #include "VantrelDataStorage.h"
 
+#include <algorithm>
+
 #include "FoundationTexts.h"
 #include "StoredTexts.h"
 #include "VantrelDataBin.h"
@@ -47,6 +49,10 @@ void TVantrelDataStorage::FreeUnclaimed() {
   for (auto* object : FObjects.Unclaimed()) TVantrelDeleter()(object);
 }
 
+bool TVantrelDataStorage::IsDamaged() const {
+  return FLoadDamage || std::ranges::any_of(FLoadNotes, &TVantrelLoadNote::IsDamage);
+}
+
 void TVantrelDataStorage::DoClear() {
   FreeUnclaimed();
 }
@@ -62,6 +68,7 @@ void TVantrelDataStorage::Clear() {
 template <class TReader>
 void TVantrelDataStorage::LoadThrough(TVantrelStream& stream) {
   FLoadDamage.reset();
+  FLoadNotes.clear();
   const bool modified = FModified;
   FObjects.Reserve((stream.Size() - stream.Position()) / TReader::UsualBytesPerObject);
   TReader reader(*this, stream);
@@ -69,6 +76,7 @@ void TVantrelDataStorage::LoadThrough(TVantrelStream& stream) {
     reader.Open();
     const TStateScope scope(FState, TVantrelDataStorageState::dssLoading, TVantrelDataStorageState::dssNormal);
     ReadData(reader);
+    FLoadNotes = reader.Notes();
   } catch (const std::exception& error) {
     FLoadDamage = TVantrelLoadDamage{error.what(), reader.Place()};
     FModified = modified;

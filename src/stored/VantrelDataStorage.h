@@ -6,6 +6,7 @@
 #include <string_view>
 #include <vector>
 
+#include "VantrelDataIO.h"
 #include "VantrelDataObserver.h"
 #include "VantrelDataRegistry.h"
 #include "VantrelExceptions.h"
@@ -65,6 +66,10 @@ class TVantrelDataStorage : public TVantrelAbstractDataObject {
   const TVantrelFileRights& FileRights() const { return FStamp.Rights(); }
   /// The damage that the last load met, if any. A load that succeeds clears it.
   const std::optional<TVantrelLoadDamage>& LoadDamage() const { return FLoadDamage; }
+  /// What the last load passed over, if it succeeded.
+  const std::vector<TVantrelLoadNote>& LoadNotes() const { return FLoadNotes; }
+  /// The last load failed, or part of the file got lost in it.
+  bool IsDamaged() const;
 
   void Changed() override { FModified = true; }
   void Clear();
@@ -153,6 +158,7 @@ class TVantrelDataStorage : public TVantrelAbstractDataObject {
   TVantrelDataObserver FObserver;
   TVantrelDataStorageState FState = TVantrelDataStorageState::dssNormal;
   std::optional<TVantrelLoadDamage> FLoadDamage;
+  std::vector<TVantrelLoadNote> FLoadNotes;
   std::string FDamagedFile;
   TVantrelFileStamp FStamp;
 };

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "VantrelDataNotes.h"
 #include "VantrelDataTextIO.h"
 #include "VantrelStreams.h"
 #include "VantrelXml.h"
@@ -42,7 +43,7 @@ class TVantrelDataObjectXMLWriter final : public TVantrelDataObjectTextWriter {
 };
 
 /// Reads a document from the tree that the parser makes of the whole stream. Elements are asked for by name: what
-/// nobody asks for is passed over.
+/// nobody asks for is passed over and noted, as are names that the file lacks and the name of a foreign root.
 class TVantrelDataObjectXMLReader final : public TVantrelDataObjectTextReader {
  public:
   /// What an object of a project takes in this form.
@@ -55,6 +56,7 @@ class TVantrelDataObjectXMLReader final : public TVantrelDataObjectTextReader {
   void Open();
 
   std::string Place() const override;
+  std::vector<TVantrelLoadNote> Notes() override;
   TVantrelPtr<TVantrelGraphic> ReadVCLGraphic(std::string_view name, TVantrelGraphicFactory graphicClass,
                                               TVantrelPtr<TVantrelGraphic> existing) override;
   void ReadDataList(std::string_view name, TVantrelDataList& list) override;
@@ -90,10 +92,12 @@ class TVantrelDataObjectXMLReader final : public TVantrelDataObjectTextReader {
   void ReadItems(TVantrelDataList& list);
   void EnterElement(TElement& element);
   std::string PathOfCursor() const;
+  void NoteMissing(std::string_view name);
 
   TVantrelStream& FStream;
   TXmlTree FTree;
   int FErrorLine = 0;
   std::vector<TLevel> FLevels;
   std::vector<const xmlChar*> FNames;
+  TVantrelNameCounts FMissing;
 };

@@ -8,6 +8,10 @@
 #include "VantrelNumbers.h"
 #include "VantrelText.h"
 
+namespace {
+constexpr std::string_view RootName = "Storage";
+}  // namespace
+
 void TVantrelDataObjectXMLReader::Open() {
   std::vector<std::uint8_t> bytes;
   auto window = FStream.Window();
@@ -22,6 +26,7 @@ void TVantrelDataObjectXMLReader::Open() {
     throw;
   }
   FStream.SetPosition(FStream.Size());
+  FTree.Root().Read = 1;
   EnterElement(FTree.Root());
   ReadVersion();
 }
@@ -47,6 +52,23 @@ std::string TVantrelDataObjectXMLReader::PathOfCursor() const {
 std::string TVantrelDataObjectXMLReader::Place() const {
   if (FLevels.empty()) return FormatText(StoredTexts::PlaceOfLine, FErrorLine);
   return FormatText(StoredTexts::PlaceInLines, FLevels.back().Element->Line, PathOfCursor());
+}
+
+void TVantrelDataObjectXMLReader::NoteMissing(std::string_view name) {
+  FMissing.Add(TXmlTree::NameOf(*FLevels[FLevels.size() > 1 ? 1 : 0].Element), name);
+}
+
+std::vector<TVantrelLoadNote> TVantrelDataObjectXMLReader::Notes() {
+  const auto root = TXmlTree::NameOf(FTree.Root());
+  if (root != RootName) return {{true, FormatText(StoredTexts::ForeignRoot, Shortened(root, 60), RootName)}};
+  TVantrelNameCounts unread;
+  FTree.ForUnread([&](const TElement& section, const TElement& element) {
+    unread.Add(TXmlTree::NameOf(section), TXmlTree::NameOf(element), element.Line);
+  });
+  std::vector<TVantrelLoadNote> notes;
+  FMissing.AppendNotes(StoredTexts::MissingName, notes);
+  unread.AppendNotes(StoredTexts::UnreadName, notes);
+  return notes;
 }
 
 void TVantrelDataObjectXMLReader::EnterElement(TElement& element) {
@@ -82,14 +104,16 @@ TXmlTree::TElement* TVantrelDataObjectXMLReader::Find(std::string_view name) {
     for (; before != found; before = FTree.Next(*before)) FNames.push_back(before->Name);
   }
   FNames.push_back(found->Name);
+  found->Read = 1;
   level.Next = FTree.Next(*found);
   return found;
 }
 
 std::optional<std::string_view> TVantrelDataObjectXMLReader::FindText(std::string_view name) {
   const TElement* element = Find(name);
-  if (element == nullptr) return std::nullopt;
-  return FTree.TextOf(*element);
+  if (element != nullptr) return FTree.TextOf(*element);
+  NoteMissing(name);
+  return std::nullopt;
 }
 
 void TVantrelDataObjectXMLReader::RaiseTagExpected(std::string_view name) const {
@@ -137,6 +161,7 @@ void TVantrelDataObjectXMLReader::ReadItems(TVantrelDataList& list) {
     if (item == nullptr) {
       item = FindFrom(first, "Item");
       if (item == nullptr) return;
+      item->Read = 1;
       object = list.OwnsItems() ? FilledObjectAt(*item) : ObjectAt(*item);
     }
     list.Add(object);
@@ -160,7 +185,9 @@ TVantrelDataObject* TVantrelDataObjectXMLReader::FilledObjectAt(TElement& elemen
 
 TVantrelDataObject* TVantrelDataObjectXMLReader::ReadDataObject(std::string_view name, TVantrelDataObject* existing) {
   TElement* element = Find(name);
-  return element == nullptr ? existing : FilledObjectAt(*element);
+  if (element != nullptr) return FilledObjectAt(*element);
+  NoteMissing(name);
+  return existing;
 }
 
 TVantrelDataObject* TVantrelDataObjectXMLReader::ReadDataObjectRef(std::string_view name) {

@@ -160,7 +160,7 @@ void TXmlTree::TBuilder::Begin(const xmlChar* name, std::span<const xmlChar*> at
   const auto place = static_cast<std::uint32_t>(FTree.FElements.size());
   FTree.FElements.push_back({.Name = name,
                              .Attributes = static_cast<std::uint32_t>(FTree.FAttributes.size()),
-                             .Line = xmlSAX2GetLineNumber(&Parser())});
+                             .Line = static_cast<std::uint32_t>(xmlSAX2GetLineNumber(&Parser()))});
   // Name, prefix, address of the namespace, begin and end of the value.
   for (std::size_t i = 0; i < attributes.size(); i += 5) {
     const std::string_view value(reinterpret_cast<const char*>(attributes[i + 3]),
@@ -220,4 +220,19 @@ void TXmlTree::Remove(TElement& parent, const TElement& child) {
   auto* link = &parent.FirstChild;
   while (At(*link) != &child) link = &At(*link)->Next;
   *link = child.Next;
+}
+
+void TXmlTree::ForUnread(const std::function<void(const TElement& section, const TElement& element)>& call) {
+  const auto* section = &Root();
+  const auto* nextSection = FirstChild(Root());
+  // In the order of the file parents stand before their children.
+  for (auto& element : FElements) {
+    if (&element == nextSection) {
+      section = nextSection;
+      nextSection = Next(*nextSection);
+    }
+    if (element.Read && !element.Passed) continue;
+    if (!element.Passed) call(*section, element);
+    for (auto* child = FirstChild(element); child != nullptr; child = Next(*child)) child->Passed = 1;
+  }
 }

@@ -3,6 +3,7 @@
 #include <libxml/tree.h>
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <span>
@@ -51,7 +52,11 @@ class TXmlTree {
     std::uint32_t TextLength = 0;
     std::uint32_t Attributes = 0;
     /// From 1, of the start tag.
-    int Line = 0;
+    std::uint32_t Line : 30 = 0;
+    /// The reader of the document has asked for the element.
+    std::uint32_t Read : 1 = 0;
+    /// It stands within one that nobody has asked for.
+    std::uint32_t Passed : 1 = 0;
   };
 
   TXmlTree() = default;
@@ -69,6 +74,9 @@ class TXmlTree {
   std::optional<std::string_view> AttributeOf(const TElement& element, std::string_view name) const;
   /// Takes the child out of the document.
   void Remove(TElement& parent, const TElement& child);
+  /// Calls for each element that nobody has asked for, but not for those within, with the child of the root that it
+  /// stands in.
+  void ForUnread(const std::function<void(const TElement& section, const TElement& element)>& call);
 
  private:
   class TBuilder;

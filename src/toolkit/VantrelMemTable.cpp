@@ -1,6 +1,7 @@
 #include "VantrelMemTable.h"
 
 #include <algorithm>
+#include <cmath>
 #include <limits>
 #include <utility>
 
@@ -11,9 +12,14 @@
 
 namespace {
 
+/// Null, or what cannot be put in an order.
+bool HasNoOrder(const TVariant& value) {
+  return value.IsEmpty() || (value.Kind() != TVariantKind::Text && std::isnan(value.AsFloat()));
+}
+
 /// Whether `a` stands before `b`: null first, texts without regard to case, all else as numbers.
 bool Before(const TVariant& a, const TVariant& b) {
-  if (a.IsEmpty() || b.IsEmpty()) return a.IsEmpty() && !b.IsEmpty();
+  if (HasNoOrder(a) || HasNoOrder(b)) return HasNoOrder(a) && !HasNoOrder(b);
   if (a.Kind() == TVariantKind::Text) return CompareText(a.AsText(), b.AsText()) < 0;
   return a.AsFloat() < b.AsFloat();
 }

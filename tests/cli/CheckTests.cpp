@@ -1,8 +1,9 @@
+#include <cmath>
 #include <csignal>
 
 #include "CliFixture.h"
-#include "ProjectDefects.h"
 #include "Workers.h"
+#include "uProjectDefects.h"
 
 namespace {
 
@@ -15,36 +16,53 @@ TEST_F(CheckTest, FindsDefects) {
   const struct {
     void (*Spoil)(TMyTessaronProject& project);
     const char* Finding;
+    bool ForTeacher = true;
   } cases[] = {
+      {[](auto& project) { Anna(project).Geburtsdatum.SetAsDateTime(1e300); },
+       "Anna Beck (10a), Geburtsdatum: Der Wert ist unmöglich (ungültiges Datum)."},
+      {[](auto& project) { Anna(project).Zugang.SetAsDateTime(std::nan("")); }, "Anna Beck (10a), Zugang: Der Wert"},
+      {[](auto& project) { Anna(project).Fehltage.SetAsInt(-16); },
+       "Anna Beck (10a), Fehltage: Der Wert ist unmöglich (-16)."},
+      {[](auto& project) { Maths(project).Faktor.SetAsFloat(-HUGE_VALF); },
+       "Anna Beck (10a), Mathematik (Ma), Faktor: Der Wert ist unmöglich (-inf)."},
+      {[](auto& project) { project.Noten().GetItem(0)->GradeValue = HUGE_VALF; }, "\"2+\", Notenwert: Der Wert"},
+      {[](auto& project) { project.Classes().GetItem(0)->SetGradeType(TGradeTypes(9)); },
+       "Die Notenart 9 der Klasse „10a“ ist unbekannt."},
+      {[](auto& project) { project.Noten().GetItem(0)->SetGradeType(TGradeTypes(3)); }, "Die Notenart 3 der Note „2+“"},
+      {[](auto& project) { static_cast<TGrade*>(project.Niveaus().Add(TGrade::Class()))->Token = "G"; },
+       "Niveaus: Der Eintrag „G“ ist von der Klasse TGrade, die dort nicht hingehört."},
       {[](auto& project) { project.Students().Extract(0); },
        "Mathematik (Ma): Der Schüler des Kurses fehlt in der Datei."},
       {[](auto& project) { Maths(project).Student = nullptr; }, "Mathematik (Ma): Der Kurs hat keinen Schüler."},
       {[](auto& project) { Maths(project).Note1Id.SetAsInt(3); },
-       "Anna Beck (10a), Mathematik (Ma), 1. Note: Die Note Nr. 3 steht nicht im Notenkatalog."},
+       "Anna Beck (10a), Mathematik (Ma), 1. Note: Die Note Nr. 3 steht nicht im Notenkatalog.", false},
       {[](auto& project) { Maths(project).ZusatzNote9Id.SetAsInt(-2); },
-       "Anna Beck (10a), Mathematik (Ma), ZusatzNote9: Die Note Nr. -2 steht nicht im Notenkatalog."},
+       "Anna Beck (10a), Mathematik (Ma), ZusatzNote9: Die Note Nr. -2 steht nicht im Notenkatalog.", false},
       {[](auto& project) { Anna(project).VerhaltenGradeId.SetAsInt(9); },
-       "Anna Beck (10a), Verhalten: Die Note Nr. 9 steht nicht im Notenkatalog."},
+       "Anna Beck (10a), Verhalten: Die Note Nr. 9 steht nicht im Notenkatalog.", false},
       {[](auto& project) { Anna(project).ClassId.SetAsInt(6); },
        "Anna Beck: Die Klasse Nr. 6 steht nicht in der Datei."},
       {[](auto& project) { Maths(project).Fachstatus = "p\n"; },
-       "Anna Beck (10a), Mathematik (Ma), Fachstatus: „p␊“ steht nicht im Katalog."},
+       "Anna Beck (10a), Mathematik (Ma), Fachstatus: „p␊“ steht nicht im Katalog.", false},
       {[](auto& project) { Anna(project).Abschluss2Art = "X"; },
-       "Anna Beck (10a), Abschluss2Art: „X“ steht nicht im Katalog."},
+       "Anna Beck (10a), Abschluss2Art: „X“ steht nicht im Katalog.", false},
       {[](auto& project) { project.Options().Columns().AddColumn("Note2", "", true, true, true, 0); },
-       "Die Spalte „Note2“ hat keine Beschriftung."},
+       "Die Spalte „Note2“ hat keine Beschriftung.", false},
       {[](auto& project) { project.Options().Columns().AddColumn("NOTE1", "Note", true, true, true, 0); },
-       "Die Spalte „note1“ kommt mehrfach vor."},
+       "Die Spalte „note1“ kommt mehrfach vor.", false},
       {[](auto& project) { project.Noten().AddNote(2, "2", "", 2, TGradeTypes::gtValue); },
        "Die Notennummer 2 kommt mehrfach vor."},
       {[](auto& project) { project.Courses().Add(&Maths(project)); }, ("Das Objekt ")},
   };
-  for (const auto& [spoil, finding] : cases) {
+  for (const auto& [spoil, finding, forTeacher] : cases) {
     const auto project = Project();
-    EXPECT_THAT(FindDefects(*project), testing::IsEmpty());
+    EXPECT_THAT(FindDefects(*project, TDefectScope::All).Texts, testing::IsEmpty());
     auto* student = &Anna(*project);
     spoil(*project);
-    EXPECT_THAT(FindDefects(*project), UnorderedElementsAre(HasSubstr(finding)));
+    EXPECT_THAT(FindDefects(*project, TDefectScope::All).Texts, UnorderedElementsAre(HasSubstr(finding)));
+    const auto told = FindDefects(*project, TDefectScope::Teacher, 0);
+    EXPECT_THAT(told.Texts, testing::IsEmpty());
+    EXPECT_EQ(told.Count, forTeacher ? 1U : 0U) << finding;
     if (project->Students().IsEmpty()) TVantrelDeleter()(student);
   }
 }
@@ -66,6 +84,52 @@ TEST_F(CheckTest, TellsTheFilesInTheirOrder) {
   EXPECT_EQ(Run({"check", bad, FFolder / "fehlt.kvrx", good}), 2);
   EXPECT_THAT(Err(), HasSubstr("existiert nicht"));
   EXPECT_THAT(Out(), HasSubstr(good));
+}
+
+std::string Replaced(std::string text, std::string_view what, std::string_view by) {
+  for (auto at = text.find(what); at != std::string::npos; at = text.find(what, at + by.size()))
+    text.replace(at, what.size(), by);
+  return text;
+}
+
+TEST_F(CheckTest, TellsWhatTheReaderPassedOver) {
+  const auto xml = ReadFileText(Save(Project(), "a.kvrxr"));
+  const auto binary = ReadFileText(Save(Project(), "a.kvr7"));
+  auto oneGrade = xml;
+  oneGrade.replace(oneGrade.find("<Note1ID>-1</Note1ID>"), 21, "<Note1Id>-1</Note1Id>");
+  auto negative = std::string(94, '\0');
+  negative.replace(37, 4, "\xFF\xFF\xFF\xFF");
+  const struct {
+    const char* Name;
+    std::string Bytes;
+    int Result;
+    std::vector<const char*> Told;
+  } cases[] = {
+      {"a.kvrxr", xml, 0, {"in Ordnung\n"}},
+      {"a.kvr7", binary, 0, {"in Ordnung\n"}},
+      {"a.kvr7", binary + "xyz", 1, {"1 Befund\n", "Die Datei ist beschädigt: Ab Byte ", " stehen 3 Byte, die nicht"}},
+      {"a.kvr7", std::string(114727, '\0'), 1, {"Ab Byte 94 stehen 114633 Byte"}},
+      {"a.kvr7", negative, 1, {"1 Befund\n", "Eine Liste soll -1 Einträge haben (Byte 41 von 94)."}},
+      {"a.kvrxr", Replaced(xml, "Storage>", "Lager>"), 1, {"1 Befund\n", "heißt „Lager“ statt „Storage“."}},
+      {"a.kvrxr",
+       Replaced(xml, "Courses>", "Kurse>"),
+       0,
+       {"in Ordnung\n  Hinweis: „Kurse“: „Kurse“ ist unbekannt und wird nicht gelesen (1-mal, zuerst in Zeile "}},
+      {"a.kvrxr",
+       oneGrade,
+       0,
+       {"in Ordnung\n  Hinweis: „Courses“: „Note1ID“ fehlt (1-mal).\n  Hinweis: „Courses“: „Note1Id“ ist"}},
+  };
+  for (const auto& [name, bytes, result, told] : cases) {
+    WriteFileText(FFolder / name, bytes);
+    EXPECT_EQ(Run({"check", FFolder / name}), result);
+    for (const auto* text : told) EXPECT_THAT(Out(), HasSubstr(text));
+  }
+  std::string names;
+  for (int i = 0; i < 1000; ++i) names += fmt::format("<Feld{0}/>", i) + std::string("<Feld/>");
+  WriteFileText(FFolder / "a.kvrxr", Replaced(xml, "<Courses>", names + "<Courses>"));
+  EXPECT_EQ(Run({"check", FFolder / "a.kvrxr"}), 0);
+  EXPECT_THAT(Out(), AllOf(HasSubstr("„Feld“ ist unbekannt"), HasSubstr("(1000-mal"), HasSubstr("Und weitere 981 ")));
 }
 
 TEST_F(CheckTest, AsksForPasswordsAndKeepsTheOrder) {

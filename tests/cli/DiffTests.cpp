@@ -24,7 +24,7 @@ TEST_F(DiffTest, TellsChangesInWords) {
       {[](auto& project) { Anna(project).Zeugnisdatum.SetAsDateTime(46053); },
        "Anna Beck (10a)\n  Zeugnisdatum: leer -> 31.01.2026\n"},
       {[](auto& project) { Anna(project).Geburtsdatum.SetAsDateTime(1e300); },
-       "Anna Beck (10a)\n  Geburtsdatum: leer -> inf\n"},
+       "Anna Beck (10a)\n  Geburtsdatum: leer -> ungültiges Datum\n"},
       {[](auto& project) { Anna(project).Nachname = "Beck\x1b[2J"; },
        "Anna Beck␛[2J (10a)\n  Nachname: „Beck“ -> „Beck␛[2J“\n"},
       {[](auto& project) { Anna(project).ClassId.SetNull(); }, "Anna Beck\n  Klasse: 10a -> leer\n"},

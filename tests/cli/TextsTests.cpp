@@ -39,7 +39,7 @@ TEST_F(TTextsTest, EveryTextComesBackTranslated) {
   for (const char* text :
        {FoundationTexts::AccessDenied, FoundationTexts::VariantKinds[2], ToolkitTexts::MsgBoxError,
         StoredTexts::NoClassName, SettingsTexts::NoWriteAccess, CentralTexts::WrongLogon, ProjectTexts::OrdinalNotFound,
-        "Anzahl: {}", "Keine Projektdatei geladen.", "&Ja", CliTexts::Captions[0].Caption})
+        "Anzahl: {}", "Keine Projektdatei geladen.", "&Ja", ProjectTexts::Captions[0].Caption})
     EXPECT_TRUE(ResourceText(text).starts_with('*')) << text;
   EXPECT_EQ(ResourceText("Heftführung"), "Heftführung");
   EXPECT_EQ(Run({"info", FFolder / "fehlt.kvrx"}), 2);

@@ -1,14 +1,13 @@
 #include <gtest/gtest.h>
 
-#include <QApplication>
-
+#include "DesktopApplication.h"
 #include "DesktopLook.h"
 
 /// Real widgets on the platform that shows nothing, unless the caller names another.
 int main(int argc, char** argv) {
   testing::InitGoogleTest(&argc, argv);
   if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
-  QApplication application(argc, argv);
+  TDesktopApplication application(argc, argv);
   PrepareApplication(application);
   return RUN_ALL_TESTS();
 }

@@ -1,3 +1,5 @@
+#include <cmath>
+
 #include "GridFixture.h"
 
 using TTexts = std::vector<std::string>;
@@ -126,4 +128,22 @@ TEST(CellEditorTest, DatesAreTypedSteppedAndEmptied) {
   edit.SetValue(TVariant::DateTime(45351));
   QTest::keyClick(&edit, Qt::Key_Up);
   EXPECT_EQ(edit.Value().AsText(), "01.03.2024");
+}
+
+TEST_F(GridTest, ShowsWhatCannotBeReadAndKeepsIt) {
+  Source.Failing = Grade;
+  Grid.ClickHeader(Grade, false);
+  EXPECT_EQ(Shown(0, Grade), "ungültiger Wert");
+  Grid.grab();
+  FocusCell(1, Grade);
+  for (const auto key : {Qt::Key_F2, Qt::Key_F4, Qt::Key_1, Qt::Key_Delete}) {
+    Key(key);
+    EXPECT_FALSE(Grid.IsEditing()) << key;
+  }
+  EXPECT_EQ(Source.Written, std::vector<std::string>());
+  Source.Cell(Source.Rows[0].get(), Absences) = TVariant::DateTime(1e300);
+  Source.Cell(Source.Rows[1].get(), Absences) = std::nan("");
+  EXPECT_EQ(Shown(0, Absences), "ungültiges Datum");
+  Grid.ClickHeader(Absences, false);
+  EXPECT_EQ(Records(), (std::vector{1, 2, 0}));
 }

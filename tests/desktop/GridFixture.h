@@ -6,6 +6,7 @@
 #include <QTest>
 #include <QTimer>
 #include <QTreeWidget>
+#include <stdexcept>
 
 #include "CellEditors.h"
 #include "DesktopGrid.h"
@@ -25,7 +26,10 @@ class TRowsSource : public TVantrelGridSource {
   }
   int GetRecordCount() override { return static_cast<int>(Rows.size()); }
   TVantrelObject* GetRecordHandle(int index) override { return Rows[static_cast<std::size_t>(index)].get(); }
-  void GetValue(TVantrelObject* record, int ordinal, TVariant& value) override { value = Cell(record, ordinal); }
+  void GetValue(TVantrelObject* record, int ordinal, TVariant& value) override {
+    if (ordinal == Failing) throw std::runtime_error("unreadable");
+    value = Cell(record, ordinal);
+  }
   void SetValue(TVantrelObject* record, int ordinal, const TVariant& value) override {
     Cell(record, ordinal) = value;
     Written.push_back(value.AsTextOrEmpty());
@@ -36,6 +40,7 @@ class TRowsSource : public TVantrelGridSource {
 
   std::vector<std::unique_ptr<TRow>> Rows;
   std::vector<std::string> Written;
+  int Failing = -1;
 };
 
 /// What the menu of the focused cell offers, opened by its key and left again.

@@ -245,3 +245,32 @@ TEST_F(ListTest, SearchesWhatIsTyped) {
   Key(Qt::Key_Down);
   EXPECT_TRUE(Grid.View().SearchText().isEmpty());
 }
+
+TEST_F(GridTest, MeasuresOnlyWhatIsOnShow) {
+  std::vector<std::vector<TVariant>> cells(5000, {"kurz", 100, 1, "P"});
+  std::string words(2000000, 'x');
+  std::string lines = words;
+  for (std::size_t i = 0; i < words.size(); i += 4) words[i] = ' ', lines[i] = '\n';
+  cells.back()[Name] = words;
+  cells[4000][Name] = lines;
+  TRowsSource many(cells);
+  auto options = Grid.Options();
+  options.RowsFollowContent = true;
+  Grid.SetOptions(options);
+  std::size_t asked = 0;
+  Grid.OnDisplayText = [&](int, const TVariant&) { return ++asked, std::nullopt; };
+  Grid.BindSource(&many);
+  Grid.grab();
+  EXPECT_LT(asked, 500U);
+  auto& view = Grid.View();
+  const int usual = view.rowHeight(0);
+  for (const int record : {4000, 4999}) {
+    FocusCell(record, Name);
+    Grid.grab();
+    EXPECT_GT(view.rowHeight(record), 10 * usual);
+    EXPECT_LT(view.rowHeight(record), 1000 * usual);
+  }
+  EXPECT_LT(asked, 2000U);
+  EXPECT_EQ(view.rowHeight(2000), usual);
+  Grid.BindSource(nullptr);
+}

@@ -19,7 +19,9 @@
 #include "DesktopMsgBox.h"
 #include "DesktopStudentsView.h"
 #include "DesktopWelcomeView.h"
+#include "MsgBoxes.h"
 #include "TempFolder.h"
+#include "VantrelExceptions.h"
 
 namespace {
 
@@ -39,6 +41,29 @@ QPushButton* ButtonOf(const QWidget& dialog, const char* text) {
   for (auto* button : dialog.findChildren<QPushButton*>())
     if (button->text().remove('&') == text) return button;
   return nullptr;
+}
+
+/// Fails at each painting and at each key.
+class TFailingWidget : public QWidget {
+  void paintEvent(QPaintEvent*) override { throw EVantrelException("painting"); }
+  void keyPressEvent(QKeyEvent*) override { throw EVantrelException("key"); }
+};
+
+TEST(DesktopApplication, TellsWhatComesThroughInOneBoxAndLivesOn) {
+  const FakeBoxes boxes;
+  TFailingWidget widget;
+  const auto happens = [&](auto action) {
+    const auto before = boxes.Texts.size();
+    action();
+    EXPECT_EQ(boxes.Texts.size(), before) << "told before the event was over";
+    QTest::qWait(50);
+    return boxes.Texts.size() - before;
+  };
+  EXPECT_EQ(happens([&] { widget.show(), widget.repaint(); }), 1U);
+  EXPECT_NE(boxes.Texts.back().find("aufgetreten: painting\n"), std::string::npos);
+  EXPECT_EQ(happens([&] { widget.repaint(); }), 0U);
+  for (int i = 0; i < 2; ++i)
+    EXPECT_EQ(happens([&] { QTest::keyClick(&widget, Qt::Key_A), QTest::keyClick(&widget, Qt::Key_A); }), 1U);
 }
 
 TEST(DesktopMsgBox, AnswersOnlyByItsButtons) {

@@ -2,12 +2,14 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <cstdlib>
 #include <ctime>
 #include <limits>
 
 #include "VantrelExceptions.h"
 #include "VantrelTimeSpan.h"
+#include "VantrelVariant.h"
 
 namespace {
 TEST(DateTime, TextsOfBothDirectionsMeet) {
@@ -76,6 +78,16 @@ TEST(DateTime, OffsetIsThatOfTheTimeZoneThen) {
   }
   unsetenv("TZ");
   tzset();
+}
+
+TEST(DateTime, ShowsWordsForWhatIsNoDate) {
+  EXPECT_EQ(DateTimeToGermanText(39571.75), "03.05.2008 18:00:00");
+  for (const double value : {1e300, -1e300, 2958466.0, -693594.0, std::nan(""), HUGE_VAL}) {
+    EXPECT_FALSE(IsDateTime(value));
+    for (const auto& text : {DateToGermanText(value), DateTimeToGermanText(value), TVariant::DateTime(value).AsText()})
+      EXPECT_EQ(text, "ungültiges Datum") << value;
+    EXPECT_THROW(DateToText(value), EVantrelDateTimeError) << value;
+  }
 }
 
 TEST(TimeSpan, ShowsWhatTheFormatAsksFor) {

@@ -7,6 +7,12 @@
 namespace {
 using namespace std::string_literals;
 
+TEST(Text, ShortensBetweenCharacters) {
+  const std::tuple<const char*, std::size_t, const char*> cases[] = {
+      {"Käse", 5, "Käse"}, {"Käse", 2, "K..."}, {"Käse", 3, "Kä..."}, {"", 0, ""}, {"Ä", 1, "..."}};
+  for (const auto& [text, bytes, shortened] : cases) EXPECT_EQ(Shortened(text, bytes), shortened);
+}
+
 TEST(Text, Utf16GoesBothWays) {
   const std::pair<std::string, std::u16string> cases[] = {{"", u""},
                                                           {"Mathematik, Klasse 10", u"Mathematik, Klasse 10"},

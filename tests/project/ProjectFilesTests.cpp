@@ -183,6 +183,20 @@ TEST_F(ProjectFilesTest, FailedSaveKeepsFileFlagAndHold) {
     EXPECT_EQ(ReadFileText(name), Fixture(extension));
 
     FProject->Students().GetItem(5)->Ausbildungsjahr.SetNull();
+    auto& birthday = FProject->Students().GetItem(5)->Geburtsdatum;
+    birthday.SetAsDateTime(1e300);
+    if (std::string_view(extension) != "kvr7") {
+      const auto error = ErrorOf<EVantrelDateTimeError>([&] { FProject->SaveFile({}); });
+      EXPECT_NE(error.find(FProject->Students().GetItem(5)->Nachname), std::string::npos) << error;
+      EXPECT_NE(error.find(", Geburtsdatum: "), std::string::npos) << error;
+      EXPECT_EQ(ReadFileText(name), Fixture(extension));
+    } else {
+      FProject->SaveFile({});
+      Load("");
+      EXPECT_EQ(FProject->Students().GetItem(5)->Geburtsdatum.AsDateTime(), 1e300);
+      WriteFileText(name, Fixture(extension));
+    }
+    FProject->Students().GetItem(5)->Geburtsdatum.SetNull();
     FProject->Password = "a\xED\xA0\x80";
     if (std::string_view(extension) != "kvr7") {
       EXPECT_TRUE(ErrorOf<EVantrelException>([&] { FProject->SaveFile({}); }).starts_with("Das Kennwort der Datei"));

@@ -126,6 +126,7 @@ TEST_F(FailingFilesTest, AreToldAsTheyShallAndCostNoEntries) {
         if (failure.Box != Silence) texts.emplace_back(failure.Box);
         const bool costs = modified && (failure.End == TFailure::Opened || failure.End == TFailure::OpenedByDialog);
         if (costs) texts.emplace_back(Damaged);
+        if (!costs && failure.End == TFailure::Opened) texts.emplace_back("Die Datei ist beschädigt: ");
         const bool opens =
             !costs && failure.End != TFailure::Kept && (way == TWay::Dialog || failure.End != TFailure::OpenedByDialog);
         ASSERT_EQ(FBoxes.Texts.size(), texts.size()) << testing::PrintToString(FBoxes.Texts);

@@ -108,6 +108,65 @@ TEST_F(MainFormTest, TheEmptyStartListsTheRecentFilesAndADroppedFileOpensLikeThe
   EXPECT_THAT(RecentNames(), ElementsAre("small.kvr7"));
 }
 
+TEST_F(MainFormTest, TellsWhatIsWrongInAFileOnceItIsOpen) {
+  const auto whole = ReadFileText(FFolder / "small.kvr7");
+  const auto xml = ReadFileText(std::string(FIXTURES) + "/small.kvrxr");
+  const auto inOld = [](std::string text) { return text.replace(text.find("Courses>"), 8, "Kurse>  "); };
+  const auto spoilt = [this](auto spoil) {
+    auto project = CreateVantrel<TMyTessaronProject>();
+    project->LoadForReading(FFolder / "small.kvr7");
+    spoil(*project);
+    TVantrelMemoryStream stream;
+    project->SaveToBinStream(stream);
+    return std::string(stream.Bytes().begin(), stream.Bytes().end());
+  };
+  const auto birthday = spoilt([](auto& project) {
+    project.Students().GetItem(3)->Nachname = std::string(300, 'x');
+    project.Students().GetItem(3)->Geburtsdatum.SetAsDateTime(1e300);
+  });
+  const auto classless = spoilt([](auto& project) {
+    for (int i = 0; i < 12; ++i) project.Students().GetItem(i)->ClassId.SetAsInt(999);
+  });
+  const struct {
+    const char* Name;
+    std::string Bytes;
+    std::vector<const char*> Told;
+    bool Keeps;
+  } cases[] = {
+      {"a.kvr7", whole, {}, false},
+      {"a.kvr7", whole + "xyz", {"In der Datei „a.kvr7“", "3 Byte", "„.beschaedigt“"}, true},
+      {"a.kvr7", whole.substr(0, whole.size() - 99), {"Die Datei ist beschädigt: Es konnten nicht alle Daten"}, true},
+      {"a.kvr7", birthday, {"xxx...\r\n\r\nDie Datei ist geöffnet."}, false},
+      {"a.kvr7", classless, {": Die Klasse Nr. 999 steht nicht in der Datei.\r\nund 2 weitere"}, false},
+      {"a.kvrxr", inOld(inOld(xml)), {}, true},
+  };
+  for (const auto& [name, bytes, told, keeps] : cases) {
+    WriteFileText(FFolder / name, bytes);
+    FBoxes.Texts.clear();
+    Start();
+    Open(name);
+    EXPECT_EQ(FWindow.Status, FFolder / name);
+    EXPECT_EQ(FBoxes.Texts.size(), told.empty() ? 0U : 1U);
+    for (const auto* text : told) EXPECT_THAT(FBoxes.Texts, ElementsAre(HasSubstr(text)));
+    FForm->SaveFile();
+    const auto beside = FFolder / name + ".beschaedigt";
+    EXPECT_EQ(std::filesystem::exists(beside) ? ReadFileText(beside) : "", keeps ? bytes : "");
+    std::filesystem::remove(beside);
+    FForm.reset();
+  }
+  WriteFileText(FFolder / "a.kvr7", ReadFileText(std::string(FIXTURES) + "/protected.kvr7") + "xyz");
+  FBoxes.Texts.clear();
+  Start();
+  Open("a.kvr7");
+  EXPECT_THAT(FBoxes.Texts, ElementsAre(HasSubstr("Passwort ist nicht korrekt")));
+  Open("small.kvrx");
+  CurrentProject->SetModified(true);
+  WriteFileText(FFolder / "a.kvr7", std::string(5000, '\0'));
+  Open("a.kvr7");
+  EXPECT_THAT(FBoxes.Texts.back(), HasSubstr("bleibt mit ihren nicht gespeicherten Eingaben"));
+  EXPECT_EQ(CurrentProject->FileName(), FFolder / "small.kvrx");
+}
+
 TEST_F(MainFormTest, TheAnswerOnOpeningChangesNothing) {
   Start();
   Open("small.kvrx");

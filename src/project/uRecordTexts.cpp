@@ -1,11 +1,11 @@
-#include "RecordTexts.h"
+#include "uRecordTexts.h"
 
 #include <fmt/format.h>
 
 #include <algorithm>
 #include <sstream>
 
-#include "CliTexts.h"
+#include "ProjectTexts.h"
 #include "VantrelDateTime.h"
 #include "VantrelExceptions.h"
 #include "VantrelI18n.h"
@@ -27,18 +27,18 @@ std::string_view FieldnameOf(std::string_view key) {
 }
 
 std::string TokenOr(const std::string& token, std::int32_t id, bool exact) {
-  if (token.empty()) return FormatText(CliTexts::NumberOnly, id);
-  return exact ? FormatText(CliTexts::WithNumber, Printable(token), id) : Printable(token);
+  if (token.empty()) return FormatText(ProjectTexts::NumberOnly, id);
+  return exact ? FormatText(ProjectTexts::WithNumber, Printable(token), id) : Printable(token);
 }
 
 std::string GradeOf(const TMyTessaronProject& project, std::int32_t id, bool exact) {
   const auto* grade = project.Noten().Find(id);
-  return grade == nullptr ? FormatText(CliTexts::UnknownNumber, id) : TokenOr(grade->Token, id, exact);
+  return grade == nullptr ? FormatText(ProjectTexts::UnknownNumber, id) : TokenOr(grade->Token, id, exact);
 }
 
 std::string ClassOf(const TMyTessaronProject& project, std::int32_t id, bool exact) {
   const auto* schoolClass = project.Classes().Find(id);
-  return schoolClass == nullptr ? FormatText(CliTexts::UnknownNumber, id) : TokenOr(schoolClass->Token, id, exact);
+  return schoolClass == nullptr ? FormatText(ProjectTexts::UnknownNumber, id) : TokenOr(schoolClass->Token, id, exact);
 }
 
 /// Stored floats have 32 bits: more digits say nothing.
@@ -49,11 +49,8 @@ std::string FloatText(double value) {
 }
 
 std::string DateText(const TVariant& value, bool exact) {
-  try {
-    return exact ? DateTimeToGermanText(value.AsFloat()) : value.AsText();
-  } catch (const EVantrelDateTimeError&) {
-    return FloatText(value.AsFloat());
-  }
+  if (!IsDateTime(value.AsFloat()) && exact) return FloatText(value.AsFloat());
+  return exact ? DateTimeToGermanText(value.AsFloat()) : value.AsText();
 }
 
 }  // namespace
@@ -85,9 +82,9 @@ std::vector<std::string> PrintableLines(std::string_view text) {
 }
 
 std::string StudentName(const TMyTessaronProject& project, const TStudent* student) {
-  if (student == nullptr) return ResourceText(CliTexts::UnknownStudent);
+  if (student == nullptr) return ResourceText(ProjectTexts::UnknownStudent);
   const auto name = Printable(Join(student->Vorname, student->Nachname, " "));
-  if (name.empty()) return FormatText(CliTexts::NamelessStudent, student->TessaronId.AsInt());
+  if (name.empty()) return FormatText(ProjectTexts::NamelessStudent, student->TessaronId.AsInt());
   const auto* schoolClass = project.Classes().Find(student->ClassId.Value);
   if (schoolClass == nullptr || schoolClass->Token.empty()) return name;
   return fmt::format("{} ({})", name, Printable(schoolClass->Token));
@@ -96,7 +93,7 @@ std::string StudentName(const TMyTessaronProject& project, const TStudent* stude
 std::string CourseName(const TCourse& course) {
   const auto name = Printable(course.Name());
   if (course.SubjectName.empty())
-    return name.empty() ? FormatText(CliTexts::NamelessCourse, course.TessaronId.AsInt()) : name;
+    return name.empty() ? FormatText(ProjectTexts::NamelessCourse, course.TessaronId.AsInt()) : name;
   return name.empty() ? Printable(course.SubjectName) : fmt::format("{} ({})", Printable(course.SubjectName), name);
 }
 
@@ -107,20 +104,21 @@ bool IsGradeKey(std::string_view key) {
 std::string FieldCaption(const TMyTessaronProject& project, std::string_view key) {
   const auto* column = project.Options().Columns().Find(FieldnameOf(key));
   if (column != nullptr && !column->Customname().empty()) return Printable(column->Customname());
-  const auto* known = std::ranges::find(CliTexts::Captions, key, [](const auto& entry) { return entry.Key; });
-  return known == std::end(CliTexts::Captions) ? std::string(FieldnameOf(key)) : ResourceText(known->Caption);
+  const auto* known = std::ranges::find(ProjectTexts::Captions, key, [](const auto& entry) { return entry.Key; });
+  return known == std::end(ProjectTexts::Captions) ? std::string(FieldnameOf(key)) : ResourceText(known->Caption);
 }
 
 std::string FieldValue(const TMyTessaronProject& project, std::string_view key, const TVariant& value, bool exact) {
-  if (value.IsEmpty()) return ResourceText(CliTexts::Empty);
-  if (value.Kind() == TVariantKind::Boolean) return ResourceText(value.AsBoolean() ? CliTexts::Yes : CliTexts::No);
+  if (value.IsEmpty()) return ResourceText(ProjectTexts::Empty);
+  if (value.Kind() == TVariantKind::Boolean)
+    return ResourceText(value.AsBoolean() ? ProjectTexts::Yes : ProjectTexts::No);
   if (value.Kind() == TVariantKind::DateTime) return DateText(value, exact);
   if (value.Kind() == TVariantKind::Float) return FloatText(value.AsFloat());
   const auto text = value.AsText();
-  if (text.empty()) return ResourceText(CliTexts::Empty);
-  for (const auto& known : CliTexts::ValueNames)
+  if (text.empty()) return ResourceText(ProjectTexts::Empty);
+  for (const auto& known : ProjectTexts::ValueNames)
     if (key == known.Key && text == known.Value) return ResourceText(known.Shown);
-  if (value.Kind() == TVariantKind::Text) return FormatText(CliTexts::Quoted, Printable(text));
+  if (value.Kind() == TVariantKind::Text) return FormatText(ProjectTexts::Quoted, Printable(text));
   if (IsGradeKey(key)) return GradeOf(project, value.AsInteger(), exact);
   if (key == "ClassId") return ClassOf(project, value.AsInteger(), exact);
   return text;
