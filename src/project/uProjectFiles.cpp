@@ -129,6 +129,7 @@ void TMyTessaronProject::SaveFile(const std::string& fileName) {
     case pfkUnknown:
       break;
   }
+  ++FSaveCount;
   SetModified(false);
 }
 
