@@ -6,6 +6,7 @@
 #include "DesktopTexts.h"
 #include "QtText.h"
 #include "VantrelMemTable.h"
+#include "VantrelNumbers.h"
 
 void TGridData::BindSource(TVantrelGridSource* source) {
   FSource = source;
@@ -65,7 +66,12 @@ QString TGridData::DisplayTextOf(const TGridColumn& column, int ordinal, const T
   if (FTable != nullptr) {
     if (const auto* field = FTable->FindField(column.Field)) return FromUtf8(field->DisplayTextOf(value));
   }
-  return FromUtf8(value.AsTextOrEmpty());
+  return NumberText(value);
+}
+
+QString NumberText(const TVariant& value) {
+  if (value.Kind() != TVariantKind::Float) return FromUtf8(value.AsTextOrEmpty());
+  return FromUtf8(ShortFloatText(value.AsFloat())).replace('.', ',');
 }
 
 std::vector<int> ColumnsInOrder(const std::vector<TGridColumn>& columns, int TGridColumn::*index) {
