@@ -2,12 +2,15 @@
 
 #include <QAbstractTextDocumentLayout>
 #include <QAction>
+#include <QApplication>
 #include <QBoxLayout>
 #include <QCalendarWidget>
 #include <QKeyEvent>
-#include <QLocale>
+#include <QPainter>
 #include <QPushButton>
+#include <QRegularExpressionValidator>
 #include <QSignalBlocker>
+#include <QTextBlock>
 #include <algorithm>
 
 #include "DesktopLook.h"
@@ -15,16 +18,78 @@
 #include "QtText.h"
 #include "VantrelDateTime.h"
 
+namespace {
+/// The warning frame over an editor. It ends with the next key there.
+class TRefusedSign : public QWidget {
+ public:
+  explicit TRefusedSign(QWidget& editor);
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
+};
+
+TRefusedSign::TRefusedSign(QWidget& editor) : QWidget(&editor) {
+  setAttribute(Qt::WA_TransparentForMouseEvents);
+  setGeometry(editor.rect());
+  editor.installEventFilter(this);
+  raise();
+  show();
+}
+
+bool TRefusedSign::eventFilter(QObject*, QEvent* event) {
+  if (event->type() == QEvent::Resize) setGeometry(parentWidget()->rect());
+  // Gone at once: the key may be refused as well.
+  if (event->type() == QEvent::KeyPress) delete this;
+  return false;
+}
+
+void TRefusedSign::paintEvent(QPaintEvent*) {
+  constexpr int thick = 2;
+  QPainter painter(this);
+  painter.setPen(QPen(WarningColour, 2 * thick, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
+  painter.drawRect(rect());
+}
+
+void PlaceCursor(QLineEdit& edit, bool atEnd) {
+  if (atEnd)
+    edit.end(false);
+  else
+    edit.selectAll();
+}
+}  // namespace
+
+void TCellEditor::SetValue(const TVariant& value, const QString& shown) {
+  FStored = value;
+  FChanged = false;
+  Show(value, shown);
+}
+
+void TCellEditor::Changed() {
+  FChanged = true;
+  if (OnChanged) OnChanged();
+}
+
+void TCellEditor::Refuse() {
+  auto* editor = dynamic_cast<QWidget*>(this);
+  QApplication::beep();
+  if (FSign == nullptr) FSign = new TRefusedSign(*editor);
+}
+
 TPlainEdit::TPlainEdit(QWidget* parent) : QLineEdit(parent) {
   setFrame(false);
   connect(this, &QLineEdit::textEdited, this, [this] { Changed(); });
 }
 
-TVariant TPlainEdit::Value() const {
+void TPlainEdit::Begin(bool atEnd) {
+  PlaceCursor(*this, atEnd);
+}
+
+TVariant TPlainEdit::Entered() const {
   return text().isEmpty() ? TVariant::Null() : TVariant(ToUtf8(text()));
 }
 
-void TPlainEdit::SetValue(const TVariant& value) {
+void TPlainEdit::Show(const TVariant& value, const QString&) {
   setText(FromUtf8(value.AsTextOrEmpty()));
 }
 
@@ -39,18 +104,35 @@ TMemoEdit::TMemoEdit(QWidget* parent) : QPlainTextEdit(parent) {
   });
 }
 
-TVariant TMemoEdit::Value() const {
-  auto text = toPlainText();
-  if (FWindowsLines) text.replace('\n', "\r\n");
+void TMemoEdit::Begin(bool atEnd) {
+  if (atEnd)
+    moveCursor(QTextCursor::End);
+  else
+    selectAll();
+}
+
+TVariant TMemoEdit::Entered() const {
+  // Block by block: the text as a whole has blanks for U+00A0 and breaks for U+2028.
+  QString text;
+  for (auto block = document()->begin(); block.isValid(); block = block.next()) {
+    if (block.blockNumber() > 0) text += FLineEnds.value(std::max(block.userState(), 0), "\r\n");
+    text += block.text();
+  }
   return text.isEmpty() ? TVariant::Null() : TVariant(ToUtf8(text));
 }
 
-void TMemoEdit::SetValue(const TVariant& value) {
+void TMemoEdit::Show(const TVariant& value, const QString&) {
+  static const QRegularExpression lineEnd("\r\n|[\r\n\u2029]");
   const QSignalBlocker silent(this);
   const auto text = FromUtf8(value.AsTextOrEmpty());
-  FWindowsLines = text.contains("\r\n");
   setPlainText(text);
-  selectAll();
+  FLineEnds.clear();
+  auto block = document()->begin();
+  for (auto ends = lineEnd.globalMatch(text); ends.hasNext();) {
+    block = block.next();
+    block.setUserState(static_cast<int>(FLineEnds.size()));
+    FLineEnds << ends.next().captured();
+  }
 }
 
 void TMemoEdit::Fit(const QRect& cell) {
@@ -75,44 +157,6 @@ void TMemoEdit::keyPressEvent(QKeyEvent* event) {
   QPlainTextEdit::keyPressEvent(event);
 }
 
-TSpinEdit::TSpinEdit(double minimum, double maximum, int decimals, QWidget* parent)
-    : QAbstractSpinBox(parent), FMinimum(minimum), FMaximum(maximum), FDecimals(decimals) {
-  setFrame(false);
-  connect(lineEdit(), &QLineEdit::textEdited, this, [this] { Changed(); });
-}
-
-TVariant TSpinEdit::Value() const {
-  bool isNumber = false;
-  const double number = QLocale().toDouble(lineEdit()->text(), &isNumber);
-  if (!isNumber) return TVariant::Null();
-  const double held = std::clamp(number, FMinimum, FMaximum);
-  return FDecimals > 0 ? TVariant(held) : TVariant(static_cast<std::int32_t>(held));
-}
-
-void TSpinEdit::SetValue(const TVariant& value) {
-  lineEdit()->setText(FromUtf8(value.AsTextOrEmpty()));
-}
-
-void TSpinEdit::stepBy(int steps) {
-  const TVariant value = Value();
-  const double next =
-      value.IsEmpty() ? std::max(0.0, FMinimum) : std::clamp(value.AsFloat() + steps, FMinimum, FMaximum);
-  SetValue(FDecimals > 0 ? TVariant(next) : TVariant(static_cast<std::int32_t>(next)));
-  selectAll();
-  Changed();
-}
-
-QValidator::State TSpinEdit::validate(QString& input, int&) const {
-  const bool negative = input.startsWith('-');
-  if (negative && FMinimum >= 0) return QValidator::Invalid;
-  const QString digits = negative ? input.mid(1) : input;
-  const auto comma = digits.indexOf(',');
-  for (qsizetype i = 0; i < digits.size(); ++i)
-    if (!digits[i].isDigit() && (i != comma || FDecimals == 0)) return QValidator::Invalid;
-  if (comma >= 0 && digits.size() - comma - 1 > FDecimals) return QValidator::Invalid;
-  return QLocale().toDouble(input) > FMaximum ? QValidator::Invalid : QValidator::Acceptable;
-}
-
 namespace {
 const QDate epoch(1899, 12, 30);
 
@@ -130,17 +174,26 @@ TDateEdit::TDateEdit(QWidget* parent) : QLineEdit(parent) {
   auto* open = addAction(ThemeIcon("view-calendar"), QLineEdit::TrailingPosition);
   open->setToolTip(UserText(DesktopTexts::OpenCalendar));
   connect(open, &QAction::triggered, this, [this] { OpenCalendar(); });
-  connect(this, &QLineEdit::textEdited, this, [this](const QString& text) {
-    if (text.isEmpty() || DateOf(text).isValid()) Changed();
-  });
+  static const QRegularExpression beginning("\\d{0,2}(\\.\\d{0,2}(\\.\\d{0,4})?)?");
+  setValidator(new QRegularExpressionValidator(beginning, this));
+  connect(this, &QLineEdit::inputRejected, this, [this] { Refuse(); });
+  connect(this, &QLineEdit::textEdited, this, [this] { Changed(); });
 }
 
-TVariant TDateEdit::Value() const {
+void TDateEdit::Begin(bool atEnd) {
+  PlaceCursor(*this, atEnd);
+}
+
+bool TDateEdit::CanStore() const {
+  return text().isEmpty() || DateOf(text()).isValid();
+}
+
+TVariant TDateEdit::Entered() const {
   const QDate date = DateOf(text());
   return date.isValid() ? TVariant::DateTime(static_cast<double>(epoch.daysTo(date))) : TVariant::Null();
 }
 
-void TDateEdit::SetValue(const TVariant& value) {
+void TDateEdit::Show(const TVariant& value, const QString&) {
   setText(value.IsEmpty() ? QString() : FromUtf8(DateToGermanText(value.AsFloat())));
 }
 

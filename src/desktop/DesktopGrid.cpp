@@ -58,6 +58,7 @@ void TDesktopGrid::Release() {
   connect(this, &QObject::destroyed,
           [focus = std::exchange(OnFocusChanged, nullptr), rows = std::exchange(OnRowsChanged, nullptr),
            editing = std::exchange(OnEditing, nullptr), edit = std::exchange(OnEditChanged, nullptr),
+           started = std::exchange(OnEditStarted, nullptr), reverted = std::exchange(OnEditReverted, nullptr),
            key = std::exchange(OnKeyDown, nullptr), click = std::exchange(OnDoubleClick, nullptr),
            header = std::exchange(OnHeaderClick, nullptr), sort = std::exchange(OnSortChanged, nullptr),
            text = std::exchange(OnDisplayText, nullptr)] {});

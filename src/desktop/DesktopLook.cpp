@@ -4,7 +4,9 @@
 #include <QLibraryInfo>
 #include <QLocale>
 #include <QMainWindow>
+#include <QProxyStyle>
 #include <QStyleFactory>
+#include <QStyleOption>
 #include <QTranslator>
 #include <algorithm>
 #include <cmath>
@@ -37,11 +39,23 @@ void DeepenHighlight(const QPalette& palette) {
   if (changes) QApplication::setPalette(changed);
 }
 
+/// Fusion, with grid lines that can be seen on dark palettes as well.
+class TLook : public QProxyStyle {
+ public:
+  TLook() : QProxyStyle(QStyleFactory::create("Fusion")) {}
+  int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                QStyleHintReturn* data) const override {
+    if (hint != SH_Table_GridLineColor || option == nullptr) return QProxyStyle::styleHint(hint, option, widget, data);
+    const QPalette& palette = option->palette;
+    return static_cast<int>(Blend(palette.color(QPalette::Base), palette.color(QPalette::Text), 0.22).rgb());
+  }
+};
+
 }  // namespace
 
 void PrepareApplication(QApplication& application) {
   Q_INIT_RESOURCE(pictures);
-  QApplication::setStyle(QStyleFactory::create("Fusion"));
+  QApplication::setStyle(new TLook);
   QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
   auto* translator = new QTranslator(&application);
   if (translator->load("qtbase_de", QLibraryInfo::path(QLibraryInfo::TranslationsPath)))

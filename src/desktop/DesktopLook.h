@@ -21,6 +21,9 @@ inline constexpr double MinimumContrast = 4.5;
 /// How well two colours can be told apart, from 1 (not at all) to 21 (black and white), by their relative luminance.
 double Contrast(const QColor& a, const QColor& b);
 
+/// What frames an editor that has not taken a key; to be told from light and dark grounds alike.
+inline constexpr QColor WarningColour(0xda, 0x44, 0x53);
+
 /// An icon of the theme, sharp at any size; empty for an empty name.
 QIcon ThemeIcon(const std::string& name);
 

@@ -7,6 +7,7 @@
 #include "DesktopTexts.h"
 #include "QtText.h"
 #include "VantrelMemTable.h"
+#include "VantrelNumbers.h"
 
 void TGridData::BindSource(TVantrelGridSource* source) {
   FSource = source;
@@ -79,7 +80,12 @@ QString TGridData::TextOf(const TGridColumn& column, int ordinal, const TVariant
   if (FTable != nullptr) {
     if (const auto* field = FTable->FindField(column.Field)) return FromUtf8(field->DisplayTextOf(value));
   }
-  return FromUtf8(value.AsTextOrEmpty());
+  return NumberText(value);
+}
+
+QString NumberText(const TVariant& value) {
+  if (value.Kind() != TVariantKind::Float) return FromUtf8(value.AsTextOrEmpty());
+  return FromUtf8(ShortFloatText(value.AsFloat())).replace('.', ',');
 }
 
 QString ShownPart(const QString& text) {

@@ -44,13 +44,13 @@ QWidget* MakeEditor(const TGridColumn& column, bool ofLines, QWidget* parent) {
     case TGridEditorKind::Date:
       return new TDateEdit(parent);
     case TGridEditorKind::Spin:
-      return new TSpinEdit(column.Minimum, column.Maximum, column.Decimals, parent);
+      return new TNumberEdit(column.Minimum, column.Maximum, column.Decimals, parent);
     case TGridEditorKind::Plain:
       break;
   }
   if (!isNumber && ofLines) return new TMemoEdit(parent);
   if (!isNumber) return new TPlainEdit(parent);
-  auto* editor = new TSpinEdit(column.Minimum, column.Maximum, column.Decimals, parent);
+  auto* editor = new TNumberEdit(column.Minimum, column.Maximum, column.Decimals, parent);
   editor->setButtonSymbols(QAbstractSpinBox::NoButtons);
   return editor;
 }
@@ -60,6 +60,10 @@ TGridDelegate::TGridDelegate(TGridView& view) : QStyledItemDelegate(&view), FVie
 
 TGridModel& TGridDelegate::Model() const {
   return FView.Model();
+}
+
+QRect TGridDelegate::TextArea(const QRect& cell) {
+  return cell.adjusted(textMargin, 0, -textMargin, 0);
 }
 
 void TGridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const {
@@ -77,10 +81,10 @@ void TGridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
   QFont font = option.font;
   painter->setFont(font);
   painter->setPen(colour(selected ? QPalette::HighlightedText : QPalette::Text));
-  const QRect area = option.rect.adjusted(textMargin, 0, -textMargin, 0);
+  const QRect area = TextArea(option.rect);
   QString text = ShownPart(index.data().toString());
   if (Model().Options().RowsFollowContent) {
-    painter->drawText(area, static_cast<int>(AlignmentOf(column)) | Qt::TextWordWrap, text);
+    painter->drawText(area, static_cast<int>(AlignmentOf(column)) | Wrapping, text);
   } else {
     text.replace('\n', ' ');
     painter->drawText(area, static_cast<int>(AlignmentOf(column)),
@@ -119,11 +123,11 @@ QWidget* TGridDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem
 void TGridDelegate::setEditorData(QWidget* editor, const QModelIndex& index) const {
   // Later changes of the model are those that the editor itself made.
   if (!FView.IsNewEditor(editor)) return;
-  dynamic_cast<TCellEditor*>(editor)->SetValue(Model().Read(index));
+  dynamic_cast<TCellEditor*>(editor)->SetValue(Model().Read(index), index.data().toString());
 }
 
 void TGridDelegate::setModelData(QWidget* editor, QAbstractItemModel*, const QModelIndex& index) const {
-  FView.Post(index, dynamic_cast<const TCellEditor*>(editor)->Value());
+  FView.Post(index, *dynamic_cast<const TCellEditor*>(editor));
 }
 
 void TGridDelegate::updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem& option,

@@ -18,6 +18,11 @@ class TGridDelegate : public QStyledItemDelegate {
   void updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem& option,
                             const QModelIndex& index) const override;
 
+  /// The part of a cell's inside that its text takes. Rows are measured by it too.
+  static QRect TextArea(const QRect& cell);
+  /// How a text breaks in a grid whose rows follow the content.
+  static constexpr int Wrapping = Qt::TextWordWrap | Qt::TextWrapAnywhere;
+
   /// Commits unless `revert`, and closes.
   void Finish(QWidget* editor, bool revert);
 

@@ -1,6 +1,7 @@
 // The keys of a grid, with and without an open editor.
 #include <QApplication>
 #include <QKeyEvent>
+#include <utility>
 
 #include "CellEditors.h"
 #include "GridDelegate.h"
@@ -22,6 +23,10 @@ TGridKey KeyOf(const QKeyEvent& event) {
     default:
       return TGridKey::Other;
   }
+}
+
+bool Picks(const TGridColumn& column) {
+  return column.Editor == TGridEditorKind::Lookup || column.Editor == TGridEditorKind::List;
 }
 
 // Up and down leave a line of text; left and right leave what has no text cursor of its own.
@@ -46,8 +51,8 @@ bool TGridView::edit(const QModelIndex& index, EditTrigger trigger, QEvent* even
   if (!edits || wasEditing || !IsEditing()) return edits;
   FEditor = indexWidget(index);
   if (FEditor == nullptr) return edits;
-  if (auto* lookup = dynamic_cast<TLookupEdit*>(FEditor.data())) lookup->OpenList();
-  if (auto* number = dynamic_cast<TSpinEdit*>(FEditor.data())) number->selectAll();
+  if (FEvents.OnEditStarted) FEvents.OnEditStarted();
+  dynamic_cast<TCellEditor*>(FEditor.data())->Begin(trigger == EditKeyPressed);
   // Only now: the key is a change that the view hears of.
   if (trigger == AnyKeyPressed && event != nullptr) QApplication::sendEvent(FEditor, event);
   return edits;
@@ -56,6 +61,8 @@ bool TGridView::edit(const QModelIndex& index, EditTrigger trigger, QEvent* even
 void TGridView::EditorChanged(QWidget* editor) {
   if (editor != FEditor) return;
   FTouched = true;
+  // What was posted on the way to a text that cannot be stored was not meant.
+  if (!dynamic_cast<TCellEditor*>(editor)->IsComplete()) return Restore();
   if (FEvents.OnEditChanged) FEvents.OnEditChanged(FEdited.column());
 }
 
@@ -63,18 +70,19 @@ void TGridView::PostEditor() {
   if (FEditor != nullptr && IsEditing()) commitData(FEditor);
 }
 
-void TGridView::Post(const QModelIndex& index, const TVariant& value) {
-  if (!FTouched) return;
+void TGridView::Post(const QModelIndex& index, const TCellEditor& editor) {
+  if (!FTouched || !editor.IsComplete()) return;
+  const TVariant value = editor.Value();
   const TVariant stored = FModel.Read(index);
   if (stored == value || (stored.IsEmpty() && value.IsEmpty())) return;
   FPosted = true;
   FModel.Write(index, value);
 }
 
-void TGridView::Revert(QWidget* editor) {
-  if (FPosted && FEdited.isValid()) FModel.Write(FEdited, FBefore);
-  FTouched = false;
-  FDelegate->Finish(editor, true);
+void TGridView::Restore() {
+  if (!std::exchange(FPosted, false) || !FEdited.isValid()) return;
+  FModel.Write(FEdited, FBefore);
+  if (FEvents.OnEditReverted) FEvents.OnEditReverted();
 }
 
 bool TGridView::Leave(TGridKey key, bool backwards) {
@@ -88,6 +96,12 @@ bool TGridView::EditorKey(QWidget* editor, QKeyEvent* event) {
   const auto* memo = dynamic_cast<const TMemoEdit*>(editor);
   const bool newLine = key == TGridKey::Enter && (event->modifiers() & (Qt::ShiftModifier | Qt::AltModifier)) != 0;
   if (memo != nullptr && newLine) return false;
+  const int steps = StepsOf(*editor, event->key());
+  auto& cell = *dynamic_cast<TCellEditor*>(editor);
+  if ((key == TGridKey::Enter || key == TGridKey::Tab || steps != 0) && cell.KeepsOpen()) {
+    cell.Refuse();
+    return true;
+  }
   if (FEvents.OnKeyDown && FEdited.isValid()) {
     switch (FEvents.OnKeyDown(FEdited.column(), key)) {
       case TGridKeyAction::MoveDown:
@@ -101,7 +115,9 @@ bool TGridView::EditorKey(QWidget* editor, QKeyEvent* event) {
     }
   }
   if (key == TGridKey::Escape) {
-    Revert(editor);
+    Restore();
+    FTouched = false;
+    FDelegate->Finish(editor, true);
     return true;
   }
   if (key == TGridKey::Enter || key == TGridKey::Tab) {
@@ -118,7 +134,7 @@ bool TGridView::EditorKey(QWidget* editor, QKeyEvent* event) {
     MoveRow(event->key() == Qt::Key_Up ? -1 : 1);
     return true;
   }
-  if (const int steps = StepsOf(*editor, event->key()); steps != 0) {
+  if (steps != 0) {
     FDelegate->Finish(editor, false);
     MoveCell(steps);
     return true;
@@ -155,7 +171,9 @@ bool TGridView::TakeKey(QKeyEvent* event) {
     return asDoubleClick || Leave(key, false) || !FModel.Options().ReadOnly;
   }
   if (key == TGridKey::Delete && !FModel.Options().ReadOnly) {
-    if (MayEditCell(current) && !FModel.Read(current).IsEmpty()) FModel.Write(current, TVariant::Null());
+    // A text is emptied in its editor: one key shall not cost an assessment.
+    if (MayEditCell(current) && Picks(FModel.Data().Column(current.column())) && !FModel.Read(current).IsEmpty())
+      FModel.Write(current, TVariant::Null());
     return true;
   }
   const bool opens =

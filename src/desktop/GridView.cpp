@@ -131,12 +131,13 @@ void TGridView::verticalScrollbarValueChanged(int value) {
 
 void TGridView::FitRow(int row) {
   int height = fontMetrics().height();
+  const int line = showGrid() ? 1 : 0;
   for (int column = 0; column < FModel.columnCount() && FModel.RecordAt(row) >= 0; ++column) {
     if (isColumnHidden(column) || FModel.Data().Column(column).Kind != TGridValueKind::Text) continue;
     const QString text = ShownPart(FModel.Data().DisplayText(FModel.RecordAt(row), column));
-    const int room = columnWidth(column) - 8;
-    if (!text.contains('\n') && fontMetrics().horizontalAdvance(text) <= room) continue;
-    height = std::max(height, fontMetrics().boundingRect(QRect(0, 0, room, 10000), Qt::TextWordWrap, text).height());
+    const QRect area = TGridDelegate::TextArea(QRect(0, 0, columnWidth(column) - line, 10000));
+    if (!text.contains('\n') && fontMetrics().horizontalAdvance(text) <= area.width()) continue;
+    height = std::max(height, fontMetrics().boundingRect(area, TGridDelegate::Wrapping, text).height());
   }
   auto* rows = verticalHeader();
   if (rows->sectionSize(row) != height + 8) rows->resizeSection(row, height + 8);

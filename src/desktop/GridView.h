@@ -8,6 +8,7 @@
 
 #include "GridModel.h"
 
+class TCellEditor;
 class TGridDelegate;
 class TGridHeader;
 
@@ -58,7 +59,7 @@ class TGridView : public QTableView {
   void EditorChanged(QWidget* editor);
   bool IsNewEditor(const QWidget* editor) const { return editor != FEditor; }
   bool EditorKey(QWidget* editor, QKeyEvent* event);
-  void Post(const QModelIndex& index, const TVariant& value);
+  void Post(const QModelIndex& index, const TCellEditor& editor);
 
   // Frozen columns stand still while the others scroll.
   QRect visualRect(const QModelIndex& index) const override;
@@ -99,7 +100,8 @@ class TGridView : public QTableView {
   bool TakeSearchKey(QKeyEvent* event);
   bool Search(const QString& text, int fromRow);
   bool Leave(TGridKey key, bool backwards);
-  void Revert(QWidget* editor);
+  /// Writes back what the cell held before the edit.
+  void Restore();
   void PaintGroups();
   void PaintFrozen();
 

@@ -1,11 +1,15 @@
 #include <QAccessibleWidget>
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <QRegularExpression>
 #include <QScreen>
 #include <QScrollBar>
+#include <QStyledItemDelegate>
 #include <QTreeWidget>
 #include <QWheelEvent>
 #include <algorithm>
+#include <optional>
+#include <utility>
 
 #include "CellEditors.h"
 #include "DesktopLook.h"
@@ -14,6 +18,30 @@
 
 namespace {
 constexpr int shownRows = 12;
+
+/// The value of a text that is a number without a sign.
+std::optional<double> ValueOf(const QString& text) {
+  static const QRegularExpression number("^\\d+([.,]\\d+)?$");
+  if (!number.match(text).hasMatch()) return std::nullopt;
+  return QString(text).replace(',', '.').toDouble();
+}
+
+/// The rows of the drop-down. The one under the mouse is marked lightly: the highlight stays with the value.
+class TEntryDelegate : public QStyledItemDelegate {
+ public:
+  TEntryDelegate(QObject* parent, const int& underMouse) : QStyledItemDelegate(parent), FUnderMouse(underMouse) {}
+
+ protected:
+  void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
+    QStyledItemDelegate::initStyleOption(option, index);
+    if (index.row() != FUnderMouse) return;
+    option->backgroundBrush =
+        Blend(option->palette.color(QPalette::Base), option->palette.color(QPalette::Highlight), 0.25);
+  }
+
+ private:
+  const int& FUnderMouse;
+};
 
 /// To a screen reader it is a list to choose from, not a line that cannot be edited.
 class TLookupAccess : public QAccessibleWidget {
@@ -51,7 +79,7 @@ TLookupEdit::TLookupEdit(std::vector<TLookupEntry> entries, QWidget* parent)
   connect(open, &QAction::triggered, this, [this] { IsListOpen() ? CloseList() : OpenList(); });
   FillList();
   connect(FList, &QTreeWidget::itemClicked, this, [this](QTreeWidgetItem* item) {
-    MarkByUser(FList->indexOfTopLevelItem(item), 0);
+    MarkByUser(FList->indexOfTopLevelItem(item), {});
     CloseList();
     if (OnAccepted) OnAccepted();
   });
@@ -67,6 +95,9 @@ void TLookupEdit::FillList() {
   FList->setUniformRowHeights(true);
   FList->setAllColumnsShowFocus(true);
   FList->setAnimated(false);
+  FList->setItemDelegate(new TEntryDelegate(FList, FUnderMouse));
+  FList->setMouseTracking(true);
+  FList->viewport()->installEventFilter(this);
   FList->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   QPalette colours = FList->palette();
   for (const auto role : {QPalette::Highlight, QPalette::HighlightedText})
@@ -84,32 +115,44 @@ void TLookupEdit::FillList() {
   }
 }
 
-TVariant TLookupEdit::Value() const {
+void TLookupEdit::Begin(bool) {
+  OpenList();
+}
+
+TVariant TLookupEdit::Entered() const {
   return FMarked < 0 ? TVariant::Null() : FEntries[static_cast<std::size_t>(FMarked)].Key;
 }
 
-void TLookupEdit::SetValue(const TVariant& value) {
+void TLookupEdit::Show(const TVariant& value, const QString& shown) {
   const auto at = std::find_if(FEntries.begin(), FEntries.end(), [&](const auto& entry) { return entry.Key == value; });
-  Mark(at == FEntries.end() ? -1 : static_cast<int>(at - FEntries.begin()), 0);
+  if (at == FEntries.end()) return Mark(-1, {}, shown);
+  Mark(static_cast<int>(at - FEntries.begin()), {}, at->Shown);
 }
 
 int TLookupEdit::Find(const QString& typed) const {
-  int starts = -1;
+  const auto value = ValueOf(typed);
+  const auto rank = [&](const QString& shown) {
+    if (shown == typed) return 4;
+    if (shown.compare(typed, Qt::CaseInsensitive) == 0) return 3;
+    if (value && ValueOf(shown) == value) return 2;
+    return shown.startsWith(typed, Qt::CaseInsensitive) ? 1 : 0;
+  };
+  int best = -1, bestRank = 0;
   for (std::size_t i = 0; i < FEntries.size(); ++i) {
-    const QString& shown = FEntries[i].Shown;
-    if (shown.compare(typed, Qt::CaseInsensitive) == 0) return static_cast<int>(i);
-    if (starts < 0 && shown.startsWith(typed, Qt::CaseInsensitive)) starts = static_cast<int>(i);
+    const int its = rank(FEntries[i].Shown);
+    if (its <= bestRank) continue;
+    best = static_cast<int>(i);
+    bestRank = its;
   }
-  return starts;
+  return best;
 }
 
-void TLookupEdit::Mark(int entry, qsizetype typed) {
+void TLookupEdit::Mark(int entry, const QString& typed, const QString& text) {
   FMarked = entry;
-  const QString shown = entry < 0 ? QString() : FEntries[static_cast<std::size_t>(entry)].Shown;
-  FTyped = shown.left(typed);
-  setText(shown);
+  FTyped = typed;
+  setText(text);
   SelectRest();
-  QAccessibleValueChangeEvent told(this, shown);
+  QAccessibleValueChangeEvent told(this, text);
   QAccessible::updateAccessibility(&told);
   auto* item = FList->topLevelItem(entry);
   FList->clearSelection();
@@ -119,13 +162,28 @@ void TLookupEdit::Mark(int entry, qsizetype typed) {
 
 void TLookupEdit::SelectRest() {
   const auto length = static_cast<int>(text().size());
-  setSelection(length, static_cast<int>(FTyped.size()) - length);
+  const bool starts = text().startsWith(FTyped, Qt::CaseInsensitive);
+  setSelection(length, (starts ? static_cast<int>(FTyped.size()) : 0) - length);
 }
 
-void TLookupEdit::MarkByUser(int entry, qsizetype typed) {
-  const int before = FMarked;
-  Mark(entry, typed);
-  if (entry != before) Changed();
+void TLookupEdit::MarkByUser(int entry, const QString& typed) {
+  const bool changes = entry != FMarked || !IsComplete();
+  Mark(entry, typed, FEntries[static_cast<std::size_t>(entry)].Shown);
+  if (changes) Changed();
+}
+
+void TLookupEdit::Type(const QString& typed) {
+  OpenList();
+  if (const int entry = Find(typed); entry >= 0) return MarkByUser(entry, typed);
+  Mark(-1, typed, typed);
+  Refuse();
+  Changed();
+}
+
+void TLookupEdit::Clear() {
+  const bool changes = !Value().IsEmpty() || !IsComplete();
+  Mark(-1, {}, {});
+  if (changes) Changed();
 }
 
 bool TLookupEdit::IsListOpen() const {
@@ -138,10 +196,32 @@ void TLookupEdit::OpenList() {
   PlaceList();
   FList->show();
   if (auto* item = FList->currentItem()) FList->scrollToItem(item);
+  window()->installEventFilter(this);
 }
 
 void TLookupEdit::CloseList() {
   FList->hide();
+  window()->removeEventFilter(this);
+}
+
+bool TLookupEdit::eventFilter(QObject* watched, QEvent* event) {
+  if (watched != FList->viewport()) {
+    if (event->type() == QEvent::Move || event->type() == QEvent::Resize) PlaceList();
+  } else if (event->type() == QEvent::MouseMove) {
+    MarkUnderMouse(FList->indexAt(static_cast<QMouseEvent*>(event)->position().toPoint()).row());
+  } else if (event->type() == QEvent::Leave || event->type() == QEvent::Hide) {
+    MarkUnderMouse(-1);
+  }
+  return QLineEdit::eventFilter(watched, event);
+}
+
+void TLookupEdit::MarkUnderMouse(int entry) {
+  if (std::exchange(FUnderMouse, entry) != entry) FList->viewport()->update();
+}
+
+void TLookupEdit::moveEvent(QMoveEvent* event) {
+  QLineEdit::moveEvent(event);
+  if (IsListOpen()) PlaceList();
 }
 
 void TLookupEdit::PlaceList() {
@@ -180,26 +260,18 @@ void TLookupEdit::keyPressEvent(QKeyEvent* event) {
       if (alt) {
         IsListOpen() ? CloseList() : OpenList();
       } else if (last >= 0) {
-        MarkByUser(std::clamp(FMarked + (event->key() == Qt::Key_Down ? 1 : -1), 0, last), 0);
+        MarkByUser(std::clamp(FMarked + (event->key() == Qt::Key_Down ? 1 : -1), 0, last), {});
       }
       return;
     case Qt::Key_Delete:
-      MarkByUser(-1, 0);
-      return;
-    case Qt::Key_Backspace: {
-      const QString typed = FTyped.chopped(FTyped.isEmpty() ? 0 : 1);
-      MarkByUser(typed.isEmpty() ? -1 : Find(typed), typed.size());
-      return;
-    }
+      return Clear();
+    case Qt::Key_Backspace:
+      return FTyped.size() > 1 ? Type(FTyped.chopped(1)) : Clear();
     default:
       break;
   }
   if (event->text().isEmpty() || !event->text().front().isPrint()) return QLineEdit::keyPressEvent(event);
-  const QString typed = FTyped + event->text();
-  if (const int entry = Find(typed); entry >= 0) {
-    OpenList();
-    MarkByUser(entry, typed.size());
-  }
+  Type(FTyped + event->text());
 }
 
 void TLookupEdit::wheelEvent(QWheelEvent* event) {

@@ -157,6 +157,15 @@ std::string FloatToExactText(double value) {
   return {buffer, Write(value, buffer, TPrecision::Exact)};
 }
 
+std::string ShortFloatText(double value) {
+  constexpr double largest = std::numeric_limits<float>::max();
+  if (!(std::abs(value) <= largest) || static_cast<double>(static_cast<float>(value)) != value)
+    return FloatToText(value);
+  char buffer[64];
+  const auto end = std::to_chars(buffer, buffer + sizeof buffer, static_cast<float>(value), std::chars_format::fixed);
+  return std::string(buffer, end.ptr);
+}
+
 double TextToFloat(std::string_view text) {
   const auto value = ParseFloat(text);
   if (!value) throw EConvertError(FormatText(FoundationTexts::NoFloat, text));

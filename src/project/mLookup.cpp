@@ -7,13 +7,9 @@ using enum TVantrelFieldType;
 
 namespace {
 
-constexpr int TokenSize = 20;
-constexpr int DescriptionSize = 300;
-constexpr int GuidSize = 38;
-constexpr int AttributeSize = 8;
-
+// No field has a size: what a lookup cuts would be stored cut.
 void AddToken(TVantrelMemTable& table) {
-  table.AddField("Token", ftText, TokenSize, ResourceText(ProjectTexts::TokenLabel));
+  table.AddField("Token", ftText, 0, ResourceText(ProjectTexts::TokenLabel));
 }
 
 }  // namespace
@@ -22,20 +18,20 @@ TLookupTables::TLookupTables(TMyTessaronProject& project) : ProjectObj(&project)
   for (auto* table : {&Abschluesse, &Abschlussarten, &Empfehlungen, &Fachstati, &Niveaus, &Unterrichtsarten,
                       &Versetzungsarten, &Zeugnisbeurteilungen, &Leistungsarten}) {
     AddToken(*table);
-    table->AddField("Description", ftText, DescriptionSize);
+    table->AddField("Description", ftText);
   }
 
   Grades.AddField("ID", ftInteger);
   AddToken(Grades);
-  Grades.AddField("Description", ftText, DescriptionSize);
+  Grades.AddField("Description", ftText);
   Grades.AddField("GradeValue", ftFloat);
   Grades.AddField("GradeType", ftSmallInt);
   Grades.SetKeptSortedBy("Token");
 
-  CertificateComments.AddField("ID", ftGuid, GuidSize);
+  CertificateComments.AddField("ID", ftGuid);
   AddToken(CertificateComments);
   CertificateComments.AddField("Description", ftMemo);
-  CertificateComments.AddField("Attribute", ftText, AttributeSize);
+  CertificateComments.AddField("Attribute", ftText);
   CertificateComments.AddField("Position", ftSmallInt);
 }
 

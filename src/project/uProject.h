@@ -122,6 +122,8 @@ class TMyTessaronProject final : public TVantrelDataStorage {
   bool CheckPassword(std::string_view enteredPassword) const;
   /// Sets the flag and calls OnModified, whether it changed or not.
   void SetModified(bool isModified);
+  /// How often SaveFile has gone through.
+  int SaveCount() const { return FSaveCount; }
 
   void AddCourse(TVantrelPtr<TCourse> course) { FCourses->AddCourse(std::move(course)); }
   /// New lists that do not own their courses, in the order of Courses. A course without a student is in none.
@@ -161,6 +163,7 @@ class TMyTessaronProject final : public TVantrelDataStorage {
   std::unique_ptr<TVantrelFileStream> FExclusiveFileStream;
   bool FIsWriteProtected = false;
   std::string FProductVersion;
+  int FSaveCount = 0;
   TVantrelPtr<TCatalogs> FAbschluesse, FAbschlussarten, FEmpfehlungen, FFachstati, FNiveaus;
   TVantrelPtr<TGrades> FNoten;
   TVantrelPtr<TCatalogs> FUnterrichtsarten, FVersetzungsarten, FZeugnisbeurteilungen, FLeistungsarten;

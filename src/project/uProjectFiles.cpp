@@ -135,6 +135,7 @@ void TMyTessaronProject::SaveFile(const std::string& fileName) {
       break;
   }
   if (name == FileName()) FIsWriteProtected = false;
+  ++FSaveCount;
   SetModified(false);
 }
 

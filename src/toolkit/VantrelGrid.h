@@ -46,9 +46,9 @@ struct TGridColumn {
   std::string Field = {};  ///< field of a bound table; a custom source goes by ordinal
   TGridLookup Lookup = {};
   std::vector<TGridListItem> Items = {};
-  double Minimum = 0;
+  double Minimum = 0;  ///< limits of what can be entered in a number column, both included
   double Maximum = 2147483647;
-  int Decimals = 0;  ///< places of a Float column
+  int Decimals = 0;  ///< places that can be entered; 0 for integers
   TGridSortOrder SortOrder = TGridSortOrder::None;
   int SortIndex = -1;      ///< place among the sorted columns
   int GroupIndex = -1;     ///< place among the grouped columns
@@ -108,7 +108,11 @@ class TVantrelGrid {
   std::function<void()> OnRowsChanged;
   /// The veto: asked before an editor opens and when a cell is tinted, so it must answer without side effects.
   std::function<bool(int ordinal)> OnEditing;
+  /// An editor has opened, before its first key.
+  std::function<void()> OnEditStarted;
   std::function<void(int ordinal)> OnEditChanged;
+  /// What the edit had written to the source was taken back: the cell holds what it held when the editor opened.
+  std::function<void()> OnEditReverted;
   std::function<TGridKeyAction(int ordinal, TGridKey key)> OnKeyDown;
   std::function<void(int ordinal)> OnDoubleClick;
   /// A click on a header, told after the column took its new sort order and before OnSortChanged.

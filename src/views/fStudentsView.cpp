@@ -96,6 +96,7 @@ void TStudentsView::ConnectEvents() {
   grid.OnFocusChanged = [this](int, int) { UpdateTitle(); };
   grid.OnEditing = [this](int ordinal) { return Handle_AchievementsEditing(ordinal); };
   grid.OnKeyDown = [this](int ordinal, TGridKey key) { return Handle_AchievementsKeyDown(ordinal, key); };
+  FModifiedMark.Follow(grid);
   FUi->OnFit = [this] { FitGridView(); };
   FUi->OnPageChanged = [this] { Handle_PageChanged(); };
 }

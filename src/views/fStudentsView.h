@@ -10,6 +10,7 @@
 #include "uDataSource.h"
 #include "uGridState.h"
 #include "uKeptSubject.h"
+#include "uModifiedMark.h"
 
 enum class TStudentsPage { AchievementSheet, CertificateDataSheet, CertificateCommentsSheet };
 
@@ -95,6 +96,7 @@ class TStudentsView final : public TBaseView {
   TSortField StudentSort{{}, 0, -1, TSortOrder::soNone};
   TGridState FGridState;
   TKeptSubject FKeptSubject;
+  TModifiedMark FModifiedMark;
   TVantrelMemTable Students;
   /// The lookup tables of CurrentProject: those of LookupModule, or the view's own where LookupModule has gone or
   /// mirrors another project.

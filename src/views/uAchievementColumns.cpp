@@ -9,7 +9,7 @@
 
 namespace {
 
-enum class TCell { Fixed, ReadOnly, Text, Number, Count, Grade, Token, Mahnung, Bestanden };
+enum class TCell { Fixed, ReadOnly, Text, Number, Factor, Count, Grade, Token, Mahnung, Bestanden };
 
 struct TAchievementColumn {
   const char* Name;       ///< of the id, behind the prefix
@@ -21,6 +21,7 @@ struct TAchievementColumn {
 
 constexpr const char* Prefix = "col_student_course_";
 constexpr int LargestCount = 99999;
+constexpr int FactorPlaces = 4;
 constexpr int Zusatznote7 = 26;
 
 constexpr TAchievementColumn GradeColumn(const char* name, const char* fieldname) {
@@ -31,7 +32,7 @@ constexpr std::array<TAchievementColumn, 34> Columns{{
     {"name", ViewTexts::CourseName, TCell::Fixed},
     {"token", ViewTexts::CourseToken, TCell::Fixed, 80},
     {"position", "Position", TCell::Number, 80},
-    {"faktor", "Faktor", TCell::Number, 80},
+    {"faktor", "Faktor", TCell::Factor, 80},
     {"unterrichtsart", "Unterrichtsart", TCell::Token, 85, &TLookupTables::gv_Unterrichtsarten},
     {"fachstatus", "Fachstatus", TCell::Token, 80, &TLookupTables::gv_Fachstati},
     {"schwerpunkt", "Schwerpunkt", TCell::ReadOnly},
@@ -88,6 +89,11 @@ void SetEditor(TGridColumn& column, TCell cell) {
     case TCell::Fixed:
     case TCell::ReadOnly:
       column.Editing = false;
+      break;
+    case TCell::Factor:
+      column.Kind = TGridValueKind::Float;
+      column.Editor = TGridEditorKind::Spin;
+      column.Decimals = FactorPlaces;
       break;
     case TCell::Count:
       column.Maximum = LargestCount;

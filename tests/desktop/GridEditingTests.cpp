@@ -28,7 +28,16 @@ TEST_F(GridTest, TypeAheadTakesTheExactTokenAndRefines) {
   EXPECT_EQ(Lookup()->Value().AsInteger(), 102);
   EXPECT_EQ(Lookup()->List().currentItem()->text(0), "15");
   Type("7");
-  EXPECT_EQ(Lookup()->text(), "15");
+  EXPECT_EQ(Lookup()->text(), "157");
+  EXPECT_TRUE(IsRefused());
+  EXPECT_TRUE(Grid.Value(0, Grade).IsNull());
+  for (const auto key : {Qt::Key_Return, Qt::Key_Tab, Qt::Key_Right}) {
+    Key(key);
+    ASSERT_TRUE(Grid.IsEditing() && IsRefused());
+  }
+  Key(Qt::Key_Backspace);
+  EXPECT_FALSE(IsRefused());
+  EXPECT_EQ(Shown(0, Grade), "15");
   Key(Qt::Key_Backspace);
   EXPECT_EQ(Lookup()->text(), "1");
   Type("-");
@@ -50,9 +59,72 @@ TEST_F(GridTest, DeleteClearsWithAndWithoutEditor) {
   EXPECT_EQ(Shown(1, Grade), "15");
   Key(Qt::Key_Delete);
   EXPECT_TRUE(Grid.Value(1, Grade).IsNull());
-  FocusCell(1, Name);
+  for (const int kept : {+Name, +Absences}) {
+    FocusCell(1, kept);
+    Key(Qt::Key_Delete);
+  }
+  EXPECT_EQ(Shown(1, Name) + Shown(1, Absences), "adam12");
+  FocusCell(1, Result);
   Key(Qt::Key_Delete);
-  EXPECT_EQ(Shown(1, Name), "adam");
+  EXPECT_EQ(Shown(1, Result), "");
+}
+
+TEST_F(GridTest, NumbersAreFoundByTheirValue) {
+  FillGrades({"15", "01", "00", "12", "1-", "09", "2,5", "10"});
+  const struct {
+    const char* Typed;
+    const char* Token;
+  } cases[] = {{"1", "01"},   {"9", "09"},    {"12", "12"}, {"15", "15"}, {"0", "00"},
+               {"001", "01"}, {"2.5", "2,5"}, {"1-", "1-"}, {"2", "2,5"}};
+  for (const auto& [typed, token] : cases) {
+    FocusCell(0, Grade);
+    Type(typed);
+    Key(Qt::Key_Return);
+    EXPECT_EQ(Shown(0, Grade), token) << typed;
+  }
+}
+
+TEST_F(GridTest, WhatIsNotOnOfferIsShownAndCanBeCleared) {
+  Grades.SetOnFilterRecord([](const auto& row) { return row[1].AsText() != "15"; });
+  Grades.SetFiltered(true);
+  Source.Rows[1]->Cells[Result] = "X";
+  Source.Rows[2]->Cells[Grade] = 4711;
+  const struct {
+    int Record, Ordinal;
+    const char* Text;
+  } cells[] = {{1, Grade, "15"}, {1, Result, "X"}, {2, Grade, ""}};
+  for (const auto& [record, ordinal, text] : cells) {
+    const auto before = Grid.Value(record, ordinal);
+    for (const auto key : {Qt::Key_Delete, Qt::Key_Backspace}) {
+      FocusCell(record, ordinal);
+      Key(Qt::Key_F2);
+      EXPECT_EQ(Lookup()->text(), text);
+      Key(Qt::Key_Return);
+      EXPECT_EQ(Grid.Value(record, ordinal), before);
+      FocusCell(record, ordinal);
+      Key(Qt::Key_F2);
+      Key(key);
+      Key(Qt::Key_Return);
+      EXPECT_TRUE(Grid.Value(record, ordinal).IsNull()) << text;
+      Source.Rows[static_cast<std::size_t>(record)]->Cells[static_cast<std::size_t>(ordinal)] = before;
+    }
+  }
+}
+
+TEST_F(GridTest, EscapeTellsWhatItTookBack) {
+  std::string told;
+  Grid.OnEditStarted = [&] { told += "start "; };
+  Grid.OnEditReverted = [&] { told += Grid.Value(1, Grade) == TVariant(102) ? "reverted " : "early "; };
+  FocusCell(1, Grade);
+  Key(Qt::Key_F2);
+  Key(Qt::Key_Escape);
+  Type("2");
+  Key(Qt::Key_Escape);
+  Type("2x");
+  Key(Qt::Key_Escape);
+  Type("2");
+  Key(Qt::Key_Return);
+  EXPECT_EQ(told, "start start reverted start reverted start ");
 }
 
 TEST_F(GridTest, VetoAndFixedColumnsOpenNoEditor) {
@@ -103,6 +175,7 @@ TEST_F(GridTest, WithoutHandlerTheValuePostsWhenTheEditorCloses) {
 TEST_F(GridTest, NumbersHoldTheirLimitsAndMayBeEmpty) {
   FocusCell(1, Absences);
   Type("100");
+  EXPECT_TRUE(IsRefused());
   EXPECT_EQ(Shown(1, Absences), "10");
   Key(Qt::Key_Backspace);
   Key(Qt::Key_Backspace);
@@ -110,8 +183,89 @@ TEST_F(GridTest, NumbersHoldTheirLimitsAndMayBeEmpty) {
   Key(Qt::Key_Up);
   Key(Qt::Key_Up);
   EXPECT_EQ(Shown(1, Absences), "1");
+  QWheelEvent wheel(QPointF(5, 5), QPointF(5, 5), {}, {0, 120}, Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+  QApplication::sendEvent(Keyboard(), &wheel);
+  EXPECT_EQ(Shown(1, Absences), "1");
   Key(Qt::Key_Escape);
   EXPECT_EQ(Shown(1, Absences), "12");
+}
+
+TEST_F(GridTest, NumbersAreTakenAsTypedOrRefused) {
+  const int factor = AddColumn(
+      {.Id = "faktor", .Caption = {}, .Kind = TGridValueKind::Float, .Editor = TGridEditorKind::Spin, .Decimals = 4},
+      0.1F);
+  const int tens =
+      AddColumn({.Id = "tens", .Caption = {}, .Kind = TGridValueKind::Integer, .Minimum = 10, .Maximum = 99}, 12);
+  const struct {
+    int Ordinal;
+    const char* Typed;
+    bool Refused;
+    const char* Shown;
+  } cases[] = {{factor, "1,5", false, "1,5"},  {factor, "2.3", false, "2,3"},
+               {factor, ",5", false, "0,5"},   {factor, "0,12345", true, "0,1234"},
+               {factor, "1,,", true, "1"},     {factor, "-1", false, "1"},
+               {Absences, "1,5", true, "1"},   {Absences, "4x", true, "4"},
+               {Absences, "4x2", false, "42"}, {tens, "5", false, "12"},
+               {tens, "57", false, "57"},      {tens, "578", true, "57"}};
+  for (const auto& [ordinal, typed, refused, shown] : cases) {
+    const auto before = Grid.Value(1, ordinal);
+    FocusCell(1, ordinal);
+    Type(typed);
+    EXPECT_EQ(IsRefused(), refused) << typed;
+    Key(Qt::Key_Tab);
+    EXPECT_EQ(Shown(1, ordinal), shown) << typed;
+    Source.Rows[1]->Cells[static_cast<std::size_t>(ordinal)] = before;
+  }
+}
+
+TEST_F(GridTest, ShownNumbersAreShortenedAndNeverRounded) {
+  const int factor = AddColumn({.Id = "faktor", .Caption = {}, .Kind = TGridValueKind::Float, .Decimals = 1}, 0.1F);
+  Source.Rows[1]->Cells[Absences] = 1234567;
+  const struct {
+    int Ordinal;
+    TVariant Stored;
+    const char* Shown;
+    int Backspaces;
+    const char* Left;
+  } cases[] = {{factor, static_cast<double>(0.1F), "0,1", 1, "0"},
+               {factor, 2.12345678901234, "2,12345678901234", 1, "2,1234567890123"},
+               {factor, 2.0 / 3, "0,666666666666667", 0, "0,666666666666667"},
+               {Absences, 1234567, "1234567", 5, "12"},
+               {Absences, 1234567, "1234567", 2, "1234567"},
+               {Absences, -3, "-3", 2, ""}};
+  for (const auto& [ordinal, stored, shown, backspaces, left] : cases) {
+    auto& cell = Source.Rows[1]->Cells[static_cast<std::size_t>(ordinal)];
+    cell = stored;
+    FocusCell(1, ordinal);
+    EXPECT_EQ(Shown(1, ordinal), shown);
+    Key(Qt::Key_F2);
+    for (int i = 0; i < backspaces; ++i) Key(Qt::Key_Backspace);
+    Key(Qt::Key_Tab);
+    EXPECT_EQ(Shown(1, ordinal), left);
+    EXPECT_TRUE(backspaces > 0 || cell.AsFloat() == stored.AsFloat());
+  }
+}
+
+TEST_F(GridTest, F2AppendsAndTypingReplaces) {
+  const int text = AddColumn({"text", "Text"}, "ab");
+  FocusCell(0, Absences);
+  Key(Qt::Key_F2);
+  Type("2");
+  Key(Qt::Key_Tab);
+  FocusCell(1, Absences);
+  Type("2");
+  Key(Qt::Key_Tab);
+  FocusCell(0, text);
+  Key(Qt::Key_F2);
+  Type("c");
+  EXPECT_EQ(Shown(0, Absences) + Shown(1, Absences) + Shown(0, text), "522abc");
+  auto options = Grid.Options();
+  options.RowsFollowContent = true;
+  Key(Qt::Key_Escape);
+  Grid.SetOptions(options);
+  Key(Qt::Key_F2);
+  Type("d");
+  EXPECT_EQ(Shown(0, text), "abd");
 }
 
 TEST(CellEditorTest, DatesAreTypedSteppedAndEmptied) {
@@ -125,6 +279,13 @@ TEST(CellEditorTest, DatesAreTypedSteppedAndEmptied) {
     QTest::keyClicks(&edit, typed);
     EXPECT_EQ(edit.Value().AsTextOrEmpty(), date) << typed;
   }
+  edit.SetValue(TVariant::DateTime(45351.75));
+  EXPECT_EQ(edit.Value().AsFloat(), 45351.75);
+  QTest::keyClick(&edit, Qt::Key_Backspace);
+  QTest::keyClick(&edit, Qt::Key_Backspace);
+  EXPECT_FALSE(edit.HasRefused() || edit.KeepsOpen());
+  QTest::keyClicks(&edit, "1x");
+  EXPECT_TRUE(edit.HasRefused() && edit.KeepsOpen());
   edit.SetValue(TVariant::DateTime(45351));
   QTest::keyClick(&edit, Qt::Key_Up);
   EXPECT_EQ(edit.Value().AsText(), "01.03.2024");

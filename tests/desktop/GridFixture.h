@@ -66,15 +66,7 @@ class GridTest : public testing::Test {
     Grades.AddField("ID", TVantrelFieldType::ftInteger);
     Grades.AddField("Token", TVantrelFieldType::ftText, 20);
     Grades.AddField("Description", TVantrelFieldType::ftText, 300);
-    Grades.Open();
-    int id = 100;
-    for (const char* token : {"1-", "1", "15", "2", "tf"}) {
-      Grades.Append();
-      Grades.FieldByName("ID").SetValue(id++);
-      Grades.FieldByName("Token").SetValue(token);
-      Grades.FieldByName("Description").SetValue("Note");
-      Grades.Post();
-    }
+    FillGrades({"1-", "1", "15", "2", "tf"});
     Grid.SetOptions({.ReadOnly = false, .TabMovesCells = true, .EnterMovesToNextCell = true, .WrapAtRowEnd = true});
     AddColumns();
     Grid.BindSource(&Source);
@@ -87,6 +79,24 @@ class GridTest : public testing::Test {
     Grid.SetFocus();
     QTest::qWait(1);
     FocusCell(0, Grade);
+  }
+
+  void FillGrades(std::initializer_list<const char*> tokens) {
+    Grades.Close();
+    Grades.Open();
+    int id = 100;
+    for (const char* token : tokens) {
+      Grades.Append();
+      Grades.FieldByName("ID").SetValue(id++);
+      Grades.FieldByName("Token").SetValue(token);
+      Grades.FieldByName("Description").SetValue("Note");
+      Grades.Post();
+    }
+  }
+
+  int AddColumn(const TGridColumn& column, const TVariant& value) {
+    for (auto& row : Source.Rows) row->Cells.push_back(value);
+    return Grid.AddColumn(column);
   }
 
   void AddColumns() {
@@ -119,6 +129,7 @@ class GridTest : public testing::Test {
   void Type(const std::string& text) {
     for (const char c : text) QTest::keyClick(Keyboard(), c);
   }
+  bool IsRefused() { return dynamic_cast<TCellEditor*>(Keyboard())->HasRefused(); }
   TLookupEdit* Lookup() { return dynamic_cast<TLookupEdit*>(Keyboard()); }
   std::string Shown(int record, int ordinal) { return Grid.DisplayText(record, ordinal); }
   std::vector<int> Records() {

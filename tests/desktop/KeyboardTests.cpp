@@ -3,13 +3,16 @@
 #include <QMenu>
 #include <QSplitter>
 #include <QStatusBar>
+#include <QStyleOption>
 #include <QTabBar>
 #include <QTimer>
 
 #include "DesktopLook.h"
 #include "DesktopMainWindow.h"
 #include "DesktopStudentsView.h"
+#include "GridDelegate.h"
 #include "GridFixture.h"
+#include "QtText.h"
 #include "Ribbon.h"
 
 namespace {
@@ -66,8 +69,7 @@ TEST_F(GridTest, TextsOfSeveralLinesKeepThem) {
   auto options = Grid.Options();
   options.RowsFollowContent = true;
   Grid.SetOptions(options);
-  for (auto& row : Source.Rows) row->Cells.emplace_back("eins\r\nzwei");
-  const int ordinal = Grid.AddColumn({"text", "Beurteilung"});
+  const int ordinal = AddColumn({"text", "Beurteilung"}, "eins\r\nzwei");
   FocusCell(1, ordinal);
   Key(Qt::Key_F2);
   ASSERT_NE(dynamic_cast<TMemoEdit*>(Keyboard()), nullptr);
@@ -86,6 +88,64 @@ TEST_F(GridTest, TextsOfSeveralLinesKeepThem) {
   Key(Qt::Key_F2);
   Key(Qt::Key_Escape);
   EXPECT_EQ(Source.Rows[0]->Cells.back(), TVariant("eins\r\nzwei"));
+}
+
+TEST_F(GridTest, TextsKeepEveryCharacterThatTheUserLeftAlone) {
+  auto options = Grid.Options();
+  options.RowsFollowContent = true;
+  Grid.SetOptions(options);
+  const int ordinal = AddColumn({"text", "Beurteilung"}, TVariant::Null());
+  const struct {
+    const char* Before;
+    const char* After;
+  } cases[] = {
+      {"a\u00A0b\u2028c\nd\r\ne\rf", "a\u00A0b\u2028c\nd\r\ne\rf\nx"}, {"a\u00A0b", "a\u00A0b\r\nx"}, {"", "\r\nx"}};
+  for (const auto& [before, after] : cases) {
+    auto& cell = Source.Rows[0]->Cells.back();
+    cell = before;
+    FocusCell(0, ordinal);
+    Key(Qt::Key_F2);
+    EXPECT_EQ(dynamic_cast<TMemoEdit*>(Keyboard())->Value(), TVariant(before));
+    Key(Qt::Key_Return, Qt::ShiftModifier);
+    Type("x");
+    Key(Qt::Key_Return);
+    EXPECT_EQ(cell, TVariant(after));
+  }
+}
+
+TEST_F(GridTest, RowsHaveRoomForWrappedTextsAtEveryWidth) {
+  auto options = Grid.Options();
+  options.RowsFollowContent = true;
+  Grid.SetOptions(options);
+  const int ordinal = AddColumn({"text", "Beurteilung"}, "Arbeitet selbstständig, sorgfältig und stets hilfsbereit");
+  for (int width = 60; width < 260; ++width) {
+    Grid.SetColumnWidth(ordinal, width);
+    Grid.View().FitRows();
+    const QRect cell = Grid.View().visualRect(Grid.View().model()->index(0, ordinal));
+    const QRect area = TGridDelegate::TextArea(cell);
+    const auto text = Grid.View().fontMetrics().boundingRect(area.adjusted(0, 0, 0, 9999), TGridDelegate::Wrapping,
+                                                             FromUtf8(Shown(0, ordinal)));
+    ASSERT_LE(text.height(), cell.height()) << width;
+  }
+}
+
+TEST_F(GridTest, TheDropDownFollowsTheWindowAndMarksTheRowUnderTheMouse) {
+  FocusCell(0, Grade);
+  Key(Qt::Key_F4);
+  const auto& list = Lookup()->List();
+  const auto isBelow = [&] {
+    return list.geometry().topLeft() == Keyboard()->mapToGlobal(QPoint(0, Keyboard()->height()));
+  };
+  EXPECT_TRUE(isBelow());
+  Grid.move(Grid.pos() + QPoint(40, 30));
+  EXPECT_TRUE(isBelow());
+  const QPoint third = list.visualItemRect(list.topLevelItem(2)).center();
+  const auto ground = [&] { return list.viewport()->grab().toImage().pixelColor(third.x(), third.y() - 6); };
+  const QColor before = ground();
+  QMouseEvent move(QEvent::MouseMove, third, list.viewport()->mapToGlobal(third), Qt::NoButton, {}, {});
+  QApplication::sendEvent(list.viewport(), &move);
+  EXPECT_NE(ground(), before);
+  EXPECT_TRUE(Source.Written.empty());
 }
 
 TEST_F(GridTest, ALookupIsAListToAScreenReader) {
@@ -112,6 +172,14 @@ TEST(DesktopLookTest, SelectedTextIsReadableOnEveryPalette) {
     const QPalette now = QApplication::palette();
     EXPECT_EQ(now.color(QPalette::HighlightedText), text);
     EXPECT_GE(Contrast(now.color(QPalette::Highlight), text), MinimumContrast);
+  }
+  for (const auto& [base, text] : {std::pair("#ffffff", "#000000"), std::pair("#1b1e20", "#fcfcfc")}) {
+    QStyleOptionViewItem option;
+    option.palette.setColor(QPalette::Base, base);
+    option.palette.setColor(QPalette::Text, text);
+    const QColor line(static_cast<QRgb>(QApplication::style()->styleHint(QStyle::SH_Table_GridLineColor, &option)));
+    EXPECT_GE(Contrast(line, base), 1.4);
+    EXPECT_LE(Contrast(line, base), 2.2);
   }
   QApplication::setPalette(before);
   EXPECT_NEAR(Contrast(Qt::black, Qt::white), 21, 0.01);

@@ -11,6 +11,7 @@
 #include "DesktopStudentsView.h"
 #include "FakeViews.h"
 #include "SampleProject.h"
+#include "TempFolder.h"
 
 namespace {
 
@@ -252,6 +253,29 @@ TEST_F(StudentsViewScreenTest, ACourseWithoutAStudentIsNoObstacle) {
   FView->GotoNext();
   EXPECT_EQ(Grid().RecordCount(), 4);
   EXPECT_TRUE(FBoxes.Texts.empty());
+}
+
+TEST_F(StudentsViewScreenTest, AnEntryTakenBackLeavesTheProjectAsItWas) {
+  const TempFolder folder;
+  Open();
+  Grid().SetFocus();
+  const struct {
+    bool Modified, Saved, Expected;
+  } cases[] = {{false, false, false}, {true, false, true}, {false, true, true}};
+  for (const auto& [modified, saved, expected] : cases) {
+    bool told = false;
+    FProject->CoursesByStudent(Student(0).TessaronId.Value)->GetItem(0)->Note1Id.SetNull();
+    FProject->SetModified(modified);
+    FProject->OnModified = [&] { told = FProject->Modified(); };
+    QTest::keyClick(&Grid().View(), '1');
+    EXPECT_TRUE(told);
+    if (saved) FProject->SaveFile(folder / "a.kvrxr");
+    QTest::keyClick(Grid().View().indexWidget(Grid().View().currentIndex()), Qt::Key_Escape);
+    EXPECT_FALSE(Grid().IsEditing());
+    EXPECT_EQ(FProject->Modified(), expected);
+    EXPECT_EQ(told, expected);
+    FProject->OnModified = nullptr;
+  }
 }
 
 }  // namespace

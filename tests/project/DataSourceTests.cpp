@@ -87,6 +87,9 @@ TEST_F(DataSourceTest, WritingStoresByKindAndAlwaysMarksAsModified) {
 
 TEST_F(DataSourceTest, LookupTablesMirrorTheProject) {
   bool told = false;
+  auto& status = *FProject->Fachstati().GetItem(0);
+  status.Token = "ein Kürzel mit mehr als zwanzig Zeichen";
+  status.Description = std::string(400, 'b');
   {
     const auto module = CreateLookupModule(*FProject);
     EXPECT_EQ(LookupModule, module.get());
@@ -94,7 +97,8 @@ TEST_F(DataSourceTest, LookupTablesMirrorTheProject) {
     EXPECT_EQ(module->Grades.RecordCount(), FProject->Noten().Count());
     for (int i = 1; i < module->Grades.RecordCount(); ++i)
       EXPECT_LE(CompareText(module->Grades.ValueAt(i - 1, 1).AsText(), module->Grades.ValueAt(i, 1).AsText()), 0);
-    EXPECT_EQ(module->Fachstati.ValueAt(0, 0), TVariant(FProject->Fachstati().GetItem(0)->Token));
+    EXPECT_EQ(module->Fachstati.ValueAt(0, 0), TVariant(status.Token));
+    EXPECT_EQ(module->Fachstati.ValueAt(0, 1), TVariant(status.Description));
     const auto& grade = *FProject->Noten().GetItem(0);
     EXPECT_EQ(module->gv_Grades.Table->Lookup(module->gv_Grades.KeyField, grade.TessaronId, "Token"),
               TVariant(grade.Token));

@@ -19,6 +19,7 @@ class FakeGrid : public TVantrelGrid, private TVantrelTableListener {
     const auto& column = Columns().at(static_cast<std::size_t>(ordinal));
     if (FOptions.ReadOnly || !column.Editing || FFocused < 0 || !OnEditing(ordinal)) return false;
     FFocusedColumn = ordinal;
+    if (OnEditStarted) OnEditStarted();
     FEditor = value;
     if (OnEditChanged) OnEditChanged(ordinal);
     return true;

@@ -1,0 +1,105 @@
+#include <QKeyEvent>
+#include <QLocale>
+#include <QRegularExpression>
+#include <algorithm>
+#include <optional>
+
+#include "CellEditors.h"
+#include "GridData.h"
+
+namespace {
+
+/// What is left of a text after a piece of it was taken out.
+bool IsShortened(const QString& text, const QString& rest) {
+  if (rest.size() > text.size()) return false;
+  const auto [inRest, inText] = std::mismatch(rest.begin(), rest.end(), text.begin());
+  return text.endsWith(QStringView(inRest, rest.end()));
+}
+
+std::optional<double> ReadNumber(const QString& text) {
+  bool isNumber = false;
+  const double number = QLocale().toDouble(text, &isNumber);
+  return isNumber ? std::optional(number) : std::nullopt;
+}
+
+}  // namespace
+
+TNumberEdit::TNumberEdit(double minimum, double maximum, int decimals, QWidget* parent)
+    : QAbstractSpinBox(parent), FMinimum(minimum), FMaximum(maximum), FDecimals(decimals) {
+  setFrame(false);
+  connect(lineEdit(), &QLineEdit::textChanged, this, [this](const QString& text) { FText = text; });
+  connect(lineEdit(), &QLineEdit::textEdited, this, [this] { Changed(); });
+  connect(lineEdit(), &QLineEdit::inputRejected, this, [this] {
+    FKeyRefused = true;
+    Refuse();
+  });
+}
+
+void TNumberEdit::Begin(bool atEnd) {
+  if (atEnd)
+    lineEdit()->end(false);
+  else
+    selectAll();
+}
+
+bool TNumberEdit::CanStore() const {
+  if (lineEdit()->text().isEmpty()) return true;
+  const auto number = ReadNumber(lineEdit()->text());
+  return number && *number >= FMinimum && *number <= FMaximum;
+}
+
+TVariant TNumberEdit::Entered() const {
+  const auto number = ReadNumber(lineEdit()->text());
+  return number && CanStore() ? NumberOf(*number) : TVariant::Null();
+}
+
+TVariant TNumberEdit::NumberOf(double number) const {
+  return FDecimals > 0 ? TVariant(number) : TVariant(static_cast<std::int32_t>(number));
+}
+
+void TNumberEdit::Show(const TVariant& value, const QString&) {
+  SetText(value);
+}
+
+void TNumberEdit::SetText(const TVariant& value) {
+  FText = NumberText(value);
+  lineEdit()->setText(FText);
+}
+
+void TNumberEdit::stepBy(int steps) {
+  const auto number = ReadNumber(lineEdit()->text());
+  SetText(NumberOf(number ? std::clamp(*number + steps, FMinimum, FMaximum) : std::max(0.0, FMinimum)));
+  selectAll();
+  Changed();
+}
+
+bool TNumberEdit::Takes(const QString& text) const {
+  static const QRegularExpression form("^(-?)\\d*(,(\\d*))?$");
+  const auto match = form.match(text);
+  if (!match.hasMatch()) return false;
+  if (match.hasCaptured(1) && !match.captured(1).isEmpty() && FMinimum >= 0) return false;
+  if (match.hasCaptured(2) && (FDecimals == 0 || match.captured(3).size() > FDecimals)) return false;
+  const double number = ReadNumber(text).value_or(0);
+  return number <= FMaximum && number >= std::min(FMinimum, 0.0);
+}
+
+QValidator::State TNumberEdit::validate(QString& input, int&) const {
+  if (IsShortened(FText, input)) return QValidator::Acceptable;
+  input.replace('.', ',');
+  return Takes(input) ? QValidator::Acceptable : QValidator::Invalid;
+}
+
+void TNumberEdit::keyPressEvent(QKeyEvent* event) {
+  const QString typed = event->text();
+  const bool isComma = typed == "," || typed == ".";
+  const bool isDigit = !typed.isEmpty() && typed.front().isDigit();
+  // Digits behind a comma that was refused are places that the field does not have.
+  if (FCommaRefused && isDigit) return Refuse();
+  FKeyRefused = false;
+  QAbstractSpinBox::keyPressEvent(event);
+  FCommaRefused = isComma && FKeyRefused;
+}
+
+void TNumberEdit::wheelEvent(QWheelEvent* event) {
+  event->ignore();
+}
