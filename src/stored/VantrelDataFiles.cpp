@@ -45,6 +45,8 @@ void TVantrelDataStorage::LoadFromFile(const std::string& name, TVantrelDataStor
                               fomOpenRead);
     try {
       LoadFromStream(stream, sourceFormat);
+    } catch (const EOutOfMemory&) {
+      throw;
     } catch (const std::exception&) {
       NoteDamagedFile(source);
       throw;
@@ -73,6 +75,9 @@ void TVantrelDataStorage::OpenHeld(const std::string& name, TVantrelDataStorageF
                     : std::make_unique<TVantrelFileStream>(name, access, mode);
   try {
     LoadFromStream(*FFileStream, format);
+  } catch (const EOutOfMemory&) {
+    FFileStream.reset();
+    throw;
   } catch (const std::exception&) {
     FFileStream.reset();
     NoteDamagedFile(name);
