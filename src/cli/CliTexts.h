@@ -53,6 +53,7 @@ inline constexpr const char* WrongPassword = "Das angegebene Passwort ist nicht 
 inline constexpr const char* PasswordNeeded =
     "Die Datei „{}“ ist mit einem Kennwort geschützt. Geben Sie es mit --password-file DATEI an.";
 inline constexpr const char* NoPasswordFile = "Die Kennwortdatei „{}“ kann nicht gelesen werden.";
+inline constexpr const char* Losses = "Die Art von „{}“ kann nicht alles halten, was die Quelle hat:";
 inline constexpr const char* Converted = "„{}“ wurde als „{}“ gespeichert.";
 
 inline constexpr const char* SampleMade = "„{}“ wurde hergestellt: {} Schüler, {} Kurse.";
@@ -97,6 +98,9 @@ inline constexpr const char* Removed = "entfernt: {}";
 inline constexpr const char* StudentAdded = "Schüler neu in der Datei";
 inline constexpr const char* StudentRemoved = "Schüler nicht mehr in der Datei";
 inline constexpr const char* PasswordChanged = "Das Kennwort wurde geändert.";
+inline constexpr const char* Entries = "Anzahl der Einträge";
+inline constexpr const char* OrderFrom = "Reihenfolge ab Platz {}";
+inline constexpr const char* OptionsId = "Objektnummer der Optionen";
 inline constexpr const char* Header = "Kopfdaten";
 inline constexpr const char* Catalog = "Katalog {}";
 inline constexpr const char* Grades = "Noten";

@@ -2,6 +2,7 @@
 
 #include <cmath>
 #include <map>
+#include <set>
 
 #include "CliTexts.h"
 #include "ProjectTexts.h"
@@ -15,20 +16,18 @@ using RecordTexts::Printable;
 using RecordTexts::StudentName;
 using TLines = std::vector<std::string>;
 
-constexpr std::string_view PasswordKey = "Password";
+constexpr std::string_view PasswordKey = "Password", AbsenceKey = "AbsenceBehaviour";
 
-bool SameValue(const TVariant& a, const TVariant& b) {
-  if (a == b) return true;
-  const auto isNan = [](const TVariant& value) {
-    const auto kind = value.Kind();
-    return (kind == TVariantKind::Float || kind == TVariantKind::DateTime) && std::isnan(value.AsFloat());
-  };
-  return isNan(a) && isNan(b);
+bool IsNan(const TVariant& value) {
+  const auto kind = value.Kind();
+  return (kind == TVariantKind::Float || kind == TVariantKind::DateTime) && std::isnan(value.AsFloat());
 }
 
 class TComparer {
  public:
-  TComparer(const TMyTessaronProject& before, const TMyTessaronProject& after) : FBefore(before), FAfter(after) {}
+  TComparer(const TMyTessaronProject& before, const TMyTessaronProject& after,
+            const std::function<std::string(std::string_view)>& rewritten)
+      : FBefore(before), FAfter(after), FRewritten(rewritten) {}
 
   std::vector<TDifferences> Compare() {
     CompareHeader();
@@ -44,19 +43,35 @@ class TComparer {
     if (!lines.empty()) FFound.push_back({std::move(title), std::move(lines)});
   }
 
-  /// The line of one changed field; `record` is empty where the title says whose it is.
-  std::string Line(const std::string& record, std::string_view key, const TVariant& before,
+  bool SameValue(const TVariant& before, const TVariant& after) const {
+    if (before == after || (IsNan(before) && IsNan(after))) return true;
+    return FRewritten && before.Kind() == TVariantKind::Text && after == TVariant(FRewritten(before.AsText()));
+  }
+
+  /// What has changed in a thing that has a caption; `record` is empty where the title says whose it is.
+  static std::string Change(const std::string& record, const std::string& caption, const std::string& old,
+                            const std::string& now) {
+    return FormatText(CliTexts::Changed, record.empty() ? caption : FormatText(CliTexts::ChangedOf, record, caption),
+                      old, now);
+  }
+
+  /// The line of one changed field.
+  std::string Line(const std::string& record, std::string_view key, const std::string& caption, const TVariant& before,
                    const TVariant& after) const {
     if (key == PasswordKey) return ResourceText(CliTexts::PasswordChanged);
-    const auto caption = RecordTexts::FieldCaption(FAfter, key);
     auto old = RecordTexts::FieldValue(FBefore, key, before, false);
     auto now = RecordTexts::FieldValue(FAfter, key, after, false);
     if (old == now) {
       old = RecordTexts::FieldValue(FBefore, key, before, true);
       now = RecordTexts::FieldValue(FAfter, key, after, true);
     }
-    return FormatText(CliTexts::Changed, record.empty() ? caption : FormatText(CliTexts::ChangedOf, record, caption),
-                      old, now);
+    return Change(record, caption, old, now);
+  }
+
+  template <class TRecord>
+  std::string CaptionOf(std::string_view key) const {
+    constexpr bool hasColumns = std::is_same_v<TRecord, TStudent> || std::is_same_v<TRecord, TCourse>;
+    return hasColumns ? RecordTexts::FieldCaption(FAfter, key) : RecordTexts::OwnCaption(key);
   }
 
   template <class TRecord>
@@ -65,7 +80,8 @@ class TComparer {
     before.VisitFields([&](std::string_view, const TVariant& value) { old.push_back(value); });
     std::size_t field = 0;
     after.VisitFields([&](std::string_view key, const TVariant& now) {
-      if (const auto& was = old[field++]; !SameValue(was, now)) lines.push_back(Line(name, key, was, now));
+      if (const auto& was = old[field++]; !SameValue(was, now))
+        lines.push_back(Line(name, key, CaptionOf<TRecord>(key), was, now));
     });
   }
 
@@ -86,6 +102,39 @@ class TComparer {
     }
   }
 
+  /// What has become of the list itself: entries of an item that were added or left out, and where the order of the
+  /// others begins to differ.
+  template <class TItem, class TNameOf>
+  static TLines CompareEntries(const TVantrelDataListOf<TItem>& before, const TVantrelDataListOf<TItem>& after,
+                               TNameOf nameOf) {
+    std::map<TGuid, std::pair<int, int>> counts;
+    for (int i = 0; i < before.Count(); ++i) ++counts[before.GetItem(i)->ID()].first;
+    for (int i = 0; i < after.Count(); ++i) ++counts[after.GetItem(i)->ID()].second;
+    TLines lines;
+    std::set<TGuid> told;
+    std::vector<const TItem*> kept;
+    for (int i = 0; i < after.Count(); ++i) {
+      const auto* item = after.GetItem(i);
+      const auto& [old, now] = counts[item->ID()];
+      if (old == now) {
+        kept.push_back(item);
+      } else if (std::max(old, now) > 1 && told.insert(item->ID()).second) {
+        lines.push_back(
+            Change(nameOf(*item), ResourceText(CliTexts::Entries), std::to_string(old), std::to_string(now)));
+      }
+    }
+    std::size_t place = 0;
+    for (int i = 0; i < before.Count(); ++i) {
+      const auto* item = before.GetItem(i);
+      if (const auto& [old, now] = counts[item->ID()]; old != now) continue;
+      const auto* other = kept[place++];
+      if (item->ID() == other->ID()) continue;
+      lines.push_back(Change({}, FormatText(CliTexts::OrderFrom, place), nameOf(*item), nameOf(*other)));
+      break;
+    }
+    return lines;
+  }
+
   template <class TItem, class TNameOf>
   TLines CompareList(const TVantrelDataListOf<TItem>& before, const TVantrelDataListOf<TItem>& after,
                      TNameOf nameOf) const {
@@ -99,6 +148,7 @@ class TComparer {
         CompareFields(nameOf(*old), *old, *now, lines);
       }
     });
+    Append(lines, CompareEntries(before, after, nameOf));
     return lines;
   }
 
@@ -109,7 +159,9 @@ class TComparer {
       return TVariant(static_cast<std::int32_t>(project.Options().AbsenceBehaviour()));
     };
     if (behaviour(FBefore) != behaviour(FAfter))
-      lines.push_back(Line({}, "AbsenceBehaviour", behaviour(FBefore), behaviour(FAfter)));
+      lines.push_back(Line({}, AbsenceKey, RecordTexts::OwnCaption(AbsenceKey), behaviour(FBefore), behaviour(FAfter)));
+    if (const auto& old = FBefore.Options().ID(), &now = FAfter.Options().ID(); old != now)
+      lines.push_back(Change({}, ResourceText(CliTexts::OptionsId), GuidToText(old), GuidToText(now)));
     Add(ResourceText(CliTexts::Header), std::move(lines));
   }
 
@@ -144,18 +196,24 @@ class TComparer {
         CompareCourse(*old, *now, lines);
       }
     });
+    Add(ResourceText(CliTexts::InfoCourses),
+        CompareEntries(FBefore.Courses(), FAfter.Courses(), [this](const TCourse& course) {
+          return FormatText(CliTexts::ChangedOf, StudentName(FAfter, course.Student), CourseName(course));
+        }));
   }
 
   void CompareCourse(const TCourse& before, const TCourse& after, TLines& lines) const {
     const auto idOf = [](const TCourse& course) { return course.Student == nullptr ? TGuid() : course.Student->ID(); };
     if (idOf(before) != idOf(after))
-      lines.push_back(FormatText(CliTexts::Changed,
-                                 FormatText(CliTexts::ChangedOf, CourseName(after), ResourceText(CliTexts::Student)),
-                                 StudentName(FBefore, before.Student), StudentName(FAfter, after.Student)));
+      lines.push_back(Change(CourseName(after), ResourceText(CliTexts::Student), StudentName(FBefore, before.Student),
+                             StudentName(FAfter, after.Student)));
     CompareFields(CourseName(after), before, after, lines);
   }
 
   void CompareStudents() {
+    Add(ResourceText(CliTexts::InfoStudents),
+        CompareEntries(FBefore.Students(), FAfter.Students(),
+                       [this](const TStudent& student) { return StudentName(FAfter, &student); }));
     ForPairs(FBefore.Students(), FAfter.Students(), [this](TStudent* old, TStudent* now) {
       TLines lines;
       if (old == nullptr) {
@@ -184,6 +242,7 @@ class TComparer {
 
   const TMyTessaronProject& FBefore;
   const TMyTessaronProject& FAfter;
+  const std::function<std::string(std::string_view)>& FRewritten;
   /// Differences in courses by the object id of their student.
   std::map<TGuid, TLines> FCourseLines;
   std::vector<TDifferences> FFound;
@@ -191,6 +250,14 @@ class TComparer {
 
 }  // namespace
 
-std::vector<TDifferences> FindDifferences(const TMyTessaronProject& before, const TMyTessaronProject& after) {
-  return TComparer(before, after).Compare();
+std::vector<TDifferences> FindDifferences(const TMyTessaronProject& before, const TMyTessaronProject& after,
+                                          const std::function<std::string(std::string_view)>& rewritten) {
+  return TComparer(before, after, rewritten).Compare();
+}
+
+void PrintDifferences(const std::vector<TDifferences>& differences, std::ostream& target) {
+  for (const auto& part : differences) {
+    target << part.Title << '\n';
+    for (const auto& line : part.Lines) target << "  " << line << '\n';
+  }
 }

@@ -49,6 +49,12 @@ class EVantrelWin32Error : public EVantrelException {
   std::uint32_t FErrorCode;
 };
 
+/// The memory does not suffice for what was asked for: no damage of a file.
+class EOutOfMemory : public EVantrelWin32Error {
+ public:
+  EOutOfMemory() : EVantrelWin32Error(TVantrelErrorCode::NotEnoughMemory) {}
+};
+
 class EVantrelFileSystemError : public EVantrelWin32Error {
   using EVantrelWin32Error::EVantrelWin32Error;
 };

@@ -104,7 +104,8 @@ class TMyTessaronProject final : public TVantrelDataStorage {
   int ProductEdition() const;
 
   /// Opens a file for editing, by the kind that its extension tells; an empty name means FileName. The file stays held.
-  /// An unknown kind: nothing is read. Which failures raise, show a box or pass in silence goes by the kind:
+  /// An unknown kind: nothing is read. Short memory raises EOutOfMemory. Which other failures raise, show a box or pass
+  /// in silence goes by the kind:
   /// a missing or locked .kvrx and a locked file of the other kinds raise EVantrelFileHandleError; a damaged .kvrx
   /// shows an error box and leaves FileName empty; a missing or damaged file of the other kinds passes in silence
   /// (see LoadDamage).

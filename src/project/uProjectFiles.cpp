@@ -8,6 +8,7 @@
 #include "VantrelMsgBox.h"
 #include "VantrelPaths.h"
 #include "VantrelText.h"
+#include "VantrelXmlText.h"
 #include "uProject.h"
 
 using enum TVantrelFileAccessMode;
@@ -84,7 +85,7 @@ bool TMyTessaronProject::LoadForReading(const std::string& fileName) {
   return true;
 }
 
-void TMyTessaronProject::ReadEnciphered(const std::string& fileName) {
+void TMyTessaronProject::ReadEnciphered(const std::string& fileName) try {
   TVantrelMemoryStream plain;
   {
     TVantrelFileStream enciphered(fileName, famShareDenyWrite, fomOpenRead);
@@ -97,6 +98,8 @@ void TMyTessaronProject::ReadEnciphered(const std::string& fileName) {
   }
   plain.SetPosition(0);
   LoadFromXmlStream(plain);
+} catch (const std::bad_alloc&) {
+  throw EOutOfMemory();
 }
 
 void TMyTessaronProject::LoadEncryptedXml(const std::string& fileName) {
@@ -108,6 +111,8 @@ void TMyTessaronProject::LoadEncryptedXml(const std::string& fileName) {
           SetFileName(fileName);
           FIsWriteProtected = TVantrelFileSystem::GetFileMode(fileName) == TVantrelFileMode::fmodeReadOnly;
         } catch (const EVantrelFileHandleError&) {
+          throw;
+        } catch (const EOutOfMemory&) {
           throw;
         } catch (const std::exception& error) {
           NoteDamagedFile(fileName);
@@ -157,12 +162,8 @@ void TMyTessaronProject::SaveEncryptedXml(const std::string& fileName) {
 }
 
 void TMyTessaronProject::RequireStorablePassword() const {
-  for (const char16_t unit : Utf8ToUtf16(Password)) {
-    const bool control = unit < 0x20 && unit != u'\t' && unit != u'\n' && unit != u'\r';
-    const bool surrogate = unit >= 0xD800 && unit < 0xE000;
-    if (control || surrogate || unit >= 0xFFFE)
-      throw EVantrelException(ResourceText(ProjectTexts::PasswordNotStorable));
-  }
+  if (Utf8ToUtf16(XmlText(Password)) != Utf8ToUtf16(Password))
+    throw EVantrelException(ResourceText(ProjectTexts::PasswordNotStorable));
 }
 
 void TMyTessaronProject::HoldFile() {

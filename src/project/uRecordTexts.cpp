@@ -101,11 +101,14 @@ bool IsGradeKey(std::string_view key) {
   return key.ends_with("GradeId") || (key.ends_with("ID") && key != "ID");
 }
 
-std::string FieldCaption(const TMyTessaronProject& project, std::string_view key) {
-  const auto* column = project.Options().Columns().Find(FieldnameOf(key));
-  if (column != nullptr && !column->Customname().empty()) return Printable(column->Customname());
+std::string OwnCaption(std::string_view key) {
   const auto* known = std::ranges::find(ProjectTexts::Captions, key, [](const auto& entry) { return entry.Key; });
   return known == std::end(ProjectTexts::Captions) ? std::string(FieldnameOf(key)) : ResourceText(known->Caption);
+}
+
+std::string FieldCaption(const TMyTessaronProject& project, std::string_view key) {
+  const auto* column = project.Options().Columns().Find(FieldnameOf(key));
+  return column == nullptr || column->Customname().empty() ? OwnCaption(key) : Printable(column->Customname());
 }
 
 std::string FieldValue(const TMyTessaronProject& project, std::string_view key, const TVariant& value, bool exact) {

@@ -34,7 +34,9 @@ std::string CourseName(const TCourse& course);
 
 /// The stored key names a field that holds the id of a grade.
 bool IsGradeKey(std::string_view key);
-/// The caption of the field's column, or else a word of our own, or else the key.
+/// A word of our own for the field, or else the key.
+std::string OwnCaption(std::string_view key);
+/// The caption of the column that shows the field of a student or a course, or else OwnCaption.
 std::string FieldCaption(const TMyTessaronProject& project, std::string_view key);
 /// The value as the user reads it: grades and classes by token, "leer" for null and an empty text. Exact: so that
 /// different values are shown differently.

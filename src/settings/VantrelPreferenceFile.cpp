@@ -9,6 +9,7 @@
 #include "VantrelI18n.h"
 #include "VantrelSafeSave.h"
 #include "VantrelText.h"
+#include "VantrelXmlText.h"
 
 namespace {
 

@@ -18,6 +18,7 @@ inline constexpr const char* ObjectTaken =
     "Das Objekt {} kommt in der Datei an zwei Stellen vor, die es beide besitzen.";
 inline constexpr const char* ObjectInItself = "Das Objekt {} enthält sich selbst.";
 inline constexpr const char* TooDeep = "Die Daten der Datei sind zu tief verschachtelt.";
+inline constexpr const char* TooManyNames = "Die Datei enthält zu viele verschiedene Namen für eine Projektdatei.";
 inline constexpr const char* DocumentType = "Angaben zum Dokumenttyp (DOCTYPE) sind nicht erlaubt.";
 inline constexpr const char* GraphicSize = "Die Größe {} eines Bildes passt nicht zu seinen Daten.";
 inline constexpr const char* EmptyChar = "Ein Zeichen wird erwartet, der Text ist leer.";

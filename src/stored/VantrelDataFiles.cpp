@@ -41,6 +41,8 @@ void TVantrelDataStorage::LoadFromFile(const std::string& name, TVantrelDataStor
                               fomOpenRead);
     try {
       LoadFromStream(stream, sourceFormat);
+    } catch (const EOutOfMemory&) {
+      throw;
     } catch (const std::exception&) {
       NoteDamagedFile(source);
       throw;
@@ -71,6 +73,9 @@ void TVantrelDataStorage::OpenHeld(const std::string& name, TVantrelDataStorageF
   bool isWhole = true;
   try {
     LoadFromStream(*FFileStream, format);
+  } catch (const EOutOfMemory&) {
+    FFileStream.reset();
+    throw;
   } catch (const std::exception&) {
     isWhole = false;
     NoteDamagedFile(name);

@@ -46,19 +46,6 @@ std::string_view EscapeOf(char c) {
   }
 }
 
-/// The escape helper of the form: a quote stays as it is.
-std::string Escape(std::string_view text) {
-  std::string escaped;
-  for (const char c : text) {
-    const auto escape = EscapeOf(c);
-    if (escape.empty())
-      escaped.push_back(c);
-    else
-      escaped.append(escape);
-  }
-  return escaped;
-}
-
 /// The serialiser's level: the same table and the quote, nothing else (json-c would turn other control characters
 /// into \u forms).
 int SerialiseString(json_object* value, printbuf* target, int, int) {
@@ -88,7 +75,32 @@ std::string_view TextOf(json_object* value) {
   return text;
 }
 
+/// The text with every NUL in the form that the parser takes.
+std::string WithReadableNuls(std::string text) {
+  if (text.find('\0') == std::string::npos) return text;
+  std::string readable;
+  for (const char c : text) {
+    if (c == '\0')
+      readable.append("\\u0000");
+    else
+      readable.push_back(c);
+  }
+  return readable;
+}
+
 }  // namespace
+
+std::string JsonText(std::string_view text) {
+  std::string escaped;
+  for (const char c : text) {
+    const auto escape = EscapeOf(c);
+    if (escape.empty())
+      escaped.push_back(c);
+    else
+      escaped.append(escape);
+  }
+  return escaped;
+}
 
 void TJsonDeleter::operator()(json_object* value) const {
   json_object_put(value);
@@ -101,7 +113,9 @@ TVantrelDataObjectJsonWriter::TVantrelDataObjectJsonWriter(TVantrelDataStorage& 
 }
 
 void TVantrelDataObjectJsonWriter::Finish() {
-  const auto text = Utf8ToAnsi(json_object_to_json_string_ext(FDocument.get(), JSON_C_TO_STRING_PRETTY));
+  std::size_t length = 0;
+  const char* document = json_object_to_json_string_length(FDocument.get(), JSON_C_TO_STRING_PRETTY, &length);
+  const auto text = Utf8ToAnsi({Checked(document), length});
   const auto size = static_cast<std::int64_t>(text.size());
   if (FStream.Write(text.data(), size) != size) throw EVantrelWriterError(ResourceText(FoundationTexts::ShortWrite));
 }
@@ -118,7 +132,7 @@ void TVantrelDataObjectJsonWriter::WriteText(std::string_view name, std::string_
 }
 
 void TVantrelDataObjectJsonWriter::WriteString(std::string_view name, std::string_view value) {
-  WriteText(name, Escape(RepairUtf8(value)));
+  WriteText(name, JsonText(RepairUtf8(value)));
 }
 
 void TVantrelDataObjectJsonWriter::Enter(std::string_view name) {
@@ -176,7 +190,7 @@ void TVantrelDataObjectJsonWriter::WriteDataObjectRef(std::string_view name, con
 
 void TVantrelDataObjectJsonReader::Open() {
   const auto bytes = FStream.ReadAll();
-  const auto text = AnsiToUtf8({reinterpret_cast<const char*>(bytes.data()), bytes.size()});
+  const auto text = WithReadableNuls(AnsiToUtf8({reinterpret_cast<const char*>(bytes.data()), bytes.size()}));
   struct TFree {
     void operator()(json_tokener* tokener) const { json_tokener_free(tokener); }
   };

@@ -12,6 +12,9 @@ struct TJsonDeleter {
 };
 using TJsonValue = std::unique_ptr<json_object, TJsonDeleter>;
 
+/// The text as the escape helper of the form makes it (a quote stays as it is), which reading does not undo.
+std::string JsonText(std::string_view text);
+
 /// Builds the document as one JSON object and puts it into the stream, in the ANSI code page, when it is finished.
 /// Every scalar is a JSON string; a text goes through the escape helper of the form before the serialiser escapes it.
 class TVantrelDataObjectJsonWriter final : public TVantrelDataObjectTextWriter {

@@ -69,14 +69,28 @@ template <class TReader>
 void TVantrelDataStorage::LoadThrough(TVantrelStream& stream) {
   FLoadDamage.reset();
   FLoadNotes.clear();
+  try {
+    LoadWith<TReader>(stream);
+  } catch (const std::bad_alloc&) {
+    // Makes room for the message too.
+    Clear();
+    throw EOutOfMemory();
+  }
+}
+
+template <class TReader>
+void TVantrelDataStorage::LoadWith(TVantrelStream& stream) {
   const bool modified = FModified;
-  FObjects.Reserve((stream.Size() - stream.Position()) / TReader::UsualBytesPerObject);
   TReader reader(*this, stream);
   try {
+    FObjects.Reserve((stream.Size() - stream.Position()) / TReader::UsualBytesPerObject);
     reader.Open();
     const TStateScope scope(FState, TVantrelDataStorageState::dssLoading, TVantrelDataStorageState::dssNormal);
     ReadData(reader);
     FLoadNotes = reader.Notes();
+  } catch (const std::bad_alloc&) {
+    FModified = modified;
+    throw;
   } catch (const std::exception& error) {
     FLoadDamage = TVantrelLoadDamage{error.what(), reader.Place()};
     FModified = modified;
@@ -120,6 +134,8 @@ void TVantrelDataStorage::LoadFromZipStream(TVantrelStream& stream) {
   TVantrelMemoryStream plain;
   try {
     plain.Bytes() = InflateAll(stream);
+  } catch (const std::bad_alloc&) {
+    throw EOutOfMemory();
   } catch (const std::exception& error) {
     FLoadDamage =
         TVantrelLoadDamage{error.what(), FormatText(StoredTexts::PlaceInBytes, stream.Position(), stream.Size())};

@@ -77,12 +77,13 @@ class TVantrelDataStorage : public TVantrelAbstractDataObject {
   /// Closes the file and empties the document and its file name.
   void NewFile();
 
-  /// Loads and lets the file go. A missing file (and missing fallback): nothing. Failures go to the caller.
+  /// Loads and lets the file go. A missing file (and missing fallback): nothing. Failures go to the caller;
+  /// short memory, which is no damage, as EOutOfMemory, here and in all that read: the document is then empty.
   virtual void LoadFromFile(const std::string& name, TVantrelDataStorageFormat format);
   void LoadFromFile(TVantrelDataStorageFormat format) { LoadFromFile(std::string(FFileName), format); }
   /// The three open operations load and hold the file: for read and write with others reading (or for reading,
   /// where that fails), for reading only, for nobody else. An empty or missing name: nothing. A failure to open goes to
-  /// the caller; a failure to read does not (see LoadDamage), but lets the file go.
+  /// the caller, short memory too; a failure to read does not (see LoadDamage), but lets the file go.
   void OpenFile(const std::string& name, TVantrelDataStorageFormat format);
   void OpenFile(TVantrelDataStorageFormat format) { OpenFile(std::string(FFileName), format); }
   void OpenFileReadOnly(const std::string& name, TVantrelDataStorageFormat format);
@@ -146,6 +147,8 @@ class TVantrelDataStorage : public TVantrelAbstractDataObject {
   void Load(TVantrelDataObjectReader& reader);
   template <class TReader>
   void LoadThrough(TVantrelStream& stream);
+  template <class TReader>
+  void LoadWith(TVantrelStream& stream);
   template <class TWriter>
   void SaveThrough(TVantrelStream& stream);
   std::vector<std::uint8_t> WholeDocument(TVantrelDataStorageFormat format);

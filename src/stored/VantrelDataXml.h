@@ -6,7 +6,8 @@
 #include "VantrelXml.h"
 
 /// Builds the document in memory and puts it into the stream when it is finished: UTF-8, an element a line, indented.
-/// Characters that XML cannot hold are left out; carriage returns are written so that they survive.
+/// Ill-formed UTF-8 becomes U+FFFD, other characters that XML cannot hold are left out; carriage returns are written so
+/// that they survive.
 class TVantrelDataObjectXMLWriter final : public TVantrelDataObjectTextWriter {
  public:
   TVantrelDataObjectXMLWriter(TVantrelDataStorage& storage, TVantrelStream& stream);

@@ -87,7 +87,9 @@ void TVantrelDataObjectXMLReader::Leave() {
 }
 
 TXmlTree::TElement* TVantrelDataObjectXMLReader::FindFrom(TElement* element, std::string_view name) {
-  while (element != nullptr && TXmlTree::NameOf(*element) != name) element = FTree.Next(*element);
+  const auto* known = FTree.KnownName(name);
+  if (known == nullptr) return nullptr;
+  while (element != nullptr && element->Name != known) element = FTree.Next(*element);
   return element;
 }
 

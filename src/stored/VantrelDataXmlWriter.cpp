@@ -1,4 +1,3 @@
-#include <algorithm>
 #include <array>
 
 #include "FoundationTexts.h"
@@ -6,7 +5,7 @@
 #include "VantrelDataStorage.h"
 #include "VantrelDataXml.h"
 #include "VantrelI18n.h"
-#include "VantrelText.h"
+#include "VantrelXmlText.h"
 
 namespace {
 
@@ -15,20 +14,20 @@ constexpr std::int64_t UsualBytesPerObject = 1600;
 /// The text goes to the stream in pieces of about this size, which stay in the processor's cache.
 constexpr std::size_t ChunkSize = 128 << 10;
 
-/// What must be done about a byte of a text: nothing, an entity, or a closer look, since it may begin something that
-/// XML cannot hold (a control character, an encoded surrogate, U+FFFE, U+FFFF, or ill-formed UTF-8).
-enum class TCare : std::uint8_t { None, Entity, Look };
+/// What must be done about a byte of a text, as bits: an entity, or a closer look, since it may belong to something
+/// that XML cannot hold.
+constexpr std::uint8_t Entity = 1, Look = 2;
 
 constexpr auto CareOf = [] {
-  std::array<TCare, 256> care{};
+  std::array<std::uint8_t, 256> care{};
   for (std::size_t byte = 0; byte < care.size(); ++byte)
-    if (byte < 0x20 || byte == 0xED || byte == 0xEF || byte >= 0xF0) care[byte] = TCare::Look;
-  care['\t'] = care['\n'] = TCare::None;
-  for (const char c : {'&', '<', '>', '\r'}) care[static_cast<unsigned char>(c)] = TCare::Entity;
+    if (byte < 0x20 || byte >= 0x80) care[byte] = Look;
+  care['\t'] = care['\n'] = 0;
+  for (const char c : {'&', '<', '>', '\r'}) care[static_cast<unsigned char>(c)] = Entity;
   return care;
 }();
 
-TCare CareFor(char c) {
+std::uint8_t CareFor(char c) {
   return CareOf[static_cast<unsigned char>(c)];
 }
 
@@ -48,7 +47,7 @@ std::string_view EntityOf(char c) {
 void AppendEscaped(std::string& target, std::string_view text) {
   std::size_t begin = 0;
   for (std::size_t i = 0; i < text.size(); ++i) {
-    if (CareFor(text[i]) != TCare::Entity) continue;
+    if (CareFor(text[i]) != Entity) continue;
     target.append(text, begin, i - begin).append(EntityOf(text[i]));
     begin = i + 1;
   }
@@ -101,14 +100,14 @@ void TVantrelDataObjectXMLWriter::EndTag(std::string_view name, std::string_view
 }
 
 void TVantrelDataObjectXMLWriter::AppendText(std::string_view text) {
-  TCare care = TCare::None;
-  for (const char c : text) care = std::max(care, CareFor(c));
-  if (care == TCare::None)
-    FText.append(text);
-  else if (care == TCare::Entity)
+  std::uint8_t care = 0;
+  for (const char c : text) care |= CareFor(c);
+  if ((care & Look) != 0 && !XmlHolds(text))
+    AppendEscaped(FText, XmlText(text));
+  else if ((care & Entity) != 0)
     AppendEscaped(FText, text);
   else
-    AppendEscaped(FText, XmlText(text));
+    FText.append(text);
 }
 
 void TVantrelDataObjectXMLWriter::Enter(std::string_view name) {

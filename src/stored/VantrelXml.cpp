@@ -9,24 +9,25 @@
 #include "StoredTexts.h"
 #include "VantrelDataIO.h"
 #include "VantrelI18n.h"
-#include "VantrelText.h"
 
 namespace {
+
+/// Room for the different names of a document that is only read, some ten times what those of a project take. The
+/// parser compares the attributes of an element each with each, and its table of names stays small.
+constexpr std::size_t FewNames = 20'000;
+/// Room for those of a document whose names are the user's own.
+constexpr std::size_t ManyNames = 10'000'000;
 
 bool IsBlank(char c) {
   return c == ' ' || c == '\n' || c == '\t' || c == '\r';
 }
 
-bool XmlCanHold(char32_t c) {
-  return c == '\t' || c == '\n' || c == '\r' || (c >= 0x20 && c < 0xD800) || (c >= 0xE000 && c < 0xFFFE) ||
-         (c >= 0x10000 && c <= 0x10FFFF);
-}
-
-/// One run of the parser.
+/// One run of the parser, with so many bytes for the different names of elements and attributes.
 class TParsing {
  public:
-  TParsing() : FParser(xmlNewParserCtxt()) {
+  explicit TParsing(std::size_t mostBytesOfNames) : FParser(xmlNewParserCtxt()), FMostBytesOfNames(mostBytesOfNames) {
     if (FParser == nullptr) throw std::bad_alloc();
+    xmlDictSetLimit(FParser->dict, mostBytesOfNames);
     FParser->_private = this;
     FParser->sax->internalSubset = [](void* context, const xmlChar*, const xmlChar*, const xmlChar*) {
       Of(context).FDocumentType = true;
@@ -42,6 +43,10 @@ class TParsing {
 
   xmlParserCtxt& Parser() const { return *FParser; }
   void Stop() { xmlStopParser(FParser.get()); }
+  void StopForMemory() {
+    FMemoryShort = true;
+    Stop();
+  }
 
  private:
   struct TDeleter {
@@ -49,7 +54,9 @@ class TParsing {
   };
 
   std::unique_ptr<xmlParserCtxt, TDeleter> FParser;
+  const std::size_t FMostBytesOfNames;
   bool FDocumentType = false;
+  bool FMemoryShort = false;
 };
 
 TXmlDocument TParsing::Run(std::span<const std::uint8_t> bytes, int options) {
@@ -61,6 +68,9 @@ TXmlDocument TParsing::Run(std::span<const std::uint8_t> bytes, int options) {
                                           static_cast<int>(bytes.size()), nullptr, nullptr, options | XML_PARSE_NONET));
   const auto& error = FParser->lastError;
   if (FDocumentType) throw EVantrelXmlError(ResourceText(StoredTexts::DocumentType), error.line);
+  if (FMemoryShort || error.code == XML_ERR_NO_MEMORY) throw std::bad_alloc();
+  if (FParser->wellFormed == 0 && xmlDictGetUsage(FParser->dict) > FMostBytesOfNames)
+    throw EVantrelXmlError(ResourceText(StoredTexts::TooManyNames), error.line);
   if (FParser->wellFormed == 0)
     throw EVantrelXmlError(error.message == nullptr ? ResourceText(StoredTexts::NoXml)
                                                     : FormatText(StoredTexts::IllFormedXml, error.line, error.int2),
@@ -69,19 +79,6 @@ TXmlDocument TParsing::Run(std::span<const std::uint8_t> bytes, int options) {
 }
 
 }  // namespace
-
-std::string XmlText(std::string_view text) {
-  const auto units = Utf8ToUtf16(text);
-  std::u16string kept;
-  for (std::size_t i = 0; i < units.size(); ++i) {
-    const bool pair = i + 1 < units.size() && (units[i] & 0xFC00) == 0xD800 && (units[i + 1] & 0xFC00) == 0xDC00;
-    if (pair)
-      kept.append(units, i++, 2);
-    else if (XmlCanHold(units[i]))
-      kept.push_back(units[i]);
-  }
-  return Utf16ToUtf8(kept);
-}
 
 /// Fills a tree while the parser runs. Its calls come from C, which no exception may cross.
 class TXmlTree::TBuilder : public TParsing {
@@ -106,10 +103,9 @@ class TXmlTree::TBuilder : public TParsing {
   /// The first FDepth are open; the others keep the memory of their texts.
   std::vector<TOpen> FOpen;
   std::size_t FDepth = 0;
-  bool FMemoryShort = false;
 };
 
-TXmlTree::TBuilder::TBuilder(TXmlTree& tree) : FTree(tree) {
+TXmlTree::TBuilder::TBuilder(TXmlTree& tree) : TParsing(FewNames), FTree(tree) {
   const auto addText = [](void* context, const xmlChar* text, int length) {
     Do(context, [&](TBuilder& self) {
       self.FOpen[self.FDepth - 1].Text.append(reinterpret_cast<const char*>(text), static_cast<std::size_t>(length));
@@ -141,8 +137,7 @@ void TXmlTree::TBuilder::Do(void* context, TStep step) {
   try {
     step(self);
   } catch (const std::bad_alloc&) {
-    self.FMemoryShort = true;
-    self.Stop();
+    self.StopForMemory();
   }
 }
 
@@ -153,7 +148,6 @@ void TXmlTree::TBuilder::Run(std::span<const std::uint8_t> bytes) {
   FTree.FTexts.reserve(bytes.size());
   // There are no entities but those of XML itself, whose text the attributes then hold.
   TParsing::Run(bytes, XML_PARSE_NOENT);
-  if (FMemoryShort) throw std::bad_alloc();
 }
 
 void TXmlTree::TBuilder::Begin(const xmlChar* name, std::span<const xmlChar*> attributes) {
@@ -188,11 +182,15 @@ void TXmlTree::TBuilder::End() {
 }
 
 TXmlDocument ParseXml(std::span<const std::uint8_t> bytes) {
-  return TParsing().Run(bytes, XML_PARSE_NOBLANKS);
+  return TParsing(ManyNames).Run(bytes, XML_PARSE_NOBLANKS);
 }
 
 TXmlTree::TXmlTree(std::span<const std::uint8_t> bytes) {
   TBuilder(*this).Run(bytes);
+}
+
+const xmlChar* TXmlTree::KnownName(std::string_view name) const {
+  return xmlDictExists(FNames.get(), reinterpret_cast<const xmlChar*>(name.data()), static_cast<int>(name.size()));
 }
 
 std::string_view TXmlTree::TextOf(const TElement& element) const {

@@ -23,9 +23,6 @@ class EVantrelXmlError : public EVantrelException {
   int FLine;
 };
 
-/// The text without the characters that XML cannot hold.
-std::string XmlText(std::string_view text);
-
 struct TXmlDocumentDeleter {
   void operator()(xmlDoc* document) const { xmlFreeDoc(document); }
 };
@@ -33,7 +30,8 @@ using TXmlDocument = std::unique_ptr<xmlDoc, TXmlDocumentDeleter>;
 
 /// Parses a document from memory into the parser's own tree, for documents that are changed and written again. No
 /// network, no external entities, no entity expansion, no document type; bounded depth. Ill-formed text raises
-/// EVantrelXmlError, which tells line and the parser's own text; no text at all EVantrelDataObjectReaderError.
+/// EVantrelXmlError, which tells line and the parser's own text; no text at all EVantrelDataObjectReaderError; short
+/// memory std::bad_alloc.
 TXmlDocument ParseXml(std::span<const std::uint8_t> bytes);
 
 /// A document that is only read, in a fraction of the memory of the parser's own tree: the elements in one block in
@@ -60,7 +58,8 @@ class TXmlTree {
   };
 
   TXmlTree() = default;
-  /// Parses the document, bounded and refused as told at ParseXml.
+  /// Parses the document, bounded and refused as told at ParseXml; far more different names than a project has raise
+  /// EVantrelXmlError too.
   explicit TXmlTree(std::span<const std::uint8_t> bytes);
 
   TElement& Root() { return FElements.front(); }
@@ -68,6 +67,8 @@ class TXmlTree {
   TElement* FirstChild(const TElement& element) { return At(element.FirstChild); }
   TElement* Next(const TElement& element) { return At(element.Next); }
   static std::string_view NameOf(const TElement& element) { return reinterpret_cast<const char*>(element.Name); }
+  /// The pointer that elements of that name have; null where none has it.
+  const xmlChar* KnownName(std::string_view name) const;
   /// All character data directly in the element. Valid until a text is set.
   std::string_view TextOf(const TElement& element) const;
   void SetText(TElement& element, std::string_view text);

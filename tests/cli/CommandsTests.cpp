@@ -153,6 +153,28 @@ TEST_F(CommandsTest, ConvertMakesNothingMoreReadableAndTakesAnyName) {
   EXPECT_EQ(Run({"info", FFolder / "\xFC.kvrx"}), 0) << Err();
 }
 
+TEST_F(CommandsTest, ConvertTellsWhatTheTargetCannotHold) {
+  auto project = Project();
+  Anna(*project).Vorname = "An\x02na";
+  Anna(*project).Geschlecht = u'\xD800';
+  Anna(*project).Geburtsdatum.SetAsDateTime(39000.25);
+  Maths(*project).Beurteilung = "Łukasz/\x9F";
+  const auto source = Save(std::move(project), "quelle.kvr7");
+  const std::string date = "  Geburtsdatum: 10.10.2006 06:00:00 -> 10.10.2006 00:00:00\n",
+                    heading = "“ kann nicht alles halten, was die Quelle hat:\n";
+  const std::pair<const char*, std::string> cases[] = {
+      {"kvr", ""},
+      {"kvrxr",
+       heading + "Anna Beck (10a)\n  Vorname: „An␂na“ -> „Anna“\n  Geschlecht: \"\uFFFD„ -> “M\"\n" + date},
+      {"json", heading + "An␂na Beck (10a)\n  Geschlecht: \"\uFFFD„ -> “?\"\n" + date +
+                   "  Mathematik (Ma), Beurteilung: \"Łukasz/\uFFFD„ -> “?ukasz\\/?\"\n"}};
+  for (const auto& [kind, losses] : cases) {
+    EXPECT_EQ(Run({"convert", source, FFolder / ("ziel." + std::string(kind))}), 0);
+    EXPECT_TRUE(Err().ends_with(losses)) << Err();
+    EXPECT_EQ(Err().empty(), losses.empty());
+  }
+}
+
 TEST_F(CommandsTest, ConvertLeavesTheTargetWhereItCannotDoItsWork) {
   const auto target = FFolder / "ziel.kvrx";
   const auto damaged = FFolder / "kaputt.kvr7";

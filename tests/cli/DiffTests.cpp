@@ -40,9 +40,22 @@ TEST_F(DiffTest, TellsChangesInWords) {
        "Katalog Fachstati\n  „P“, Beschreibung: „Pflicht“ -> leer\n"},
       {[](auto& project) { project.Options().Columns().GetItem(0)->Visible = false; },
        "Spalten\n  Note1, Sichtbar: ja -> nein\n"},
+      {[](auto& project) { project.Fachstati().Move(0, 1); },
+       "Katalog Fachstati\n  Reihenfolge ab Platz 1: \"P\" -> \"W\"\n"},
+      {[](auto& project) { project.Students().Move(0, 1); },
+       "Schüler\n  Reihenfolge ab Platz 1: Anna Beck (10a) -> Ben\n"},
+      {[](auto& project) { project.Courses().Add(&Maths(project)); },
+       "Kurse\n  Anna Beck (10a), Mathematik (Ma), Anzahl der Einträge: 1 -> 2\n"},
+      {[](auto& project) { Anna(project).CertificateComments().GetItem(0)->Position = 9; },
+       "Anna Beck (10a)\n  Zeugnisbemerkung \"still\", Position: 1 -> 9\n"},
       {[](auto& project) { project.Classes().AddClass(6, "10b", TGradeTypes::gtValue); }, "Klassen\n  neu: 10b\n"},
   };
-  const auto before = Save(Project(), "vorher.kvr7");
+  auto first = Project();
+  first->Fachstati().AddCatalog("W", "Wahl");
+  first->Options().Columns().AddColumn("Position", "Platz", true, true, true, 0);
+  static_cast<TStudent*>(first->Students().Add(TStudent::Class()))->Vorname = "Ben";
+  Anna(*first).CertificateComments().AddCertificateComment("", "still", "", 1);
+  const auto before = Save(std::move(first), "vorher.kvr7");
   for (const auto& [change, output] : cases) {
     auto project = CreateVantrel<TMyTessaronProject>();
     project->LoadForReading(before);
@@ -57,6 +70,7 @@ TEST_F(DiffTest, TellsChangesInWords) {
 
 TEST_F(DiffTest, DifferentValuesNeverLookAlike) {
   auto project = Project();
+  const auto options = GuidToText(project->Options().ID());
   project->Noten().AddNote(3, "2+", "auch gut", 1.7F, TGradeTypes::gtValue);
   Maths(*project).Note1Id.SetAsInt(2);
   Anna(*project).Abgang.SetAsDateTime(46053.25);
@@ -66,10 +80,15 @@ TEST_F(DiffTest, DifferentValuesNeverLookAlike) {
   project->LoadForReading(before);
   Maths(*project).Note1Id.SetAsInt(3);
   Anna(*project).Abgang.SetAsDateTime(46053.5);
+  auto newOptions = CreateVantrel<TDataOptions>(project.get());
+  newOptions->Assign(project->Options());
+  const auto changedOptions = GuidToText(newOptions->ID());
+  project->SetOptions(std::move(newOptions));
   EXPECT_EQ(Run({"diff", before, Save(std::move(project), "nachher.kvr7")}), 1);
-  EXPECT_EQ(Out(),
-            "Anna Beck (10a)\n  Abgang: 31.01.2026 06:00:00 -> 31.01.2026 12:00:00\n"
-            "  Mathematik (Ma), 1. Note: 2+ (Nr. 2) -> 2+ (Nr. 3)\n");
+  EXPECT_EQ(Out(), "Kopfdaten\n  Objektnummer der Optionen: " + options + " -> " + changedOptions +
+                       "\nSpalten\n  neu: Note1\n  entfernt: Note1\nAnna Beck (10a)\n  Abgang: 31.01.2026 06:00:00 -> "
+                       "31.01.2026 12:00:00\n"
+                       "  Mathematik (Ma), 1. Note: 2+ (Nr. 2) -> 2+ (Nr. 3)\n");
 }
 
 }  // namespace

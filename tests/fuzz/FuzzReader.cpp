@@ -1,9 +1,10 @@
 #include <cstdint>
 #include <exception>
 
-#include "VantrelMsgBox.h"
+#include "ProjectDefects.h"
+#include "ProjectDifferences.h"
+#include "RecordTexts.h"
 #include "uMissingGrades.h"
-#include "uProject.h"
 
 namespace {
 
@@ -13,7 +14,7 @@ using TStreamOperation = void (TVantrelDataStorage::*)(TVantrelStream&);
 [[maybe_unused]] constexpr TStreamOperation Json = &TVantrelDataStorage::LoadFromJsonStream;
 [[maybe_unused]] constexpr TStreamOperation Zip = &TVantrelDataStorage::LoadFromZipStream;
 
-/// Runs what may fail with a message; anything but an exception with a message is a finding.
+/// Runs what may refuse with a message; anything but an exception with a message is a finding.
 template <class TOperation>
 bool Succeeds(TOperation operation) {
   try {
@@ -24,14 +25,55 @@ bool Succeeds(TOperation operation) {
   }
 }
 
-/// What the program does with any document that it got, whole or damaged.
-void Use(TMyTessaronProject& project) {
+template <class TRecord>
+void ShowFields(const TMyTessaronProject& project, const TRecord& record) {
+  record.GetDisplayText();
+  record.VisitFields([&](std::string_view key, const TVariant& value) {
+    RecordTexts::FieldCaption(project, key);
+    RecordTexts::FieldValue(project, key, value, true);
+  });
+}
+
+template <class TItem, class TCall>
+void Each(const TVantrelDataListOf<TItem>& list, TCall call) {
+  for (int i = 0; i < list.Count(); ++i) call(*list.GetItem(i));
+}
+
+/// What the programs show of any document that they got, whole or damaged: nothing of it may raise.
+void Show(TMyTessaronProject& project) {
   CurrentProject = &project;
   CountMissingGrades(project);
-  for (int i = 0; i < project.Students().Count(); ++i) project.Students().GetItem(i)->ViewDisplayName();
+  FindDefects(project);
+  FindDifferences(project, project);
+  ShowFields(project, project);
+  const auto show = [&](auto& record) { ShowFields(project, record); };
+  Each(project.Noten(), show);
+  Each(project.Classes(), show);
+  Each(project.Options().Columns(), show);
+  Each(project.Students(), [&](TStudent& student) {
+    ShowFields(project, student);
+    student.ViewDisplayName();
+    Each(student.CertificateComments(), show);
+  });
+  Each(project.Courses(), [&](const TCourse& course) {
+    ShowFields(project, course);
+    RecordTexts::CourseName(course);
+  });
   Succeeds([&] { project.CoursesByStudent(TVariant(1)); });
-  for (int i = 0; i < project.Courses().Count(); ++i) project.Courses().GetItem(i)->Name();
   CurrentProject = nullptr;
+}
+
+/// Writes the project in one form. What was not refused comes back, and but for the escapes of the JSON form it is then
+/// written as the same bytes.
+void WriteAndReadBack(TMyTessaronProject& project, TVantrelDataStorageFormat form) {
+  TVantrelMemoryStream written, again;
+  if (!Succeeds([&] { project.SaveToStream(written, form); })) return;
+  written.SetPosition(0);
+  const auto back = CreateVantrel<TMyTessaronProject>();
+  if (!Succeeds([&] { back->LoadFromStream(written, form); })) __builtin_trap();
+  Show(*back);
+  if (!Succeeds([&] { back->SaveToStream(again, form); })) __builtin_trap();
+  if (form != TVantrelDataStorageFormat::dsfJson && again.Bytes() != written.Bytes()) __builtin_trap();
 }
 
 }  // namespace
@@ -46,22 +88,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   auto project = CreateVantrel<TMyTessaronProject>();
   const bool whole = Succeeds([&] { ((*project).*FORM)(input); });
   if (whole == project->LoadDamage().has_value()) __builtin_trap();
-  Use(*project);
-
-  // What was read can be written in every form; the binary form comes back as the same bytes.
-  TVantrelMemoryStream binary;
-  if (!Succeeds([&] { project->SaveToBinStream(binary); })) __builtin_trap();
-  TVantrelMemoryStream xml;
-  TVantrelMemoryStream json;
-  const bool xmlWritten = Succeeds([&] { project->SaveToXmlStream(xml); });
-  Succeeds([&] { project->SaveToJsonStream(json); });
-  binary.SetPosition(0);
-  if (Succeeds([&] { project->LoadFromBinStream(binary); })) {
-    TVantrelMemoryStream again;
-    project->SaveToBinStream(again);
-    if (again.Bytes() != binary.Bytes()) __builtin_trap();
-  }
-  xml.SetPosition(0);
-  if (xmlWritten) Succeeds([&] { project->LoadFromXmlStream(xml); });
+  Show(*project);
+  using enum TVantrelDataStorageFormat;
+  for (const auto form : {dsfXml, dsfJson, dsfBinary}) WriteAndReadBack(*project, form);
   return 0;
 }

@@ -14,10 +14,12 @@ namespace {
 /// Bytes that operator new has given out, and the most there were.
 std::size_t Taken = 0;
 std::size_t MostTaken = 0;
+/// How many there may be.
+std::size_t MostAllowed = SIZE_MAX;
 }  // namespace
 
 void* operator new(std::size_t size) {
-  void* memory = std::malloc(size);
+  void* memory = Taken > MostAllowed ? nullptr : std::malloc(size);
   if (memory == nullptr) throw std::bad_alloc();
   Taken += malloc_usable_size(memory);
   MostTaken = std::max(MostTaken, Taken);
@@ -89,6 +91,21 @@ const struct {
              {"small.kvr7", TForm::dsfBinary, 41},
              {"empty.kvrxr", TForm::dsfXml, 1},
              {"protected.kvrxr", TForm::dsfXml, 211}};
+
+TEST_F(DamagedFilesTest, ShortMemoryIsNoDamage) {
+  for (const char* name : {"small.kvrx", "small.kvr7", "small.kvrxr"}) {
+    const TempFolder folder;
+    std::filesystem::copy(std::string(FIXTURES) + "/" + name, folder.Path());
+    auto project = CreateVantrel<TMyTessaronProject>();
+    constexpr std::size_t tooLittle = 60 * 1024;
+    MostAllowed = Taken + tooLittle;
+    EXPECT_THROW(project->LoadFile(folder / name), EOutOfMemory);
+    MostAllowed = SIZE_MAX;
+    EXPECT_FALSE(project->LoadDamage().has_value());
+    project->LoadFile(folder / name);
+    EXPECT_EQ(project->Students().Count(), 12);
+  }
+}
 
 TEST_F(DamagedFilesTest, CutAtEveryLength) {
   for (const auto& [name, form, stride] : Files) {

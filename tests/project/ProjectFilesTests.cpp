@@ -207,6 +207,10 @@ TEST_F(ProjectFilesTest, FailedSaveKeepsFileFlagAndHold) {
       Load("");
       EXPECT_EQ(FProject->Password, "a\xED\xA0\x80");
     }
+    FProject->Password = "a\xF0\x9F\x98\x80\xFF";
+    FProject->SaveFile({});
+    Load("");
+    EXPECT_EQ(FProject->Password, "a\xF0\x9F\x98\x80\uFFFD");
     FProject.reset();
   }
 }

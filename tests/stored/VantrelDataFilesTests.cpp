@@ -129,6 +129,18 @@ TEST_F(DataFilesTest, AFailedStoreKeepsNameAndHold) {
   EXPECT_EQ(OpeningErrorOf(FName), 32u);
 }
 
+TEST_F(DataFilesTest, ShortMemoryIsNoDamage) {
+  FDocument->OnRead = [](auto&) { throw std::bad_alloc(); };
+  FDocument->SetModifiedFlag(true);
+  for (const auto open : {&TTestDocument::OpenFile, &TTestDocument::OpenFileExclusive, &TTestDocument::LoadFromFile}) {
+    EXPECT_THROW((*FDocument.*open)(FName, dsfXml), EOutOfMemory);
+    EXPECT_FALSE(FDocument->LoadDamage().has_value() || FDocument->IsFileOpen());
+    EXPECT_TRUE(FDocument->Modified());
+  }
+  FDocument->StoreFile(FName, dsfXml);
+  EXPECT_EQ(FFolder.FileCount(), 1u);
+}
+
 TEST_F(DataFilesTest, Saving) {
   const auto target = FFolder / "neu/tief/b.bin";
   std::string events;

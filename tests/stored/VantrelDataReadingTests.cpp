@@ -143,6 +143,19 @@ TEST_F(DataReadingTest, DepthIsBounded) {
   EXPECT_THROW(LoadXml(*FDocument, Items(inner)), EVantrelXmlError);
 }
 
+TEST_F(DataReadingTest, FarMoreNamesThanAProjectHasAreRefused) {
+  for (const int count : {500, 20000}) {
+    std::string attributes, elements;
+    for (int i = 0; i < count; ++i) {
+      attributes += fmt::format(" a{}='1'", i);
+      elements += fmt::format("<n{}/>", i);
+    }
+    for (const auto& content : {"<X" + attributes + "/>", elements, Items(Object("Item", A, elements))})
+      EXPECT_EQ(ErrorOf<EVantrelXmlError>([&] { LoadXml(*FDocument, content); }),
+                count == 500 ? "" : "Die Datei enthält zu viele verschiedene Namen für eine Projektdatei.");
+  }
+}
+
 TEST_F(DataReadingTest, DocumentTypesAreRefused) {
   for (const char* type : {"<!DOCTYPE a [<!ENTITY b \"bbbb\"><!ENTITY c \"&b;&b;\">]>", "<!DOCTYPE a>",
                            "<!DOCTYPE a SYSTEM \"file:///etc/passwd\">", "<!DOCTYPE a PUBLIC \"x\" \"http://x/\">"})

@@ -1,0 +1,12 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+/// Whether XML can hold the text as it is: well-formed UTF-8 without control characters (but tabs and line breaks),
+/// encoded surrogates, U+FFFE and U+FFFF.
+bool XmlHolds(std::string_view text);
+
+/// The text as XML can hold it: encoded pairs of surrogates become their character, ill-formed UTF-8 becomes U+FFFD,
+/// other characters that XML cannot hold are left out.
+std::string XmlText(std::string_view text);
