@@ -165,9 +165,9 @@ TEST_F(CommandsTest, ConvertTellsWhatTheTargetCannotHold) {
   const std::pair<const char*, std::string> cases[] = {
       {"kvr", ""},
       {"kvrxr",
-       heading + "Anna Beck (10a)\n  Vorname: „An␂na“ -> „Anna“\n  Geschlecht: \"\uFFFD„ -> “M\"\n" + date},
-      {"json", heading + "An␂na Beck (10a)\n  Geschlecht: \"\uFFFD„ -> “?\"\n" + date +
-                   "  Mathematik (Ma), Beurteilung: \"Łukasz/\uFFFD„ -> “?ukasz\\/?\"\n"}};
+       heading + "Anna Beck (10a)\n  Vorname: „An␂na“ -> „Anna“\n  Geschlecht: „\uFFFD“ -> „M“\n" + date},
+      {"json", heading + "An␂na Beck (10a)\n  Geschlecht: „\uFFFD“ -> „?“\n" + date +
+                   "  Mathematik (Ma), Beurteilung: „Łukasz/\uFFFD“ -> „?ukasz\\/?“\n"}};
   for (const auto& [kind, losses] : cases) {
     EXPECT_EQ(Run({"convert", source, FFolder / ("ziel." + std::string(kind))}), 0);
     EXPECT_TRUE(Err().ends_with(losses)) << Err();
