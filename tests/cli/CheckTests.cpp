@@ -25,7 +25,7 @@ TEST_F(CheckTest, FindsDefects) {
        "Anna Beck (10a), Fehltage: Der Wert ist unmöglich (-16)."},
       {[](auto& project) { Maths(project).Faktor.SetAsFloat(-HUGE_VALF); },
        "Anna Beck (10a), Mathematik (Ma), Faktor: Der Wert ist unmöglich (-inf)."},
-      {[](auto& project) { project.Noten().GetItem(0)->GradeValue = HUGE_VALF; }, "\"2+\", Notenwert: Der Wert"},
+      {[](auto& project) { project.Noten().GetItem(0)->GradeValue = HUGE_VALF; }, "„2+“, Notenwert: Der Wert"},
       {[](auto& project) { project.Classes().GetItem(0)->SetGradeType(TGradeTypes(9)); },
        "Die Notenart 9 der Klasse „10a“ ist unbekannt."},
       {[](auto& project) { project.Noten().GetItem(0)->SetGradeType(TGradeTypes(3)); }, "Die Notenart 3 der Note „2+“"},

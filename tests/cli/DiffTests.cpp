@@ -41,13 +41,13 @@ TEST_F(DiffTest, TellsChangesInWords) {
       {[](auto& project) { project.Options().Columns().GetItem(0)->Visible = false; },
        "Spalten\n  Note1, Sichtbar: ja -> nein\n"},
       {[](auto& project) { project.Fachstati().Move(0, 1); },
-       "Katalog Fachstati\n  Reihenfolge ab Platz 1: \"P\" -> \"W\"\n"},
+       "Katalog Fachstati\n  Reihenfolge ab Platz 1: „P“ -> „W“\n"},
       {[](auto& project) { project.Students().Move(0, 1); },
        "Schüler\n  Reihenfolge ab Platz 1: Anna Beck (10a) -> Ben\n"},
       {[](auto& project) { project.Courses().Add(&Maths(project)); },
        "Kurse\n  Anna Beck (10a), Mathematik (Ma), Anzahl der Einträge: 1 -> 2\n"},
       {[](auto& project) { Anna(project).CertificateComments().GetItem(0)->Position = 9; },
-       "Anna Beck (10a)\n  Zeugnisbemerkung \"still\", Position: 1 -> 9\n"},
+       "Anna Beck (10a)\n  Zeugnisbemerkung „still“, Position: 1 -> 9\n"},
       {[](auto& project) { project.Classes().AddClass(6, "10b", TGradeTypes::gtValue); }, "Klassen\n  neu: 10b\n"},
   };
   auto first = Project();
