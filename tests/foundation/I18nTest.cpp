@@ -1,6 +1,8 @@
 #include "VantrelI18n.h"
 
+#include <fmt/format.h>
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include "PublishedObjects.h"
 #include "TempFolder.h"
@@ -13,7 +15,7 @@
 
 namespace {
 std::string DictionaryFile(const std::string& content = {}) {
-  std::string name = testing::TempDir() + "dictionary.ini";
+  std::string name = fmt::format("{}dictionary-{}.ini", testing::TempDir(), ::getpid());
   WriteFileText(name, content);
   return name;
 }
