@@ -90,12 +90,13 @@ void TVantrelDataObjectXMLWriter::WriteAttribute(std::string_view name, std::str
 
 void TVantrelDataObjectXMLWriter::EndTag(std::string_view name, std::string_view text) {
   FTagOpen = false;
-  if (text.empty()) {
-    FText.append(" />");
+  FText.push_back('>');
+  const auto begin = FText.size();
+  AppendText(text);
+  if (FText.size() == begin) {
+    FText.replace(begin - 1, 1, " />");
     return;
   }
-  FText.push_back('>');
-  AppendText(text);
   FText.append("</").append(name).append(">");
 }
 

@@ -238,6 +238,7 @@ TEST_F(DataFormsTest, TextsOfEveryKind) {
   for (const char16_t unit : {u'\1', u'\xD800', u'\xFFFF', u'\0'}) {
     FDocument->OnWrite = [&](auto& writer) { writer.WriteChar("V", unit); };
     FDocument->OnRead = [&](auto& reader) { EXPECT_EQ(reader.ReadChar("V", u'x'), u'x'); };
+    EXPECT_TRUE(XmlOf(*FDocument).ends_with("<V /></Storage>"));
     LoadText(*FDocument, TextOf(*FDocument, TFormat::dsfXml), TFormat::dsfXml);
   }
 }
