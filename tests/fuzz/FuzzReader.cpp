@@ -1,10 +1,10 @@
 #include <cstdint>
 #include <exception>
 
-#include "ProjectDefects.h"
 #include "ProjectDifferences.h"
-#include "RecordTexts.h"
 #include "uMissingGrades.h"
+#include "uProjectDefects.h"
+#include "uRecordTexts.h"
 
 namespace {
 
@@ -43,7 +43,8 @@ void Each(const TVantrelDataListOf<TItem>& list, TCall call) {
 void Show(TMyTessaronProject& project) {
   CurrentProject = &project;
   CountMissingGrades(project);
-  FindDefects(project);
+  FindDefects(project, TDefectScope::All);
+  FindImpossibleDate(project);
   FindDifferences(project, project);
   ShowFields(project, project);
   const auto show = [&](auto& record) { ShowFields(project, record); };
