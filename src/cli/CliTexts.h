@@ -41,11 +41,15 @@ inline constexpr const char* UnknownTarget =
     "Die Endung von „{}“ gehört zu keiner bekannten Art (.kvrx, .kvr7, .kvr, .kvrxr oder .json).";
 inline constexpr const char* TargetExists =
     "Die Datei „{}“ existiert bereits. Mit der Option --force wird sie ersetzt.";
-inline constexpr const char* FileNotFound = "Die Datei \"{}\" existiert nicht.";
-inline constexpr const char* PathNotFound = "Der Pfad der Datei „{}“ existiert nicht.";
-inline constexpr const char* AccessDenied = "Der Zugriff auf die Datei \"{}\" ist nicht möglich.";
-inline constexpr const char* FileInUse = "Die Datei „{}“ ist in einem anderen Programm zum Bearbeiten geöffnet.";
-inline constexpr const char* DiskFull = "Für die Datei „{}“ ist auf dem Datenträger nicht genügend Platz.";
+inline constexpr const char* FileNotFound = "Die Datei \"{}\" existiert nicht. Prüfen Sie Namen und Ordner.";
+inline constexpr const char* PathNotFound =
+    "Der Pfad der Datei „{}“ existiert nicht. Prüfen Sie ihn, oder legen Sie den Ordner an.";
+inline constexpr const char* AccessDenied =
+    "Der Zugriff auf die Datei \"{}\" ist nicht möglich. Prüfen Sie die Rechte an Datei und Ordner.";
+inline constexpr const char* FileInUse =
+    "Die Datei „{}“ ist in einem anderen Programm zum Bearbeiten geöffnet. Schließen Sie sie dort.";
+inline constexpr const char* DiskFull =
+    "Für die Datei „{}“ ist auf dem Datenträger nicht genügend Platz. Geben Sie dort welchen frei.";
 inline constexpr const char* FileError = "Die Datei „{}“: {}";
 inline constexpr const char* Damaged = "Die Datei „{}“ ist beschädigt: {}";
 inline constexpr const char* AskPassword = "Kennwort für {}: ";

@@ -43,7 +43,7 @@ TEST_F(TTextsTest, EveryTextComesBackTranslated) {
     EXPECT_TRUE(ResourceText(text).starts_with('*')) << text;
   EXPECT_EQ(ResourceText("Heftführung"), "Heftführung");
   EXPECT_EQ(Run({"info", FFolder / "fehlt.kvrx"}), 2);
-  EXPECT_EQ(Err(), "*Die Datei \"" + (FFolder / "fehlt.kvrx") + "\" existiert nicht.\n");
+  EXPECT_EQ(Err(), "*Die Datei \"" + (FFolder / "fehlt.kvrx") + "\" existiert nicht. Prüfen Sie Namen und Ordner.\n");
   I18nManager().ClearStrings();
 }
 
