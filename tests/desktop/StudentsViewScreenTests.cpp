@@ -1,103 +1,16 @@
-#include <gmock/gmock.h>
-
 #include <QHeaderView>
 #include <QLabel>
 #include <QTabWidget>
-#include <QTest>
-#include <QToolButton>
 
-#include "DesktopGrid.h"
-#include "DesktopMainWindow.h"
-#include "DesktopStudentsView.h"
-#include "FakeViews.h"
-#include "SampleProject.h"
+#include "StudentsViewFixture.h"
 #include "TempFolder.h"
 
 namespace {
 
-using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::StartsWith;
 
-enum { Kurs, Note1 = 8, Note2 = 9, Beurteilung = 15 };
-enum { Klasse = 1, Nachname = 3 };
-
-/// The students view on its real screen. Every student has the subjects 1 to 5, each one beginning with another; the
-/// second one has no subject 3.
-class StudentsViewScreenTest : public SampleProjectTest {
- protected:
-  void SetUp() override {
-    SampleProjectTest::SetUp();
-    CurrentProject = FProject.get();
-    FLookups = CreateLookupModule(*FProject);
-    FFrame.EditAssessment = [](const std::string&, const std::string&) { return std::nullopt; };
-    for (const char* name : {"Note1", "Note2", "Beurteilung"}) {
-      auto* column = FProject->Options().Columns().Find(name);
-      if (column == nullptr) column = FProject->Options().Columns().AddColumn(name, name, true, true, true, 0);
-      column->Visible = column->Editable = true;
-    }
-    for (int student = 0; student < FProject->Students().Count(); ++student) {
-      const auto courses = FProject->CoursesByStudent(Student(student).TessaronId.Value);
-      for (int i = 0; i < courses->Count(); ++i) courses->GetItem(i)->SubjectId.SetAsInt((i + student) % 5 + 1);
-      if (student != 1) continue;
-      for (int i = 0; i < courses->Count(); ++i)
-        if (courses->GetItem(i)->SubjectId.AsInt() == 3) courses->GetItem(i)->SubjectId.SetAsInt(9);
-    }
-    FWindow.resize(1366, 768);
-    FWindow.show();
-  }
-  void TearDown() override {
-    FView.reset();
-    SampleProjectTest::TearDown();
-  }
-
-  TVantrelCommand& Command() { return FCommands.Add({}); }
-  void Open() {
-    FView.reset();
-    auto ui = std::make_unique<TDesktopStudentsView>(FWindow);
-    FUi = ui.get();
-    FView = CreateVantrel<TStudentsView>(FFrame, std::move(ui));
-    FView->Show();
-    QTest::qWait(1);
-    List().SetFocus();
-  }
-  TDesktopGrid& List() { return dynamic_cast<TDesktopGrid&>(FUi->StudentsGrid()); }
-  TDesktopGrid& Grid() { return dynamic_cast<TDesktopGrid&>(FUi->AchievementsGrid()); }
-  TStudent& Student(int index) { return *FProject->Students().GetItem(index); }
-  void PutIntoClass(std::initializer_list<int> students, int classId) {
-    for (const int student : students) Student(student).ClassId.SetAsInt(classId);
-  }
-  void Filter(const TVariant& classId) {
-    List().ClearFilter();
-    List().AddFilter(Klasse, classId, "Klasse: 9a");
-    List().SetFilterActive(true);
-  }
-  std::string Title() { return FUi->TitleLabel().Value().AsText(); }
-  std::vector<bool> GotoStates() {
-    return {FFrame.GotoFirstCommand.Enabled(), FFrame.GotoPrevCommand.Enabled(), FFrame.GotoNextCommand.Enabled(),
-            FFrame.GotoLastCommand.Enabled()};
-  }
-  int Subject() {
-    const auto courses = FProject->CoursesByStudent(List().Value(List().FocusedRecord(), 0));
-    return courses->GetItem(Grid().FocusedRecord())->SubjectId.AsInt();
-  }
-  QToolButton* LiftButton() {
-    for (auto* button : FWindow.findChildren<QToolButton*>())
-      if (button->accessibleName() == "Filter aufheben" && button->isVisible()) return button;
-    return nullptr;
-  }
-
-  FakeBoxes FBoxes;
-  FakeSettings FSettings;
-  TVantrelCommands FCommands;
-  TViewFrame FFrame{FSettings, "10.2", Command(), Command(), Command(), Command(), Command(), Command(), {}, {}};
-  TVantrelPtr<TLookupModule> FLookups;
-  TDesktopMainWindow FWindow;
-  TDesktopStudentsView* FUi = nullptr;
-  TVantrelPtr<TStudentsView> FView;
-};
-
-TEST_F(StudentsViewScreenTest, GotoAndTheCurrentStudentFollowTheShownRows) {
+TEST_F(StudentsViewTest, GotoAndTheCurrentStudentFollowTheShownRows) {
   PutIntoClass({2, 5, 9}, 4711);
   Open();
   EXPECT_EQ(List().FocusedColumn(), Nachname);
@@ -131,7 +44,7 @@ TEST_F(StudentsViewScreenTest, GotoAndTheCurrentStudentFollowTheShownRows) {
   EXPECT_TRUE(FBoxes.Texts.empty());
 }
 
-TEST_F(StudentsViewScreenTest, WithNobodyShownNothingCanBeDone) {
+TEST_F(StudentsViewTest, WithNobodyShownNothingCanBeDone) {
   Open();
   List().FocusRecord(3);
   Filter(4712);
@@ -153,7 +66,7 @@ TEST_F(StudentsViewScreenTest, WithNobodyShownNothingCanBeDone) {
   EXPECT_EQ(GotoStates(), (std::vector{true, true, true, true}));
 }
 
-TEST_F(StudentsViewScreenTest, AFilterIsToldLiftedAndNotKept) {
+TEST_F(StudentsViewTest, AFilterIsToldLiftedAndNotKept) {
   PutIntoClass({2, 5, 9}, 4711);
   Open();
   EXPECT_EQ(LiftButton(), nullptr);
@@ -189,7 +102,7 @@ TEST_F(StudentsViewScreenTest, AFilterIsToldLiftedAndNotKept) {
   EXPECT_EQ(LiftButton(), nullptr);
 }
 
-TEST_F(StudentsViewScreenTest, TheNextStudentKeepsTheSubject) {
+TEST_F(StudentsViewTest, TheNextStudentKeepsTheSubject) {
   Open();
   FView->GotoLast();
   EXPECT_EQ(Grid().FocusedRecord(), 0);
@@ -219,7 +132,7 @@ TEST_F(StudentsViewScreenTest, TheNextStudentKeepsTheSubject) {
   EXPECT_EQ(place(), std::pair(4, +Note2));
 }
 
-TEST_F(StudentsViewScreenTest, WorkInTheFirstCellChoosesItsSubject) {
+TEST_F(StudentsViewTest, WorkInTheFirstCellChoosesItsSubject) {
   Open();
   Grid().SetFocus();
   QTest::keyClick(&Grid().View(), Qt::Key_Delete);
@@ -228,7 +141,7 @@ TEST_F(StudentsViewScreenTest, WorkInTheFirstCellChoosesItsSubject) {
   EXPECT_EQ(Grid().FocusedRecord(), 4);
 }
 
-TEST_F(StudentsViewScreenTest, AssessmentsTakeTheRoomThatIsLeft) {
+TEST_F(StudentsViewTest, AssessmentsTakeTheRoomThatIsLeft) {
   auto& columns = FProject->Options().Columns();
   for (int i = 0; i < columns.Count(); ++i)
     columns.GetItem(i)->Visible =
@@ -245,7 +158,7 @@ TEST_F(StudentsViewScreenTest, AssessmentsTakeTheRoomThatIsLeft) {
   EXPECT_TRUE(Grid().Columns()[0].Frozen && Grid().Columns()[1].Frozen && !Grid().Columns()[2].Frozen);
 }
 
-TEST_F(StudentsViewScreenTest, ACourseWithoutAStudentIsNoObstacle) {
+TEST_F(StudentsViewTest, ACourseWithoutAStudentIsNoObstacle) {
   const auto courses = FProject->CoursesByStudent(Student(1).TessaronId.Value);
   courses->GetItem(2)->Student = nullptr;
   Open();
@@ -255,7 +168,7 @@ TEST_F(StudentsViewScreenTest, ACourseWithoutAStudentIsNoObstacle) {
   EXPECT_TRUE(FBoxes.Texts.empty());
 }
 
-TEST_F(StudentsViewScreenTest, AnEntryTakenBackLeavesTheProjectAsItWas) {
+TEST_F(StudentsViewTest, AnEntryTakenBackLeavesTheProjectAsItWas) {
   const TempFolder folder;
   Open();
   Grid().SetFocus();

@@ -2,9 +2,12 @@
 
 #include <gtest/gtest.h>
 
+#include "DesktopMainWindow.h"
+#include "DesktopStudentsView.h"
 #include "ErrorOf.h"
 #include "FakeShell.h"
 #include "TempFolder.h"
+#include "TypedText.h"
 #include "VantrelExceptions.h"
 #include "fMain.h"
 #include "uTessaronSession.h"
@@ -35,9 +38,12 @@ class MainFormTest : public testing::Test {
         TMainFormPorts{FWindow, FDialogs, FSettings, [] { return std::make_unique<FakeWelcomeUi>(); },
                        [this]() -> std::unique_ptr<TStudentsViewUi> {
                          if (FFailing) throw EVantrelException("no screen");
-                         return std::make_unique<FakeStudentsUi>();
+                         auto ui = std::make_unique<TDesktopStudentsView>(FScreen);
+                         FStudents = ui.get();
+                         return ui;
                        }},
         std::move(arguments));
+    FScreen.show();
     FWindow.OnShow();
   }
   void Open(const char* name) {
@@ -57,8 +63,9 @@ class MainFormTest : public testing::Test {
       column.Visible = column.Editable = column.Fieldname == "Beurteilung";
     }
     FForm->ShowView(TMyTessaronViews::viewStudents, false);
-    ASSERT_TRUE(FakeStudentsUi::Last->Courses.Type(15, text));
+    ASSERT_TRUE(TypeInto(Courses(), 15, text));
   }
+  TDesktopGrid& Courses() { return dynamic_cast<TDesktopGrid&>(FStudents->AchievementsGrid()); }
   std::vector<std::string> RecentNames() {
     std::vector<std::string> names;
     for (const auto& item : FWindow.Recent) names.push_back(item.DisplayText);
@@ -76,6 +83,9 @@ class MainFormTest : public testing::Test {
   FakeSettings FSettings;
   FakeDialogs FDialogs;
   FakeWindow FWindow;
+  /// Where the students view stands.
+  TDesktopMainWindow FScreen;
+  TDesktopStudentsView* FStudents = nullptr;
   bool FFailing = false;
   TVantrelPtr<TMainForm> FForm;
 };

@@ -216,7 +216,7 @@ TEST_F(MainFormTest, ASaveLeavesTheOpenEditorAlone) {
   FForm->Commands().SaveFileCommand.Execute();
   EXPECT_FALSE(FForm->Commands().SaveFileCommand.Enabled());
   EXPECT_THAT(FWindow.Note, testing::MatchesRegex("Gespeichert um [0-9][0-9]:[0-9][0-9] Uhr"));
-  EXPECT_TRUE(FakeStudentsUi::Last->Courses.IsEditing());
+  EXPECT_TRUE(Courses().IsEditing());
   FForm->ShowView(viewWelcome, false);
   EXPECT_TRUE(FForm->Commands().SaveFileCommand.Enabled());
   EXPECT_EQ(FWindow.Note, "");
@@ -337,12 +337,16 @@ TEST_F(MainFormTest, AViewThatFailsIsNoneAndCanBeShownLater) {
   EXPECT_NE(CurrentProject, nullptr);
 }
 
+struct TPlainUi : TFormUi {
+  void SetVisible(bool visible) override { Visible = visible; }
+  bool Visible = false;
+};
 struct TPlainForm : TBaseForm {
   explicit TPlainForm(TVantrelStorage& storage) : TBaseForm(storage, "Plain") {}
   TFormUi& Ui() override { return FUi; }
   bool CloseQuery() override { return Closes; }
   bool Closes = true;
-  FakeStudentsUi FUi;
+  TPlainUi FUi;
 };
 struct TOtherForm : TPlainForm {
   using TPlainForm::TPlainForm;

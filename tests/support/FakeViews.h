@@ -4,7 +4,6 @@
 #include <memory>
 #include <vector>
 
-#include "FakeGrid.h"
 #include "MsgBoxes.h"
 #include "fStudentsView.h"
 #include "fWelcomeView.h"
@@ -24,34 +23,6 @@ class FakeItem : public TVantrelFormItem {
 
  private:
   TVariant FValue;
-};
-
-class FakeStudentsUi : public TStudentsViewUi {
- public:
-  FakeStudentsUi() { Last = this; }
-  ~FakeStudentsUi() override { Last = nullptr; }
-  static inline FakeStudentsUi* Last = nullptr;
-
-  void SetVisible(bool visible) override { Visible = visible; }
-  TVantrelFormItem& TitleLabel() override { return Title; }
-  TVantrelFormItem& StudentsStatus() override { return ListCount; }
-  TVantrelFormItem& AchievementsStatus() override { return CourseCount; }
-  TVantrelGrid& StudentsGrid() override { return List; }
-  TVantrelGrid& AchievementsGrid() override { return Courses; }
-  TStudentsPage ActivePage() const override { return Page; }
-  void SetActivePage(TStudentsPage page) override { Page = page; }
-  void SetPageVisible(TStudentsPage, bool visible) override { VisiblePages += visible ? 1 : -1; }
-  void SetPagesEnabled(bool) override {}
-  void Turn(TStudentsPage page) {
-    Page = page;
-    OnPageChanged();
-  }
-
-  FakeItem Title, ListCount, CourseCount;
-  FakeGrid List, Courses;
-  TStudentsPage Page = TStudentsPage::CertificateCommentsSheet;
-  int VisiblePages = 3;
-  bool Visible = false;
 };
 
 class FakeWelcomeUi : public TWelcomeViewUi {

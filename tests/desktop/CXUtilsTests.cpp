@@ -1,0 +1,50 @@
+#include <gtest/gtest.h>
+
+#include "DesktopGrid.h"
+#include "VantrelMemTable.h"
+#include "uCXUtils.h"
+
+namespace {
+
+TEST(CXUtils, GridHelpers) {
+  TVantrelMemTable table;
+  TDesktopGrid grid;
+  TVantrelCommands commands;
+  auto& command = commands.Add({});
+  grid.SetOptions({.MultiSelect = true, .Grouping = true});
+  table.AddField("ID", TVantrelFieldType::ftInteger);
+  table.Open();
+  grid.AddColumn({.Id = "id", .Caption = "Nr.", .Field = "ID"});
+  grid.BindTable(&table);
+  for (int i = 0; i < 3; ++i) {
+    table.Append();
+    table.FieldByName("ID").SetValue(i * 10);
+    table.Post();
+  }
+  TCXUtils::SelectAll(grid, false);
+  EXPECT_EQ(grid.SelectedCount(), 3);
+  EXPECT_EQ(TCXUtils::GetSelectedRecord(grid, 1, "ID"), TVariant(10));
+  EXPECT_TRUE(TCXUtils::GetSelectedRecord(grid, 3, "ID").IsNull());
+  TCXUtils::SelectAll(grid, true);
+  EXPECT_EQ(grid.SelectedCount(), 3);
+  TCXUtils::SelectAll(grid, false);
+  EXPECT_EQ(grid.SelectedCount(), 0);
+  grid.GroupColumn(0, 0);
+  grid.FocusRecord(1);
+  grid.ClearSelection();
+  TCXUtils::SelectAll(grid, false);
+  EXPECT_EQ(grid.SelectedCount(), 1);
+
+  using enum TDataMode;
+  for (const auto& [mode, forceTo, expected] :
+       {std::tuple(dmEdit, dmNone, dmBrowse), std::tuple(dmEdit, dmEdit, dmEdit), std::tuple(dmBrowse, dmNone, dmEdit),
+        std::tuple(dmBrowse, dmBrowse, dmBrowse), std::tuple(dmNone, dmEdit, dmEdit)}) {
+    TDataMode changed = mode;
+    TCXUtils::SwitchEditMode(grid, {}, changed, command, forceTo);
+    EXPECT_EQ(changed, expected);
+    EXPECT_EQ(grid.Options().ReadOnly, expected == dmBrowse);
+    EXPECT_EQ(command.Checked(), expected == dmEdit);
+  }
+}
+
+}  // namespace
