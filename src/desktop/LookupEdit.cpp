@@ -227,9 +227,10 @@ void TLookupEdit::moveEvent(QMoveEvent* event) {
 void TLookupEdit::PlaceList() {
   int wanted = 2 * FList->frameWidth() + 4;
   for (int column = 0; column < FList->columnCount(); ++column) {
-    FList->resizeColumnToContents(column);
-    FList->setColumnWidth(column, FList->columnWidth(column) + 12);
-    wanted += FList->columnWidth(column);
+    const int needed = std::max(static_cast<const QAbstractItemView*>(FList)->sizeHintForColumn(column),
+                                FList->header()->sectionSizeHint(column));
+    FList->setColumnWidth(column, needed + 12);
+    wanted += needed + 12;
   }
   const int rows = static_cast<int>(FEntries.size());
   if (rows > shownRows) wanted += FList->verticalScrollBar()->sizeHint().width();

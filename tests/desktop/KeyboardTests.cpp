@@ -137,8 +137,10 @@ TEST_F(GridTest, TheDropDownFollowsTheWindowAndMarksTheRowUnderTheMouse) {
     return list.geometry().topLeft() == Keyboard()->mapToGlobal(QPoint(0, Keyboard()->height()));
   };
   EXPECT_TRUE(isBelow());
+  const int wide = list.width();
   Grid.move(Grid.pos() + QPoint(40, 30));
   EXPECT_TRUE(isBelow());
+  EXPECT_EQ(list.width(), wide);
   const QPoint third = list.visualItemRect(list.topLevelItem(2)).center();
   const auto ground = [&] { return list.viewport()->grab().toImage().pixelColor(third.x(), third.y() - 6); };
   const QColor before = ground();
