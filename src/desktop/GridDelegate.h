@@ -21,7 +21,7 @@ class TGridDelegate : public QStyledItemDelegate {
   /// The part of a cell's inside that its text takes. Rows are measured by it too.
   static QRect TextArea(const QRect& cell);
   /// How a text breaks in a grid whose rows follow the content.
-  static constexpr int Wrapping = Qt::TextWordWrap | Qt::TextWrapAnywhere;
+  static constexpr int Wrapping = Qt::TextWordWrap;
 
   /// Commits unless `revert`, and closes.
   void Finish(QWidget* editor, bool revert);

@@ -127,6 +127,11 @@ TEST_F(GridTest, RowsHaveRoomForWrappedTextsAtEveryWidth) {
                                                              FromUtf8(Shown(0, ordinal)));
     ASSERT_LE(text.height(), cell.height()) << width;
   }
+  // Lines end between words.
+  const auto metrics = Grid.View().fontMetrics();
+  const QRect area(0, 0, metrics.horizontalAdvance("hilfsbereit") * 3 / 2, 9999);
+  EXPECT_LT(metrics.boundingRect(area, TGridDelegate::Wrapping, "hilfsbereit hilfsbereit").width(),
+            area.width() * 4 / 5);
 }
 
 TEST_F(GridTest, TheDropDownFollowsTheWindowAndMarksTheRowUnderTheMouse) {
