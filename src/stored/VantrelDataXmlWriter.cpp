@@ -90,14 +90,17 @@ void TVantrelDataObjectXMLWriter::WriteAttribute(std::string_view name, std::str
 
 void TVantrelDataObjectXMLWriter::EndTag(std::string_view name, std::string_view text) {
   FTagOpen = false;
-  FText.push_back('>');
-  const auto begin = FText.size();
-  AppendText(text);
-  if (FText.size() == begin) {
-    FText.replace(begin - 1, 1, " />");
-    return;
+  if (!text.empty()) {
+    FText.push_back('>');
+    const auto begin = FText.size();
+    AppendText(text);
+    if (FText.size() > begin) {
+      FText.append("</").append(name).append(">");
+      return;
+    }
+    FText.pop_back();
   }
-  FText.append("</").append(name).append(">");
+  FText.append(" />");
 }
 
 void TVantrelDataObjectXMLWriter::AppendText(std::string_view text) {

@@ -14,6 +14,10 @@ bool XmlHolds(std::string_view text) {
   const char* at = text.data();
   const char* const end = at + text.size();
   while (at != end) {
+    if (static_cast<signed char>(*at) >= ' ') {
+      ++at;
+      continue;
+    }
     const char* const begin = at;
     const char32_t code = NextUtf8(at, end);
     if (!XmlCanHold(code)) return false;
