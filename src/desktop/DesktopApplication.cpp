@@ -1,6 +1,7 @@
 #include "DesktopApplication.h"
 
 #include <QEvent>
+#include <QScopeGuard>
 #include <QTimer>
 
 #include "DesktopTexts.h"
@@ -13,6 +14,8 @@ bool TDesktopApplication::notify(QObject* receiver, QEvent* event) {
     return QApplication::notify(receiver, event);
   } catch (const std::exception& error) {
     Keep(error.what(), isAsked);
+  } catch (...) {
+    Keep("?", isAsked);
   }
   return false;
 }
@@ -25,6 +28,7 @@ void TDesktopApplication::Keep(const char* message, bool isAsked) {
 }
 
 void TDesktopApplication::Tell() {
+  // While the box stands there is no second one.
+  const auto done = qScopeGuard([this] { FKept.clear(); });
   MsgBoxError(FKept);
-  FKept.clear();
 }

@@ -72,7 +72,7 @@ TLookupEdit::TLookupEdit(std::vector<TLookupEntry> entries, QWidget* parent)
     : QLineEdit(parent), FEntries(std::move(entries)), FList(new QTreeWidget(this)) {
   [[maybe_unused]] static const bool once = (QAccessible::installFactory(MakeAccess), true);
   setFrame(false);
-  // The text is always that of an entry; keys go through keyPressEvent.
+  // What is typed picks an entry: keys go through keyPressEvent.
   setReadOnly(true);
   auto* open = addAction(ThemeIcon("arrow-down"), QLineEdit::TrailingPosition);
   open->setToolTip(UserText(DesktopTexts::OpenList));

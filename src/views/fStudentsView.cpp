@@ -201,7 +201,7 @@ void TStudentsView::UpdateStatus(const TVantrelMemTable* dataSet) {
 void TStudentsView::UpdateViewCommands() {
   UpdateGotoCommands(FUi->StudentsGrid());
   const bool onAchievements = FUi->ActivePage() == AchievementSheet;
-  FFrame.EditZeugnisbeurteilungenCommand.SetEnabled(onAchievements && !IsNobodyShown() &&
+  FFrame.EditZeugnisbeurteilungenCommand.SetEnabled(onAchievements && CurrentStudent != nullptr &&
                                                     FFrame.EditAssessment != nullptr);
   FFrame.ExportToExcelCommand.SetEnabled(onAchievements && FFrame.ExportGrid != nullptr);
 }
@@ -231,11 +231,10 @@ void TStudentsView::UpdateContent() {
   PostEdits();
   auto& grid = FUi->AchievementsGrid();
   const TGridUpdate update(grid);
-  const bool isNobodyShown = IsNobodyShown();
-  FUi->SetPagesEnabled(!isNobodyShown);
-  CurrentStudent = isNobodyShown ? nullptr : CurrentProject->Students().Find(Students.FieldByName("ID").Value());
-  if (CurrentStudent == nullptr && !isNobodyShown) return;
-
+  CurrentStudent = IsNobodyShown() ? nullptr : CurrentProject->Students().Find(Students.FieldByName("ID").Value());
+  if (CurrentStudent == nullptr && Students.RecordCount() == 0) return;
+  // A student without a number is found by nobody: no other one's courses stand beside the name.
+  FUi->SetPagesEnabled(CurrentStudent != nullptr);
   FGridState.Save(grid);
   FKeptSubject.Save(grid, CoursesSource.get());
   ShowCourses();
@@ -291,7 +290,7 @@ bool TStudentsView::FilterGrades(const TVantrelMemTable::TRow& row) const {
 }
 
 TGridKeyAction TStudentsView::Handle_AchievementsKeyDown(int ordinal, TGridKey key) {
-  FKeptSubject.Touch();
+  if (key == TGridKey::Enter || key == TGridKey::Delete) FKeptSubject.Touch();
   return key == TGridKey::Enter && IsGradeColumn(ordinal) ? TGridKeyAction::MoveDown : TGridKeyAction::Pass;
 }
 

@@ -135,6 +135,10 @@ TEST_F(StudentsViewTest, TheNextStudentKeepsTheSubject) {
 TEST_F(StudentsViewTest, WorkInTheFirstCellChoosesItsSubject) {
   Open();
   Grid().SetFocus();
+  QTest::keyClick(&Grid().View(), Qt::Key_Alt);
+  FView->GotoNext();
+  EXPECT_EQ(Grid().FocusedRecord(), 0);
+  FView->GotoFirst();
   QTest::keyClick(&Grid().View(), Qt::Key_Delete);
   FView->GotoNext();
   EXPECT_EQ(Subject(), 1);
@@ -156,6 +160,18 @@ TEST_F(StudentsViewTest, AssessmentsTakeTheRoomThatIsLeft) {
   FView->GotoNext();
   EXPECT_EQ(header->sectionSize(Beurteilung), 100);
   EXPECT_TRUE(Grid().Columns()[0].Frozen && Grid().Columns()[1].Frozen && !Grid().Columns()[2].Frozen);
+}
+
+TEST_F(StudentsViewTest, AStudentWithoutANumberShowsNoOthersCourses) {
+  Student(1).TessaronId.SetNull();
+  Open();
+  FView->GotoNext();
+  EXPECT_EQ(Title(), "Fachdaten nach Schüler");
+  EXPECT_EQ(Grid().RecordCount(), 0);
+  EXPECT_EQ(Grid().Columns().size(), 34U);
+  EXPECT_FALSE(FWindow.findChild<QTabWidget*>()->isEnabled() || FFrame.EditZeugnisbeurteilungenCommand.Enabled());
+  FView->GotoNext();
+  EXPECT_THAT(Title(), StartsWith(Student(2).ViewDisplayName()));
 }
 
 TEST_F(StudentsViewTest, ACourseWithoutAStudentIsNoObstacle) {
