@@ -8,12 +8,6 @@
 
 namespace {
 
-using TStreamOperation = void (TVantrelDataStorage::*)(TVantrelStream&);
-[[maybe_unused]] constexpr TStreamOperation Binary = &TVantrelDataStorage::LoadFromBinStream;
-[[maybe_unused]] constexpr TStreamOperation Xml = &TVantrelDataStorage::LoadFromXmlStream;
-[[maybe_unused]] constexpr TStreamOperation Json = &TVantrelDataStorage::LoadFromJsonStream;
-[[maybe_unused]] constexpr TStreamOperation Zip = &TVantrelDataStorage::LoadFromZipStream;
-
 /// Runs what may refuse with a message; anything but an exception with a message is a finding.
 template <class TOperation>
 bool Succeeds(TOperation operation) {
@@ -87,7 +81,7 @@ extern "C" int LLVMFuzzerInitialize(int*, char***) {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   TVantrelMemoryStream input(std::vector<std::uint8_t>(data, data + size));
   auto project = CreateVantrel<TMyTessaronProject>();
-  const bool whole = Succeeds([&] { ((*project).*FORM)(input); });
+  const bool whole = Succeeds([&] { project->READER(input); });
   if (whole == project->LoadDamage().has_value()) __builtin_trap();
   Show(*project);
   using enum TVantrelDataStorageFormat;

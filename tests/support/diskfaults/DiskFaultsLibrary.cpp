@@ -27,7 +27,7 @@ std::string_view Setting(const char* name) {
   return value != nullptr ? value : "";
 }
 
-bool IsWatched(int folder, const char* path) {
+bool IsWatched(const char* path, int folder = AT_FDCWD) {
   const auto watched = Setting("MYTESSARON_FAULT_FOLDER");
   if (watched.empty() || path == nullptr) return false;
   return path[0] == '/' ? std::string_view(path).starts_with(watched) : folder == AT_FDCWD;
@@ -74,22 +74,12 @@ bool Fails(bool watched, TNeed need) {
 
 int OpenAt(int folder, const char* path, int flags, unsigned mode) {
   const bool changes = (flags & (O_CREAT | O_TRUNC)) != 0;
-  if (changes && Fails(IsWatched(folder, path), TNeed::Space)) return -1;
+  if (changes && Fails(IsWatched(path, folder), TNeed::Space)) return -1;
   return static_cast<int>(::syscall(SYS_openat, folder, path, flags, mode));
 }
 
 unsigned ModeOf(int flags, std::va_list arguments) {
   return (flags & (O_CREAT | O_TMPFILE)) != 0 ? va_arg(arguments, unsigned) : 0;
-}
-
-int RenameAt(int from, const char* old, int to, const char* path, unsigned flags) {
-  if (Fails(IsWatched(to, path), TNeed::Space)) return -1;
-  return static_cast<int>(::syscall(SYS_renameat2, from, old, to, path, flags));
-}
-
-int UnlinkAt(int folder, const char* path, int flags) {
-  if (Fails(IsWatched(folder, path), TNeed::Nothing)) return -1;
-  return static_cast<int>(::syscall(SYS_unlinkat, folder, path, flags));
 }
 }  // namespace
 
@@ -101,26 +91,20 @@ int UnlinkAt(int folder, const char* path, int flags) {
     va_end(arguments);                          \
     return OpenAt(folder, path, flags, mode);   \
   }
-#define PWRITE_FUNCTION(name)                                                           \
-  ssize_t name(int file, const void* bytes, size_t count, off_t offset) {               \
-    const auto torn = [&] { ::syscall(SYS_pwrite64, file, bytes, count / 2, offset); }; \
-    if (Fails(IsWatched(file), TNeed::Space, torn)) return -1;                          \
-    return ::syscall(SYS_pwrite64, file, bytes, count, offset);                         \
+/// The function whose descriptor is `file` and that takes `count` of something.
+#define TORN_FUNCTION(header, number, bytes, ...)                                                                 \
+  ssize_t header {                                                                                                \
+    const auto call = [&](auto part) { return ::syscall(number, file, bytes, part __VA_OPT__(, ) __VA_ARGS__); }; \
+    return Fails(IsWatched(file), TNeed::Space, [&] { call(count / 2); }) ? -1 : call(count);                     \
   }
-#define FTRUNCATE_FUNCTION(name)                                   \
-  int name(int file, off_t size) noexcept {                        \
-    if (Fails(IsWatched(file), TNeed::Space)) return -1;           \
-    return static_cast<int>(::syscall(SYS_ftruncate, file, size)); \
+#define FUNCTION(header, watched, need, ...)                                            \
+  int header {                                                                          \
+    return Fails(watched, TNeed::need) ? -1 : static_cast<int>(::syscall(__VA_ARGS__)); \
   }
 #define FALLOCATE_FUNCTION(name)                                             \
   int name(int file, off_t offset, off_t size) {                             \
     if (Fails(IsWatched(file), TNeed::Space)) return errno;                  \
     return ::syscall(SYS_fallocate, file, 0, offset, size) == 0 ? 0 : errno; \
-  }
-#define DESCRIPTOR_FUNCTION(name, need)                   \
-  int name(int file) {                                    \
-    if (Fails(IsWatched(file), need)) return -1;          \
-    return static_cast<int>(::syscall(SYS_##name, file)); \
   }
 
 extern "C" {
@@ -128,69 +112,31 @@ OPEN_FUNCTION(open(const char* path, int flags, ...), AT_FDCWD)
 OPEN_FUNCTION(open64(const char* path, int flags, ...), AT_FDCWD)
 OPEN_FUNCTION(openat(int folder, const char* path, int flags, ...), folder)
 OPEN_FUNCTION(openat64(int folder, const char* path, int flags, ...), folder)
-PWRITE_FUNCTION(pwrite)
-PWRITE_FUNCTION(pwrite64)
-FTRUNCATE_FUNCTION(ftruncate)
-FTRUNCATE_FUNCTION(ftruncate64)
 FALLOCATE_FUNCTION(posix_fallocate)
 FALLOCATE_FUNCTION(posix_fallocate64)
-DESCRIPTOR_FUNCTION(fsync, TNeed::Space)
-DESCRIPTOR_FUNCTION(fdatasync, TNeed::Space)
-
-ssize_t write(int file, const void* bytes, size_t count) {
-  const auto torn = [&] { ::syscall(SYS_write, file, bytes, count / 2); };
-  if (Fails(IsWatched(file), TNeed::Space, torn)) return -1;
-  return ::syscall(SYS_write, file, bytes, count);
-}
-
-ssize_t writev(int file, const iovec* parts, int count) {
-  const auto torn = [&] { ::syscall(SYS_writev, file, parts, count / 2); };
-  if (Fails(IsWatched(file), TNeed::Space, torn)) return -1;
-  return ::syscall(SYS_writev, file, parts, count);
-}
-
-int rename(const char* from, const char* to) noexcept {
-  return RenameAt(AT_FDCWD, from, AT_FDCWD, to, 0);
-}
-int renameat(int from, const char* old, int to, const char* path) noexcept {
-  return RenameAt(from, old, to, path, 0);
-}
-int renameat2(int from, const char* old, int to, const char* path, unsigned flags) noexcept {
-  return RenameAt(from, old, to, path, flags);
-}
-
-int unlink(const char* path) noexcept {
-  return UnlinkAt(AT_FDCWD, path, 0);
-}
-int unlinkat(int folder, const char* path, int flags) noexcept {
-  return UnlinkAt(folder, path, flags);
-}
-int remove(const char* path) noexcept {
-  return UnlinkAt(AT_FDCWD, path, 0);
-}
-
-int link(const char* from, const char* to) noexcept {
-  if (Fails(IsWatched(AT_FDCWD, to), TNeed::Space)) return -1;
-  return static_cast<int>(::syscall(SYS_linkat, AT_FDCWD, from, AT_FDCWD, to, 0));
-}
-
-int mkdir(const char* path, mode_t mode) noexcept {
-  if (Fails(IsWatched(AT_FDCWD, path), TNeed::Space)) return -1;
-  return static_cast<int>(::syscall(SYS_mkdirat, AT_FDCWD, path, mode));
-}
-
-int fchmod(int file, mode_t mode) noexcept {
-  if (Fails(IsWatched(file), TNeed::Nothing)) return -1;
-  return static_cast<int>(::syscall(SYS_fchmod, file, mode));
-}
-
-int fsetxattr(int file, const char* name, const void* value, size_t size, int flags) noexcept {
-  if (Fails(IsWatched(file), TNeed::Space)) return -1;
-  return static_cast<int>(::syscall(SYS_fsetxattr, file, name, value, size, flags));
-}
-
-int fchown(int file, uid_t owner, gid_t group) noexcept {
-  if (Fails(IsWatched(file), TNeed::Nothing)) return -1;
-  return static_cast<int>(::syscall(SYS_fchown, file, owner, group));
-}
+TORN_FUNCTION(write(int file, const void* bytes, size_t count), SYS_write, bytes)
+TORN_FUNCTION(writev(int file, const iovec* parts, int count), SYS_writev, parts)
+TORN_FUNCTION(pwrite(int file, const void* bytes, size_t count, off_t offset), SYS_pwrite64, bytes, offset)
+TORN_FUNCTION(pwrite64(int file, const void* bytes, size_t count, off_t offset), SYS_pwrite64, bytes, offset)
+FUNCTION(ftruncate(int file, off_t size) noexcept, IsWatched(file), Space, SYS_ftruncate, file, size)
+FUNCTION(ftruncate64(int file, off_t size) noexcept, IsWatched(file), Space, SYS_ftruncate, file, size)
+FUNCTION(fsync(int file), IsWatched(file), Space, SYS_fsync, file)
+FUNCTION(fdatasync(int file), IsWatched(file), Space, SYS_fdatasync, file)
+FUNCTION(rename(const char* old, const char* path) noexcept, IsWatched(path), Space, SYS_renameat2, AT_FDCWD, old,
+         AT_FDCWD, path, 0)
+FUNCTION(renameat(int from, const char* old, int to, const char* path) noexcept, IsWatched(path, to), Space,
+         SYS_renameat2, from, old, to, path, 0)
+FUNCTION(renameat2(int from, const char* old, int to, const char* path, unsigned flags) noexcept, IsWatched(path, to),
+         Space, SYS_renameat2, from, old, to, path, flags)
+FUNCTION(unlink(const char* path) noexcept, IsWatched(path), Nothing, SYS_unlinkat, AT_FDCWD, path, 0)
+FUNCTION(unlinkat(int folder, const char* path, int flags) noexcept, IsWatched(path, folder), Nothing, SYS_unlinkat,
+         folder, path, flags)
+FUNCTION(remove(const char* path) noexcept, IsWatched(path), Nothing, SYS_unlinkat, AT_FDCWD, path, 0)
+FUNCTION(link(const char* from, const char* path) noexcept, IsWatched(path), Space, SYS_linkat, AT_FDCWD, from,
+         AT_FDCWD, path, 0)
+FUNCTION(mkdir(const char* path, mode_t mode) noexcept, IsWatched(path), Space, SYS_mkdirat, AT_FDCWD, path, mode)
+FUNCTION(fchmod(int file, mode_t mode) noexcept, IsWatched(file), Nothing, SYS_fchmod, file, mode)
+FUNCTION(fsetxattr(int file, const char* name, const void* value, size_t size, int flags) noexcept, IsWatched(file),
+         Space, SYS_fsetxattr, file, name, value, size, flags)
+FUNCTION(fchown(int file, uid_t owner, gid_t group) noexcept, IsWatched(file), Nothing, SYS_fchown, file, owner, group)
 }
