@@ -7,7 +7,6 @@
 #include "uTessaronStart.h"
 
 namespace {
-using testing::StartsWith;
 
 /// A machine of the test's own, at first with nothing on it.
 class EnvironmentTest : public testing::Test {
@@ -40,10 +39,8 @@ TEST_F(EnvironmentTest, AMachineWithoutTheCentralSystemIsNoError) {
   EXPECT_EQ(Session, nullptr);
   {
     const TTessaronStart start({});
-    EXPECT_EQ(ProductVersion, "10.x");
-    EXPECT_EQ(BinFolder + MyTessaronVersion + ProductSetupType, "");
-    EXPECT_EQ(PathsFileName, "Tessaron.paths");
-    EXPECT_EQ(LogFileName, "Tessaron.log");
+    EXPECT_EQ(BinFolder + MyTessaronVersion + ProductSetupType + ProductVersion, "10.x");
+    EXPECT_EQ(PathsFileName + "/" + LogFileName, "Tessaron.paths/Tessaron.log");
     EXPECT_EQ(OptionsFileName, FFolder / "fehlt/Orvenda Labs/Tessaron 10/MyTessaron.opt");
     EXPECT_EQ(UserDataFolder, FFolder / "eigene/Orvenda Labs/Tessaron 10");
     ASSERT_NE(Session, nullptr);
@@ -52,8 +49,7 @@ TEST_F(EnvironmentTest, AMachineWithoutTheCentralSystemIsNoError) {
     EXPECT_FALSE(Environment->ExistConnection());
     EXPECT_EQ(Environment->FileName(), FFolder / "fehlt/Orvenda Labs/Tessaron 10/Tessaron.evm");
   }
-  EXPECT_EQ(Session, nullptr);
-  EXPECT_EQ(Environment, nullptr);
+  EXPECT_TRUE(Session == nullptr && Environment == nullptr);
   EXPECT_THAT(FBoxes.Texts, testing::IsEmpty());
 }
 
@@ -84,7 +80,7 @@ TEST_F(EnvironmentTest, InstallationAndPathsFileSayWhereThingsLie) {
     EXPECT_EQ(DictionaryFileName, one.Dictionary + "/de_DE_frami.dic");
     EXPECT_EQ(OptionsFileName, one.Options + "/MyTessaron.opt");
   }
-  EXPECT_THAT(FBoxes.Texts, testing::ElementsAre(StartsWith("Fehler beim Laden der Systemumgebung!\r\n")));
+  EXPECT_THAT(FBoxes.Texts, testing::ElementsAre(testing::StartsWith("Fehler beim Laden der Systemumgebung!\r\n")));
 }
 
 TEST_F(EnvironmentTest, NoPathsFileIsReadFromTheCurrentFolder) {
@@ -116,20 +112,16 @@ TEST_F(EnvironmentTest, EnvironmentIsLoadedAndSorted) {
   EXPECT_EQ(Environment->DefaultAlias, "Schule");
   const auto& connections = Environment->Connections();
   ASSERT_EQ(connections.Count(), 3);
-  const struct {
-    const char *Alias, *Local, *Remote, *Protocol, *Word;
-    int Region;
-  } cases[] = {{"archiv", "/db/archiv.fdb", "LOCALHOST:/db/archiv.fdb", "Local", "Local", 3},
-               {"Schule", "/db/schule.fdb", "ZENTRALE:/db/schule.fdb", "TCP/IP", "TCPIP", -2},
-               {"Tessaron", "", "", "Local", "Local", -2}};
+  using TText = std::string;
+  const std::tuple<TText, TText, TText, TText, TText, int> cases[] = {
+      {"archiv", "/db/archiv.fdb", "LOCALHOST:/db/archiv.fdb", "Local", "Local", 3},
+      {"Schule", "/db/schule.fdb", "ZENTRALE:/db/schule.fdb", "TCP/IP", "TCPIP", -2},
+      {"Tessaron", "", "", "Local", "Local", -2}};
   for (int i = 0; i < connections.Count(); ++i) {
     const auto& connection = *connections.GetItem(i);
-    EXPECT_EQ(connection.Alias, cases[i].Alias);
-    EXPECT_EQ(connection.DatabaseName(false), cases[i].Local);
-    EXPECT_EQ(connection.DatabaseName(true), cases[i].Remote);
-    EXPECT_EQ(connection.GetProtocolAsString(), cases[i].Protocol);
-    EXPECT_EQ(connection.GetProtocolForFireDAC(), cases[i].Word);
-    EXPECT_EQ(connection.Region, cases[i].Region);
+    EXPECT_EQ(std::tuple(connection.Alias, connection.DatabaseName(false), connection.DatabaseName(true),
+                         connection.GetProtocolAsString(), connection.GetProtocolForFireDAC(), connection.Region),
+              cases[i]);
     EXPECT_EQ(connection.ODBCDataSource, "Tessaron-CR");
     EXPECT_EQ(connection.OptFileName, Common() + "/Tessaron.opt");
   }
@@ -151,7 +143,7 @@ TEST_F(EnvironmentTest, ADamagedEnvironmentIsToldAndEmpty) {
   InstallCommonData("<Storage><Connections><Items><Item Class='TStrange'/></Items></Connections></Storage>");
   const TTessaronStart start({"Debugger"});
   EXPECT_FALSE(DebugFlag);
-  EXPECT_THAT(FBoxes.Texts, testing::ElementsAre(StartsWith("Fehler beim Laden der Systemumgebung!\r\n")));
+  EXPECT_THAT(FBoxes.Texts, testing::ElementsAre(testing::StartsWith("Fehler beim Laden der Systemumgebung!\r\n")));
   EXPECT_FALSE(Environment->ExistConnection());
 }
 }  // namespace

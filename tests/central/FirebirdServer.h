@@ -38,8 +38,6 @@ class FirebirdServer {
     FProcess = Start(Program, "-p", std::to_string(FPort), "-e", FFolder.Path().string());
     FReady = Answers();
   }
-  FirebirdServer(const FirebirdServer&) = delete;
-  FirebirdServer& operator=(const FirebirdServer&) = delete;
   ~FirebirdServer() {
     if (FProcess <= 0) return;
     ::kill(FProcess, SIGKILL);

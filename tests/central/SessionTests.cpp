@@ -1,11 +1,99 @@
-#include "uTessaronSession.h"
+#include "uFirebird.h"
 
 #include <gmock/gmock.h>
 
+#include "ErrorOf.h"
 #include "FirebirdServer.h"
 #include "MsgBoxes.h"
+#include "uDBQuery.h"
+#include "uTessaronSession.h"
+
+/// What the client library keeps for the whole run.
+extern "C" const char* __lsan_default_suppressions();
+const char* __lsan_default_suppressions() {
+  return "leak:libfbclient.so";
+}
 
 namespace {
+using testing::StartsWith;
+
+constexpr const char* WrongLogon = "Benutzer bzw. Kennwort sind falsch.";
+constexpr const char* OtherFailure = "Es ist ein Fehler bei der Anmeldung an die Datenbank aufgetreten.\r\n";
+
+TEST(Firebird, ParameterListStandsInItsOrder) {
+  const auto connection = CreateVantrel<TTessaronConnection>();
+  connection->FileName = "/daten/schule.fdb";
+  connection->Server = "zentrale";
+  connection->SetProtocol(TDBProtocol::dbpTCPIP);
+  const auto database = TFBUtils::GetConnection(*connection, {"MUE", "a=b"});
+  EXPECT_THAT(database->Params(),
+              testing::ElementsAre("DriverID=FB", "Database=/daten/schule.fdb", "Protocol=TCPIP", "Server=zentrale",
+                                   "SQLDialect=3", "User_Name=MUE", "Password=a=b", "CharacterSet=UTF8"));
+  EXPECT_EQ(std::tuple(database->Param("Password"), database->Param("Pass")), std::tuple("a=b", ""));
+  EXPECT_THROW(database->Handle(), EDBError);
+}
+
+TEST(Firebird, LogonIsJudgedByTheServer) {
+  NEEDS_FIREBIRD(server, "");
+  const struct {
+    const char* Database;
+    TCredentials Credentials;
+    const char* Report;
+  } cases[] = {{"", {"SYSDBA", "geheim"}, ""},
+               {"", {"SYSDBA", "falsch"}, WrongLogon},
+               {"", {"NIEMAND", "geheim"}, WrongLogon},
+               {"", {"SYSDBA", std::string(40000, 'x')}, WrongLogon},
+               {"/fehlt.fdb", {"SYSDBA", "geheim"}, OtherFailure}};
+  for (const auto& one : cases) {
+    const auto connection = server.Connection();
+    if (*one.Database != '\0') connection->FileName = one.Database;
+    const auto report = TFBUtils::CheckConnection(*connection, one.Credentials);
+    if (one.Report == OtherFailure)
+      EXPECT_THAT(report, StartsWith(one.Report));
+    else
+      EXPECT_EQ(report, one.Report) << one.Credentials.Username;
+  }
+}
+
+TEST(Firebird, QueriesGiveAndTakeValues) {
+  NEEDS_FIREBIRD(server,
+                 "CREATE TABLE T (N INTEGER, B BIGINT, D NUMERIC(9,2), V VARCHAR(40), C CHAR(10), J BOOLEAN,"
+                 " X TIMESTAMP, S DATE, U TIME, M BLOB);");
+  const auto database = TFBUtils::GetConnection(*server.Connection(), FirebirdServer::Administrator());
+  database->Open();
+  TDBQuery insert(*database, "INSERT INTO T VALUES (:n, :B, :D, :V || ':x', :V, :J, :X, :X, :X, NULL)");
+  using TValue = std::pair<const char*, TVariant>;
+  const TVariant big = std::int64_t{1} << 40, time = TVariant::DateTime(45366.75);
+  for (const auto& [name, value] :
+       {TValue("N", 7), {"B", big}, {"D", 1.25}, {"V", "Käthe ß"}, {"J", true}, {"X", time}})
+    insert.SetParam(name, value);
+  EXPECT_THROW(insert.SetParam("Y", 1), EDBError);
+  EXPECT_THROW(insert.SetParam("V", std::string(32766, 'x')), EDBError);
+  insert.Execute();
+  insert.SetParam("N", TVariant::Null());
+  insert.Execute();
+  insert.SetParam("V", std::string(41, 'x'));
+  EXPECT_THAT(ErrorOf<EDBError>([&] { insert.Execute(); }), StartsWith("Die Datenbank meldet einen Fehler.\r\n"));
+
+  TDBQuery query(*database, "SELECT T.*, CAST('x' AS BLOB) AS \"Bild\" FROM T ORDER BY N");
+  EXPECT_THROW(query.Value(0), EDBError);
+  for (int run = 0; run < 2; ++run) {
+    query.Execute();
+    ASSERT_TRUE(query.Next());
+    EXPECT_TRUE(query.Value("N").IsNull());
+    ASSERT_TRUE(query.Next());
+  }
+  std::size_t column = 0;
+  for (const TVariant& value : std::vector<TVariant>{7, big, 1.25, "Käthe ß:x", "Käthe ß", true, time,
+                                                     TVariant::DateTime(45366), TVariant::DateTime(0.75)})
+    EXPECT_EQ(query.Value(std::string_view("NBDVCJXSU").substr(column++, 1)), value) << column;
+  EXPECT_TRUE(query.Value("M").IsNull());
+  EXPECT_THROW(query.Value("Bild"), EDBError);
+  EXPECT_THROW(query.Value("n"), EDBError);
+  EXPECT_FALSE(query.Next() || query.Next());
+  EXPECT_THROW(TDBQuery(*database, "SELECT FROM"), EDBError);
+}
+
 using testing::HasSubstr;
 
 /// A session that somebody is logged on to.
@@ -21,15 +109,12 @@ TVantrelPtr<TTessaronSession> SessionOf(const std::string& user, const TUserRigh
 TEST(Session, BeginsWithNobodyWhoIsAdministrator) {
   const FakeBoxes boxes;
   const auto session = CreateVantrel<TTessaronSession>();
-  EXPECT_FALSE(session->FLoggedIn || session->FConnection->Connected());
-  EXPECT_TRUE(session->FLastMediaCatalog.IsNull());
+  EXPECT_TRUE(!session->FLoggedIn && !session->FConnection->Connected() && session->FLastMediaCatalog.IsNull());
   session->Log("Anmeldung", 5);
   EXPECT_TRUE(session->FDebugLog.empty());
   EXPECT_EQ(session->Username(), "");
-  EXPECT_TRUE(session->FPrivileges->IsAdmin(true));
-  EXPECT_FALSE(session->FPrivileges->IsAdmin(true, "MUE"));
-  EXPECT_FALSE(session->FPrivileges->IsDBAdmin(false));
-  EXPECT_TRUE(session->FPrivileges->HasRightGroup());
+  EXPECT_TRUE(session->FPrivileges->IsAdmin(true) && !session->FPrivileges->IsAdmin(true, "MUE"));
+  EXPECT_TRUE(!session->FPrivileges->IsDBAdmin(false) && session->FPrivileges->HasRightGroup());
   EXPECT_TRUE(session->FPrivileges->HasRightToView("Noten", "Lesen"));
   EXPECT_EQ(boxes.Texts.size(), 1U);
 }
@@ -66,15 +151,13 @@ TEST(Session, RightsGoByUserAndFlag) {
 
 TEST(Session, GuestsAndViewRights) {
   const FakeBoxes boxes;
-  EXPECT_TRUE(SessionOf("MUE")->FPrivileges->DenyGuest());
-  EXPECT_FALSE(SessionOf("Gast")->FPrivileges->DenyGuest());
+  EXPECT_TRUE(SessionOf("MUE")->FPrivileges->DenyGuest() && !SessionOf("Gast")->FPrivileges->DenyGuest());
   EXPECT_THAT(boxes.Texts, testing::ElementsAre(HasSubstr("mit Gastrechten angemeldet.\r\nDiese Funktion kann")));
   const auto session = SessionOf("MUE");
   session->FPrivileges->InitViewRight("Noten", "Lesen");
   session->FPrivileges->InitViewRight("Statistik", "Administrator");
   EXPECT_TRUE(session->FPrivileges->HasRightToView("Noten", "Lesen"));
-  EXPECT_FALSE(session->FPrivileges->HasRightToView("Noten", "Schreiben"));
-  EXPECT_TRUE(session->FPrivileges->IsStatistikAdmin());
+  EXPECT_TRUE(!session->FPrivileges->HasRightToView("Noten", "Schreiben") && session->FPrivileges->IsStatistikAdmin());
   const auto user = TTessaronSession::TempUser("MUE", "geheim", "Jürgen", "K.", "Müller");
   EXPECT_EQ(TTessaronSession::TempUser(*user)->Lastname, "Müller");
 }

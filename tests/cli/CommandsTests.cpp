@@ -5,7 +5,6 @@ namespace {
 
 namespace fs = std::filesystem;
 using testing::HasSubstr;
-using testing::IsEmpty;
 
 using CommandsTest = CliFixture;
 
@@ -35,7 +34,7 @@ TEST_F(CommandsTest, TellsWrongUse) {
   for (const auto& [arguments, text] : cases) {
     EXPECT_EQ(Run(arguments), 2) << text;
     EXPECT_THAT(Err(), HasSubstr(text));
-    EXPECT_THAT(Out(), IsEmpty());
+    EXPECT_THAT(Out(), testing::IsEmpty());
   }
   EXPECT_EQ(Run({"info", "--help"}), 0);
   EXPECT_THAT(Out(), HasSubstr("Aufruf"));
@@ -73,7 +72,7 @@ TEST_F(CommandsTest, ProtectedFilesNeedTheirPassword) {
     EXPECT_THAT(Err(), HasSubstr("mit einem Kennwort geschützt"));
     EXPECT_EQ(with(wrong), 2);
     EXPECT_EQ(Err(), "Das angegebene Passwort ist nicht korrekt. Datei wird geschlossen.\n");
-    EXPECT_THAT(Out(), IsEmpty());
+    EXPECT_THAT(Out(), testing::IsEmpty());
     EXPECT_FALSE(fs::exists(target));
     EXPECT_NE(with(good), 2);
     fs::remove(target);
@@ -121,17 +120,18 @@ TEST_F(CommandsTest, NothingThatIsShownHarmsTheTerminal) {
   project->TeacherName = project->Description = Anna(*project).Nachname = name;
   const auto file = Save(std::move(project), name);
   const auto missing = FFolder / ("x" + name);
-  for (const std::vector<std::string>& command : {std::vector<std::string>{"info", file},
-                                                  {"info", missing},
-                                                  {"check", file, missing},
-                                                  {"check", "-" + name},
-                                                  {"diff", file, Fixture("small.kvrx")},
-                                                  {"convert", file, missing},
-                                                  {"sample", file},
-                                                  {name, file},
-                                                  {"info", file, "--password-file", missing},
-                                                  {"sample", FFolder / ("y" + name)},
-                                                  {"texts", file}}) {
+  const std::vector<std::string> commands[] = {{"info", file},
+                                               {"info", missing},
+                                               {"check", file, missing},
+                                               {"check", "-" + name},
+                                               {"diff", file, Fixture("small.kvrx")},
+                                               {"convert", file, missing},
+                                               {"sample", file},
+                                               {name, file},
+                                               {"info", file, "--password-file", missing},
+                                               {"sample", FFolder / ("y" + name)},
+                                               {"texts", file}};
+  for (const auto& command : commands) {
     Run(command);
     const auto shown = Out() + Err();
     EXPECT_THAT(shown, HasSubstr("a␛[2J"));
@@ -164,8 +164,7 @@ TEST_F(CommandsTest, ConvertTellsWhatTheTargetCannotHold) {
                     heading = "“ kann nicht alles halten, was die Quelle hat:\n";
   const std::pair<const char*, std::string> cases[] = {
       {"kvr", ""},
-      {"kvrxr",
-       heading + "Anna Beck (10a)\n  Vorname: „An␂na“ -> „Anna“\n  Geschlecht: „\uFFFD“ -> „M“\n" + date},
+      {"kvrxr", heading + "Anna Beck (10a)\n  Vorname: „An␂na“ -> „Anna“\n  Geschlecht: „\uFFFD“ -> „M“\n" + date},
       {"json", heading + "An␂na Beck (10a)\n  Geschlecht: „\uFFFD“ -> „?“\n" + date +
                    "  Mathematik (Ma), Beurteilung: „Łukasz/\uFFFD“ -> „?ukasz\\/?“\n"}};
   for (const auto& [kind, losses] : cases) {

@@ -106,14 +106,12 @@ TEST_P(HoldTest, ASecondProcessIsRefusedUntilTheFirstEnds) {
     int ready[2], leave[2];
     ASSERT_EQ(::pipe(ready) + ::pipe(leave), 0);
     char signal = 0;
-    const auto holder = ::fork();
-    if (holder == 0) {
+    const auto holder = StartChild([&] {
       ::close(leave[1]);
       const auto project = CreateVantrel<TMyTessaronProject>();
       project->LoadFile(file);
-      if (::write(ready[1], "x", 1) == 1 && ::read(leave[0], &signal, 1) < 0) ::_exit(1);
-      ::_exit(0);
-    }
+      return ::write(ready[1], "x", 1) == 1 && ::read(leave[0], &signal, 1) < 0 ? 1 : 0;
+    });
     EXPECT_EQ(::read(ready[0], &signal, 1), 1);
     EXPECT_EQ(InChild([&] { return OpenForEditing(file); }), sharing);
     EXPECT_EQ(RunProgram({"info", file}), 2);

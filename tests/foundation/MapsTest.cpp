@@ -2,15 +2,11 @@
 
 #include <gmock/gmock.h>
 
-#include <memory>
-
 #include "VantrelExceptions.h"
 #include "VantrelSets.h"
 #include "VantrelTypes.h"
 
 namespace {
-using ::testing::ElementsAre;
-
 TEST(ElfHash, KnownValues) {
   TVantrelELFHash hash;
   EXPECT_EQ(hash.GetHash(), 0);
@@ -38,8 +34,7 @@ TEST(HashMap, ThirteenthEntryDoubles) {
   map.Put(std::int32_t{12} * 16, nullptr);
   EXPECT_EQ(map.BucketCount(), 16);
   map.Put(std::int32_t{13} * 16, nullptr);
-  EXPECT_EQ(map.BucketCount(), 32);
-  EXPECT_EQ(map.Threshold(), 24);
+  EXPECT_EQ(std::tuple(map.BucketCount(), map.Threshold()), std::tuple(32, 24));
   for (std::int32_t key = 1; key <= 13; ++key) EXPECT_TRUE(map.ContainsKey(key * 16)) << key;
   EXPECT_FALSE(map.ContainsKey(std::int32_t{14} * 16));
 }
@@ -62,7 +57,7 @@ TEST(HashMap, PlainValuesStandForKeyObjectsOfTheirClass) {
   check(std::int32_t{7}, TVantrelLongInt(7));
   check(std::int64_t{7}, TVantrelInt64(7));
   EXPECT_FALSE(map.ContainsKey(GuidToText(guid)));
-  EXPECT_THAT(map.Items(), ElementsAre(&text, &text, &text, &text));
+  EXPECT_THAT(map.Items(), testing::ElementsAre(&text, &text, &text, &text));
 }
 
 TEST(HashMap, EqualKeyReplacesItemAndFreesNewKey) {
@@ -100,23 +95,18 @@ TEST(HashMap, FreesRepeatedItemOnceAndSurvivesItemsThatTakeThemselvesOut) {
   map.Put(itsOwnKey, itsOwnKey);
   map.Clear();
   EXPECT_EQ(freed, 3);
-  EXPECT_TRUE(map.IsEmpty());
-  EXPECT_FALSE(map.ContainsKey("d"));
+  EXPECT_TRUE(map.IsEmpty() && !map.ContainsKey("d"));
 }
 
 TEST(HashSet, HoldsEqualItemsOnce) {
   TVantrelHashSet set;
   auto* const held = new TVantrelString("x");
-  EXPECT_TRUE(set.Add(held));
-  EXPECT_FALSE(set.Add(held));
-  EXPECT_FALSE(set.Add(new TVantrelString("x")));
+  EXPECT_TRUE(set.Add(held) && !set.Add(held) && !set.Add(new TVantrelString("x")));
   EXPECT_TRUE(set.Add(new TVantrelUtf8String("x")));
   const TVantrelString wanted("x");
   EXPECT_TRUE(set.Contains(&wanted) && set.Items().size() == 2);
   EXPECT_EQ(set.Extract(&wanted), held);
-  EXPECT_FALSE(set.Contains(&wanted) || set.Remove(&wanted));
-  EXPECT_TRUE(set.Add(held));
-  EXPECT_TRUE(set.Remove(&wanted));
+  EXPECT_TRUE(!(set.Contains(&wanted) || set.Remove(&wanted)) && set.Add(held) && set.Remove(&wanted));
   EXPECT_EQ(set.Count(), 1);
 }
 }  // namespace

@@ -4,16 +4,16 @@
 
 #include "ErrorOf.h"
 #include "PublishedObjects.h"
+#include "VantrelRegistry.h"
+#include "VantrelTypes.h"
 
 namespace {
 TEST(ClassRtti, ListsInheritedPropertiesFirst) {
   const TVantrelClassRTTI rtti(TLeaf().ClassReference());
   EXPECT_EQ(&rtti.Class(), &TLeaf::Class);
-  EXPECT_EQ(rtti.PropCount(), 11);
-  EXPECT_EQ(rtti.GetPropertyIndex("SIDE"), 3);
+  EXPECT_EQ(std::tuple(rtti.PropCount(), rtti.GetPropertyIndex("SIDE")), std::tuple(11, 3));
   EXPECT_EQ(rtti.GetPropertyIndex("Weg"), -1);
-  EXPECT_FALSE(rtti.IsPropertyPublished(""));
-  EXPECT_TRUE(rtti.IsPropertyPublished("letter"));
+  EXPECT_TRUE(!rtti.IsPropertyPublished("") && rtti.IsPropertyPublished("letter"));
   for (const TVantrelClassRTTI::TKey& key : {TVantrelClassRTTI::TKey(-1), {11}, {"Weg"}})
     EXPECT_EQ(ErrorOf<EVantrelRTTIError>([&] { rtti.Property(key); }), "Eigenschaft wurde nicht gefunden.");
   EXPECT_EQ(TVantrelClassRTTI(TVantrelObject().ClassReference()).PropCount(), 0);
@@ -21,29 +21,25 @@ TEST(ClassRtti, ListsInheritedPropertiesFirst) {
 
 TEST(ClassRtti, TellsTypes) {
   const TVantrelClassRTTI rtti(TLeaf().ClassReference());
-  EXPECT_TRUE(rtti.IsPropertyReadable("Visible"));
-  EXPECT_FALSE(rtti.IsPropertyWriteable("Visible"));
+  EXPECT_TRUE(rtti.IsPropertyReadable("Visible") && !rtti.IsPropertyWriteable("Visible"));
   EXPECT_TRUE(rtti.PropertyTypeHasName("Side", "tside"));
   EXPECT_EQ(rtti.GetPropertyOrdType("Tag"), TVantrelOrdType::otSWord);
-  EXPECT_EQ(rtti.GetPropertyOrdMinValue("Tag"), -32768);
-  EXPECT_EQ(rtti.GetPropertyOrdDefaultValue("Tag"), 7);
   EXPECT_EQ(rtti.GetPropertyOrdDefaultValue("Sides"), TVantrelProperty::NoDefault);
-  EXPECT_EQ(rtti.GetPropertyOrdMaxValue("Sides"), 7);
-  EXPECT_EQ(rtti.GetPropertyInt64MaxValue("Big"), std::numeric_limits<std::int64_t>::max());
+  const std::pair<std::int64_t, std::int64_t> numbers[] = {
+      {rtti.GetPropertyOrdMinValue("Tag"), -32768},        {rtti.GetPropertyOrdDefaultValue("Tag"), 7},
+      {rtti.GetPropertyOrdMaxValue("Sides"), 7},           {rtti.GetPropertyInt64MinValue("Big"), INT64_MIN},
+      {rtti.GetPropertyInt64MaxValue("Big"), INT64_MAX},   {rtti.GetPropertyEnumValue("Visible", "true"), 1},
+      {rtti.GetPropertyEnumValue("Side", "sdBottom"), -1}, {rtti.GetPropertySetEnumValue("Sides", "sdTop"), 1},
+      {rtti.GetPropertySetEnumOrdMinValue("Sides"), 0},    {rtti.GetPropertySetEnumOrdMaxValue("Sides"), 2}};
+  for (const auto& [value, expected] : numbers) EXPECT_EQ(value, expected);
   EXPECT_EQ(rtti.GetPropertyFloatType("Ratio"), TVantrelFloatType::ftSingle);
   EXPECT_EQ(rtti.GetPropertyClassType("Partner"), &TNode::Class);
-  EXPECT_EQ(rtti.GetPropertyEnumName("Side", 2), "sdRight");
-  EXPECT_EQ(rtti.GetPropertyEnumValue("Visible", "true"), 1);
-  EXPECT_EQ(rtti.GetPropertyEnumValue("Side", "sdBottom"), -1);
-  EXPECT_EQ(rtti.GetPropertySetEnumTypeName("Sides"), "TSide");
-  EXPECT_EQ(rtti.GetPropertySetEnumValue("Sides", "sdTop"), 1);
-  EXPECT_EQ(rtti.GetPropertySetEnumName("Sides", 2), "sdRight");
+  for (const auto& name : {rtti.GetPropertyEnumName("Side", 2), rtti.GetPropertySetEnumName("Sides", 2)})
+    EXPECT_EQ(name, "sdRight");
+  for (const auto& name : {rtti.GetPropertySetEnumTypeName("Sides"), rtti.GetPropertyTypeName(3)})
+    EXPECT_EQ(name, "TSide");
   EXPECT_EQ(rtti.GetPropertySetEnumTypeKind("Sides"), TVantrelTypeKind::tkEnumeration);
   EXPECT_EQ(rtti.GetPropertySetEnumOrdType("Sides"), TVantrelOrdType::otUByte);
-  EXPECT_EQ(rtti.GetPropertySetEnumOrdMinValue("Sides"), 0);
-  EXPECT_EQ(rtti.GetPropertySetEnumOrdMaxValue("Sides"), 2);
-  EXPECT_EQ(rtti.GetPropertyTypeName(3), "TSide");
-  EXPECT_EQ(rtti.GetPropertyInt64MinValue("Big"), std::numeric_limits<std::int64_t>::min());
   EXPECT_THROW(rtti.GetPropertyEnumName("Side", 3), EVantrelRTTIError);
   EXPECT_THROW(rtti.GetPropertyFloatType("Tag"), EVantrelRTTIError);
   EXPECT_THROW(rtti.GetPropertyOrdType("Big"), EVantrelRTTIError);
@@ -62,8 +58,7 @@ TEST(InstanceRtti, ReadsAndWritesEveryKind) {
   EXPECT_EQ(leaf.Caption(), "Grüß");
   EXPECT_EQ(rtti.GetAnsiStringProperty("Caption"), "Gr\xFC\xDF");
   rtti.SetOrdProperty("Tag", -32768);
-  EXPECT_EQ(rtti.GetOrdProperty(1), leaf.Tag());
-  EXPECT_EQ(rtti.GetEnumProperty("Visible"), "True");
+  EXPECT_EQ(std::tuple(rtti.GetOrdProperty(1), rtti.GetEnumProperty("Visible")), std::tuple(leaf.Tag(), "True"));
   rtti.SetEnumProperty("Side", "SDTOP");
   EXPECT_EQ(leaf.Side(), TSide::sdTop);
   rtti.SetSetProperty("Sides", "[sdRight, sdLeft]");
@@ -94,5 +89,52 @@ TEST(InstanceRtti, RefusesWhatDoesNotGoWithTheProperty) {
   EXPECT_THROW(rtti.SetStringProperty("Tag", "1"), EVantrelRTTIError);
   EXPECT_THROW(rtti.GetStringProperty("Ratio"), EVantrelRTTIError);
   EXPECT_THROW(rtti.SetObjectProperty("Partner", &stranger), EVantrelRTTIError);
+}
+
+TEST(ClassRegistry, MakesEveryTypedValueByItsName) {
+  const char* names[] = {"Reference", "Binary",   "Bitmap",   "Icon",     "Boolean", "Char",       "SmallInt",
+                         "ShortInt",  "LongInt",  "Int64",    "Byte",     "Word",    "LongWord",   "Single",
+                         "Double",    "Extended", "Currency", "DateTime", "String",  "Utf8String", "Guid"};
+  TVantrelClassRegistry registry;
+  RegisterFoundationClasses(registry);
+  int type = 0;
+  for (const std::string name : names) {
+    const TVantrelClass* const found = registry.GetClass("TVantrel" + name);
+    ASSERT_NE(found, nullptr) << name;
+    const auto value = found->Create();
+    EXPECT_EQ(static_cast<int>(dynamic_cast<TVantrelType&>(*value).ValueType()), type++) << name;
+  }
+  for (const char* name : {"TVantrelHashMap", "TVantrelHashSet", "TVantrelArrayList", "TVantrelLinkedList"})
+    EXPECT_NE(dynamic_cast<TVantrelPersistent*>(registry.GetClass(name)->Create().get()), nullptr);
+}
+
+TEST(ClassRegistry, KeepsTheFirstOfAName) {
+  const TVantrelClass first{.Name = "TNode"}, second{.Name = "TNode"};
+  TVantrelClassRegistry registry;
+  registry.AddClass(first);
+  registry.AddClass(second);
+  EXPECT_EQ(registry.GetClass("TNode"), &first);
+  registry.RemoveClass(first);
+  EXPECT_FALSE(registry.ContainsClass(first));
+  EXPECT_EQ(registry.GetClass("TNode"), nullptr);
+  registry.RemoveClass(first);
+}
+
+TEST(ClassRegistry, ExistsOnce) {
+  {
+    const TVantrelClassRegistry registry;
+    for (int i = 0; i < 2; ++i)
+      EXPECT_EQ(ErrorOf<EVantrelSingletonError>([] { TVantrelClassRegistry(); }),
+                "Eine zweite Instanz der Klasse \"TVantrelClassRegistry\" ist nicht erlaubt.");
+  }
+  EXPECT_NO_THROW(TVantrelClassRegistry());
+}
+
+TEST(StaticClass, HasNoInstance) {
+  struct TNever : TVantrelStaticClass {
+    TNever() : TVantrelStaticClass("TNever") {}
+  };
+  EXPECT_EQ(ErrorOf<EVantrelStaticClassError>([] { TNever(); }),
+            "Eine Instanz der Klasse \"TNever\" darf nicht abgelegt werden.");
 }
 }  // namespace

@@ -3,11 +3,13 @@
 #include <sys/stat.h>
 #include <sys/xattr.h>
 
+#include <csignal>
 #include <functional>
 
 #include "ErrorOf.h"
 #include "InChild.h"
 #include "TempFolder.h"
+#include "VantrelFileStreams.h"
 #include "VantrelSafeSave.h"
 
 namespace {
@@ -26,9 +28,13 @@ int CodeOfSaving(const std::string& name, std::string_view text, THandle* own = 
   return static_cast<int>(FileErrorOf([&] { Save(name, text, famShareExclusive, own); }));
 }
 
-TEST(SafeSave, ReplacesTheFileAndHoldsIt) {
-  const TempFolder folder;
-  for (const auto& name : {folder / "projekt.kvr", folder / (std::string(200, 'x') + "äöü" + std::string(40, 'y'))}) {
+struct SafeSave : testing::Test {
+  const TempFolder FFolder;
+  const std::string FName = FFolder / "f";
+};
+
+TEST_F(SafeSave, ReplacesTheFileAndHoldsIt) {
+  for (const auto& name : {FFolder / "projekt.kvr", FFolder / (std::string(200, 'x') + "äöü" + std::string(40, 'y'))}) {
     EXPECT_EQ(CodeOfSaving(name, "eins"), 0);
     auto handle = Save(name, "zwei");
     EXPECT_EQ(ReadFileText(name), "zwei");
@@ -36,55 +42,49 @@ TEST(SafeSave, ReplacesTheFileAndHoldsIt) {
     TVantrelFileStream stream(std::move(handle));
     EXPECT_EQ(stream.ReadAll().size(), 4U);
   }
-  EXPECT_EQ(folder.FileCount(), 2U);
+  EXPECT_EQ(FFolder.FileCount(), 2U);
 }
 
-TEST(SafeSave, OwnHandleIsExchangedForeignOneRefuses) {
-  const TempFolder folder;
-  const auto name = folder / "f";
-  WriteFileText(name, "alt");
-  auto own = std::make_unique<TVantrelFileHandle>(name, famShareDenyWrite, fomOpenReadWrite);
+TEST_F(SafeSave, OwnHandleIsExchangedForeignOneRefuses) {
+  WriteFileText(FName, "alt");
+  auto own = std::make_unique<TVantrelFileHandle>(FName, famShareDenyWrite, fomOpenReadWrite);
   {
-    const TVantrelFileHandle foreign(name, famShareDenyNone, fomOpenRead);
-    EXPECT_EQ(CodeOfSaving(name, "neu", &own), 32);
+    const TVantrelFileHandle foreign(FName, famShareDenyNone, fomOpenRead);
+    EXPECT_EQ(CodeOfSaving(FName, "neu", &own), 32);
     EXPECT_NE(own, nullptr);
-    EXPECT_THROW(TVantrelFileHandle(name, famShareDenyNone, fomOpenReadWrite), EVantrelFileHandleError);
+    EXPECT_THROW(TVantrelFileHandle(FName, famShareDenyNone, fomOpenReadWrite), EVantrelFileHandleError);
   }
-  const auto handle = Save(name, "neu", famShareDenyWrite, &own);
+  const auto handle = Save(FName, "neu", famShareDenyWrite, &own);
   EXPECT_EQ(own, nullptr);
-  EXPECT_EQ(ReadFileText(name), "neu");
-  EXPECT_NO_THROW(TVantrelFileHandle(name, famShareDenyNone, fomOpenRead));
-  EXPECT_THROW(TVantrelFileHandle(name, famShareDenyNone, fomOpenReadWrite), EVantrelFileHandleError);
+  EXPECT_EQ(ReadFileText(FName), "neu");
+  EXPECT_NO_THROW(TVantrelFileHandle(FName, famShareDenyNone, fomOpenRead));
+  EXPECT_THROW(TVantrelFileHandle(FName, famShareDenyNone, fomOpenReadWrite), EVantrelFileHandleError);
 }
 
-TEST(SafeSave, KeepsPermissionsAndLinks) {
-  const TempFolder folder;
-  std::filesystem::create_directory(folder / "weit");
-  WriteFileText(folder / "weit/f", "alt");
-  ::chmod((folder / "weit/f").c_str(), 0640);
-  std::filesystem::create_symlink("weit/f", folder / "link");
-  std::filesystem::create_symlink("weit/fehlt", folder / "ins-leere");
-  std::filesystem::create_hard_link(folder / "weit/f", folder / "weit/zweiter");
-  EXPECT_EQ(CodeOfSaving(folder / "link", "neu"), 0);
-  EXPECT_TRUE(std::filesystem::is_symlink(folder / "link"));
-  EXPECT_EQ(ReadFileText(folder / "weit/f"), "neu");
-  EXPECT_EQ(ReadFileText(folder / "weit/zweiter"), "alt");
-  EXPECT_EQ(static_cast<int>(std::filesystem::status(folder / "weit/f").permissions()), 0640);
-  EXPECT_EQ(CodeOfSaving(folder / "ins-leere", "neu"), 0);
-  EXPECT_EQ(ReadFileText(folder / "weit/fehlt"), "neu");
+TEST_F(SafeSave, KeepsPermissionsAndLinks) {
+  std::filesystem::create_directory(FFolder / "weit");
+  WriteFileText(FFolder / "weit/f", "alt");
+  ::chmod((FFolder / "weit/f").c_str(), 0640);
+  std::filesystem::create_symlink("weit/f", FFolder / "link");
+  std::filesystem::create_symlink("weit/fehlt", FFolder / "ins-leere");
+  std::filesystem::create_hard_link(FFolder / "weit/f", FFolder / "weit/zweiter");
+  EXPECT_EQ(CodeOfSaving(FFolder / "link", "neu"), 0);
+  EXPECT_TRUE(std::filesystem::is_symlink(FFolder / "link"));
+  EXPECT_EQ(ReadFileText(FFolder / "weit/f"), "neu");
+  EXPECT_EQ(ReadFileText(FFolder / "weit/zweiter"), "alt");
+  EXPECT_EQ(static_cast<int>(std::filesystem::status(FFolder / "weit/f").permissions()), 0640);
+  EXPECT_EQ(CodeOfSaving(FFolder / "ins-leere", "neu"), 0);
+  EXPECT_EQ(ReadFileText(FFolder / "weit/fehlt"), "neu");
 }
 
-TEST(SafeSave, RemovesWhatNobodyHolds) {
-  const TempFolder folder;
-  const auto name = folder / "f";
-  const auto held = folder / ".f.mytessaron-1-1.tmp";
+TEST_F(SafeSave, RemovesWhatNobodyHolds) {
+  const auto held = FFolder / ".f.mytessaron-1-1.tmp";
   const TVantrelFileHandle writer(held, famShareDenyNone, fomCreate);
   for (const auto* leftOver : {".f.mytessaron-1-2.tmp", ".g.mytessaron-1-1.tmp", ".f.tmp"})
-    WriteFileText(folder / leftOver, "rest");
-  EXPECT_EQ(CodeOfSaving(name, "neu"), 0);
-  EXPECT_FALSE(std::filesystem::exists(folder / ".f.mytessaron-1-2.tmp"));
-  EXPECT_TRUE(std::filesystem::exists(held));
-  EXPECT_EQ(folder.FileCount(), 4U);
+    WriteFileText(FFolder / leftOver, "rest");
+  EXPECT_EQ(CodeOfSaving(FName, "neu"), 0);
+  EXPECT_TRUE(!std::filesystem::exists(FFolder / ".f.mytessaron-1-2.tmp") && std::filesystem::exists(held));
+  EXPECT_EQ(FFolder.FileCount(), 4U);
 }
 
 unsigned ModeOf(const std::string& name) {
@@ -106,91 +106,81 @@ std::string Attribute(const std::string& name, const char* attribute) {
   return value;
 }
 
-TEST(SafeSave, KeepsAccessListsAndIsNeverMoreReadable) {
-  const TempFolder folder;
-  const auto name = folder / "f";
-  WriteFileText(name, "alt");
-  ::chmod(name.c_str(), 0600);
-  TVantrelSafeSave::CopyBeside(name, ".andere");
-  EXPECT_EQ(ModeOf(name + ".andere"), 0600u);
-  if (!SetAccessList(name)) GTEST_SKIP() << "no access lists here";
-  const auto list = Attribute(name, "system.posix_acl_access");
-  EXPECT_EQ(ModeOf(name), 0640u);
-  EXPECT_EQ(CodeOfSaving(name, "neu"), 0);
-  EXPECT_EQ(ModeOf(name), 0640u);
-  EXPECT_EQ(Attribute(name, "system.posix_acl_access"), list);
-  EXPECT_EQ(Attribute(name, "user.herkunft"), "mail");
-  // In a folder that gives a list to all that is made there, too.
-  ASSERT_EQ(::setxattr(folder.Path().c_str(), "system.posix_acl_default", list.data(), list.size(), 0), 0);
-  TVantrelSafeSave::CopyBeside(name, ".andere");
-  EXPECT_EQ(ModeOf(name + ".andere2"), 0600u);
-  EXPECT_EQ(Attribute(name + ".andere2", "system.posix_acl_access"), "");
-  EXPECT_EQ(ReadFileText(name + ".andere2"), "neu");
+TEST_F(SafeSave, KeepsAccessListsAndIsNeverMoreReadable) {
+  WriteFileText(FName, "alt");
+  ::chmod(FName.c_str(), 0600);
+  TVantrelSafeSave::CopyBeside(FName, ".andere");
+  EXPECT_EQ(ModeOf(FName + ".andere"), 0600u);
+  if (!SetAccessList(FName)) GTEST_SKIP() << "no access lists here";
+  const auto list = Attribute(FName, "system.posix_acl_access");
+  EXPECT_EQ(ModeOf(FName), 0640u);
+  EXPECT_EQ(CodeOfSaving(FName, "neu"), 0);
+  EXPECT_EQ(ModeOf(FName), 0640u);
+  EXPECT_EQ(Attribute(FName, "system.posix_acl_access"), list);
+  EXPECT_EQ(Attribute(FName, "user.herkunft"), "mail");
+  // In a FFolder that gives a list to all that is made there, too.
+  ASSERT_EQ(::setxattr(FFolder.Path().c_str(), "system.posix_acl_default", list.data(), list.size(), 0), 0);
+  TVantrelSafeSave::CopyBeside(FName, ".andere");
+  EXPECT_EQ(ModeOf(FName + ".andere2"), 0600u);
+  EXPECT_EQ(Attribute(FName + ".andere2", "system.posix_acl_access"), "");
+  EXPECT_EQ(ReadFileText(FName + ".andere2"), "neu");
 }
 
-TEST(SafeSave, AGroupThatCannotBeKeptGetsNothing) {
+/// As InChild, by a user who is in no group but his own.
+template <class TCall>
+int AsUser(TCall call) {
+  return InChild(
+      [&] { return ::setgroups(0, nullptr) == 0 && ::setgid(65534) == 0 && ::setuid(65534) == 0 ? call() : 255; });
+}
+
+TEST_F(SafeSave, AGroupThatCannotBeKeptGetsNothing) {
   if (::geteuid() != 0) GTEST_SKIP() << "only the superuser can make such a file";
-  const TempFolder folder;
-  const auto save = [&] {
-    // The user's file, of a group that he is not in.
-    const auto name = folder / "f";
-    return CodeOfSaving(name, "neu") == 0 && ModeOf(name) == 0604 ? 0 : 1;
-  };
-  WriteFileText(folder / "f", "alt");
-  ::chmod((folder / "f").c_str(), 0664);
-  const auto asUser = [&] {
-    return ::setgroups(0, nullptr) == 0 && ::setgid(65534) == 0 && ::setuid(65534) == 0 ? save() : 255;
-  };
-  EXPECT_EQ(::chown(folder.Path().c_str(), 65534, 65534), 0);
-  EXPECT_EQ(::chown((folder / "f").c_str(), 65534, 1234), 0);
-  EXPECT_EQ(InChild(asUser), 0);
+  WriteFileText(FFolder / "f", "alt");
+  ::chmod((FFolder / "f").c_str(), 0664);
+  EXPECT_EQ(::chown(FFolder.Path().c_str(), 65534, 65534), 0);
+  EXPECT_EQ(::chown((FFolder / "f").c_str(), 65534, 1234), 0);
+  // The user's file, of a group that he is not in.
+  EXPECT_EQ(AsUser([&] { return CodeOfSaving(FName, "neu") == 0 && ModeOf(FName) == 0604 ? 0 : 1; }), 0);
 }
 
-TEST(SafeSave, InAStickyFolderWritesInPlaceAndFollowsNoForeignLink) {
-  if (::geteuid() != 0) GTEST_SKIP() << "only the superuser can make such a folder";
-  const TempFolder folder;
-  const auto name = folder / "f";
-  WriteFileText(name, "der alte, längere Inhalt");
-  WriteFileText(folder / "ziel", "fremd");
-  std::filesystem::create_symlink("ziel", folder / "link");
-  ::chmod(name.c_str(), 0666);
-  ::chmod((folder / "ziel").c_str(), 0666);
-  ::chmod(folder.Path().c_str(), 01777);
-  EXPECT_EQ(::chown(folder.Path().c_str(), 1234, 1234), 0);
-  const auto asUser = [&](auto call) {
-    return InChild([&] { return ::setgid(65534) == 0 && ::setuid(65534) == 0 ? call() : 255; });
-  };
-  EXPECT_EQ(asUser([&] { return CodeOfSaving(name, "neu"); }), 0);
-  EXPECT_EQ(ReadFileText(name), "neu");
-  EXPECT_EQ(asUser([&] { return CodeOfSaving(folder / "link", "neu"); }), 5);
-  EXPECT_EQ(ReadFileText(folder / "ziel"), "fremd");
-  EXPECT_EQ(CodeOfSaving(folder / "link", "neu"), 0);
-  EXPECT_EQ(folder.FileCount(), 3u);
+TEST_F(SafeSave, InAStickyFolderWritesInPlaceAndFollowsNoForeignLink) {
+  if (::geteuid() != 0) GTEST_SKIP() << "only the superuser can make such a FFolder";
+  WriteFileText(FName, "der alte, längere Inhalt");
+  WriteFileText(FFolder / "ziel", "fremd");
+  std::filesystem::create_symlink("ziel", FFolder / "link");
+  ::chmod(FName.c_str(), 0666);
+  ::chmod((FFolder / "ziel").c_str(), 0666);
+  ::chmod(FFolder.Path().c_str(), 01777);
+  EXPECT_EQ(::chown(FFolder.Path().c_str(), 1234, 1234), 0);
+  EXPECT_EQ(AsUser([&] { return CodeOfSaving(FName, "neu"); }), 0);
+  EXPECT_EQ(ReadFileText(FName), "neu");
+  EXPECT_EQ(AsUser([&] { return CodeOfSaving(FFolder / "link", "neu"); }), 5);
+  EXPECT_EQ(ReadFileText(FFolder / "ziel"), "fremd");
+  EXPECT_EQ(CodeOfSaving(FFolder / "link", "neu"), 0);
+  EXPECT_EQ(FFolder.FileCount(), 3u);
 }
 
-TEST(SafeSave, AFileThatAnotherProgramChangedIsSeen) {
-  const TempFolder folder;
-  const auto name = folder / "f";
-  const auto other = folder / "g";
+TEST_F(SafeSave, AFileThatAnotherProgramChangedIsSeen) {
+  const auto other = FFolder / "g";
   const struct {
     const char* What;
     std::function<void()> Change;
     bool Outdated;
   } cases[] = {
       {"nothing", [] {}, false},
-      {"touched", [&] { std::filesystem::last_write_time(name, {}); }, false},
-      {"same bytes", [&] { WriteFileText(other, "eins"), std::filesystem::rename(other, name); }, false},
-      {"replaced", [&] { WriteFileText(other, "zwei"), std::filesystem::rename(other, name); }, true},
-      {"changed", [&] { WriteFileText(name, "zwei"), std::filesystem::last_write_time(name, {}); }, true},
-      {"longer", [&] { WriteFileText(name, "eins und mehr"); }, true},
-      {"gone", [&] { std::filesystem::remove(name); }, false},
+      {"touched", [&] { std::filesystem::last_write_time(FName, {}); }, false},
+      {"same bytes", [&] { WriteFileText(other, "eins"), std::filesystem::rename(other, FName); }, false},
+      {"replaced", [&] { WriteFileText(other, "zwei"), std::filesystem::rename(other, FName); }, true},
+      {"changed", [&] { WriteFileText(FName, "zwei"), std::filesystem::last_write_time(FName, {}); }, true},
+      {"longer", [&] { WriteFileText(FName, "eins und mehr"); }, true},
+      {"gone", [&] { std::filesystem::remove(FName); }, false},
   };
   for (const bool read : {true, false}) {
     for (const auto& [what, change, outdated] : cases) {
       SCOPED_TRACE(what);
-      WriteFileText(name, read ? "eins" : "");
+      WriteFileText(FName, read ? "eins" : "");
       auto handle =
-          read ? std::make_unique<TVantrelFileHandle>(name, famShareDenyNone, fomOpenRead) : Save(name, "eins");
+          read ? std::make_unique<TVantrelFileHandle>(FName, famShareDenyNone, fomOpenRead) : Save(FName, "eins");
       const std::string_view text = "eins";
       TVantrelFileStamp stamp(*handle, {reinterpret_cast<const std::uint8_t*>(text.data()), text.size()});
       if (read) stamp = TVantrelFileStamp(*handle), stamp.Seal(*handle);
@@ -200,22 +190,103 @@ TEST(SafeSave, AFileThatAnotherProgramChangedIsSeen) {
   }
 }
 
-TEST(SafeSave, WritesInPlaceWhereTheFolderForbidsFiles) {
-  const TempFolder folder;
-  const auto name = folder / "f";
-  WriteFileText(name, "der alte, längere Inhalt");
-  ::chmod(folder.Path().c_str(), 0500);
-  EXPECT_EQ(InChildAsOrdinaryUser(folder.Path(), [&] { return CodeOfSaving(name, "neu"); }), 0);
-  EXPECT_EQ(ReadFileText(name), "neu");
+TEST_F(SafeSave, WritesInPlaceWhereTheFolderForbidsFiles) {
+  WriteFileText(FName, "der alte, längere Inhalt");
+  ::chmod(FFolder.Path().c_str(), 0500);
+  EXPECT_EQ(InChildAsOrdinaryUser(FFolder.Path(), [&] { return CodeOfSaving(FName, "neu"); }), 0);
+  EXPECT_EQ(ReadFileText(FName), "neu");
   const auto withOwn = [&] {
-    auto own = std::make_unique<TVantrelFileHandle>(name, famShareDenyWrite, fomOpenRead);
-    const auto handle = Save(name, "neuer", famShareExclusive, &own);
-    return own == nullptr ? CodeOfSaving(name, "nie") : 1;
+    auto own = std::make_unique<TVantrelFileHandle>(FName, famShareDenyWrite, fomOpenRead);
+    const auto handle = Save(FName, "neuer", famShareExclusive, &own);
+    return own == nullptr ? CodeOfSaving(FName, "nie") : 1;
   };
-  EXPECT_EQ(InChildAsOrdinaryUser(folder.Path(), withOwn), 32);
-  EXPECT_EQ(ReadFileText(name), "neuer");
-  EXPECT_EQ(InChildAsOrdinaryUser(folder.Path(), [&] { return CodeOfSaving(folder / "g", "neu"); }), 5);
-  EXPECT_EQ(CodeOfSaving(folder / "fehlt/f", "neu"), 3);
+  EXPECT_EQ(InChildAsOrdinaryUser(FFolder.Path(), withOwn), 32);
+  EXPECT_EQ(ReadFileText(FName), "neuer");
+  EXPECT_EQ(InChildAsOrdinaryUser(FFolder.Path(), [&] { return CodeOfSaving(FFolder / "g", "neu"); }), 5);
+  EXPECT_EQ(CodeOfSaving(FFolder / "fehlt/f", "neu"), 3);
   EXPECT_EQ(CodeOfSaving("/dev/full", "neu"), 112);
+}
+
+struct TOpening {
+  TVantrelFileOpenMode Mode;
+  TVantrelFileAccessMode Access;
+
+  bool Reads() const { return Mode != fomOpenWrite; }
+  bool Writes() const { return Mode != fomOpenRead; }
+  bool Admits(const TOpening& other) const {
+    const bool mayRead = Access == famShareDenyNone || Access == famShareDenyWrite;
+    const bool mayWrite = Access == famShareDenyNone || Access == famShareDenyRead;
+    return (mayRead || !other.Reads()) && (mayWrite || !other.Writes());
+  }
+};
+
+std::vector<TOpening> AllOpenings() {
+  std::vector<TOpening> openings;
+  for (const auto mode : {fomOpenRead, fomOpenWrite, fomOpenReadWrite}) {
+    for (const auto access : {famShareExclusive, famShareDenyWrite, famShareDenyRead, famShareDenyNone})
+      openings.push_back({mode, access});
+  }
+  return openings;
+}
+
+/// 0 where the file opens, else the code of the error.
+int CodeOfOpening(const std::string& name, TOpening opening) {
+  return static_cast<int>(FileErrorOf([&] { TVantrelFileHandle(name, opening.Access, opening.Mode); }));
+}
+
+/// How many openings come out otherwise than the share modes say while `first` is held.
+int CountFaults(const std::string& name, const TOpening& first) {
+  int faults = 0;
+  for (const auto& second : AllOpenings()) {
+    const int expected = first.Admits(second) && second.Admits(first) ? 0 : 32;
+    faults += CodeOfOpening(name, second) == expected ? 0 : 1;
+  }
+  return faults;
+}
+
+using FileSharing = SafeSave;
+
+TEST_F(FileSharing, HoldsInOneProcessAndBetweenProcesses) {
+  WriteFileText(FName, "x");
+  for (const auto& first : AllOpenings()) {
+    const TVantrelFileHandle held(FName, first.Access, first.Mode);
+    EXPECT_EQ(CountFaults(FName, first), 0);
+    EXPECT_EQ(InChild([&] { return CountFaults(FName, first); }), 0);
+  }
+}
+
+TEST_F(FileSharing, EndsWithTheHandleAndWithAKilledHolder) {
+  { const TVantrelFileHandle held(FName, famShareExclusive, fomCreate); }
+  EXPECT_EQ(CodeOfOpening(FName, {fomOpenRead, famShareExclusive}), 0);
+  InChild([&] {
+    const TVantrelFileHandle held(FName, famShareExclusive, fomOpenReadWrite);
+    return ::raise(SIGKILL);
+  });
+  EXPECT_EQ(CodeOfOpening(FName, {fomOpenReadWrite, famShareExclusive}), 0);
+}
+
+TEST_F(FileSharing, CreateEmptiesOnlyWhatItGets) {
+  WriteFileText(FName, "alt");
+  {
+    const TVantrelFileHandle held(FName, famShareDenyWrite, fomOpenRead);
+    EXPECT_EQ(CodeOfOpening(FName, {fomCreate, famShareDenyNone}), 32);
+    EXPECT_EQ(ReadFileText(FName), "alt");
+  }
+  EXPECT_EQ(CodeOfOpening(FName, {fomOpenReadWriteOrCreate, famShareExclusive}), 0);
+  EXPECT_EQ(ReadFileText(FName), "alt");
+  EXPECT_EQ(CodeOfOpening(FName, {fomCreate, famShareExclusive}), 0);
+  EXPECT_EQ(ReadFileText(FName), "");
+}
+
+TEST_F(FileSharing, ReadOnlyFilesCanBeHeld) {
+  WriteFileText(FName, "x");
+  ::chmod(FName.c_str(), 0400);
+  const auto write = [&] { return CodeOfOpening(FName, {fomOpenReadWrite, famShareExclusive}); };
+  const auto readTwice = [&] {
+    const TVantrelFileHandle held(FName, famShareExclusive, fomOpenRead);
+    return CodeOfOpening(FName, {fomOpenRead, famShareDenyNone});
+  };
+  EXPECT_EQ(InChildAsOrdinaryUser(FFolder.Path(), write), 5);
+  EXPECT_EQ(InChildAsOrdinaryUser(FFolder.Path(), readTwice), 32);
 }
 }  // namespace

@@ -52,8 +52,7 @@ class DamagedFilesTest : public testing::Test {
       project->LoadFromStream(stream, form);
       opened = true;
     } catch (const EVantrelException& error) {
-      EXPECT_FALSE(error.Message().empty());
-      EXPECT_FALSE(project->LoadDamage()->Place.empty());
+      EXPECT_FALSE(error.Message().empty() || project->LoadDamage()->Place.empty());
     }
     if (andBack) SaveAndReadBack(*project);
     return opened;
@@ -131,21 +130,16 @@ TEST_F(DamagedFilesTest, SingleBytesChanged) {
 
 /// The dearest file has courses that each name another student who never comes: 37 bytes make an empty student.
 TEST_F(DamagedFilesTest, MemoryStaysWithinAMultipleOfTheFile) {
-  using TList = TVantrelDataList& (*)(TMyTessaronProject&);
-  const std::pair<TList, const TVantrelDataClass*> cases[] = {
-      {[](auto& project) -> TVantrelDataList& { return project.Niveaus(); }, &TCatalog::Class()},
-      {[](auto& project) -> TVantrelDataList& { return project.Noten(); }, &TGrade::Class()},
-      {[](auto& project) -> TVantrelDataList& { return project.Classes(); }, &TClass::Class()},
-      {[](auto& project) -> TVantrelDataList& { return project.Options().Columns(); }, &TColumn::Class()},
-      {[](auto& project) -> TVantrelDataList& { return project.Students(); }, &TStudent::Class()},
-      {[](auto& project) -> TVantrelDataList& { return project.Courses(); }, &TCourse::Class()},
-  };
   for (const bool absentStudents : {false, true}) {
-    for (const auto& [list, itemClass] : cases) {
+    for (int at = 0; at < 6; ++at) {
       auto source = CreateVantrel<TMyTessaronProject>();
+      TVantrelDataList* const lists[] = {&source->Niveaus(),           &source->Noten(),    &source->Classes(),
+                                         &source->Options().Columns(), &source->Students(), &source->Courses()};
+      const auto* itemClass = std::array{&TCatalog::Class(), &TGrade::Class(),   &TClass::Class(),
+                                         &TColumn::Class(),  &TStudent::Class(), &TCourse::Class()}[at];
       std::vector<TVantrelPtr<TStudent>> absent;
       for (int i = 0; i < 10000; ++i) {
-        auto* course = dynamic_cast<TCourse*>(list(*source).Add(*itemClass));
+        auto* course = dynamic_cast<TCourse*>(lists[at]->Add(*itemClass));
         if (course == nullptr || !absentStudents) continue;
         absent.push_back(CreateVantrel<TStudent>());
         course->Student = absent.back().get();

@@ -31,8 +31,7 @@ TEST_F(DataSourceTest, RowsAreThoseOfTheListWhichGoesWithTheSource) {
   const auto& student = *Course().Student;
   {
     TStudentCoursesSource source(FProject->CoursesByStudent(student.TessaronId.Value));
-    EXPECT_EQ(source.GetRecordCount(), 5);
-    EXPECT_EQ(source.GetRecordHandle(0), &Course());
+    EXPECT_EQ(std::tuple(source.GetRecordCount(), source.GetRecordHandle(0)), std::tuple(5, &Course()));
   }
   EXPECT_EQ(FProject->Courses().Count(), 60);
 }
@@ -80,8 +79,7 @@ TEST_F(DataSourceTest, WritingStoresByKindAndAlwaysMarksAsModified) {
   for (const int ordinal : {0, 6, 18, 19, 99}) FStudents.SetValue(&Course(), ordinal, "x");
   for (const int ordinal : {0, 1, 2, 7, 12, 24, 40, 99}) FSubjects.SetValue(&Course(), ordinal, "x");
   EXPECT_EQ(FModifications, 13);
-  EXPECT_EQ(Course().SubjectToken, "De");
-  EXPECT_EQ(Course().Tutor, tutor);
+  EXPECT_EQ(std::tuple(Course().SubjectToken, Course().Tutor), std::tuple("De", tutor));
   EXPECT_EQ(Course().Student->Nachname, "Köhler");
 }
 

@@ -10,7 +10,6 @@ namespace {
 
 using testing::ElementsAre;
 using testing::HasSubstr;
-using testing::IsEmpty;
 using TStore = TVantrelAbstractPreferences;
 using TBytes = std::array<std::uint8_t, 2>;
 using enum TVantrelRegistryRoot;
@@ -95,10 +94,8 @@ TEST_P(PreferencesTest, KeysAndValuesAreListedAndDeleted) {
   for (const char* name : {"Entry", "zwei"}) store->WriteString(name, "1");
   EXPECT_THAT(Names(*store, &TStore::GetKeyNames), ElementsAre("b c", "9ü"));
   EXPECT_THAT(Names(*store, &TStore::GetValueNames), ElementsAre("Entry", "zwei"));
-  EXPECT_TRUE(store->DeleteValue("ENTRY"));
-  EXPECT_FALSE(store->DeleteValue("Entry"));
-  EXPECT_TRUE(store->KeyExists("b c\\_x0020_") && store->OpenKey("b c\\_x0020_", true));
-  EXPECT_FALSE(store->HasSubKeys());
+  EXPECT_TRUE(store->DeleteValue("ENTRY") && !store->DeleteValue("Entry"));
+  EXPECT_TRUE(store->KeyExists("b c\\_x0020_") && store->OpenKey("b c\\_x0020_", true) && !store->HasSubKeys());
   store->WriteInteger("value", 1);
   EXPECT_EQ(store->HasSubKeys(), !GetParam());
   EXPECT_TRUE(store->DeleteKey("\\A"));
@@ -127,40 +124,48 @@ TEST(Storage, HandsEveryKindOn) {
   EXPECT_EQ(font, SomeFont);
 }
 
-TEST(XmlPreferences, KeepsTheToldLayout) {
-  const TempFolder folder;
-  const auto name = folder / "a.pref";
+class PreferenceFileTest : public testing::Test {
+ protected:
+  std::string ValueOf(const char* key, const char* name) {
+    const auto entry = TVantrelPreferenceFile(FName, false).Read({key}, name);
+    return entry ? entry->Value.value_or("") : "-";
+  }
+  TempFolder FFolder;
+  std::string FName = FFolder / "a.pref";
+};
+
+using XmlPreferences = PreferenceFileTest;
+
+TEST_F(XmlPreferences, KeepsTheToldLayout) {
   {
-    TVantrelXMLPreferences store(name, false);
+    TVantrelXMLPreferences store(FName, false);
     store.OpenKey("/Logs//TextLog", true);
     store.WriteInteger("Limit", 7);
     store.WriteBinary("Bytes", TBytes{0, 1});
-    EXPECT_FALSE(std::filesystem::exists(name));
+    EXPECT_FALSE(std::filesystem::exists(FName));
   }
-  EXPECT_EQ(ReadFileText(name),
+  EXPECT_EQ(ReadFileText(FName),
             "<?xml version=\"1.0\" encoding=\"utf-8\"?>\n<Preferences>\n  <Logs>\n    <TextLog>\n"
             "      <Entry Name=\"Limit\" Value=\"7\"/>\n      <Entry Name=\"Bytes\">AAE=</Entry>\n"
             "    </TextLog>\n  </Logs>\n</Preferences>\n");
-  std::filesystem::last_write_time(name, {});
-  TVantrelXMLPreferences store(name, false);
+  std::filesystem::last_write_time(FName, {});
+  TVantrelXMLPreferences store(FName, false);
   EXPECT_TRUE(store.OpenKey("logs", true) && store.OpenKey("textlog/", false));
   EXPECT_EQ(store.CurrentKey(), "textlog/");
   EXPECT_EQ(store.ReadInteger("LIMIT", 0), 7);
   store.FlushBuffer();
-  EXPECT_EQ(std::filesystem::last_write_time(name), std::filesystem::file_time_type());
+  EXPECT_EQ(std::filesystem::last_write_time(FName), std::filesystem::file_time_type());
   EXPECT_TRUE(store.OpenKey("\\Logs/TextLog", false) && store.DeleteKey("\\Logs") && store.Modified());
   EXPECT_EQ(store.CurrentKey(), "");
   store.FlushBuffer();
-  EXPECT_THAT(ReadFileText(name), HasSubstr("<Preferences/>"));
+  EXPECT_THAT(ReadFileText(FName), HasSubstr("<Preferences/>"));
 }
 
-TEST(XmlPreferences, KindsAreTexts) {
-  const TempFolder folder;
-  const auto name = folder / "a.pref";
-  WriteFileText(name,
+TEST_F(XmlPreferences, KindsAreTexts) {
+  WriteFileText(FName,
                 "<Preferences><Entry Name='none'/><Entry Name='empty' Value=''/><Entry Name='bad' Value='7x'/><Entry/>"
                 "<a><!-- --></a><b/></Preferences>");
-  TVantrelXMLPreferences store(name, false);
+  TVantrelXMLPreferences store(FName, false);
   EXPECT_THROW(store.ReadBoolean("bad", true), EConvertError);
   EXPECT_THROW(store.ReadFloat("bad", 1), EConvertError);
   EXPECT_THROW(store.ReadCurrency("bad", {}), EConvertError);
@@ -168,16 +173,15 @@ TEST(XmlPreferences, KindsAreTexts) {
   EXPECT_THROW(store.ReadDateTime("bad", 1), EVantrelDateTimeError);
   EXPECT_TRUE(store.CreateKey("Entry"));
   EXPECT_THAT(Names(store, &TStore::GetKeyNames), ElementsAre("a", "b"));
-  EXPECT_TRUE(store.OpenKey("a", false) && store.HasSubKeys());
-  EXPECT_TRUE(store.OpenKey("\\b", false) && !store.HasSubKeys());
+  EXPECT_TRUE(store.OpenKey("a", false) && store.HasSubKeys() && store.OpenKey("\\b", false) && !store.HasSubKeys());
   store.CloseKey();
-  TVantrelXMLPreferences anew(name, true);
+  TVantrelXMLPreferences anew(FName, true);
   EXPECT_FALSE(anew.HasSubKeys());
   for (const auto& kind : Kinds) {
     for (const char* missing : {"none", "empty"}) kind.Check(store, missing, false);
     kind.Write(anew);
     anew.FlushBuffer();
-    EXPECT_EQ(TVantrelPreferenceFile(name, false).Read({}, kind.Name)->Value, kind.Text);
+    EXPECT_EQ(TVantrelPreferenceFile(FName, false).Read({}, kind.Name)->Value, kind.Text);
   }
 }
 
@@ -217,16 +221,6 @@ TPreferenceEntry Text(std::string text) {
   return {.Value = std::move(text)};
 }
 
-class PreferenceFileTest : public testing::Test {
- protected:
-  std::string ValueOf(const char* key, const char* name) {
-    const auto entry = TVantrelPreferenceFile(FName, false).Read({key}, name);
-    return entry ? entry->Value.value_or("") : "-";
-  }
-  TempFolder FFolder;
-  std::string FName = FFolder / "a.pref";
-};
-
 TEST_F(PreferenceFileTest, TwoProgramsKeepEachOthersValues) {
   std::string values;
   TVantrelPreferenceFile one(FName, false);
@@ -251,7 +245,7 @@ TEST_F(PreferenceFileTest, ADamagedFileIsTheDefaultsAndIsKept) {
     WriteFileText(FName, damaged);
     TVantrelPreferenceFile file(FName, false);
     EXPECT_THAT(file.Damage(), HasSubstr(FName));
-    EXPECT_THAT(file.KeyTags({}), IsEmpty());
+    EXPECT_THAT(file.KeyTags({}), testing::IsEmpty());
     file.Flush();
     EXPECT_EQ(ReadFileText(FName), damaged);
     file.Write({}, "a", Text("neu"));

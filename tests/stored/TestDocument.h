@@ -103,7 +103,6 @@ class TTestDocument : public TVantrelDataStorage {
   void BeforeOpenFile() override { Log += "BeforeOpen "; }
   void BeforeStoreFile() override { Log += "BeforeStore "; }
   void DoCreate() override {
-    Log += "Create" + std::to_string(static_cast<int>(State())) + " ";
     Items = CreateVantrel<TVantrelDataList>(this, true);
     Refs = CreateVantrel<TVantrelDataList>(this, false);
   }

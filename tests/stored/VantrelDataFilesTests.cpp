@@ -21,7 +21,6 @@ class DataFilesTest : public testing::Test {
   void SetUp() override {
     TTestDocument::RegisterClasses();
     WriteFileText(FName, Xml);
-    FDocument->Log.clear();
   }
 
   TempFolder FFolder;
@@ -31,23 +30,21 @@ class DataFilesTest : public testing::Test {
 
 TEST_F(DataFilesTest, EachEntryPointHoldsTheFileInItsWay) {
   const struct {
-    std::function<void(TTestDocument&, const std::string&)> Open;
-    bool Held;
-    bool OthersRead;
-    bool OthersWrite;
+    std::function<void(TTestDocument&)> Open;
+    bool Held, OthersRead, OthersWrite;
   } cases[] = {
-      {[](auto& document, auto& name) { document.LoadFromFile(name, dsfXml); }, false, true, true},
-      {[](auto& document, auto& name) { document.OpenFile(name, dsfXml); }, true, true, false},
-      {[](auto& document, auto& name) { document.OpenFileReadOnly(name, dsfXml); }, true, true, true},
-      {[](auto& document, auto& name) { document.OpenFileExclusive(name, dsfXml); }, true, false, false},
-      {[](auto& document, auto& name) { document.SaveToFile(name, dsfXml); }, false, true, true},
-      {[](auto& document, auto& name) { document.StoreFile(name, dsfXml); }, true, true, false},
+      {[&](auto& document) { document.LoadFromFile(FName, dsfXml); }, false, true, true},
+      {[&](auto& document) { document.OpenFile(FName, dsfXml); }, true, true, false},
+      {[&](auto& document) { document.OpenFileReadOnly(FName, dsfXml); }, true, true, true},
+      {[&](auto& document) { document.OpenFileExclusive(FName, dsfXml); }, true, false, false},
+      {[&](auto& document) { document.SaveToFile(FName, dsfXml); }, false, true, true},
+      {[&](auto& document) { document.StoreFile(FName, dsfXml); }, true, true, false},
   };
   for (const auto& item : cases) {
     SCOPED_TRACE(&item - cases);
     auto document = CreateVantrel<TTestDocument>();
     document->SetModifiedFlag(true);
-    item.Open(*document, FName);
+    item.Open(*document);
     EXPECT_EQ(document->FileName(), FName);
     EXPECT_FALSE(document->Modified());
     EXPECT_EQ(document->IsFileOpen(), item.Held);
@@ -70,8 +67,7 @@ TEST_F(DataFilesTest, NothingHappensWithoutANameOrAFile) {
   }
   FDocument->SaveToFile("", dsfXml);
   FDocument->StoreFile("", dsfXml);
-  EXPECT_EQ(FDocument->Log, "");
-  EXPECT_EQ(FDocument->FileName(), FName);
+  EXPECT_EQ(std::tuple(FDocument->Log, FDocument->FileName()), std::tuple("", FName));
   EXPECT_TRUE(FDocument->IsFileOpen());
   EXPECT_EQ(FDocument->Items->Count(), 1);
   CreateVantrel<TTestDocument>()->StoreFile(dsfXml);
@@ -81,8 +77,7 @@ TEST_F(DataFilesTest, FallbackIsReadAsXml) {
   FDocument->Fallback = FName;
   const auto missing = FFolder / "fehlt.bin";
   FDocument->LoadFromFile(missing, TFormat::dsfBinary);
-  EXPECT_EQ(FDocument->Items->Count(), 1);
-  EXPECT_EQ(FDocument->FileName(), missing);
+  EXPECT_EQ(std::tuple(FDocument->Items->Count(), FDocument->FileName()), std::tuple(1, missing));
   EXPECT_EQ(FDocument->Log, "BeforeOpen Clear4 AfterOpen ");
 }
 
@@ -92,10 +87,8 @@ TEST_F(DataFilesTest, DamagedFileOpensInSilenceAndIsKeptAtTheFirstSave) {
   FDocument->OpenFileExclusive(FName, dsfXml);
   EXPECT_EQ(FDocument->Log, "BeforeOpen Clear4 AfterOpen ");
   EXPECT_EQ(FDocument->FileName(), FName);
-  EXPECT_FALSE(FDocument->IsFileOpen());
-  EXPECT_TRUE(FDocument->Modified());
-  EXPECT_EQ(FDocument->LoadDamage()->Message,
-            "Knoten /Storage/Items konnte nicht gelesen werden: XML-Tag \"Items\" erwartet.");
+  EXPECT_TRUE(!FDocument->IsFileOpen() && FDocument->Modified());
+  EXPECT_TRUE(FDocument->LoadDamage()->Message.starts_with("Knoten /Storage/Items konnte nicht gelesen werden: "));
   EXPECT_EQ(FDocument->LoadDamage()->Place, "Zeile 1, /Storage/Items");
   WriteFileText(FName + ".beschaedigt", "frueher");
   for (int twice = 0; twice < 2; ++twice) FDocument->StoreFile(FName, dsfXml);
@@ -134,8 +127,7 @@ TEST_F(DataFilesTest, ShortMemoryIsNoDamage) {
   FDocument->SetModifiedFlag(true);
   for (const auto open : {&TTestDocument::OpenFile, &TTestDocument::OpenFileExclusive, &TTestDocument::LoadFromFile}) {
     EXPECT_THROW((*FDocument.*open)(FName, dsfXml), EOutOfMemory);
-    EXPECT_FALSE(FDocument->LoadDamage().has_value() || FDocument->IsFileOpen());
-    EXPECT_TRUE(FDocument->Modified());
+    EXPECT_TRUE(!FDocument->LoadDamage().has_value() && !FDocument->IsFileOpen() && FDocument->Modified());
   }
   FDocument->StoreFile(FName, dsfXml);
   EXPECT_EQ(FFolder.FileCount(), 1u);

@@ -53,10 +53,7 @@ TEST(VantrelFileLauncher, FollowsTheProgramToItsEnd) {
   TVantrelFileLauncher launcher;
   std::promise<void> told;
   launcher.SetOnExitProcess([&told] { told.set_value(); });
-  EXPECT_FALSE(launcher.IsWaiting());
-  EXPECT_TRUE(launcher.ExecuteAndWait());
-  EXPECT_TRUE(launcher.IsWaiting());
-  EXPECT_FALSE(launcher.ExecuteAndWait());
+  EXPECT_TRUE(!launcher.IsWaiting() && launcher.ExecuteAndWait() && launcher.IsWaiting() && !launcher.ExecuteAndWait());
   opener.End.set_value();
   told.get_future().wait();
   EXPECT_FALSE(launcher.IsWaiting());
@@ -75,7 +72,6 @@ TEST(VantrelXdgOpener, StartsProgramsAndTellsFailures) {
   launcher.SetOnExitProcess([&told] { told.set_value(); });
   ASSERT_TRUE(launcher.ExecuteAndWait());
   told.get_future().wait();
-  EXPECT_TRUE(std::filesystem::exists(folder / "one file"));
-  EXPECT_TRUE(std::filesystem::exists(folder / "two"));
+  EXPECT_TRUE(std::filesystem::exists(folder / "one file") && std::filesystem::exists(folder / "two"));
   EXPECT_FALSE(launcher.Execute("print"));
 }

@@ -2,10 +2,12 @@
 
 #include <gtest/gtest.h>
 
+#include "VantrelCommandLinks.h"
 #include "VantrelExceptions.h"
 
 namespace {
 
+using enum TDBEnableType;
 using enum TVantrelFieldType;
 
 class TCountingListener : public TVantrelTableListener {
@@ -35,6 +37,12 @@ class VantrelMemTable : public testing::Test {
     for (Table.First(); !Table.Eof(); Table.Next()) result += Table.FieldByName("Name").DisplayText() + ",";
     return result;
   }
+  void Rename(const char* name) {
+    Table.Edit();
+    Table.FieldByName("Name").SetValue(name);
+  }
+  /// The number of the record with the value, 0 where there is none.
+  int Located(const char* field, const TVariant& value) { return Table.Locate(field, value) ? Table.RecNo() : 0; }
   int Id() const { return Table.FieldByName("ID").Value().AsInteger(); }
 
   TVantrelMemTable Table;
@@ -66,14 +74,12 @@ TEST_F(VantrelMemTable, EditsArePostedOrDropped) {
   EXPECT_TRUE(Table.FieldByName("ID").IsNull());
   Table.Prior();
   EXPECT_EQ(Table.RecordCount(), 2);
-  Table.Edit();
-  Table.FieldByName("Name").SetValue("c");
+  Rename("c");
   EXPECT_TRUE(Table.Modified());
   Table.Cancel();
   EXPECT_EQ(Names(), "a,b,");
   Table.First();
-  Table.Edit();
-  Table.FieldByName("Name").SetValue("c");
+  Rename("c");
   Table.Next();
   EXPECT_EQ(Id(), 2);
   EXPECT_EQ(Names(), "c,b,");
@@ -88,26 +94,21 @@ TEST_F(VantrelMemTable, EditsArePostedOrDropped) {
 
 TEST_F(VantrelMemTable, LocateFollowsEveryChange) {
   for (int i = 0; i < 5; ++i) Add(i * 10, std::to_string(i));
-  EXPECT_TRUE(Table.Locate("ID", 30));
-  EXPECT_EQ(Table.RecNo(), 4);
-  EXPECT_FALSE(Table.Locate("ID", 31));
-  EXPECT_FALSE(Table.Locate("ID", TVariant::Null()));
+  EXPECT_EQ(Located("ID", 30), 4);
+  EXPECT_FALSE(Table.Locate("ID", 31) || Table.Locate("ID", TVariant::Null()));
   EXPECT_EQ(Table.RecNo(), 4);
   Add(31, "x");
   EXPECT_TRUE(Table.Locate("ID", 31.0));
   Table.Edit();
   Table.FieldByName("ID").SetValue(32);
   Table.Post();
-  EXPECT_FALSE(Table.Locate("ID", 31));
-  EXPECT_TRUE(Table.Locate("ID", "32"));
+  EXPECT_TRUE(!Table.Locate("ID", 31) && Table.Locate("ID", "32"));
   Table.First();
   Table.Delete();
-  EXPECT_TRUE(Table.Locate("ID", 30));
-  EXPECT_EQ(Table.RecNo(), 3);
+  EXPECT_EQ(Located("ID", 30), 3);
   Table.Sort("ID", true);
   EXPECT_EQ(Table.RecNo(), 3);
-  EXPECT_TRUE(Table.Locate("ID", 32));
-  EXPECT_EQ(Table.RecNo(), 2);
+  EXPECT_EQ(Located("ID", 32), 2);
   EXPECT_TRUE(Table.Locate("Name", "4"));
   EXPECT_EQ(Id(), 40);
 }
@@ -170,4 +171,46 @@ TEST_F(VantrelMemTable, ListenersHearChangesOutsideTheBracket) {
   Table.RemoveListener(&listener);
   Table.Close();
   EXPECT_EQ(listener.Changes, 3);
+}
+
+TEST(VantrelCommandLinks, EveryTestFollowsTheTable) {
+  TVantrelCommands commands;
+  TVantrelCommand& command = commands.Add({});
+  TVantrelMemTable table;
+  table.AddField("A", TVantrelFieldType::ftInteger);
+  const auto link = [&](TDBEnableTypes types, const char* field = "A") {
+    TDBTools::UpdateLink(command, &table, true, types, field);
+    return command.Enabled();
+  };
+  EXPECT_FALSE(link({dbtIsActive}) || link({dbtCanModify}));
+  table.Open();
+  EXPECT_TRUE(link({dbtIsActive, dbtCanModify, dbtNotInEdit, dbtIsNotModified}) && !link({dbtHasRecords}));
+
+  for (int i = 0; i < 3; ++i) {
+    table.Append();
+    if (i == 1) table.FieldByName("A").SetValue(i);
+    table.Post();
+  }
+  const struct {
+    int RecNo;
+    bool NotFirst, NotLast, NotNull;
+  } cases[] = {{1, false, true, false}, {2, true, true, true}, {3, true, false, false}};
+  for (const auto& expected : cases) {
+    table.SetRecNo(expected.RecNo);
+    EXPECT_EQ(link({dbtNotBOF, dbtHasRecords}), expected.NotFirst);
+    EXPECT_EQ(link({dbtNotEOF, dbtHasRecords}), expected.NotLast);
+    EXPECT_EQ(link({dbtFieldNotNull}), expected.NotNull);
+  }
+  EXPECT_FALSE(link({dbtFieldNotNull}, "B"));
+
+  table.Edit();
+  EXPECT_TRUE(link({dbtInEdit, dbtIsNotModified}));
+  table.FieldByName("A").SetValue(7);
+  EXPECT_TRUE(link({dbtIsModified}) && !link({dbtNotInEdit}) && link({dbtDisabled}) && !link({dbtDisabled}));
+  EXPECT_FALSE(link({dbtEnabled}));
+
+  TDBTools::UpdateLink(command, nullptr, true, {dbtEnabled});
+  EXPECT_TRUE(command.Enabled());
+  TDBTools::UpdateLink(command, &table, false, {});
+  EXPECT_FALSE(command.Enabled());
 }

@@ -1,14 +1,11 @@
-#include "VantrelMsgBox.h"
-
 #include <gtest/gtest.h>
+
+#include "MsgBoxes.h"
 
 namespace {
 
 /// Answers every box with Yes and keeps what it was shown.
-class TFakePort : public TVantrelMsgBoxPort {
- public:
-  TFakePort() { TVantrelMsgBox::SetPort(this); }
-  ~TFakePort() override { TVantrelMsgBox::SetPort(nullptr); }
+struct TFakePort : FakeBoxes {
   TVantrelMsgBoxResult ShowBox(const TVantrelMsgBox& box) override {
     Shown = fmt::format("{}|{}|{}|{}|{}|{}", static_cast<int>(box.Icon()), static_cast<int>(box.Buttons()),
                         box.DefaultButton(), static_cast<int>(box.Parent()), box.Caption(), box.ShownText());
