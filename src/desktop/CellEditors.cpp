@@ -97,6 +97,7 @@ TMemoEdit::TMemoEdit(QWidget* parent) : QPlainTextEdit(parent) {
   setFrameShape(NoFrame);
   setTabChangesFocus(true);
   setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   document()->setDocumentMargin(2);
   connect(this, &QPlainTextEdit::textChanged, this, [this] {
     Fit(FCell);

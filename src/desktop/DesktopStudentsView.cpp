@@ -182,6 +182,8 @@ void TDesktopStudentsView::SetPagesEnabled(bool enabled) {
 void TDesktopStudentsView::SetPageVisible(TStudentsPage page, bool visible) {
   const QSignalBlocker silent(FPages);
   FPages->setTabVisible(static_cast<int>(page), visible);
+  // Ctrl+Tab goes through all that are enabled.
+  FPages->setTabEnabled(static_cast<int>(page), visible);
   int visiblePages = 0;
   for (int i = 0; i < FPages->count(); ++i) visiblePages += FPages->isTabVisible(i) ? 1 : 0;
   // Where there is nothing to choose the keyboard goes past the tabs.

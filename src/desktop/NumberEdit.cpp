@@ -97,7 +97,7 @@ void TNumberEdit::keyPressEvent(QKeyEvent* event) {
   if (FCommaRefused && isDigit) return Refuse();
   FKeyRefused = false;
   QAbstractSpinBox::keyPressEvent(event);
-  FCommaRefused = isComma && FKeyRefused;
+  FCommaRefused = isComma && FKeyRefused && !lineEdit()->text().contains(',');
 }
 
 void TNumberEdit::wheelEvent(QWheelEvent* event) {

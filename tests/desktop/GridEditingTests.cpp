@@ -201,12 +201,13 @@ TEST_F(GridTest, NumbersAreTakenAsTypedOrRefused) {
     const char* Typed;
     bool Refused;
     const char* Shown;
-  } cases[] = {{factor, "1,5", false, "1,5"},  {factor, "2.3", false, "2,3"},
-               {factor, ",5", false, "0,5"},   {factor, "0,12345", true, "0,1234"},
-               {factor, "1,,", true, "1"},     {factor, "-1", false, "1"},
-               {Absences, "1,5", true, "1"},   {Absences, "4x", true, "4"},
-               {Absences, "4x2", false, "42"}, {tens, "5", false, "12"},
-               {tens, "57", false, "57"},      {tens, "578", true, "57"}};
+  } cases[] = {{factor, "1,5", false, "1,5"}, {factor, "2.3", false, "2,3"},
+               {factor, ",5", false, "0,5"},  {factor, "0,12345", true, "0,1234"},
+               {factor, "1,,", true, "1"},    {factor, "1,,5", false, "1,5"},
+               {factor, "-1", false, "1"},    {Absences, "1,5", true, "1"},
+               {Absences, "4x", true, "4"},   {Absences, "4x2", false, "42"},
+               {tens, "5", false, "12"},      {tens, "57", false, "57"},
+               {tens, "578", true, "57"}};
   for (const auto& [ordinal, typed, refused, shown] : cases) {
     const auto before = Grid.Value(1, ordinal);
     FocusCell(1, ordinal);
