@@ -38,14 +38,10 @@ int AnswerDefects(const std::string& fileName, const std::vector<std::string>& d
 }
 
 int AnswerProject(const std::string& fileName, const TMyTessaronProject& project, std::string& text) {
-  std::vector<std::string> defects;
+  auto defects = DamageTexts(project);
   std::vector<std::string> hints;
-  for (const auto& note : project.LoadNotes()) {
-    if (note.IsDamage)
-      defects.push_back(PrintableText(CliTexts::CheckDamaged, note.Text));
-    else
-      hints.push_back(RecordTexts::Printable(note.Text));
-  }
+  for (const auto& note : project.LoadNotes())
+    if (!note.IsDamage) hints.push_back(RecordTexts::Printable(note.Text));
   std::ranges::move(FindDefects(project, TDefectScope::All).Texts, std::back_inserter(defects));
   return AnswerDefects(fileName, defects, hints, text);
 }

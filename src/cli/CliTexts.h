@@ -105,11 +105,9 @@ inline constexpr const char* PasswordChanged = "Das Kennwort wurde geändert.";
 inline constexpr const char* Entries = "Anzahl der Einträge";
 inline constexpr const char* OrderFrom = "Reihenfolge ab Platz {}";
 inline constexpr const char* OptionsId = "Objektnummer der Optionen";
-inline constexpr const char* Header = "Kopfdaten";
 inline constexpr const char* Catalog = "Katalog {}";
 inline constexpr const char* Grades = "Noten";
 inline constexpr const char* Student = "Schüler";
 inline constexpr const char* Columns = "Spalten";
 inline constexpr const char* Remarks = "Katalog der Zeugnisbemerkungen";
-inline constexpr const char* StudentRemark = "Zeugnisbemerkung {}";
 }  // namespace CliTexts

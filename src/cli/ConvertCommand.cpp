@@ -33,6 +33,7 @@ TCliResult Commands::Convert(const TArguments& files, TCliContext& context) {
   RequireWritableKind(target);
   RequireFreeTarget(target, context);
   const auto project = ReadProject(source, context);
+  TellDamage(*project, context);
   const auto losses = FindLosses(*project, target);
   SaveProject(*project, target, context);
   context.Out << PrintableText(CliTexts::Converted, source, target) << '\n';

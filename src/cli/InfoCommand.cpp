@@ -56,6 +56,7 @@ std::string MissingText(const TMissingGrades& missing) {
 TCliResult Commands::Info(const TArguments& files, TCliContext& context) {
   const auto& fileName = files.front();
   const auto project = ReadProject(fileName, context);
+  TellDamage(*project, context);
   auto& out = context.Out;
   const auto teacher = Join(project->TeacherToken, project->TeacherName, " ");
   PrintLine(out, CliTexts::InfoFile, Printable(fileName));

@@ -162,7 +162,7 @@ class TComparer {
       lines.push_back(Line({}, AbsenceKey, RecordTexts::OwnCaption(AbsenceKey), behaviour(FBefore), behaviour(FAfter)));
     if (const auto& old = FBefore.Options().ID(), &now = FAfter.Options().ID(); old != now)
       lines.push_back(Change({}, ResourceText(CliTexts::OptionsId), GuidToText(old), GuidToText(now)));
-    Add(ResourceText(CliTexts::Header), std::move(lines));
+    Add(ResourceText(ProjectTexts::Header), std::move(lines));
   }
 
   void CompareCatalogs() {
@@ -232,10 +232,7 @@ class TComparer {
   }
 
   TLines CompareRemarks(TStudent& before, TStudent& after) const {
-    return CompareList(
-        before.CertificateComments(), after.CertificateComments(), [](const TCertificateComment& remark) {
-          return FormatText(CliTexts::StudentRemark, FormatText(ProjectTexts::Quoted, Printable(remark.Description)));
-        });
+    return CompareList(before.CertificateComments(), after.CertificateComments(), RecordTexts::RemarkName);
   }
 
   static void Append(TLines& lines, TLines more) { std::ranges::move(more, std::back_inserter(lines)); }

@@ -84,6 +84,17 @@ TVantrelPtr<TMyTessaronProject> ReadProject(const std::string& fileName, const T
   return project;
 }
 
+std::vector<std::string> DamageTexts(const TMyTessaronProject& project) {
+  std::vector<std::string> texts;
+  for (const auto& note : project.LoadNotes())
+    if (note.IsDamage) texts.push_back(PrintableText(CliTexts::CheckDamaged, note.Text));
+  return texts;
+}
+
+void TellDamage(const TMyTessaronProject& project, const TCliContext& context) {
+  for (const auto& text : DamageTexts(project)) context.Err << text << '\n';
+}
+
 void RequireFreeTarget(const std::string& target, const TCliContext& context) {
   const std::filesystem::path path(target);
   std::error_code error;

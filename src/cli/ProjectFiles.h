@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "CliContext.h"
 #include "uProject.h"
@@ -21,6 +22,11 @@ class ECliPasswordNeeded : public ECliError {
 /// Reads a project with writing denied to others meanwhile, but does not hold it. A protected one is given only for
 /// its password, which `context` has or asks for. Raises ECliError.
 TVantrelPtr<TMyTessaronProject> ReadProject(const std::string& fileName, const TCliContext& context);
+
+/// What the reader noticed as damage of a project that could be read all the same, one line each.
+std::vector<std::string> DamageTexts(const TMyTessaronProject& project);
+/// Prints those to Err.
+void TellDamage(const TMyTessaronProject& project, const TCliContext& context);
 
 /// Raises ECliUsageError where the name of a target tells no kind that can be written.
 void RequireWritableKind(const std::string& target);

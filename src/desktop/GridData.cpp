@@ -84,8 +84,7 @@ QString TGridData::TextOf(const TGridColumn& column, int ordinal, const TVariant
 }
 
 QString NumberText(const TVariant& value) {
-  if (value.Kind() != TVariantKind::Float) return FromUtf8(value.AsTextOrEmpty());
-  return FromUtf8(ShortFloatText(value.AsFloat())).replace('.', ',');
+  return FromUtf8(value.Kind() == TVariantKind::Float ? GermanFloatText(value.AsFloat()) : value.AsTextOrEmpty());
 }
 
 QString ShownPart(const QString& text) {

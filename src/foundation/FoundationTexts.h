@@ -36,8 +36,8 @@ inline constexpr const char* Interrupted = "Der Vorgang wurde unterbrochen. Vers
 inline constexpr const char* NetworkFailed =
     "Das Laufwerk im Netz antwortet nicht. Prüfen Sie die Verbindung, und versuchen Sie es noch einmal.";
 inline constexpr const char* UnknownError =
-    "Das System meldet einen unerwarteten Fehler{}. Versuchen Sie es noch einmal; bleibt der Fehler, geben Sie seinen "
-    "Code an die Systembetreuung weiter.";
+    "Das System meldet einen unerwarteten Fehler (Code {}). Versuchen Sie es noch einmal; bleibt der Fehler, geben Sie "
+    "seinen Code an die Systembetreuung weiter.";
 
 inline constexpr const char* NotSupported =
     "Die Anforderung wird nicht unterstützt. Wählen Sie einen anderen Ordner oder Datenträger.";

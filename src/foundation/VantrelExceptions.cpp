@@ -1,9 +1,6 @@
 #include "VantrelExceptions.h"
 
-#include <fmt/format.h>
-
 #include <cerrno>
-#include <cstring>
 
 #include "FoundationTexts.h"
 #include "VantrelI18n.h"
@@ -113,8 +110,6 @@ std::string EVantrelWin32Error::TextOf(std::uint32_t code) {
     case TVantrelErrorCode::DiskFull:
       return ResourceText(FoundationTexts::DiskFull);
   }
-  if (code < ForeignErrnoBase) return FormatText(FoundationTexts::UnknownError, "");
-  const int error = static_cast<int>(code - ForeignErrnoBase);
-  if (const char* text = TextOfErrno(error)) return ResourceText(text);
-  return FormatText(FoundationTexts::UnknownError, fmt::format(" („{}“)", std::strerror(error)));
+  const char* text = code < ForeignErrnoBase ? nullptr : TextOfErrno(static_cast<int>(code - ForeignErrnoBase));
+  return text == nullptr ? FormatText(FoundationTexts::UnknownError, code) : ResourceText(text);
 }

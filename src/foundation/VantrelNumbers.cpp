@@ -166,6 +166,12 @@ std::string ShortFloatText(double value) {
   return std::string(buffer, end.ptr);
 }
 
+std::string GermanFloatText(double value) {
+  auto text = ShortFloatText(value);
+  std::ranges::replace(text, '.', ',');
+  return text;
+}
+
 double TextToFloat(std::string_view text) {
   const auto value = ParseFloat(text);
   if (!value) throw EConvertError(FormatText(FoundationTexts::NoFloat, text));

@@ -18,6 +18,8 @@ std::size_t WriteFloatText(double value, char* target);
 /// As FloatToText, but where the value has no more than 32 bits it is the shortest text that reads as the same 32 bits:
 /// 0.1f gives 0.1.
 std::string ShortFloatText(double value);
+/// As ShortFloatText, with the decimal comma that the user reads.
+std::string GermanFloatText(double value);
 /// Surrounding blanks are passed over; "," counts as "."; raises EConvertError for anything that is no number.
 double TextToFloat(std::string_view text);
 /// As TextToFloat, with `fallback` in place of the exception.

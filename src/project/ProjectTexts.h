@@ -27,6 +27,8 @@ inline constexpr const char* NumberOnly = "Nr. {}";
 inline constexpr const char* WithNumber = "{} (Nr. {})";
 inline constexpr const char* UnknownNumber = "Nr. {} (unbekannt)";
 inline constexpr const char* NamelessStudent = "Schüler Nr. {}";
+inline constexpr const char* Header = "Kopfdaten";
+inline constexpr const char* RemarkName = "Zeugnisbemerkung „{}“";
 inline constexpr const char* UnknownStudent = "Unbekannter Schüler";
 inline constexpr const char* NamelessCourse = "Kurs Nr. {}";
 inline constexpr const char* ImpossibleValue = "{}, {}: Der Wert ist unmöglich ({}).";
@@ -36,6 +38,7 @@ inline constexpr const char* ForeignItem = "{}: Der Eintrag „{}“ ist von der
 inline constexpr const char* DateNotStorable =
     "{} Das Textformat kann ihn nicht aufnehmen; im Binärformat (.kvr7) lässt sich die Datei speichern.";
 inline constexpr const char* LostStudent = "{}: Der Schüler des Kurses fehlt in der Datei.";
+inline constexpr const char* NoNumber = "{}: Der Schüler hat keine Nummer.";
 inline constexpr const char* NoStudent = "{}: Der Kurs hat keinen Schüler.";
 inline constexpr const char* UnknownGrade = "{}, {}: Die Note Nr. {} steht nicht im Notenkatalog.";
 inline constexpr const char* UnknownToken = "{}, {}: „{}“ steht nicht im Katalog.";

@@ -85,6 +85,9 @@ void TCertificateComment::VisitFields(const Fields::TVisitor& visitor) const {
   TCatalog::VisitFields(visitor);
   Fields::VisitAll(CommentFields, *this, visitor);
 }
+void TCertificateComment::VisitImpossible(const Fields::TVisitor& visitor) const {
+  Fields::VisitImpossible(CommentFields, *this, visitor);
+}
 
 void TGrade::DoClear() {
   TCatalog::DoClear();

@@ -56,6 +56,7 @@ class TCertificateComment : public TVantrelDataClassOf<TCertificateComment, TCat
 
   /// Key and value of each stored field, in the order of the file.
   void VisitFields(const Fields::TVisitor& visitor) const;
+  void VisitImpossible(const Fields::TVisitor& visitor) const;
 
   void DoClear() override;
   void Assign(const TVantrelObject& source) override;

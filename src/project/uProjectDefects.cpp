@@ -54,11 +54,13 @@ class TDefectFinder {
   }
 
   TProjectDefects Find(TDefectScope scope) {
+    CheckHeader();
     Each(FProject.Courses(), [this](const TCourse& course) { CheckCourse(course); });
     Each(FProject.Students(), [this](const TStudent& student) { CheckStudent(student); });
     CheckCatalogs();
     CheckDoubles();
     if (scope == TDefectScope::All) {
+      Each(FProject.Students(), [this](const TStudent& student) { CheckRemarks(student); });
       CheckReferences();
       CheckColumns();
     }
@@ -79,12 +81,32 @@ class TDefectFinder {
     return [this, &course] { return fmt::format("{}, {}", StudentName(FProject, course.Student), CourseName(course)); };
   }
 
+  auto NameOf(const TStudent& student, const TCertificateComment& remark) const {
+    return [this, &student, &remark] {
+      return fmt::format("{}, {}", StudentName(FProject, &student), RecordTexts::RemarkName(remark));
+    };
+  }
+
+  template <class TName, class TCaption>
+  void ReportImpossible(const TName& name, const TCaption& caption, std::string_view key, const TVariant& value) {
+    Report(ProjectTexts::ImpossibleValue, name, caption,
+           [&] { return RecordTexts::FieldValue(FProject, key, value, false); });
+  }
+
   template <class TRecord, class TName>
   void CheckValues(const TRecord& record, const TName& name) {
     record.VisitImpossible([&](std::string_view key, const TVariant& value) {
-      const auto caption = [&] { return RecordTexts::FieldCaption(FProject, key); };
-      const auto shown = [&] { return RecordTexts::FieldValue(FProject, key, value, false); };
-      Report(ProjectTexts::ImpossibleValue, name, caption, shown);
+      ReportImpossible(
+          name, [&] { return RecordTexts::FieldCaption(FProject, key); }, key, value);
+    });
+  }
+
+  /// Its numbers are ids that refer to nothing in the file.
+  void CheckHeader() {
+    FProject.VisitFields([this](std::string_view key, const TVariant& value) {
+      if (value.Kind() != TVariantKind::Integer || value.AsFloat() >= 0) return;
+      ReportImpossible([] { return ResourceText(ProjectTexts::Header); }, [&] { return RecordTexts::OwnCaption(key); },
+                       key, value);
     });
   }
 
@@ -100,7 +122,20 @@ class TDefectFinder {
   void CheckStudent(const TStudent& student) {
     if (!student.ClassId.IsNull() && !FClasses.contains(student.ClassId.AsInt()))
       Report(ProjectTexts::UnknownClass, NameOf(student), student.ClassId.AsInt());
+    if (student.TessaronId.IsNull()) Report(ProjectTexts::NoNumber, NameOf(student));
     CheckValues(student, NameOf(student));
+  }
+
+  /// -1 stands for no position.
+  void CheckRemarks(const TStudent& student) {
+    if (student.CertificateComments() == nullptr) return;
+    Each(*student.CertificateComments(), [&](const TCertificateComment& remark) {
+      remark.VisitImpossible([&](std::string_view key, const TVariant& value) {
+        if (value == TVariant(-1)) return;
+        ReportImpossible(
+            NameOf(student, remark), [&] { return RecordTexts::OwnCaption(key); }, key, value);
+      });
+    });
   }
 
   template <class TItem>

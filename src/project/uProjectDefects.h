@@ -9,10 +9,11 @@
 /// Which defects are looked for.
 enum class TDefectScope {
   /// What the teacher must know: dates and numbers that are none, unknown grade types, references to nothing, courses
-  /// without a student, ids and objects that occur twice, objects of a class that their list does not hold.
+  /// without a student, students without a number, ids and objects that occur twice, objects of a class that their
+  /// list does not hold.
   Teacher,
-  /// Those, and what only the central system can put right: tokens and grade ids that stand in no catalogue, columns
-  /// without a caption or twice.
+  /// Those, positions of remarks, which order them on the certificate alone, and what only the central system can put
+  /// right: tokens and grade ids that stand in no catalogue, columns without a caption or twice.
   All
 };
 

@@ -9,6 +9,7 @@
 #include "VantrelDateTime.h"
 #include "VantrelExceptions.h"
 #include "VantrelI18n.h"
+#include "VantrelNumbers.h"
 #include "VantrelText.h"
 
 namespace RecordTexts {
@@ -41,15 +42,8 @@ std::string ClassOf(const TMyTessaronProject& project, std::int32_t id, bool exa
   return schoolClass == nullptr ? FormatText(ProjectTexts::UnknownNumber, id) : TokenOr(schoolClass->Token, id, exact);
 }
 
-/// Stored floats have 32 bits: more digits say nothing.
-std::string FloatText(double value) {
-  auto text = fmt::format("{}", static_cast<float>(value));
-  std::ranges::replace(text, '.', ',');
-  return text;
-}
-
 std::string DateText(const TVariant& value, bool exact) {
-  if (!IsDateTime(value.AsFloat()) && exact) return FloatText(value.AsFloat());
+  if (!IsDateTime(value.AsFloat()) && exact) return GermanFloatText(value.AsFloat());
   return exact ? DateTimeToGermanText(value.AsFloat()) : value.AsText();
 }
 
@@ -97,6 +91,10 @@ std::string CourseName(const TCourse& course) {
   return name.empty() ? Printable(course.SubjectName) : fmt::format("{} ({})", Printable(course.SubjectName), name);
 }
 
+std::string RemarkName(const TCertificateComment& remark) {
+  return FormatText(ProjectTexts::RemarkName, Printable(remark.Description));
+}
+
 bool IsGradeKey(std::string_view key) {
   return key.ends_with("GradeId") || (key.ends_with("ID") && key != "ID");
 }
@@ -116,7 +114,7 @@ std::string FieldValue(const TMyTessaronProject& project, std::string_view key, 
   if (value.Kind() == TVariantKind::Boolean)
     return ResourceText(value.AsBoolean() ? ProjectTexts::Yes : ProjectTexts::No);
   if (value.Kind() == TVariantKind::DateTime) return DateText(value, exact);
-  if (value.Kind() == TVariantKind::Float) return FloatText(value.AsFloat());
+  if (value.Kind() == TVariantKind::Float) return GermanFloatText(value.AsFloat());
   const auto text = value.AsText();
   if (text.empty()) return ResourceText(ProjectTexts::Empty);
   for (const auto& known : ProjectTexts::ValueNames)

@@ -31,6 +31,8 @@ std::string PrintableText(std::string_view builtIn, const TArgs&... args) {
 std::string StudentName(const TMyTessaronProject& project, const TStudent* student);
 /// Subject and name of the course, or its number.
 std::string CourseName(const TCourse& course);
+/// A remark of a certificate, by its text.
+std::string RemarkName(const TCertificateComment& remark);
 
 /// The stored key names a field that holds the id of a grade.
 bool IsGradeKey(std::string_view key);

@@ -62,6 +62,8 @@ class TStudent : public TVantrelDataClassOf<TStudent> {
 
   /// The remarks of the student's certificate, in a list that the student owns.
   TCertificateComments& CertificateComments();
+  /// Null while there has been none.
+  const TCertificateComments* CertificateComments() const { return FCertificateComments.get(); }
   /// The four remark operations mark CurrentProject as modified. Adding gives the new remark, with an empty token.
   TCertificateComment* AddCertificateComment(std::int32_t position, std::string_view attribute,
                                              std::string_view description);

@@ -26,9 +26,9 @@ inline constexpr const char* EmptyChar = "Ein Zeichen wird erwartet, der Text is
 inline constexpr const char* UnreadBytes = "Ab Byte {1} stehen {0} Byte, die nicht zum Projekt gehören.";
 inline constexpr const char* NegativeCount = "Eine Liste soll {} Einträge haben ({}).";
 inline constexpr const char* ForeignRoot = "Das Dokument heißt „{}“ statt „{}“.";
-inline constexpr const char* MissingName = "„{}“: „{}“ fehlt ({}-mal).";
-inline constexpr const char* UnreadName =
-    "„{}“: „{}“ ist unbekannt und wird nicht gelesen ({}-mal, zuerst in Zeile {}).";
+inline constexpr const char* NameInSection = "„{}“: ";
+inline constexpr const char* MissingName = "{}„{}“ fehlt ({}-mal).";
+inline constexpr const char* UnreadName = "{}„{}“ ist unbekannt und wird nicht gelesen ({}-mal, zuerst in Zeile {}).";
 inline constexpr const char* OtherNames = "Und weitere {} dieser Art.";
 
 inline constexpr const char* FileNotFound = "Die Datei \"{}\" existiert nicht.";

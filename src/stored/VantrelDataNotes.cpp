@@ -26,8 +26,11 @@ void TVantrelNameCounts::Add(std::string_view section, std::string_view name, st
 }
 
 void TVantrelNameCounts::AppendNotes(const char* text, std::vector<TVantrelLoadNote>& notes) const {
-  for (const auto& entry : FEntries)
-    notes.push_back({false, FormatText(text, Shortened(entry.Section, LongestName), Shortened(entry.Name, LongestName),
-                                       entry.Count, entry.Line)});
+  for (const auto& entry : FEntries) {
+    const auto section = entry.Section == entry.Name
+                             ? std::string()
+                             : FormatText(StoredTexts::NameInSection, Shortened(entry.Section, LongestName));
+    notes.push_back({false, FormatText(text, section, Shortened(entry.Name, LongestName), entry.Count, entry.Line)});
+  }
   if (FOthers > 0) notes.push_back({false, FormatText(StoredTexts::OtherNames, FOthers)});
 }

@@ -13,7 +13,8 @@ class TVantrelNameCounts {
  public:
   /// The line is that of the first occurrence.
   void Add(std::string_view section, std::string_view name, std::uint32_t line = 0);
-  /// A note per name: section, name, count and line fill the text.
+  /// A note per name: section, name, count and line fill the text. A section itself stands there without its name
+  /// again.
   void AppendNotes(const char* text, std::vector<TVantrelLoadNote>& notes) const;
 
  private:

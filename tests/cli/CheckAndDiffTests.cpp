@@ -22,8 +22,12 @@ TEST_F(CheckTest, FindsDefects) {
        "Anna Beck (10a), Geburtsdatum: Der Wert ist unmöglich (ungültiges Datum)."},
       {[](auto& it) { Anna(it).Zugang.SetAsDateTime(std::nan("")); }, "Anna Beck (10a), Zugang: Der Wert"},
       {[](auto& it) { Anna(it).Fehltage.SetAsInt(-16); }, "Anna Beck (10a), Fehltage: Der Wert ist unmöglich (-16)."},
+      {[](auto& it) { Anna(it).CertificateComments().AddCertificateComment("", "still", "", -3); },
+       "Anna Beck (10a), Zeugnisbemerkung „still“, Position: Der Wert ist unmöglich (-3).", false},
+      {[](auto& it) { it.TermId.SetAsInt(-7); }, "Kopfdaten, Zeitraumnummer: Der Wert ist unmöglich (-7)."},
+      {[](auto& it) { Anna(it).TessaronId.SetNull(); }, "Anna Beck (10a): Der Schüler hat keine Nummer."},
       {[](auto& it) { Maths(it).Faktor.SetAsFloat(-HUGE_VALF); },
-       "Anna Beck (10a), Mathematik (Ma), Faktor: Der Wert ist unmöglich (-inf)."},
+       "Anna Beck (10a), Mathematik (Ma), Faktor: Der Wert ist unmöglich (-INF)."},
       {[](auto& it) { it.Noten().GetItem(0)->GradeValue = HUGE_VALF; }, "„2+“, Notenwert: Der Wert"},
       {[](auto& it) { it.Classes().GetItem(0)->SetGradeType(TGradeTypes(9)); },
        "Die Notenart 9 der Klasse „10a“ ist unbekannt."},
@@ -108,13 +112,23 @@ TEST_F(CheckTest, TellsWhatTheReaderPassedOver) {
       {"a.kvr7", std::string(114727, '\0'), 1, {"Ab Byte 94 stehen 114633 Byte"}},
       {"a.kvr7", negative, 1, {"1 Befund\n", "Eine Liste soll -1 Einträge haben (Byte 41 von 94)."}},
       {"a.kvrxr", Replaced(xml, "Storage>", "Lager>"), 1, {"1 Befund\n", "heißt „Lager“ statt „Storage“."}},
-      {"a.kvrxr", Replaced(xml, "Courses>", "Kurse>"), 0, {"„Kurse“ ist unbekannt und wird nicht gelesen (1-mal, z"}},
+      {"a.kvrxr",
+       Replaced(xml, "Courses>", "Kurse>"),
+       0,
+       {"\n  Hinweis: „Kurse“ ist unbekannt und wird nicht gelesen (1-mal, z"}},
       {"a.kvrxr", one, 0, {"\n  Hinweis: „Courses“: „Note1ID“ fehlt (1-mal).\n  Hinweis: „Courses“: „Note1Id“ ist"}},
   };
   for (const auto& [name, bytes, result, told] : cases) {
     WriteFileText(FFolder / name, bytes);
     EXPECT_EQ(Run({"check", FFolder / name}), result);
     for (const auto* text : told) EXPECT_THAT(Out(), HasSubstr(text));
+    for (const std::vector<std::string>& command :
+         {std::vector<std::string>{"info", FFolder / name},
+          {"convert", "--force", FFolder / name, FFolder / (std::string("ziel-") + name)}}) {
+      EXPECT_EQ(Run(command), 0);
+      EXPECT_THAT(Err(), HasSubstr(result == 0 ? "" : told.back()));
+      EXPECT_EQ(Err().starts_with("Die Datei ist beschädigt: "), result != 0) << Err();
+    }
   }
   std::string names;
   for (int i = 0; i < 1000; ++i) names += fmt::format("<Feld{0}/>", i) + std::string("<Feld/>");
@@ -154,54 +168,57 @@ TEST(WorkersTest, ADeadWorkerCostsItsOwnJobOnly) {
                                             "800008", "900009", "1000010", "1100011"));
 }
 
-using DiffTest = CliFixture;
-
-TEST_F(DiffTest, TellsChangesInWords) {
-  const struct {
+class DiffTest : public CliFixture {
+ protected:
+  struct TCase {
     void (*Change)(TMyTessaronProject& project);
     const char* Output;
-  } cases[] = {
-      {[](auto& it) { Maths(it).Note1Id.SetAsInt(2); }, "Anna Beck (10a)\n  Mathematik (Ma), 1. Note: leer -> 2+\n"},
-      {[](auto& it) { Maths(it).Note1Id.SetAsInt(7); },
-       "Anna Beck (10a)\n  Mathematik (Ma), 1. Note: leer -> Nr. 7 (unbekannt)\n"},
-      {[](auto& it) { Maths(it).Mahnung.SetAsInt(1); },
-       "Anna Beck (10a)\n  Mathematik (Ma), Mahnung: leer -> Nachmahnung\n"},
-      {[](auto& it) { Maths(it).Faktor.SetAsFloat(0.1F); },
-       "Anna Beck (10a)\n  Mathematik (Ma), Faktor: leer -> 0,1\n"},
-      {[](auto& it) { Maths(it).Student = nullptr; },
-       "Unbekannter Schüler\n  Mathematik (Ma), Schüler: Anna Beck (10a) -> Unbekannter Schüler\n"},
-      {[](auto& it) { Anna(it).Zeugnisdatum.SetAsDateTime(46053); },
-       "Anna Beck (10a)\n  Zeugnisdatum: leer -> 31.01.2026\n"},
-      {[](auto& it) { Anna(it).Geburtsdatum.SetAsDateTime(1e300); },
-       "Anna Beck (10a)\n  Geburtsdatum: leer -> ungültiges Datum\n"},
-      {[](auto& it) { Anna(it).Nachname = "Beck\x1b[2J"; }, "Anna Beck␛[2J (10a)\n  Nachname: „Beck“ -> „Beck␛[2J“\n"},
-      {[](auto& it) { Anna(it).ClassId.SetNull(); }, "Anna Beck\n  Klasse: 10a -> leer\n"},
-      {[](auto& it) { Anna(it).VonSportBefreit = true; }, "Anna Beck (10a)\n  VonSportBefreit: nein -> ja\n"},
-      {[](auto& it) { Anna(it).CertificateComments().AddCertificateComment("", "fleißig", "", 1); },
-       "Anna Beck (10a)\n  neu: Zeugnisbemerkung „fleißig“\n"},
-      {[](auto& it) { it.Courses().Delete(0); }, "Anna Beck (10a)\n  entfernt: Mathematik (Ma)\n"},
-      {[](auto& it) { it.Students().Add(TStudent::Class()); }, "Schüler Nr. -1\n  Schüler neu in der Datei\n"},
-      {[](auto& it) { it.Description = "x"; }, "Kopfdaten\n  Beschreibung: leer -> „x“\n"},
-      {[](auto& it) { it.Password = "geheim"; }, "Kopfdaten\n  Das Kennwort wurde geändert.\n"},
-      {[](auto& it) { it.Fachstati().GetItem(0)->Description = ""; },
-       "Katalog Fachstati\n  „P“, Beschreibung: „Pflicht“ -> leer\n"},
-      {[](auto& it) { it.Options().Columns().GetItem(0)->Visible = false; },
-       "Spalten\n  Note1, Sichtbar: ja -> nein\n"},
-      {[](auto& it) { it.Fachstati().Move(0, 1); }, "Katalog Fachstati\n  Reihenfolge ab Platz 1: „P“ -> „W“\n"},
-      {[](auto& it) { it.Students().Move(0, 1); }, "Schüler\n  Reihenfolge ab Platz 1: Anna Beck (10a) -> Ben\n"},
-      {[](auto& it) { it.Courses().Add(&Maths(it)); },
-       "Kurse\n  Anna Beck (10a), Mathematik (Ma), Anzahl der Einträge: 1 -> 2\n"},
-      {[](auto& it) { Anna(it).CertificateComments().GetItem(0)->Position = 9; },
-       "Anna Beck (10a)\n  Zeugnisbemerkung „still“, Position: 1 -> 9\n"},
-      {[](auto& it) { it.Classes().AddClass(6, "10b", TGradeTypes::gtValue); }, "Klassen\n  neu: 10b\n"},
   };
+  static const TCase Cases[];
+};
+
+const DiffTest::TCase DiffTest::Cases[] = {
+    {[](auto& it) { Maths(it).Note1Id.SetAsInt(2); }, "Anna Beck (10a)\n  Mathematik (Ma), 1. Note: leer -> 2+\n"},
+    {[](auto& it) { Maths(it).Note1Id.SetAsInt(7); },
+     "Anna Beck (10a)\n  Mathematik (Ma), 1. Note: leer -> Nr. 7 (unbekannt)\n"},
+    {[](auto& it) { Maths(it).Mahnung.SetAsInt(1); },
+     "Anna Beck (10a)\n  Mathematik (Ma), Mahnung: leer -> Nachmahnung\n"},
+    {[](auto& it) { Maths(it).Faktor.SetAsFloat(0.1F); }, "Anna Beck (10a)\n  Mathematik (Ma), Faktor: leer -> 0,1\n"},
+    {[](auto& it) { Maths(it).Student = nullptr; },
+     "Unbekannter Schüler\n  Mathematik (Ma), Schüler: Anna Beck (10a) -> Unbekannter Schüler\n"},
+    {[](auto& it) { Anna(it).Zeugnisdatum.SetAsDateTime(46053); },
+     "Anna Beck (10a)\n  Zeugnisdatum: leer -> 31.01.2026\n"},
+    {[](auto& it) { Anna(it).Geburtsdatum.SetAsDateTime(1e300); },
+     "Anna Beck (10a)\n  Geburtsdatum: leer -> ungültiges Datum\n"},
+    {[](auto& it) { Anna(it).Nachname = "Beck\x1b[2J"; }, "Anna Beck␛[2J (10a)\n  Nachname: „Beck“ -> „Beck␛[2J“\n"},
+    {[](auto& it) { Anna(it).ClassId.SetNull(); }, "Anna Beck\n  Klasse: 10a -> leer\n"},
+    {[](auto& it) { Anna(it).VonSportBefreit = true; }, "Anna Beck (10a)\n  VonSportBefreit: nein -> ja\n"},
+    {[](auto& it) { Anna(it).CertificateComments().AddCertificateComment("", "fleißig", "", 1); },
+     "Anna Beck (10a)\n  neu: Zeugnisbemerkung „fleißig“\n"},
+    {[](auto& it) { it.Courses().Delete(0); }, "Anna Beck (10a)\n  entfernt: Mathematik (Ma)\n"},
+    {[](auto& it) { it.Students().Add(TStudent::Class()); }, "Schüler Nr. -1\n  Schüler neu in der Datei\n"},
+    {[](auto& it) { it.Description = "x"; }, "Kopfdaten\n  Beschreibung: leer -> „x“\n"},
+    {[](auto& it) { it.Password = "geheim"; }, "Kopfdaten\n  Das Kennwort wurde geändert.\n"},
+    {[](auto& it) { it.Fachstati().GetItem(0)->Description = ""; },
+     "Katalog Fachstati\n  „P“, Beschreibung: „Pflicht“ -> leer\n"},
+    {[](auto& it) { it.Options().Columns().GetItem(0)->Visible = false; }, "Spalten\n  Note1, Sichtbar: ja -> nein\n"},
+    {[](auto& it) { it.Fachstati().Move(0, 1); }, "Katalog Fachstati\n  Reihenfolge ab Platz 1: „P“ -> „W“\n"},
+    {[](auto& it) { it.Students().Move(0, 1); }, "Schüler\n  Reihenfolge ab Platz 1: Anna Beck (10a) -> Ben\n"},
+    {[](auto& it) { it.Courses().Add(&Maths(it)); },
+     "Kurse\n  Anna Beck (10a), Mathematik (Ma), Anzahl der Einträge: 1 -> 2\n"},
+    {[](auto& it) { Anna(it).CertificateComments().GetItem(0)->Position = 9; },
+     "Anna Beck (10a)\n  Zeugnisbemerkung „still“, Position: 1 -> 9\n"},
+    {[](auto& it) { it.Classes().AddClass(6, "10b", TGradeTypes::gtValue); }, "Klassen\n  neu: 10b\n"},
+};
+
+TEST_F(DiffTest, TellsChangesInWords) {
   auto first = Project();
   first->Fachstati().AddCatalog("W", "Wahl");
   first->Options().Columns().AddColumn("Position", "Platz", true, true, true, 0);
   static_cast<TStudent*>(first->Students().Add(TStudent::Class()))->Vorname = "Ben";
   Anna(*first).CertificateComments().AddCertificateComment("", "still", "", 1);
   const auto before = Save(std::move(first), "vorher.kvr7");
-  for (const auto& [change, output] : cases) {
+  for (const auto& [change, output] : Cases) {
     auto project = CreateVantrel<TMyTessaronProject>();
     project->LoadForReading(before);
     change(*project);
@@ -218,12 +235,14 @@ TEST_F(DiffTest, DifferentValuesNeverLookAlike) {
   const auto options = GuidToText(project->Options().ID());
   project->Noten().AddNote(3, "2+", "auch gut", 1.7F, TGradeTypes::gtValue);
   Maths(*project).Note1Id.SetAsInt(2);
+  Anna(*project).Zugang.SetAsDateTime(1e300);
   Anna(*project).Abgang.SetAsDateTime(46053.25);
   Anna(*project).Abschluss1Note.SetAsFloat(std::numeric_limits<float>::quiet_NaN());
   const auto before = Save(std::move(project), "vorher.kvr7");
   project = CreateVantrel<TMyTessaronProject>();
   project->LoadForReading(before);
   Maths(*project).Note1Id.SetAsInt(3);
+  Anna(*project).Zugang.SetAsDateTime(2e300);
   Anna(*project).Abgang.SetAsDateTime(46053.5);
   auto newOptions = CreateVantrel<TDataOptions>(project.get());
   newOptions->Assign(project->Options());
@@ -231,7 +250,8 @@ TEST_F(DiffTest, DifferentValuesNeverLookAlike) {
   project->SetOptions(std::move(newOptions));
   EXPECT_EQ(Run({"diff", before, Save(std::move(project), "nachher.kvr7")}), 1);
   EXPECT_EQ(Out(), "Kopfdaten\n  Objektnummer der Optionen: " + options + " -> " + changedOptions +
-                       "\nSpalten\n  neu: Note1\n  entfernt: Note1\nAnna Beck (10a)\n  Abgang: 31.01.2026 06:00:00 -> "
+                       "\nSpalten\n  neu: Note1\n  entfernt: Note1\nAnna Beck (10a)\n  Zugang: 1E300 -> 2E300\n  "
+                       "Abgang: 31.01.2026 06:00:00 -> "
                        "31.01.2026 12:00:00\n"
                        "  Mathematik (Ma), 1. Note: 2+ (Nr. 2) -> 2+ (Nr. 3)\n");
 }

@@ -135,6 +135,12 @@ TEST(Numbers, ExactTextsTakeTheFewestDigits) {
   }
 }
 
+TEST(Numbers, TheUserReadsShortTextsWithAComma) {
+  const std::pair<double, const char*> cases[] = {
+      {0.1F, "0,1"}, {0.1 + 0.2, "0,3"}, {-2.5e300, "-2,5E300"}, {TLimits::quiet_NaN(), "NAN"}};
+  for (const auto& [value, text] : cases) EXPECT_EQ(GermanFloatText(value), text);
+}
+
 TEST(Numbers, FloatsAreReadWithCommaAndBlanks) {
   EXPECT_EQ(TextToFloat(" 2,5 "), 2.5);
   EXPECT_EQ(TextToFloat("+1.5e2"), 150);
