@@ -47,7 +47,7 @@ int main(int argc, char** argv) {
   TDesktopDialogs dialogs;
   const auto storageModule = CreateVantrel<TStorageModule>(static_cast<int>(Session->FModule));
   auto& storage = storageModule->Storage();
-  if (!storage.Damage().empty()) MsgBoxWarning(ResourceText(ShellTexts::SettingsCaption), storage.Damage());
+  if (!storage.Damage().empty()) MsgBoxWarning(ResourceText(ShellTexts::NoteCaption), storage.Damage());
   TDesktopMainWindow window;
   const auto form = CreateVantrel<TMainForm>(
       TMainFormPorts{window, dialogs, storage, [&] { return std::make_unique<TDesktopWelcomeView>(window); },

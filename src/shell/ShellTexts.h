@@ -8,7 +8,6 @@ inline constexpr const char* NoProject = "Keine Projektdatei geladen.";
 
 // Ribbon
 inline constexpr const char* ApplicationButton = "Datei";
-inline constexpr const char* RecentDocuments = "Zuletzt geöffnete Dokumente";
 inline constexpr const char* StartTab = "Start";
 inline constexpr const char* HelpTab = "Hilfe";
 inline constexpr const char* ViewsBar = "Ansichten";
@@ -64,7 +63,7 @@ inline constexpr const char* ChangedCancel =
 inline constexpr const char* WriteProtectedKind =
     "{}\r\nDie Datei ist {}. Dateien dieser Art öffnet MyTessaron nur, wenn sie beschrieben werden dürfen; bitte "
     "öffnen Sie eine Kopie.";
-inline constexpr const char* SaveQuestionCaption = "Hinweis";
+inline constexpr const char* NoteCaption = "Hinweis";
 inline constexpr const char* SaveQuestion = "Möchten Sie die aktuelle MyTESSARON-Datei speichern?";
 inline constexpr const char* WrongPassword = "Das angegebene Passwort ist nicht korrekt. Datei wird geschlossen.";
 inline constexpr const char* LoadError =
@@ -73,7 +72,6 @@ inline constexpr const char* FileNotFound = "Die angegebene MyTESSARON-Datei kon
 inline constexpr const char* DamagedKeepsEntries =
     "Die Datei ließ sich nicht vollständig lesen. Die geöffnete Datei bleibt mit ihren nicht gespeicherten Eingaben "
     "geöffnet.";
-inline constexpr const char* LoadReportCaption = "Hinweis";
 inline constexpr const char* LoadReport = "In der Datei „{}“ stimmt etwas nicht:\r\n\r\n{}\r\n\r\n{}";
 inline constexpr const char* DamageAt = "Die Datei ist beschädigt: {} ({})";
 inline constexpr const char* MoreDefects = "und {} weitere";
@@ -83,8 +81,6 @@ inline constexpr const char* DamagedOpened =
     "(mit der Endung „.beschaedigt“).";
 inline constexpr const char* SavedAt = "Gespeichert um {:02}:{:02} Uhr";
 inline constexpr const char* SaveError = "Fehler beim Speichern der Datei.\r\n{}";
-
-inline constexpr const char* SettingsCaption = "Hinweis";
 
 // Version
 inline constexpr const char* SplashVersion = "Version {}.{}.{}";

@@ -79,7 +79,7 @@ void TMainForm::FormCreate() {
 void TMainForm::LoadOptions() {
   if (Options == nullptr) return;
   if (const auto damage = Options->Load(); !damage.empty())
-    MsgBoxWarning(ResourceText(ShellTexts::SettingsCaption), damage);
+    MsgBoxWarning(ResourceText(ShellTexts::NoteCaption), damage);
 }
 
 void TMainForm::FormShow() {
@@ -104,7 +104,7 @@ void TMainForm::FormDestroy() {
 void TMainForm::SaveSettings() {
   std::string failures = Options == nullptr ? std::string() : Options->Save();
   if (FStorage != nullptr) failures = Join(failures, FStorage->TryFlush(), "\r\n\r\n");
-  if (!failures.empty()) MsgBoxWarning(ResourceText(ShellTexts::SettingsCaption), failures);
+  if (!failures.empty()) MsgBoxWarning(ResourceText(ShellTexts::NoteCaption), failures);
 }
 
 void TMainForm::FormLoadProperties() {

@@ -12,6 +12,7 @@
 #include "VantrelText.h"
 #include "ViewTexts.h"
 #include "fMain.h"
+#include "uFileNames.h"
 #include "uLoadReport.h"
 
 namespace {
@@ -28,12 +29,7 @@ bool FileIsThere(const std::string& path) {
 }
 
 TVantrelMsgBoxResult AskToSave() {
-  return MsgBoxAsk(ResourceText(ShellTexts::SaveQuestionCaption), ResourceText(ShellTexts::SaveQuestion));
-}
-
-/// What the user calls the file.
-std::string NameOf(const std::string& path) {
-  return RepairUtf8(std::filesystem::path(path).filename().string());
+  return MsgBoxAsk(ResourceText(ShellTexts::NoteCaption), ResourceText(ShellTexts::SaveQuestion));
 }
 
 bool IsSameFile(const std::string& path, const std::string& other) {
@@ -100,7 +96,7 @@ void TMainForm::AfterProjectLoaded() {
   UpdateAll();
   UpdateCommands();
   if (const auto report = LoadReport(*CurrentProject); !report.empty())
-    MsgBoxWarning(ResourceText(ShellTexts::LoadReportCaption), report);
+    MsgBoxWarning(ResourceText(ShellTexts::NoteCaption), report);
 }
 
 /// The welcome view is built anew with each open project, so that only the status text is left.
@@ -164,8 +160,8 @@ void TMainForm::OpenCommandLineFile() {
 }
 
 void TMainForm::OpenNamedFile(const std::string& path) {
-  if (!FileIsThere(path)) return ShowLoadError(path, {});
   if (const auto refusal = RefusalToOpen(path); !refusal.empty()) return ShowLoadError(path, refusal);
+  if (!FileIsThere(path)) return ShowLoadError(path, {});
   try {
     auto project = CreateProject();
     project->LoadFile(path);
@@ -186,7 +182,7 @@ void TMainForm::ShowLoadError(const std::string& path, const std::string& messag
 
 /// Qt gives U+FFFD for what it cannot read of a name, and then finds no such file.
 std::string TMainForm::RefusalToOpen(const std::string& path) {
-  const auto name = NameOf(path);
+  const auto name = ShownFileName(path);
   const bool isMisread = name.find("\uFFFD") != std::string::npos && !FileIsThere(path);
   if (isMisread || RepairUtf8(path) != path) return FormatText(ShellTexts::IllFormedName, name);
   if (GetProjectFileKind(path) != TProjectFileKind::pfkUnknown) return {};
@@ -196,13 +192,13 @@ std::string TMainForm::RefusalToOpen(const std::string& path) {
 bool TMainForm::AcceptsTarget(const std::string& path) {
   const auto target = TargetOf(path);
   if (GetProjectFileKind(target) == TProjectFileKind::pfkUnknown) {
-    MsgBoxError(FormatText(ShellTexts::SaveUnknownKind, NameOf(path)));
+    MsgBoxError(FormatText(ShellTexts::SaveUnknownKind, ShownFileName(path)));
     return false;
   }
   const bool isOwn = IsSameFile(target, CurrentProject->FileName()) && !CurrentProject->IsFileChanged();
   return isOwn || !TVantrelFileSystem::Exists(target) ||
-         MsgBoxAsk(ResourceText(ShellTexts::SaveQuestionCaption),
-                   FormatText(ShellTexts::OverwriteQuestion, NameOf(target))) == TVantrelMsgBoxResult::mbrYes;
+         MsgBoxAsk(ResourceText(ShellTexts::NoteCaption),
+                   FormatText(ShellTexts::OverwriteQuestion, ShownFileName(target))) == TVantrelMsgBoxResult::mbrYes;
 }
 
 void TMainForm::ShowRecentFiles() {
@@ -218,9 +214,9 @@ void TMainForm::SaveUnlessChanged(bool withCancel) {
   if (CurrentProject == nullptr) return;
   if (CurrentProject->FileName().empty()) return SaveFileAs();
   if (CurrentProject->IsFileChanged()) {
-    auto text = FormatText(ShellTexts::ChangedQuestion, NameOf(CurrentProject->FileName()));
+    auto text = FormatText(ShellTexts::ChangedQuestion, ShownFileName(CurrentProject->FileName()));
     if (withCancel) text += ResourceText(ShellTexts::ChangedCancel);
-    const auto answer = MsgBoxAsk(ResourceText(ShellTexts::SaveQuestionCaption), text, withCancel);
+    const auto answer = MsgBoxAsk(ResourceText(ShellTexts::NoteCaption), text, withCancel);
     if (withCancel && answer == TVantrelMsgBoxResult::mbrCancel) return;
     if (answer != TVantrelMsgBoxResult::mbrYes) return SaveFileAs();
   }
@@ -253,6 +249,7 @@ void TMainForm::SaveFileAs() {
   CurrentProject->SetFileName(TargetOf(FSaveDialog.FileName));
   if (!StoreProject()) CurrentProject->SetFileName(former);
   UpdateStatusText();
+  if (WelcomeView != nullptr) WelcomeView->UpdateContent();
 }
 
 void TMainForm::CheckClose() {

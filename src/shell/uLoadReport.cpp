@@ -7,8 +7,8 @@
 
 #include "ShellTexts.h"
 #include "VantrelI18n.h"
-#include "VantrelPaths.h"
 #include "VantrelText.h"
+#include "uFileNames.h"
 #include "uProjectDefects.h"
 #include "uRecordTexts.h"
 
@@ -44,7 +44,7 @@ std::string LoadReport(const TMyTessaronProject& project) {
   std::vector<std::string> lines;
   std::ranges::transform(found.Texts, std::back_inserter(lines), BoxLine);
   if (found.Count > lines.size()) lines.push_back(FormatText(ShellTexts::MoreDefects, found.Count - lines.size()));
-  return FormatText(ShellTexts::LoadReport, TVantrelFilePath::GetFileName(project.FileName()),
+  return FormatText(ShellTexts::LoadReport, ShownFileName(project.FileName()),
                     fmt::format("{}", fmt::join(lines, "\r\n")),
                     ResourceText(project.IsDamaged() ? ShellTexts::DamagedOpened : ShellTexts::DefectsOpened));
 }

@@ -2,6 +2,7 @@
 
 #include "ShellTexts.h"
 #include "VantrelI18n.h"
+#include "ViewTexts.h"
 #include "fBaseView.h"
 
 namespace {
@@ -56,7 +57,7 @@ TRibbonDescription TMainCommands::Ribbon() {
   ribbon.ApplicationMenu = {
       {&OpenFileCommand, large}, {&SaveFileCommand, large, beginsGroup}, {&SaveFileAsCommand, large}};
   ribbon.ButtonRow = {&CloseApplicationCommand};
-  ribbon.PaneHeading = ResourceText(ShellTexts::RecentDocuments);
+  ribbon.PaneHeading = ResourceText(ViewTexts::RecentFiles);
   ribbon.Tabs = {
       {RibbonIds::StartRibbonTab,
        ResourceText(ShellTexts::StartTab),

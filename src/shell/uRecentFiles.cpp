@@ -3,9 +3,9 @@
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <filesystem>
 
 #include "VantrelFileSystem.h"
+#include "uFileNames.h"
 
 namespace {
 constexpr const char* Key = "MRU";
@@ -18,7 +18,7 @@ constexpr std::int32_t MaxCount = 10000;
 void TRecentFiles::AddRecentFile(const std::string& path) {
   if (path.empty() || !TVantrelFileSystem::Exists(path)) return;
   if (std::ranges::find(FItems, path, &TRecentItem::StoredText) != FItems.end()) return;
-  FItems.push_back({std::filesystem::path(path).filename().string(), path});
+  FItems.push_back({ShownFileName(path), path});
 }
 
 void TRecentFiles::RemoveRecentFile(const std::string& path) {

@@ -162,6 +162,8 @@ TEST_F(FailingFilesTest, ANameThatIsNoTextIsRefusedWithASentence) {
       EXPECT_EQ(CurrentProject, nullptr);
     }
   }
+  FWindow.OnFileDropped(FFolder / "f\uFFFDr.kvrx");
+  EXPECT_THAT(FBoxes.Texts.back(), HasSubstr("„f\uFFFDr.kvrx“ enthält ungültige Zeichen"));
 }
 
 TEST_F(FailingFilesTest, AFileWithoutTheRightToWriteIsSavedUnderAnotherName) {
@@ -181,6 +183,7 @@ TEST_F(FailingFilesTest, AFileWithoutTheRightToWriteIsSavedUnderAnotherName) {
   EXPECT_TRUE(CurrentProject->Modified());
   SaveAs(FFolder / "anders.kvrx");
   EXPECT_FALSE(CurrentProject->Modified());
+  EXPECT_FALSE(welcome.Visible);
   EXPECT_EQ(FWindow.Status, FFolder / "anders.kvrx");
   EXPECT_EQ(FBoxes.Texts.size(), 1U);
   CurrentProject->SetModified(true);

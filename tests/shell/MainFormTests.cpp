@@ -136,7 +136,10 @@ TEST_F(MainFormTest, TellsWhatIsWrongInAFileOnceItIsOpen) {
       {"a.kvr7", whole, {}, false},
       {"a.kvr7", whole + "xyz", {"In der Datei „a.kvr7“", "3 Byte", "„.beschaedigt“"}, true},
       {"a.kvr7", whole.substr(0, whole.size() - 99), {"Die Datei ist beschädigt: Es konnten nicht alle Daten"}, true},
-      {"a.kvr7", birthday, {"xxx...\r\n\r\nDie Datei ist geöffnet."}, false},
+      {"Klasse 5a 12:30.kvr7",
+       birthday,
+       {"In der Datei „Klasse 5a 12:30.kvr7“", "xxx...\r\n\r\nDie Datei ist geöffnet."},
+       false},
       {"a.kvr7", classless, {": Die Klasse Nr. 999 steht nicht in der Datei.\r\nund 2 weitere"}, false},
       {"a.kvrxr", inOld(inOld(xml)), {}, true},
   };
