@@ -3,7 +3,7 @@
 # with one function for each, writes that table. A text is a constant of type const char*, or an array of such.
 function(program_texts target)
   file(GLOB headers CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/src/*/*Texts.h
-       ${PROJECT_SOURCE_DIR}/src/*/dialogs/*Texts.h)
+       ${PROJECT_SOURCE_DIR}/src/*/dialogs/*Texts.h ${PROJECT_SOURCE_DIR}/src/*/ports/*Texts.h)
   set(includes "")
   set(functions "")
   set(calls "")

@@ -2,7 +2,7 @@
 
 #include "DesktopFormItems.h"
 #include "HostedPanel.h"
-#include "fStudentsView.h"
+#include "fStudentsViewUi.h"
 
 class QTabWidget;
 class TDesktopGrid;

@@ -105,9 +105,9 @@ class TWelcomePanel : public QScrollArea {
   }
 
   void Fit() {
-    constexpr int width = TWelcomeView::CenterPanelWidth;
+    constexpr int width = TWelcomeViewUi::CenterPanelWidth;
     const int wanted = Center->layout()->totalMinimumHeightForWidth(width);
-    Center->resize(width, std::max(wanted, TWelcomeView::CenterPanelHeight));
+    Center->resize(width, std::max(wanted, TWelcomeViewUi::CenterPanelHeight));
     widget()->setMinimumSize(Center->size());
     if (OnResize) OnResize(viewport()->width(), viewport()->height());
   }

@@ -4,7 +4,7 @@
 
 #include "DesktopFormItems.h"
 #include "HostedPanel.h"
-#include "fWelcomeView.h"
+#include "fWelcomeViewUi.h"
 
 class QVBoxLayout;
 class TRecentList;

@@ -5,8 +5,8 @@
 #include <QSvgRenderer>
 
 #include "QtText.h"
-#include "ShellTexts.h"
 #include "VantrelI18n.h"
+#include "ViewTexts.h"
 
 namespace {
 constexpr int side = 500;
@@ -20,7 +20,7 @@ TSplashWindow::TSplashWindow(const std::string& versionText)
       FBlend(this, "windowOpacity") {
   setAttribute(Qt::WA_ShowWithoutActivating);
   setAttribute(Qt::WA_QuitOnClose, false);
-  setWindowTitle(UserText(ShellTexts::WindowTitle));
+  setWindowTitle(UserText(ViewTexts::WindowTitle));
   setAccessibleName(FVersion);
   const QRect room = screen()->availableGeometry();
   setFixedSize(QSize(side, side).boundedTo(room.size()));

@@ -3,7 +3,6 @@
 /// The user texts of this folder. Those with placeholders go through fmt.
 namespace ShellTexts {
 inline constexpr const char* ApplicationTitle = "MyTESSARON";
-inline constexpr const char* WindowTitle = "MyTessaron";
 inline constexpr const char* NoProject = "Keine Projektdatei geladen.";
 
 // Ribbon

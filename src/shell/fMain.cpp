@@ -4,6 +4,7 @@
 #include "VantrelFileLauncher.h"
 #include "VantrelI18n.h"
 #include "VantrelMsgBox.h"
+#include "ViewTexts.h"
 #include "dialogs/fAboutDialog.h"
 #include "uOptions.h"
 
@@ -68,7 +69,7 @@ void TMainForm::FormCreate() {
   FWindow.OnRecentClick = [this](int index) { RunForUser([&] { OpenFileFromPane(index); }); };
   FWindow.OnFileDropped = [this](const std::string& path) { RunForUser([&] { OpenFileOfUser(path); }); };
   TVantrelMsgBox::OnHelp = [this](int) { ShowManual(); };
-  FWindow.SetTitle(ResourceText(ShellTexts::WindowTitle));
+  FWindow.SetTitle(ResourceText(ViewTexts::WindowTitle));
   FWindow.SetRibbon(FCommands.Ribbon());
   UpdateBars();
   LoadOptions();

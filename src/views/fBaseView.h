@@ -10,6 +10,7 @@
 #include "VantrelForms.h"
 #include "VantrelMainWindow.h"
 #include "VantrelMemTable.h"
+#include "fBaseViewUi.h"
 
 enum class TMyTessaronViews { viewWelcome, viewSubjects, viewStudents, viewClasses };
 
@@ -17,15 +18,6 @@ enum class TMyTessaronViews { viewWelcome, viewSubjects, viewStudents, viewClass
 enum class TDataMode { dmNone, dmBrowse, dmFill, dmAdd, dmEdit, dmDuplicate, dmUpdate };
 
 class TVantrelGrid;
-
-/// The screen parts of a form, which the user interface makes and the form owns. They may end within an event of
-/// their own; none comes afterwards.
-class TFormUi {
- public:
-  virtual ~TFormUi() = default;
-  /// The form fills the view host, or goes out of sight.
-  virtual void SetVisible(bool visible) = 0;
-};
 
 /// What the main window lends to its views. It outlives them.
 struct TViewFrame {

@@ -3,38 +3,13 @@
 #include <memory>
 #include <vector>
 
-#include "VantrelDialogs.h"
-#include "VantrelGrid.h"
 #include "fBaseView.h"
+#include "fStudentsViewUi.h"
 #include "mLookup.h"
 #include "uDataSource.h"
 #include "uGridState.h"
 #include "uKeptSubject.h"
 #include "uModifiedMark.h"
-
-enum class TStudentsPage { AchievementSheet, CertificateDataSheet, CertificateCommentsSheet };
-
-/// The screen of the students view: a title across the top; on the left a panel of 300 pixels with the label
-/// StudentsLabel, the list and its status; pages with the rest. Below the achievements stand their status and the
-/// button FitColumns. It wants 1264 by 616 pixels and scrolls where there is less.
-class TStudentsViewUi : public TFormUi {
- public:
-  std::function<void()> OnPageChanged;
-  /// The button under the achievements.
-  std::function<void()> OnFit;
-
-  virtual TVantrelFormItem& TitleLabel() = 0;
-  virtual TVantrelFormItem& StudentsStatus() = 0;
-  virtual TVantrelFormItem& AchievementsStatus() = 0;
-  virtual TVantrelGrid& StudentsGrid() = 0;
-  virtual TVantrelGrid& AchievementsGrid() = 0;
-  virtual TStudentsPage ActivePage() const = 0;
-  /// Raises no event.
-  virtual void SetActivePage(TStudentsPage page) = 0;
-  virtual void SetPageVisible(TStudentsPage page, bool visible) = 0;
-  /// Whether pages can be turned, and what is on them used.
-  virtual void SetPagesEnabled(bool enabled) = 0;
-};
 
 /// Where the teacher works through the class student by student: the list of students, and what the focused one
 /// achieves in each course.

@@ -44,8 +44,8 @@ TWelcomeView::TWelcomeView(TViewFrame& frame, std::unique_ptr<TWelcomeViewUi> ui
     : TBaseView(frame, "WelcomeView"), FUi(std::move(ui)) {
   // Where the view is smaller than the panel it scrolls.
   FUi->OnResize = [this](int width, int height) {
-    FUi->MoveCenterPanel(std::max(width / 2 - CenterPanelWidth / 2, 0),
-                         std::max(height / 2 - CenterPanelHeight / 2, 0));
+    FUi->MoveCenterPanel(std::max(width / 2 - TWelcomeViewUi::CenterPanelWidth / 2, 0),
+                         std::max(height / 2 - TWelcomeViewUi::CenterPanelHeight / 2, 0));
   };
   FUi->OnRecentClick = [this](int index) { FFrame.OpenRecentFile(index); };
 }

@@ -1,7 +1,8 @@
 #pragma once
 
-/// The user texts of this folder. Those with placeholders go through fmt.
+/// The user texts of the views and their windows. Those with placeholders go through fmt.
 namespace ViewTexts {
+inline constexpr const char* WindowTitle = "MyTessaron";
 inline constexpr const char* AbstractCall = "Die Ansicht {} kennt den Vorgang {} nicht.";
 inline constexpr const char* Count = "Anzahl: {}";
 
