@@ -28,6 +28,7 @@ class TDesktopGrid : public QWidget, public TVantrelGrid, private TVantrelTableL
   void BindSource(TVantrelGridSource* source) override;
   void BindTable(TVantrelMemTable* table) override;
   void DataChanged() override;
+  void RecordChanged(int record) override { FModel.RecordChanged(record); }
   void BeginUpdate() override;
   void EndUpdate() override;
 

@@ -67,14 +67,15 @@ QString TGridData::TextOf(const TGridColumn& column, int ordinal, const TVariant
   if (FEvents.OnDisplayText) {
     if (const auto text = FEvents.OnDisplayText(ordinal, value)) return FromUtf8(*text);
   }
-  const bool isLookup = column.Editor == TGridEditorKind::Lookup && column.Lookup.Table != nullptr;
-  if (isLookup && !value.IsEmpty()) {
-    const TVariant shown = column.Lookup.Table->Lookup(column.Lookup.KeyField, value, column.Lookup.ShownField);
+  const auto& editor = column.Editor;
+  if (value.IsEmpty() && !editor.NullText.empty()) return FromUtf8(editor.NullText);
+  if (editor.Kind == TEditorKind::Lookup && editor.Lookup.Table != nullptr && !value.IsEmpty()) {
+    const TVariant shown = editor.Lookup.Table->Lookup(editor.Lookup.KeyField, value, editor.Lookup.ShownField);
     // A value that the table does not know: a token still says something, a number would pass for a grade.
-    if (!shown.IsEmpty() || column.Kind != TGridValueKind::Text) return FromUtf8(shown.AsTextOrEmpty());
+    if (!shown.IsEmpty() || editor.ValueKind != TValueKind::Text) return FromUtf8(shown.AsTextOrEmpty());
   }
-  if (column.Editor == TGridEditorKind::List) {
-    for (const auto& item : column.Items)
+  if (editor.Kind == TEditorKind::List) {
+    for (const auto& item : editor.Items)
       if (item.Value == value) return FromUtf8(item.Text);
   }
   if (FTable != nullptr) {
@@ -145,8 +146,8 @@ class TRowBuilder {
     const auto& column = FData.Column(ordinal);
     const TVariant value = FData.Value(record, ordinal);
     if (value.IsEmpty()) return {};
-    const bool byText = column.Kind == TGridValueKind::Text || column.Editor == TGridEditorKind::Lookup ||
-                        column.Editor == TGridEditorKind::List || value.Kind() == TVariantKind::Text;
+    const bool byText =
+        column.Editor.ValueKind == TValueKind::Text || column.Editor.Picks() || value.Kind() == TVariantKind::Text;
     if (!byText) return std::isnan(value.AsFloat()) ? TSortKey() : TSortKey{false, value.AsFloat(), {}};
     const QString text = FData.DisplayTextOf(column, ordinal, value);
     return {text.isEmpty(), 0, text};

@@ -13,21 +13,21 @@
 namespace {
 constexpr int textMargin = 4;
 
-std::vector<TLookupEntry> EntriesOf(const TGridColumn& column) {
+std::vector<TLookupEntry> EntriesOf(const TEditorDescription& editor) {
   std::vector<TLookupEntry> entries;
-  if (column.Editor == TGridEditorKind::List) {
-    for (const auto& item : column.Items) entries.push_back({item.Value, FromUtf8(item.Text), {}});
+  if (editor.Kind == TEditorKind::List) {
+    for (const auto& item : editor.Items) entries.push_back({item.Value, FromUtf8(item.Text), {}});
     return entries;
   }
-  const auto* table = column.Lookup.Table;
+  const auto* table = editor.Lookup.Table;
   if (table == nullptr || !table->Active()) return entries;
   const auto fieldOf = [table](const std::string& name) {
     const auto* field = table->FindField(name);
     return field == nullptr ? -1 : field->Index();
   };
-  const int key = fieldOf(column.Lookup.KeyField);
-  const int shown = fieldOf(column.Lookup.ShownField);
-  const int description = fieldOf(column.Lookup.DescriptionField);
+  const int key = fieldOf(editor.Lookup.KeyField);
+  const int shown = fieldOf(editor.Lookup.ShownField);
+  const int description = fieldOf(editor.Lookup.DescriptionField);
   for (int record = 0; record < table->RecordCount(); ++record) {
     entries.push_back({table->ValueAt(record, key), FromUtf8(table->ValueAt(record, shown).AsTextOrEmpty()),
                        FromUtf8(table->ValueAt(record, description).AsTextOrEmpty())});
@@ -35,22 +35,23 @@ std::vector<TLookupEntry> EntriesOf(const TGridColumn& column) {
   return entries;
 }
 
-QWidget* MakeEditor(const TGridColumn& column, bool ofLines, QWidget* parent) {
-  const bool isNumber = column.Kind == TGridValueKind::Integer || column.Kind == TGridValueKind::Float;
-  switch (column.Editor) {
-    case TGridEditorKind::Lookup:
-    case TGridEditorKind::List:
-      return new TLookupEdit(EntriesOf(column), parent);
-    case TGridEditorKind::Date:
+QWidget* MakeEditor(const TEditorDescription& description, bool ofLines, QWidget* parent) {
+  switch (description.Kind) {
+    case TEditorKind::Lookup:
+    case TEditorKind::List:
+      return new TLookupEdit(EntriesOf(description), parent);
+    case TEditorKind::Date:
       return new TDateEdit(parent);
-    case TGridEditorKind::Spin:
-      return new TNumberEdit(column.Minimum, column.Maximum, column.Decimals, parent);
-    case TGridEditorKind::Plain:
+    case TEditorKind::Spin:
+      return new TNumberEdit(description.Minimum, description.Maximum, description.Decimals, parent);
+    case TEditorKind::Memo:
+      return new TMemoEdit(parent);
+    case TEditorKind::Plain:
       break;
   }
-  if (!isNumber && ofLines) return new TMemoEdit(parent);
-  if (!isNumber) return new TPlainEdit(parent);
-  auto* editor = new TNumberEdit(column.Minimum, column.Maximum, column.Decimals, parent);
+  if (!description.IsNumber() && ofLines) return new TMemoEdit(parent);
+  if (!description.IsNumber()) return new TPlainEdit(parent);
+  auto* editor = new TNumberEdit(description.Minimum, description.Maximum, description.Decimals, parent);
   editor->setButtonSymbols(QAbstractSpinBox::NoButtons);
   return editor;
 }
@@ -109,7 +110,7 @@ QSize TGridDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelIn
 
 QWidget* TGridDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem&, const QModelIndex& index) const {
   const auto& column = Model().Data().Column(index.column());
-  auto* editor = MakeEditor(column, Model().Options().RowsFollowContent, parent);
+  auto* editor = MakeEditor(column.Editor, Model().Options().RowsFollowContent, parent);
   editor->setAccessibleName(FromUtf8(column.Caption));
   editor->setAutoFillBackground(true);
   if (auto* line = qobject_cast<QLineEdit*>(editor)) line->setAlignment(AlignmentOf(column));

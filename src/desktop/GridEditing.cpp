@@ -25,10 +25,6 @@ TGridKey KeyOf(const QKeyEvent& event) {
   }
 }
 
-bool Picks(const TGridColumn& column) {
-  return column.Editor == TGridEditorKind::Lookup || column.Editor == TGridEditorKind::List;
-}
-
 // Up and down leave a line of text; left and right leave what has no text cursor of its own.
 int StepsOf(const QWidget& editor, int key) {
   const bool isLookup = dynamic_cast<const TLookupEdit*>(&editor) != nullptr;
@@ -172,7 +168,8 @@ bool TGridView::TakeKey(QKeyEvent* event) {
   }
   if (key == TGridKey::Delete && !FModel.Options().ReadOnly) {
     // A text is emptied in its editor: one key shall not cost an assessment.
-    if (MayEditCell(current) && Picks(FModel.Data().Column(current.column())) && !FModel.Read(current).IsEmpty())
+    if (MayEditCell(current) && FModel.Data().Column(current.column()).Editor.DeleteClears &&
+        !FModel.Read(current).IsEmpty())
       FModel.Write(current, TVariant::Null());
     return true;
   }

@@ -18,7 +18,7 @@ QVariant TipIfCut(const QString& whole, int width) {
 }  // namespace
 
 Qt::Alignment AlignmentOf(const TGridColumn& column) {
-  return Qt::AlignVCenter | (column.Kind == TGridValueKind::Text ? Qt::AlignLeft : Qt::AlignHCenter);
+  return Qt::AlignVCenter | (column.Editor.ValueKind == TValueKind::Text ? Qt::AlignLeft : Qt::AlignHCenter);
 }
 
 void TGridModel::Suspend() {
@@ -101,6 +101,11 @@ Qt::ItemFlags TGridModel::flags(const QModelIndex& index) const {
 }
 
 void TGridModel::Write(const QModelIndex& index, const TVariant& value) {
-  FData.SetValue(RecordAt(index.row()), index.column(), value);
-  emit dataChanged(this->index(index.row(), 0), this->index(index.row(), columnCount() - 1));
+  const int record = RecordAt(index.row());
+  FData.SetValue(record, index.column(), value);
+  RecordChanged(record);
+}
+
+void TGridModel::RecordChanged(int record) {
+  if (const int row = RowOf(record); row >= 0) emit dataChanged(index(row, 0), index(row, columnCount() - 1));
 }

@@ -43,6 +43,8 @@ class TGridModel : public QAbstractTableModel {
   Qt::ItemFlags flags(const QModelIndex& index) const override;
   /// Writes to the source and lets the row be painted anew. The order of the rows stays.
   void Write(const QModelIndex& index, const TVariant& value);
+  /// Lets the row be painted anew.
+  void RecordChanged(int record);
   bool IsReadable(const QModelIndex& index) const { return FData.IsReadable(RecordAt(index.row()), index.column()); }
   TVariant Read(const QModelIndex& index) const { return FData.Value(RecordAt(index.row()), index.column()); }
 

@@ -133,7 +133,7 @@ void TGridView::FitRow(int row) {
   int height = fontMetrics().height();
   const int line = showGrid() ? 1 : 0;
   for (int column = 0; column < FModel.columnCount() && FModel.RecordAt(row) >= 0; ++column) {
-    if (isColumnHidden(column) || FModel.Data().Column(column).Kind != TGridValueKind::Text) continue;
+    if (isColumnHidden(column) || FModel.Data().Column(column).Editor.ValueKind != TValueKind::Text) continue;
     const QString text = ShownPart(FModel.Data().DisplayText(FModel.RecordAt(row), column));
     const QRect area = TGridDelegate::TextArea(QRect(0, 0, columnWidth(column) - line, 10000));
     if (!text.contains('\n') && fontMetrics().horizontalAdvance(text) <= area.width()) continue;

@@ -24,15 +24,15 @@ class TLookupTables {
   TVantrelMemTable Unterrichtsarten, Versetzungsarten, Zeugnisbeurteilungen, CertificateComments, Leistungsarten;
 
   /// What drop-down lists show of each table, and its key.
-  const TGridLookup gv_Abschluesse = View(Abschluesse), gv_Abschlussarten = View(Abschlussarten),
-                    gv_CertificateComments = View(CertificateComments), gv_Empfehlungen = View(Empfehlungen),
-                    gv_Fachstati = View(Fachstati), gv_Grades = View(Grades, "ID"),
-                    gv_Leistungsarten = View(Leistungsarten), gv_Niveaus = View(Niveaus),
-                    gv_Unterrichtsarten = View(Unterrichtsarten), gv_Versetzungsarten = View(Versetzungsarten),
-                    gv_Zeugnisbeurteilungen = View(Zeugnisbeurteilungen);
+  const TEditorLookup gv_Abschluesse = View(Abschluesse), gv_Abschlussarten = View(Abschlussarten),
+                      gv_CertificateComments = View(CertificateComments), gv_Empfehlungen = View(Empfehlungen),
+                      gv_Fachstati = View(Fachstati), gv_Grades = View(Grades, "ID"),
+                      gv_Leistungsarten = View(Leistungsarten), gv_Niveaus = View(Niveaus),
+                      gv_Unterrichtsarten = View(Unterrichtsarten), gv_Versetzungsarten = View(Versetzungsarten),
+                      gv_Zeugnisbeurteilungen = View(Zeugnisbeurteilungen);
 
  private:
-  static TGridLookup View(TVantrelMemTable& table, const char* keyField = "Token") {
+  static TEditorLookup View(TVantrelMemTable& table, const char* keyField = "Token") {
     return {&table, keyField, "Token", "Description"};
   }
 };

@@ -6,49 +6,25 @@
 #include <string_view>
 #include <vector>
 
-#include "VantrelVariant.h"
+#include "VantrelEditors.h"
 
-class TVantrelMemTable;
 class TVantrelObject;
 
-enum class TGridValueKind { Text, Integer, Float, Date };
-enum class TGridEditorKind { Plain, Spin, Lookup, List, Date };
 enum class TGridSortOrder { None, Ascending, Descending };
 enum class TGridKey { Enter, Tab, Escape, Delete, Other };
 /// What becomes of a key: the grid deals with it, nobody does, or the focus goes down one row in the same column.
 enum class TGridKeyAction { Pass, Swallow, MoveDown };
 
-/// One entry of a fixed list: what the user sees, and the value that stands for it.
-struct TGridListItem {
-  std::string Text;
-  TVariant Value;
-};
-
-/// Where a lookup editor finds its entries. The drop-down offers the records that pass the table's filter; a cell shows
-/// its entry even when the filter holds it back. The table outlives the column.
-struct TGridLookup {
-  TVantrelMemTable* Table = nullptr;
-  std::string KeyField;
-  std::string ShownField;
-  std::string DescriptionField;
-};
-
 /// A column as the view makes it and as the user left it.
 struct TGridColumn {
   std::string Id;
   std::string Caption;
-  TGridValueKind Kind = TGridValueKind::Text;
-  TGridEditorKind Editor = TGridEditorKind::Plain;
+  TEditorDescription Editor = {};
   int Width = 100;  ///< in pixels at scale 1 and with a usual font; larger fonts widen it
   bool Visible = true;
   bool InChooser = true;   ///< the user may show and hide it
   bool Editing = true;     ///< false: no editor ever opens, and the veto is not asked
   std::string Field = {};  ///< field of a bound table; a custom source goes by ordinal
-  TGridLookup Lookup = {};
-  std::vector<TGridListItem> Items = {};
-  double Minimum = 0;  ///< limits of what can be entered in a number column, both included
-  double Maximum = 2147483647;
-  int Decimals = 0;  ///< places that can be entered; 0 for integers
   TGridSortOrder SortOrder = TGridSortOrder::None;
   int SortIndex = -1;      ///< place among the sorted columns
   int GroupIndex = -1;     ///< place among the grouped columns
@@ -134,6 +110,9 @@ class TVantrelGrid {
   virtual void BindTable(TVantrelMemTable* table) = 0;
   /// The content of the source is another: shows it anew.
   virtual void DataChanged() = 0;
+  /// A value of this record is another: shows its row anew. As after an edit the rows stay as they are, sorted, grouped
+  /// and filtered by the value before, until the next rebuild.
+  virtual void RecordChanged(int record) = 0;
   /// A bracket that can be nested, in which the grid shows nothing: one rebuild at its end. Within the bracket the grid
   /// does not touch its source, which may go and be bound anew.
   virtual void BeginUpdate() = 0;

@@ -24,11 +24,11 @@ class TGridUpdate {
   TVantrelGrid& FGrid;
 };
 
-TGridColumn ListColumn(const char* field, const char* caption, int width, TGridValueKind kind) {
+TGridColumn ListColumn(const char* field, const char* caption, int width, TValueKind kind) {
   TGridColumn column;
   column.Id = std::string("col_Students_") + field;
   column.Caption = ResourceText(caption);
-  column.Kind = kind;
+  column.Editor.ValueKind = kind;
   column.Width = width;
   column.Field = field;
   return column;
@@ -74,13 +74,13 @@ void TStudentsView::MakeStudents() {
   options.SortedByView = options.Filtering = options.MovingColumns = true;
   grid.SetOptions(options);
   grid.SetName(ResourceText(ViewTexts::StudentsLabel));
-  auto id = ListColumn("ID", ViewTexts::StudentId, 60, TGridValueKind::Integer);
+  auto id = ListColumn("ID", ViewTexts::StudentId, 60, TValueKind::Integer);
   id.Visible = id.InChooser = false;
   grid.AddColumn(id);
-  grid.AddColumn(ListColumn("Klasse", ViewTexts::StudentClass, 80, TGridValueKind::Text));
-  grid.AddColumn(ListColumn("Vorname", ViewTexts::StudentFirstName, 120, TGridValueKind::Text));
-  const int lastName = grid.AddColumn(ListColumn("Nachname", ViewTexts::StudentLastName, 120, TGridValueKind::Text));
-  grid.AddColumn(ListColumn("Geburtsdatum", ViewTexts::StudentBirthday, 80, TGridValueKind::Date));
+  grid.AddColumn(ListColumn("Klasse", ViewTexts::StudentClass, 80, TValueKind::Text));
+  grid.AddColumn(ListColumn("Vorname", ViewTexts::StudentFirstName, 120, TValueKind::Text));
+  const int lastName = grid.AddColumn(ListColumn("Nachname", ViewTexts::StudentLastName, 120, TValueKind::Text));
+  grid.AddColumn(ListColumn("Geburtsdatum", ViewTexts::StudentBirthday, 80, TValueKind::Date));
   grid.BindTable(&Students);
   grid.FocusColumn(lastName);
 }

@@ -16,7 +16,7 @@ struct TAchievementColumn {
   const char* Fieldname;  ///< for fixed cells, the caption
   TCell Cell;
   int Width = 100;
-  const TGridLookup TLookupTables::*Lookup = nullptr;
+  const TEditorLookup TLookupTables::*Lookup = nullptr;
 };
 
 constexpr const char* Prefix = "col_student_course_";
@@ -80,37 +80,40 @@ void SetHeader(TGridColumn& column, const TAchievementColumn& source, const TCol
 
 void SetLookup(TGridColumn& column, const TAchievementColumn& source, const TLookupTables& lookups) {
   const bool isGrade = source.Cell == TCell::Grade;
-  if (isGrade) column.Kind = TGridValueKind::Integer;
-  TCXUtils::SetExtLookupComboBoxProperties(column, lookups.*source.Lookup, isGrade ? "ID" : "Token", "Token");
+  if (isGrade) column.Editor.ValueKind = TValueKind::Integer;
+  TCXUtils::SetExtLookupComboBoxProperties(column.Editor, lookups.*source.Lookup, isGrade ? "ID" : "Token", "Token");
 }
 
 void SetEditor(TGridColumn& column, TCell cell) {
+  auto& editor = column.Editor;
   switch (cell) {
     case TCell::Fixed:
     case TCell::ReadOnly:
       column.Editing = false;
       break;
     case TCell::Factor:
-      column.Kind = TGridValueKind::Float;
-      column.Editor = TGridEditorKind::Spin;
-      column.Decimals = FactorPlaces;
+      editor.ValueKind = TValueKind::Float;
+      editor.Kind = TEditorKind::Spin;
+      editor.Decimals = FactorPlaces;
       break;
     case TCell::Count:
-      column.Maximum = LargestCount;
+      editor.Maximum = LargestCount;
       [[fallthrough]];
     case TCell::Number:
-      column.Kind = TGridValueKind::Integer;
-      column.Editor = TGridEditorKind::Spin;
+      editor.ValueKind = TValueKind::Integer;
+      editor.Kind = TEditorKind::Spin;
       break;
     case TCell::Mahnung:
-      column.Editor = TGridEditorKind::List;
-      column.Items = {{ResourceText(ViewTexts::Mahnung), 0},
+      editor.Kind = TEditorKind::List;
+      editor.DeleteClears = true;
+      editor.Items = {{ResourceText(ViewTexts::Mahnung), 0},
                       {ResourceText(ViewTexts::Nachmahnung), 1},
                       {ResourceText(ViewTexts::Nachpruefung), 2}};
       break;
     case TCell::Bestanden:
-      column.Editor = TGridEditorKind::List;
-      column.Items = {{ResourceText(ViewTexts::Passed), "P"},
+      editor.Kind = TEditorKind::List;
+      editor.DeleteClears = true;
+      editor.Items = {{ResourceText(ViewTexts::Passed), "P"},
                       {ResourceText(ViewTexts::Failed), "F"},
                       {ResourceText(ViewTexts::NotTaken), "N"}};
       break;

@@ -52,12 +52,13 @@ void TCXUtils::SelectAll(TVantrelGrid& gridView, bool forceSelect) {
     gridView.SelectRecords(records);
 }
 
-void TCXUtils::SetExtLookupComboBoxProperties(TGridColumn& properties, const TGridLookup& view,
+void TCXUtils::SetExtLookupComboBoxProperties(TEditorDescription& properties, const TEditorLookup& view,
                                               const std::string& keyFieldNames, const std::string& listFieldItem) {
-  properties.Editor = TGridEditorKind::Lookup;
+  properties.Kind = TEditorKind::Lookup;
   properties.Lookup = view;
   properties.Lookup.KeyField = keyFieldNames;
   properties.Lookup.ShownField = listFieldItem;
+  properties.DeleteClears = true;
 }
 
 void TCXUtils::SwitchEditMode(TVantrelGrid& gridView, TGridOptions options, TDataMode& dataMode,

@@ -25,8 +25,8 @@ class TCXUtils {
   /// Selects all records, in a grouped grid those of the focused group instead of what was selected. If they are
   /// selected already and `forceSelect` is off, clears the selection.
   static void SelectAll(TVantrelGrid& gridView, bool forceSelect);
-  /// Makes the column edit by a lookup list. The Delete key clears it, as in every lookup.
-  static void SetExtLookupComboBoxProperties(TGridColumn& properties, const TGridLookup& view,
+  /// Makes it an editor by lookup list, which the Delete key clears.
+  static void SetExtLookupComboBoxProperties(TEditorDescription& properties, const TEditorLookup& view,
                                              const std::string& keyFieldNames, const std::string& listFieldItem);
 
   /// Between browsing and editing; `sender` is down while the grid is edited.

@@ -191,11 +191,12 @@ TEST_F(GridTest, NumbersHoldTheirLimitsAndMayBeEmpty) {
 }
 
 TEST_F(GridTest, NumbersAreTakenAsTypedOrRefused) {
-  const int factor = AddColumn(
-      {.Id = "faktor", .Caption = {}, .Kind = TGridValueKind::Float, .Editor = TGridEditorKind::Spin, .Decimals = 4},
-      0.1F);
-  const int tens =
-      AddColumn({.Id = "tens", .Caption = {}, .Kind = TGridValueKind::Integer, .Minimum = 10, .Maximum = 99}, 12);
+  const int factor = AddColumn({.Id = "faktor",
+                                .Caption = {},
+                                .Editor = {.Kind = TEditorKind::Spin, .ValueKind = TValueKind::Float, .Decimals = 4}},
+                               0.1F);
+  const int tens = AddColumn(
+      {.Id = "tens", .Caption = {}, .Editor = {.ValueKind = TValueKind::Integer, .Minimum = 10, .Maximum = 99}}, 12);
   const struct {
     int Ordinal;
     const char* Typed;
@@ -220,7 +221,8 @@ TEST_F(GridTest, NumbersAreTakenAsTypedOrRefused) {
 }
 
 TEST_F(GridTest, ShownNumbersAreShortenedAndNeverRounded) {
-  const int factor = AddColumn({.Id = "faktor", .Caption = {}, .Kind = TGridValueKind::Float, .Decimals = 1}, 0.1F);
+  const int factor =
+      AddColumn({.Id = "faktor", .Caption = {}, .Editor = {.ValueKind = TValueKind::Float, .Decimals = 1}}, 0.1F);
   Source.Rows[1]->Cells[Absences] = 1234567;
   const struct {
     int Ordinal;

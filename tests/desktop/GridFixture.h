@@ -103,18 +103,18 @@ class GridTest : public testing::Test {
     Grid.AddColumn({.Id = "name", .Caption = "Name", .Editing = false});
     Grid.AddColumn({.Id = "grade",
                     .Caption = "Note",
-                    .Kind = TGridValueKind::Integer,
-                    .Editor = TGridEditorKind::Lookup,
-                    .Lookup = {&Grades, "ID", "Token", "Description"}});
+                    .Editor = {.Kind = TEditorKind::Lookup,
+                               .ValueKind = TValueKind::Integer,
+                               .Lookup = {&Grades, "ID", "Token", "Description"},
+                               .DeleteClears = true}});
     Grid.AddColumn({.Id = "absences",
                     .Caption = "Fehltage",
-                    .Kind = TGridValueKind::Integer,
-                    .Editor = TGridEditorKind::Spin,
-                    .Maximum = 99});
+                    .Editor = {.Kind = TEditorKind::Spin, .ValueKind = TValueKind::Integer, .Maximum = 99}});
     Grid.AddColumn({.Id = "result",
                     .Caption = "Ergebnis",
-                    .Editor = TGridEditorKind::List,
-                    .Items = {{"Bestanden (P)", "P"}, {"Nicht bestanden (F)", "F"}, {"Nicht belegt", "N"}}});
+                    .Editor = {.Kind = TEditorKind::List,
+                               .Items = {{"Bestanden (P)", "P"}, {"Nicht bestanden (F)", "F"}, {"Nicht belegt", "N"}},
+                               .DeleteClears = true}});
   }
 
   void FocusCell(int record, int ordinal) {

@@ -29,6 +29,20 @@ TEST_F(GridTest, SortsByWhatIsReadAndKeepsTheFocus) {
   EXPECT_GE(Grid.View().columnWidth(Absences), Grid.fontMetrics().horizontalAdvance("Fehltage") + 24);
 }
 
+TEST_F(GridTest, AChangedRecordIsShownAnewInItsPlace) {
+  auto options = Grid.Options();
+  options.RowsFollowContent = true;
+  Grid.SetOptions(options);
+  Grid.ClickHeader(Name, false);
+  const auto& view = Grid.View();
+  const int usual = view.rowHeight(2);
+  Source.Rows[1]->Cells[Name] = "Zz\nadam";
+  Grid.RecordChanged(1);
+  EXPECT_EQ(view.model()->index(0, Name).data().toString(), "Zz\nadam");
+  EXPECT_GT(view.rowHeight(0), usual);
+  EXPECT_EQ(view.rowHeight(1), usual);
+}
+
 TEST_F(GridTest, FilterHidesRowsAndTellsSo) {
   std::vector<std::pair<int, int>> moves;
   FocusCell(1, Name);
