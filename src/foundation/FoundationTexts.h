@@ -43,10 +43,6 @@ inline constexpr const char* NotSupported =
     "Die Anforderung wird nicht unterstützt. Wählen Sie einen anderen Ordner oder Datenträger.";
 inline constexpr const char* NoRegistryPaths =
     "Auf diesem System stehen keine Pfade in einer Registrierung. Geben Sie den Pfad selbst an.";
-inline constexpr const char* NoDriveLetters =
-    "Auf diesem System gibt es keine Laufwerksbuchstaben. Geben Sie einen Ordner an.";
-inline constexpr const char* NoVolumeLabels =
-    "Auf diesem System lässt sich der Name eines Datenträgers nicht ändern. Nehmen Sie dafür das Werkzeug des Systems.";
 inline constexpr const char* NoDeletionAtReboot =
     "Auf diesem System lässt sich keine Datei zum Löschen beim nächsten Start vormerken. Löschen Sie sie selbst.";
 inline constexpr const char* NoCreationTime =
@@ -58,14 +54,10 @@ inline constexpr const char* SecondInstance = "Eine zweite Instanz der Klasse \"
 
 inline constexpr const char* ListIndex = "Listenindex überschreitet das Maximum ({})";
 inline constexpr const char* ListCapacity = "Kapazität der Liste ist erschöpft ({})";
-inline constexpr const char* ListItemNotFound = "Angefordertes Listenelement nicht gefunden.";
 inline constexpr const char* ListDuplicate = "Keine Duplikate in der Liste erlaubt.";
-inline constexpr const char* MapCapacity = "InitialCapacity muss größer oder gleich 0 sein.";
-inline constexpr const char* MapLoadFactor = "LoadFactor muss größer 0 sein.";
 
 inline constexpr const char* PropertyNotFound = "Eigenschaft wurde nicht gefunden.";
 inline constexpr const char* PropertyAccess = "Auf die Eigenschaft kann so nicht zugegriffen werden.";
-inline constexpr const char* NotStorable = "Der Wert kann nicht gespeichert werden.";
 
 inline constexpr const char* ShortRead = "Es konnten nicht alle Daten gelesen werden.";
 inline constexpr const char* ShortWrite = "Es konnten nicht alle Daten geschrieben werden.";

@@ -20,37 +20,9 @@ using TVantrelFileAttributes = std::set<TVantrelFileAttribute>;
 
 enum class TVantrelFileMode : std::uint8_t { fmodeUnknown, fmodeReadWrite, fmodeReadOnly };
 enum class TVantrelFileTimeInfo : std::uint8_t { ftimeCreation, ftimeLastAccess, ftimeLastWrite };
-enum class TVantrelDriveType : std::uint8_t {
-  dtypeUnknown,
-  dtypeNoRootDir,
-  dtypeRemovable,
-  dtypeFixed,
-  dtypeRemote,
-  dtypeCDRom,
-  dtypeRamDisk
-};
-enum class TVantrelFileSystemFlag : std::uint8_t { fsystemCaseSensitive, fsystemUnicode, fsystemReadOnly };
-
-/// Space on the disk that a path lies on, in bytes.
-struct TVantrelDiskInfo {
-  std::int64_t TotalSize = 0;
-  std::int64_t FreeSize = 0;
-  /// Free for this user.
-  std::int64_t AvailableSize = 0;
-};
-
-/// The volume that a path lies on.
-struct TVantrelVolumeInfo {
-  std::string Label;
-  std::string FileSystemName;
-  std::uint64_t SerialNumber = 0;
-  int MaximumNameLength = 0;
-  std::set<TVantrelFileSystemFlag> Flags;
-};
 
 /// What the program does with files and directories as a whole. Failures raise EVantrelFileSystemError with the
-/// system's error; so does, with code 50 and a text of its own, what needs a drive letter or a volume that can be
-/// renamed, since this system has neither. Times without "Utc" are local; all are precise to the millisecond.
+/// system's error. Times without "Utc" are local; all are precise to the millisecond.
 class TVantrelFileSystem {
  public:
   TVantrelFileSystem() = delete;
@@ -115,77 +87,4 @@ class TVantrelFileSystem {
                                            bool recursive = false);
   static std::string GetCurrentDirectory();
   static void SetCurrentDirectory(const std::string& path);
-
-  /// True if the disk that the path lies on answers.
-  static bool PingDisk(const std::string& path);
-  static TVantrelDiskInfo GetDiskInfo(const std::string& path);
-  static TVantrelDriveType GetDriveType(const std::string& path);
-  /// True if the path lies on a network share.
-  static bool IsRemote(const std::string& path);
-  /// The places at which disks are mounted.
-  static std::vector<std::string> GetDrives();
-  static TVantrelVolumeInfo GetVolumeInfo(const std::string& path);
-  static std::string GetVolumeLabel(const std::string& path);
-  [[noreturn]] static void SetVolumeLabel(const std::string& path, const std::string& label);
-
-  /// True for a path that begins with a drive letter, whether such a drive exists or not.
-  static bool HasDriveLetter(const std::string& path);
-  [[noreturn]] static char GetDriveLetter(const std::string& path);
-  [[noreturn]] static std::vector<std::string> GetLogicalDriveList();
-  [[noreturn]] static std::string QueryDosDevice(const std::string& drive);
-};
-
-/// A file or directory by its path. Failures raise EVantrelFileSystemError.
-class TVantrelAbstractFile {
- public:
-  explicit TVantrelAbstractFile(std::string path) : FPath(std::move(path)) {}
-  virtual ~TVantrelAbstractFile() = default;
-
-  const std::string& Path() const { return FPath; }
-  std::string Name() const;
-
-  /// True if the path leads to what the class stands for.
-  virtual bool Exists() const = 0;
-  virtual void Delete() = 0;
-  /// The object has the new path afterwards.
-  virtual void Move(const std::string& target) = 0;
-
- protected:
-  std::string FPath;
-};
-
-class TVantrelFile final : public TVantrelAbstractFile {
- public:
-  using TVantrelAbstractFile::TVantrelAbstractFile;
-
-  bool Exists() const override;
-  void Delete() override;
-  void Move(const std::string& target) override;
-  std::string Extension() const;
-  std::int64_t Size() const { return TVantrelFileSystem::GetSize(FPath); }
-};
-
-class TVantrelDirectory final : public TVantrelAbstractFile {
- public:
-  using TVantrelAbstractFile::TVantrelAbstractFile;
-
-  bool Exists() const override { return TVantrelFileSystem::IsDirectory(FPath); }
-  /// With everything in it.
-  void Delete() override;
-  void Move(const std::string& target) override;
-  std::vector<std::string> Files(const std::string& mask = "*", bool recursive = false) const;
-};
-
-/// The disk that a path lies on.
-class TVantrelDriveInfo {
- public:
-  explicit TVantrelDriveInfo(std::string path) : FPath(std::move(path)) {}
-
-  bool IsReady() const { return TVantrelFileSystem::PingDisk(FPath); }
-  TVantrelDriveType DriveType() const { return TVantrelFileSystem::GetDriveType(FPath); }
-  TVantrelDiskInfo DiskInfo() const { return TVantrelFileSystem::GetDiskInfo(FPath); }
-  TVantrelVolumeInfo VolumeInfo() const { return TVantrelFileSystem::GetVolumeInfo(FPath); }
-
- private:
-  std::string FPath;
 };

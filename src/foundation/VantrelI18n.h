@@ -8,7 +8,6 @@
 #include <string>
 #include <string_view>
 
-class TVantrelObject;
 class TVantrelResourceStringTable;
 
 /// A dictionary for the texts of the program, by the hash of the built-in text. May be used from any thread.
@@ -42,10 +41,6 @@ class TVantrelI18nManager {
 
   /// The translation, or the text itself.
   std::string Translate(std::string_view text) const;
-  /// Translates the text properties of the object, of the objects in its properties, and of the items of lists among
-  /// them; of a list of texts each text by itself. Properties that are public but not published count only if
-  /// `includePublicMembers`. Pictures and read-only texts stay as they are.
-  void TranslateStrings(TVantrelObject& object, bool includePublicMembers = false) const;
 
  private:
   std::map<std::uint32_t, std::string> Dictionary() const;

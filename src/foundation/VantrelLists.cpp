@@ -3,7 +3,6 @@
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <unordered_set>
 
 #include "FoundationTexts.h"
 #include "VantrelExceptions.h"
@@ -11,15 +10,6 @@
 
 namespace {
 constexpr int MaxCapacity = 1 << 27;
-
-/// Moves the repeats of items behind the end that is returned, keeping the order of the others.
-template <class TIterator>
-TIterator DropRepeats(TIterator first, TIterator last) {
-  const bool ascending = std::adjacent_find(first, last, std::greater_equal<>()) == last;
-  if (ascending) return last;
-  std::unordered_set<const TVantrelObject*> seen;
-  return std::remove_if(first, last, [&seen](const TVantrelObject* item) { return !seen.insert(item).second; });
-}
 }  // namespace
 
 void CheckListIndex(int index, int count) {
@@ -134,7 +124,7 @@ TVantrelObject* TVantrelArrayList::Extract(int index) {
 // itself or another.
 void TVantrelArrayList::Clear() {
   if (FItemOwner) {
-    FCount = static_cast<int>(DropRepeats(FItems.get(), FItems.get() + FCount) - FItems.get());
+    FCount = static_cast<int>(DropRepeatedItems(FItems.get(), FItems.get() + FCount) - FItems.get());
     std::reverse(FItems.get(), FItems.get() + FCount);
     while (FCount > 0) FreeItem(FItems[--FCount]);
   }
@@ -151,53 +141,4 @@ int TVantrelArrayList::IndexOf(const TVantrelObject* item) const {
 void TVantrelArrayList::Sort() {
   std::stable_sort(FItems.get(), FItems.get() + FCount,
                    [this](const TVantrelObject* a, const TVantrelObject* b) { return IsBelow(a, b); });
-}
-
-TVantrelObject* TVantrelAbstractSequencedList::First() const {
-  if (IsEmpty()) throw EVantrelCollectionError(ResourceText(FoundationTexts::ListItemNotFound));
-  return Get(0);
-}
-
-TVantrelObject* TVantrelAbstractSequencedList::Last() const {
-  if (IsEmpty()) throw EVantrelCollectionError(ResourceText(FoundationTexts::ListItemNotFound));
-  return Get(Count() - 1);
-}
-
-TVantrelLinkedList::~TVantrelLinkedList() {
-  Clear();
-}
-
-TVantrelObject* TVantrelLinkedList::Get(int index) const {
-  CheckListIndex(index, Count());
-  return index <= Count() / 2 ? *std::next(FItems.begin(), index) : *std::prev(FItems.end(), Count() - index);
-}
-
-void TVantrelLinkedList::Insert(int index, TVantrelObject* item) {
-  CheckListIndex(index, Count() + 1);
-  FItems.insert(index == Count() ? FItems.end() : std::next(FItems.begin(), index), item);
-}
-
-TVantrelObject* TVantrelLinkedList::Extract(int index) {
-  CheckListIndex(index, Count());
-  const auto place = std::next(FItems.begin(), index);
-  TVantrelObject* const item = *place;
-  FItems.erase(place);
-  return item;
-}
-
-void TVantrelLinkedList::Clear() {
-  if (FItemOwner) {
-    FItems.erase(DropRepeats(FItems.begin(), FItems.end()), FItems.end());
-    while (!FItems.empty()) FreeItem(Extract(0));
-  }
-  FItems.clear();
-}
-
-int TVantrelLinkedList::IndexOf(const TVantrelObject* item) const {
-  const auto place = std::find(FItems.begin(), FItems.end(), item);
-  return place == FItems.end() ? -1 : static_cast<int>(std::distance(FItems.begin(), place));
-}
-
-void TVantrelLinkedList::Sort() {
-  FItems.sort([this](const TVantrelObject* a, const TVantrelObject* b) { return IsBelow(a, b); });
 }

@@ -1,9 +1,10 @@
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 #include <functional>
-#include <list>
 #include <memory>
+#include <unordered_set>
 
 #include "VantrelClasses.h"
 
@@ -14,6 +15,15 @@ using TVantrelCompare = std::function<int(const TVantrelObject&, const TVantrelO
 
 /// Raises EVantrelCollectionError for an index outside 0 to count - 1.
 void CheckListIndex(int index, int count);
+
+/// Moves the repeats of items behind the end that is returned, keeping the order of the others.
+template <class TIterator>
+TIterator DropRepeatedItems(TIterator first, TIterator last) {
+  const bool ascending = std::adjacent_find(first, last, std::greater_equal<>()) == last;
+  if (ascending) return last;
+  std::unordered_set<const TVantrelObject*> seen;
+  return std::remove_if(first, last, [&seen](const TVantrelObject* item) { return !seen.insert(item).second; });
+}
 
 /// Base of the containers of objects. The ownership of the items is a flag of the collection.
 class TVantrelAbstractCollection : public TVantrelPersistent {
@@ -114,35 +124,4 @@ class TVantrelArrayList final : public TVantrelAbstractList {
   int FCapacity = 0;
   int FCount = 0;
   std::unique_ptr<TVantrelObject*[]> FItems;
-};
-
-/// Base of the lists that are walked from item to item.
-class TVantrelAbstractSequencedList : public TVantrelAbstractList {
- public:
-  using TVantrelAbstractList::TVantrelAbstractList;
-
-  /// Both raise EVantrelCollectionError for an empty list.
-  TVantrelObject* First() const;
-  TVantrelObject* Last() const;
-};
-
-/// A doubly linked list of objects.
-class TVantrelLinkedList final : public TVantrelAbstractSequencedList {
- public:
-  explicit TVantrelLinkedList(bool itemOwner = true) : TVantrelAbstractSequencedList(itemOwner) {}
-  ~TVantrelLinkedList() override;
-
-  int Count() const override { return static_cast<int>(FItems.size()); }
-  TVantrelObject* Get(int index) const override;
-  void Insert(int index, TVantrelObject* item) override;
-  TVantrelObject* Extract(int index) override;
-  void Clear() override;
-  int IndexOf(const TVantrelObject* item) const override;
-  void Sort() override;
-
-  auto begin() const { return FItems.begin(); }
-  auto end() const { return FItems.end(); }
-
- private:
-  std::list<TVantrelObject*> FItems;
 };

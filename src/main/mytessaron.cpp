@@ -32,7 +32,7 @@ int main(int argc, char** argv) {
   TDesktopApplication application(argc, argv);
   PrepareApplication(application);
   TVantrelClassRegistry classes;
-  RegisterFoundationClasses(classes);
+  RegisterLibraryClasses(classes);
   TMyTessaronProject::RegisterClasses();
   const TDesktopMsgBoxes boxes;
   const auto arguments = ArgumentsOf(argc, argv);

@@ -28,49 +28,6 @@ TEST_F(FileSystem, CreatesDirectoriesWithTheirParents) {
   EXPECT_FALSE(TSystem::ForceDirectory(FFolder / "f/d"));
 }
 
-TEST_F(FileSystem, CopiesMovesAndDeletes) {
-  WriteFileText(FFolder / "f", "eins");
-  WriteFileText(FFolder / "g", "zwei");
-  EXPECT_THROW(TSystem::CopyFile(FFolder / "f", FFolder / "g", true), EVantrelFileSystemError);
-  EXPECT_THROW(TSystem::MoveFile(FFolder / "f", FFolder / "g"), EVantrelFileSystemError);
-  EXPECT_EQ(ReadFileText(FFolder / "g"), "zwei");
-  TSystem::SetLastWriteTime(FFolder / "f", 40000.5);
-  TSystem::CopyFileEx(FFolder / "f", FFolder / "g");
-  EXPECT_EQ(ReadFileText(FFolder / "g"), "eins");
-  EXPECT_DOUBLE_EQ(TSystem::GetLastWriteTime(FFolder / "g"), 40000.5);
-  TVantrelFile file(FFolder / "f");
-  file.Move(TVantrelFilePath::GetGuidFileName("/dev/shm", "tmp"));
-  EXPECT_THROW(file.Move(FFolder / "g"), EVantrelFileSystemError);
-  EXPECT_THROW(file.Move(FFolder / "fehlt/f"), EVantrelFileSystemError);
-  file.Move(FFolder / "h.txt");
-  EXPECT_THAT(TVantrelDirectory(FFolder.Path()).Files(), ElementsAre(FFolder / "g", FFolder / "h.txt"));
-  EXPECT_EQ(std::tuple(file.Name(), file.Extension(), file.Size()), std::tuple("h.txt", "txt", 4));
-  EXPECT_DOUBLE_EQ(TSystem::GetLastWriteTime(file.Path()), 40000.5);
-  EXPECT_EQ(TSystem::MakeFileNameUnique(file.Path()), FFolder / "h (2).txt");
-  file.Delete();
-  EXPECT_FALSE(file.Exists());
-  EXPECT_THROW(file.Delete(), EVantrelFileSystemError);
-  EXPECT_THROW(TSystem::DeleteFile(FFolder.Path()), EVantrelFileSystemError);
-}
-
-TEST_F(FileSystem, DirectoriesAsAWhole) {
-  TVantrelDirectory directory(FFolder / "a");
-  TSystem::CreateDirectory(FFolder / "a/b");
-  for (const auto* name : {"a/x.kvr", "a/b/y.kvr", "a/z.txt"}) WriteFileText(FFolder / name, "");
-  EXPECT_THAT(directory.Files("*.kvr"), ElementsAre(FFolder / "a/x.kvr"));
-  EXPECT_THAT(directory.Files("?.kvr", true), ElementsAre(FFolder / "a/b/y.kvr", FFolder / "a/x.kvr"));
-  EXPECT_THROW(TSystem::GetFiles(FFolder / "fehlt"), EVantrelFileSystemError);
-  EXPECT_THROW(TSystem::DeleteDirectory(FFolder / "a"), EVantrelFileSystemError);
-  EXPECT_THROW(TSystem::MoveFile(FFolder / "a", FFolder / "c"), EVantrelFileSystemError);
-  directory.Move(FFolder / "c");
-  std::filesystem::create_symlink(FFolder / "c", FFolder / "link");
-  TSystem::DeleteDirectory(FFolder / "link", true);
-  EXPECT_EQ(directory.Files().size(), 2U);
-  directory.Delete();
-  EXPECT_FALSE(directory.Exists());
-  EXPECT_EQ(FFolder.FileCount(), 0U);
-}
-
 TEST_F(FileSystem, WhatLiesInADirectory) {
   const auto home = TSystem::GetCurrentDirectory();
   TSystem::SetCurrentDirectory(FFolder.Path());
@@ -138,24 +95,6 @@ TEST_F(FileSystem, EveryErrorSaysInGermanWhatToDo) {
   for (const auto code : {4U, 1223U, EVantrelWin32Error::CodeOfErrno(ENOTTY)})
     EXPECT_THAT(EVantrelWin32Error::TextOf(code),
                 testing::ContainsRegex(fmt::format("unerwarteten Fehler [(]Code {}[)][.] .*Sie.*[.]$", code)));
-}
-
-TEST_F(FileSystem, DisksAndDriveLetters) {
-  const TVantrelDriveInfo drive("/");
-  EXPECT_TRUE(drive.IsReady());
-  EXPECT_GE(drive.DiskInfo().TotalSize, drive.DiskInfo().FreeSize);
-  EXPECT_NE(drive.VolumeInfo().FileSystemName, "");
-  EXPECT_EQ(TVantrelDriveInfo("/fehlt/ganz").DriveType(), TVantrelDriveType::dtypeNoRootDir);
-  EXPECT_FALSE(TSystem::IsRemote("/proc"));
-  EXPECT_THAT(TSystem::GetDrives(), testing::Contains("/"));
-  EXPECT_TRUE(TSystem::HasDriveLetter("C:\\f"));
-  EXPECT_EQ(ErrorOf<EVantrelFileSystemError>([] { TSystem::GetLogicalDriveList(); }),
-            "Systemfehler (Fehlercode: 50).\r\nAuf diesem System gibt es keine Laufwerksbuchstaben. Geben Sie einen "
-            "Ordner an.");
-  EXPECT_THROW(TSystem::GetDriveLetter("C:"), EVantrelFileSystemError);
-  EXPECT_THROW(TSystem::QueryDosDevice("C:"), EVantrelFileSystemError);
-  EXPECT_THROW(TSystem::SetVolumeLabel("/", "x"), EVantrelFileSystemError);
-  EXPECT_THROW(TSystem::DeleteFileAfterReboot("/f"), EVantrelFileSystemError);
 }
 
 using TPath = TVantrelFilePath;

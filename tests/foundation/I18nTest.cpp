@@ -8,14 +8,9 @@
 #include <cstring>
 
 #include "ErrorOf.h"
-#include "PublishedObjects.h"
 #include "TempFolder.h"
 #include "VantrelExceptions.h"
-#include "VantrelGraphics.h"
-#include "VantrelLists.h"
 #include "VantrelResources.h"
-#include "VantrelStringList.h"
-#include "VantrelTypes.h"
 
 namespace {
 std::string DictionaryFile(const std::string& content = {}) {
@@ -28,27 +23,6 @@ std::string DictionaryFile(const std::string& content = {}) {
 std::string Line(std::string_view text, std::string_view translated) {
   return fmt::format("{:08x}={}\n", TVantrelI18nManager::GetStringHash(text), translated);
 }
-
-/// Publishes its caption for reading alone; to write it is public only.
-struct TPanel final : TNode {
-  const TVantrelClass& ClassReference() const override {
-    static constexpr TVantrelProperty properties[] = {Published<&TNode::Caption>("Kind"),
-                                                      Public<&TNode::Caption, &TNode::SetCaption>("Caption")};
-    static constexpr TVantrelClass panel{.Name = "TPanel", .Properties = properties};
-    return panel;
-  }
-};
-
-struct TPicture final : TStoredGraphic {
-  std::string Caption() const { return FCaption; }
-  void SetCaption(std::string caption) { FCaption = std::move(caption); }
-  const TVantrelClass& ClassReference() const override {
-    static constexpr TVantrelProperty properties[] = {Published<&TPicture::Caption, &TPicture::SetCaption>("Caption")};
-    static constexpr TVantrelClass picture{.Name = "TPicture", .Properties = properties};
-    return picture;
-  }
-  std::string FCaption = "Ja";
-};
 
 TEST(I18n, HashIsLookup3OverUtf16) {
   // In UTF-16: "Four score and seven years ago".
@@ -101,29 +75,6 @@ TEST(I18n, TranslationWithForeignPlaceholdersIsPassedOver) {
   EXPECT_EQ(FormatText("Von {}", 5), "Von 5");
   I18nManager().ClearStrings();
   EXPECT_EQ(FormatText("Datei {}", 5), "Datei 5");
-}
-
-TEST(I18n, ObjectsAreTranslatedWithWhatHangsOnThem) {
-  TPanel panel;
-  TPicture picture;
-  TLeaf leaf, partner;
-  TVantrelString text("Ja");
-  TVantrelStringList lines;
-  lines.Lines = {"Ja", "Nein"};
-  TVantrelArrayList list(false);
-  TVantrelObject* items[] = {&panel, &picture, &leaf, &text, &lines, &list};
-  for (TVantrelObject* item : items) list.Add(item);
-  panel.FCaption = leaf.FCaption = partner.FCaption = "Ja";
-  leaf.SetPartner(&partner);
-  partner.SetPartner(&leaf);
-  TVantrelI18nManager manager;
-  manager.LoadStrings(DictionaryFile("[Dictionary]\n" + Line("Ja", "Yes")));
-  manager.TranslateStrings(list);
-  EXPECT_EQ(leaf.Caption() + partner.Caption() + text.Value() + lines.Lines[0] + lines.Lines[1], "YesYesYesYesNein");
-  EXPECT_EQ(panel.Caption() + picture.Caption(), "JaJa");
-  manager.TranslateStrings(panel, true);
-  EXPECT_EQ(panel.Caption(), "Yes");
-  EXPECT_FALSE(TVantrelClassRTTI(panel.ClassReference(), true).IsPropertyPublished("Caption"));
 }
 
 using TBytes = std::vector<std::uint8_t>;

@@ -96,7 +96,7 @@ TEST(ClassRegistry, MakesEveryTypedValueByItsName) {
                          "ShortInt",  "LongInt",  "Int64",    "Byte",     "Word",    "LongWord",   "Single",
                          "Double",    "Extended", "Currency", "DateTime", "String",  "Utf8String", "Guid"};
   TVantrelClassRegistry registry;
-  RegisterFoundationClasses(registry);
+  RegisterLibraryClasses(registry);
   int type = 0;
   for (const std::string name : names) {
     const TVantrelClass* const found = registry.GetClass("TVantrel" + name);
@@ -128,13 +128,5 @@ TEST(ClassRegistry, ExistsOnce) {
                 "Eine zweite Instanz der Klasse \"TVantrelClassRegistry\" ist nicht erlaubt.");
   }
   EXPECT_NO_THROW(TVantrelClassRegistry());
-}
-
-TEST(StaticClass, HasNoInstance) {
-  struct TNever : TVantrelStaticClass {
-    TNever() : TVantrelStaticClass("TNever") {}
-  };
-  EXPECT_EQ(ErrorOf<EVantrelStaticClassError>([] { TNever(); }),
-            "Eine Instanz der Klasse \"TNever\" darf nicht abgelegt werden.");
 }
 }  // namespace

@@ -1,3 +1,5 @@
+#include "VantrelVolumes.h"
+
 #include <mntent.h>
 #include <sys/stat.h>
 #include <sys/statvfs.h>
@@ -11,9 +13,8 @@
 #include <memory>
 #include <string_view>
 
-#include "FoundationTexts.h"
+#include "ClasslibTexts.h"
 #include "VantrelExceptions.h"
-#include "VantrelFileSystem.h"
 #include "VantrelPaths.h"
 
 namespace {
@@ -71,22 +72,22 @@ bool IsRemovable(const TMount& mount) {
 }
 
 [[noreturn]] void RaiseNoDriveLetters() {
-  throw EVantrelFileSystemError(TVantrelErrorCode::NotSupported, FoundationTexts::NoDriveLetters);
+  throw EVantrelFileSystemError(TVantrelErrorCode::NotSupported, ClasslibTexts::NoDriveLetters);
 }
 }  // namespace
 
-bool TVantrelFileSystem::PingDisk(const std::string& path) {
+bool TVantrelVolumes::PingDisk(const std::string& path) {
   struct statvfs space {};
   return ::statvfs(path.c_str(), &space) == 0;
 }
 
-TVantrelDiskInfo TVantrelFileSystem::GetDiskInfo(const std::string& path) {
+TVantrelDiskInfo TVantrelVolumes::GetDiskInfo(const std::string& path) {
   const auto space = SpaceOf(path);
   const auto bytes = [&](fsblkcnt_t blocks) { return static_cast<std::int64_t>(blocks * space.f_frsize); };
   return {bytes(space.f_blocks), bytes(space.f_bfree), bytes(space.f_bavail)};
 }
 
-TVantrelDriveType TVantrelFileSystem::GetDriveType(const std::string& path) {
+TVantrelDriveType TVantrelVolumes::GetDriveType(const std::string& path) {
   using enum TVantrelDriveType;
   constexpr std::array<std::string_view, 8> remote{"nfs", "nfs4", "cifs", "smb3", "ncpfs", "fuse.sshfs", "9p", "afs"};
   constexpr std::array<std::string_view, 2> memory{"tmpfs", "ramfs"};
@@ -100,11 +101,11 @@ TVantrelDriveType TVantrelFileSystem::GetDriveType(const std::string& path) {
   return IsRemovable(mount) ? dtypeRemovable : dtypeFixed;
 }
 
-bool TVantrelFileSystem::IsRemote(const std::string& path) {
+bool TVantrelVolumes::IsRemote(const std::string& path) {
   return GetDriveType(path) == TVantrelDriveType::dtypeRemote;
 }
 
-std::vector<std::string> TVantrelFileSystem::GetDrives() {
+std::vector<std::string> TVantrelVolumes::GetDrives() {
   std::vector<std::string> folders;
   for (const auto& mount : Mounts()) {
     if (mount.Device.starts_with('/')) folders.push_back(mount.Folder);
@@ -112,7 +113,7 @@ std::vector<std::string> TVantrelFileSystem::GetDrives() {
   return folders;
 }
 
-TVantrelVolumeInfo TVantrelFileSystem::GetVolumeInfo(const std::string& path) {
+TVantrelVolumeInfo TVantrelVolumes::GetVolumeInfo(const std::string& path) {
   using enum TVantrelFileSystemFlag;
   const auto space = SpaceOf(path);
   TVantrelVolumeInfo info{GetVolumeLabel(path),
@@ -124,7 +125,7 @@ TVantrelVolumeInfo TVantrelFileSystem::GetVolumeInfo(const std::string& path) {
   return info;
 }
 
-std::string TVantrelFileSystem::GetVolumeLabel(const std::string& path) {
+std::string TVantrelVolumes::GetVolumeLabel(const std::string& path) {
   const auto mount = MountOf(path);
   std::error_code error;
   for (std::filesystem::directory_iterator entry("/dev/disk/by-label", error), end; !error && entry != end;
@@ -135,20 +136,20 @@ std::string TVantrelFileSystem::GetVolumeLabel(const std::string& path) {
   return {};
 }
 
-void TVantrelFileSystem::SetVolumeLabel(const std::string&, const std::string&) {
-  throw EVantrelFileSystemError(TVantrelErrorCode::NotSupported, FoundationTexts::NoVolumeLabels);
+void TVantrelVolumes::SetVolumeLabel(const std::string&, const std::string&) {
+  throw EVantrelFileSystemError(TVantrelErrorCode::NotSupported, ClasslibTexts::NoVolumeLabels);
 }
 
-bool TVantrelFileSystem::HasDriveLetter(const std::string& path) {
+bool TVantrelVolumes::HasDriveLetter(const std::string& path) {
   return TVantrelFilePath::GetDriveName(path).ends_with(':');
 }
 
-char TVantrelFileSystem::GetDriveLetter(const std::string&) {
+char TVantrelVolumes::GetDriveLetter(const std::string&) {
   RaiseNoDriveLetters();
 }
-std::vector<std::string> TVantrelFileSystem::GetLogicalDriveList() {
+std::vector<std::string> TVantrelVolumes::GetLogicalDriveList() {
   RaiseNoDriveLetters();
 }
-std::string TVantrelFileSystem::QueryDosDevice(const std::string&) {
+std::string TVantrelVolumes::QueryDosDevice(const std::string&) {
   RaiseNoDriveLetters();
 }

@@ -6,7 +6,7 @@
 #include <typeinfo>
 #include <unordered_set>
 
-#include "FoundationTexts.h"
+#include "ClasslibTexts.h"
 #include "VantrelExceptions.h"
 #include "VantrelI18n.h"
 #include "VantrelTypes.h"
@@ -15,7 +15,7 @@ namespace {
 constexpr int MaxBuckets = 1 << 30;
 
 std::size_t BucketsFor(int capacity) {
-  if (capacity < 0) throw EVantrelMapError(ResourceText(FoundationTexts::MapCapacity));
+  if (capacity < 0) throw EVantrelMapError(ResourceText(ClasslibTexts::MapCapacity));
   return std::bit_ceil(static_cast<std::size_t>(std::clamp(capacity, 1, MaxBuckets)));
 }
 
@@ -61,7 +61,7 @@ bool IsKey(const TVantrelObject* held, const TVantrelObject* key) {
 
 TVantrelHashMap::TVantrelHashMap(int capacity, double loadFactor, bool itemOwner, bool keyOwner)
     : TVantrelAbstractMap(itemOwner, keyOwner), FLoadFactor(loadFactor), FBuckets(BucketsFor(capacity)) {
-  if (!(loadFactor > 0)) throw EVantrelMapError(ResourceText(FoundationTexts::MapLoadFactor));
+  if (!(loadFactor > 0)) throw EVantrelMapError(ResourceText(ClasslibTexts::MapLoadFactor));
   UpdateThreshold();
 }
 

@@ -1,4 +1,5 @@
-#include "VantrelFileSystem.h"
+#include "VantrelFileObjects.h"
+
 #include "VantrelPaths.h"
 
 std::string TVantrelAbstractFile::Name() const {

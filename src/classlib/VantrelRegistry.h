@@ -38,4 +38,4 @@ class TVantrelClassRegistry final {
 };
 
 /// Registers the collections and the typed values.
-void RegisterFoundationClasses(TVantrelClassRegistry& registry);
+void RegisterLibraryClasses(TVantrelClassRegistry& registry);

@@ -10,7 +10,6 @@
 #include "VantrelGuid.h"
 #include "VantrelHashes.h"
 #include "VantrelStreams.h"
-#include "VantrelVariant.h"
 
 namespace {
 constexpr int NoBuffer = 0;
@@ -154,81 +153,4 @@ TEST(Graphic, IsEqualToThePictureItHolds) {
   Store(holder, other);
   EXPECT_EQ(other.Value(), nullptr);
 }
-
-constexpr const char* SampleText = "{00112233-4455-6677-8899-AABBCCDDEEFF}";
-const TGuid Sample{{0x33, 0x22, 0x11, 0x00, 0x55, 0x44, 0x77, 0x66, 0x88, 0x99, 0xAA, 0xBB, 0xCC, 0xDD, 0xEE, 0xFF}};
-
-TEST(Guid, TextFormsFollowTheByteOrderOfFiles) {
-  EXPECT_EQ(GuidToText(Sample), SampleText);
-  EXPECT_EQ(GuidToText(Sample, TVantrelGuidFormat::gfWithoutBrackets), "00112233-4455-6677-8899-aabbccddeeff");
-  EXPECT_EQ(GuidToText(Sample, TVantrelGuidFormat::gfQuoted), "'{00112233-4455-6677-8899-AABBCCDDEEFF}'");
-  EXPECT_EQ(TextToGuid(SampleText), Sample);
-  EXPECT_EQ(TextToGuid("{00112233-4455-6677-8899-aabbccddeeff}"), Sample);
-}
-
-TEST(Guid, OtherTextsAreRefused) {
-  for (const char* text : {"", "{}", "00112233-4455-6677-8899-AABBCCDDEEFF", "{00112233-4455-6677-8899-AABBCCDDEEF}",
-                           "{00112233-4455-6677-8899-AABBCCDDEEFG}", "{0011223304455-6677-8899-AABBCCDDEEFF}",
-                           "{00112233-4455-6677-8899-AABBCCDDEEFF} ", "(00112233-4455-6677-8899-AABBCCDDEEFF)",
-                           "{ 0112233-4455-6677-8899-AABBCCDDEEFF}"}) {
-    EXPECT_THROW(TextToGuid(text), EConvertError) << text;
-  }
-}
-
-TEST(Guid, NewOnesDifferAndAreRandomKind) {
-  const std::string text = GuidToText(NewGuid());
-  EXPECT_EQ(text[15], '4');
-  EXPECT_NE(std::string("89AB").find(text[20]), std::string::npos) << text;
-  EXPECT_NE(NewGuid(), NewGuid());
-}
-
-TEST(Guid, NameBasedOnesAreTheKnownOnes) {
-  const auto text = [](int version) {
-    return GuidToText(NameBasedGuid(GuidNamespaceDns(), "python.org", version), TVantrelGuidFormat::gfWithoutBrackets);
-  };
-  EXPECT_EQ(text(3), "6fa459ea-ee8a-3ca4-894e-db77e160355e");
-  EXPECT_EQ(text(5), "886313e1-3b8a-5372-9b90-0c9aee199e5d");
-  EXPECT_NE(NameBasedGuid(GuidNamespaceOid(), "python.org", 5), NameBasedGuid(GuidNamespaceDns(), "python.org", 5));
-  EXPECT_THROW(text(4), EArgumentOutOfRangeException);
-}
-
-const TVariant MayThird = TVariant::DateTime(39571.75);
-
-TEST(Variant, ConvertsToNumbersAndText) {
-  const std::tuple<TVariant, double, std::int32_t, const char*> cases[] = {
-      {TVariant(), 0, 0, ""},       {true, 1, 1, "True"},
-      {false, 0, 0, "False"},       {-7, -7, -7, "-7"},
-      {2.5, 2.5, 2, "2,5"},         {3.5, 3.5, 4, "3,5"},
-      {-2.5, -2.5, -2, "-2,5"},     {MayThird, 39571.75, 39572, "03.05.2008"},
-      {"12,25", 12.25, 12, "12,25"}};
-  for (const auto& [value, asFloat, asInteger, asText] : cases) {
-    EXPECT_EQ(value.AsFloat(), asFloat) << asText;
-    EXPECT_EQ(value.AsInteger(), asInteger) << asText;
-    EXPECT_EQ(value.AsBoolean(), asFloat != 0) << asText;
-    EXPECT_EQ(value.AsText(), asText);
-  }
-  EXPECT_TRUE(TVariant("TRUE").AsBoolean() && !TVariant("false").AsBoolean());
-}
-
-TEST(Variant, RefusesWhatHasNoValue) {
-  const TVariant null = TVariant::Null();
-  EXPECT_THROW(null.AsInteger(), EConvertError);
-  EXPECT_THROW(null.AsFloat(), EConvertError);
-  EXPECT_THROW(null.AsBoolean(), EConvertError);
-  EXPECT_THROW(null.AsText(), EConvertError);
-  EXPECT_EQ(null.AsTextOrEmpty(), "");
-  EXPECT_THROW(TVariant(2147483648.0).AsInteger(), EConvertError);
-  EXPECT_THROW(TVariant("NAN").AsInteger(), EConvertError);
-  EXPECT_EQ(TVariant(2147483647.4).AsInteger(), 2147483647);
-}
-
-TEST(Variant, ComparesAsADatabaseDoes) {
-  const TVariant null = TVariant::Null();
-  const std::pair<TVariant, TVariant> same[] = {{null, null}, {{}, {}}, {2, 2.0}, {"2,0", 2}, {39571.75, MayThird}};
-  for (const auto& [a, b] : same) EXPECT_EQ(a, b);
-  const std::pair<TVariant, TVariant> unlike[] = {
-      {null, 0}, {null, {}}, {"x", 0}, {"2,0", "2"}, {std::int64_t{1} << 53, (std::int64_t{1} << 53) + 1}};
-  for (const auto& [a, b] : unlike) EXPECT_FALSE(a == b) << a.AsTextOrEmpty();
-}
-
 }  // namespace

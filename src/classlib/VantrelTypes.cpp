@@ -5,6 +5,7 @@
 #include <cmath>
 #include <concepts>
 
+#include "ClasslibTexts.h"
 #include "FoundationTexts.h"
 #include "VantrelExceptions.h"
 #include "VantrelHashes.h"
@@ -135,11 +136,11 @@ std::int32_t HashOfValue(std::int64_t value) {
 }
 
 void TVantrelType::Read(TVantrelObjectReader&) {
-  throw EVantrelPersistentError(ResourceText(FoundationTexts::NotStorable));
+  throw EVantrelPersistentError(ResourceText(ClasslibTexts::NotStorable));
 }
 
 void TVantrelType::Write(TVantrelObjectWriter&) const {
-  throw EVantrelPersistentError(ResourceText(FoundationTexts::NotStorable));
+  throw EVantrelPersistentError(ResourceText(ClasslibTexts::NotStorable));
 }
 
 template <class T, TVantrelValueType Kind>

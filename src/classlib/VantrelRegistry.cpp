@@ -7,7 +7,7 @@
 #include "FoundationTexts.h"
 #include "VantrelExceptions.h"
 #include "VantrelI18n.h"
-#include "VantrelLists.h"
+#include "VantrelLinkedLists.h"
 #include "VantrelSets.h"
 #include "VantrelTypes.h"
 
@@ -75,6 +75,6 @@ constexpr TVantrelClass FoundationClasses[] = {
 };
 }  // namespace
 
-void RegisterFoundationClasses(TVantrelClassRegistry& registry) {
+void RegisterLibraryClasses(TVantrelClassRegistry& registry) {
   for (const TVantrelClass& one : FoundationClasses) registry.AddClass(one);
 }

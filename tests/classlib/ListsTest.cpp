@@ -1,4 +1,4 @@
-#include "VantrelLists.h"
+#include "VantrelLinkedLists.h"
 
 #include <gmock/gmock.h>
 

@@ -1,7 +1,8 @@
+#include "VantrelI18nObjects.h"
+
 #include <unordered_set>
 
 #include "VantrelGraphics.h"
-#include "VantrelI18n.h"
 #include "VantrelLists.h"
 #include "VantrelRtti.h"
 #include "VantrelStringList.h"
@@ -44,6 +45,6 @@ class TTranslationWalk {
 };
 }  // namespace
 
-void TVantrelI18nManager::TranslateStrings(TVantrelObject& object, bool includePublicMembers) const {
-  TTranslationWalk(*this, includePublicMembers).Visit(&object);
+void TranslateStrings(const TVantrelI18nManager& manager, TVantrelObject& object, bool includePublicMembers) {
+  TTranslationWalk(manager, includePublicMembers).Visit(&object);
 }
