@@ -49,5 +49,6 @@ function(house_test name)
   add_dependencies(${name}_tests disk_faults)
   gtest_discover_tests(${name}_tests TEST_PREFIX ${name}. WORKING_DIRECTORY ${CMAKE_SOURCE_DIR}/tests
                        DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 300
-                       ENVIRONMENT "XDG_CONFIG_HOME=${PROJECT_BINARY_DIR}/config;XDG_DATA_HOME=${PROJECT_BINARY_DIR}/data")
+                       ENVIRONMENT "XDG_CONFIG_HOME=${PROJECT_BINARY_DIR}/config"
+                       ENVIRONMENT_MODIFICATION "XDG_DATA_HOME=set:${PROJECT_BINARY_DIR}/data")
 endfunction()

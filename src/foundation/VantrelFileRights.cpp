@@ -50,8 +50,8 @@ bool CopyAttributes(int from, int to, bool withAccessList) {
   return listIsKept;
 }
 
-void SetMode(int descriptor, unsigned mode) {
-  if (::fchmod(descriptor, mode) != 0) errno = 0;
+bool SetMode(int descriptor, unsigned mode) {
+  return ::fchmod(descriptor, mode) == 0;
 }
 }  // namespace
 
@@ -67,7 +67,7 @@ TVantrelFileRights TVantrelFileRights::Of(const TVantrelFileHandle& file) {
   return rights;
 }
 
-void TVantrelFileRights::Copy(int from, int to) {
+void TVantrelFileRights::Copy(int from, int to, const TVantrelFileRights& most) {
   struct stat old {};
   struct stat created {};
   if (::fstat(from, &old) != 0 || ::fstat(to, &created) != 0) return;
@@ -77,24 +77,30 @@ void TVantrelFileRights::Copy(int from, int to) {
       created.st_gid == old.st_gid || (ownerIsKept && created.st_uid != old.st_uid) || keep(static_cast<uid_t>(-1));
   // One that the folder has given.
   ::fremovexattr(to, AccessList);
-  const bool listIsKept = CopyAttributes(from, to, groupIsKept);
+  const bool listIsKept = CopyAttributes(from, to, groupIsKept && !most.FIsLimited);
   unsigned mode = old.st_mode & PermissionBits;
   if (!ownerIsKept) mode &= ~static_cast<unsigned>(S_ISUID);
   if (!groupIsKept || !listIsKept) mode &= ~(GroupBits | S_ISGID);
-  SetMode(to, mode);
+  SetMode(to, most.Within(mode, old.st_gid));
 }
 
 unsigned TVantrelFileRights::ModeOfNew() const {
   return FIsLimited ? (NewFileMode & FMode) | OwnerReadsAndWrites : NewFileMode;
 }
 
+unsigned TVantrelFileRights::Within(unsigned mode, unsigned group) const {
+  if (!FIsLimited) return mode;
+  unsigned most = FMode;
+  // Another group may be people of any kind.
+  if (group != FGroup) most &= ~GroupBits | (most & S_IRWXO) << 3;
+  return (mode & most) | OwnerReadsAndWrites;
+}
+
 void TVantrelFileRights::Limit(int descriptor) const {
   struct stat status {};
   if (!FIsLimited || ::fstat(descriptor, &status) != 0 || !S_ISREG(status.st_mode)) return;
-  ::fremovexattr(descriptor, AccessList);
-  unsigned most = FMode;
-  // Another group may be people of any kind.
-  if (status.st_gid != FGroup) most &= ~GroupBits | (most & S_IRWXO) << 3;
-  if (HasAccessList(descriptor)) most &= ~GroupBits;
-  SetMode(descriptor, (status.st_mode & most) | OwnerReadsAndWrites);
+  unsigned mode = Within(status.st_mode, status.st_gid);
+  // The bits of the group are those of the whole list, which would stay when it is gone.
+  if (HasAccessList(descriptor)) mode &= ~GroupBits;
+  if (SetMode(descriptor, mode)) ::fremovexattr(descriptor, AccessList);
 }

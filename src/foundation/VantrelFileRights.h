@@ -10,9 +10,10 @@ class TVantrelFileRights {
   TVantrelFileRights() = default;
   /// What a file that is made from the content of `file` may be open to at most.
   static TVantrelFileRights Of(const TVantrelFileHandle& file);
-  /// Gives the new file of descriptor `to` owner, group, access list, extended attributes and mode of `from`. Where
-  /// the group or the access list cannot be kept, the group gets nothing.
-  static void Copy(int from, int to);
+  /// Gives the new file of descriptor `to`, which nobody but its owner can open yet, owner, group, access list,
+  /// extended attributes and mode of `from`, as far as `most` lets it. Where the group or the access list cannot be
+  /// kept, the group gets nothing.
+  static void Copy(int from, int to, const TVantrelFileRights& most);
 
   /// The mode to create a file with.
   unsigned ModeOfNew() const;
@@ -20,6 +21,8 @@ class TVantrelFileRights {
   void Limit(int descriptor) const;
 
  private:
+  unsigned Within(unsigned mode, unsigned group) const;
+
   bool FIsLimited = false;
   unsigned FMode = 0777;
   unsigned FGroup = 0;

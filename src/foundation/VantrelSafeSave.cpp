@@ -6,6 +6,7 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <deque>
 #include <filesystem>
 #include <optional>
 
@@ -19,6 +20,7 @@ using TSpareFile = std::optional<TVantrelTempFile>;
 using TPlace = TVantrelTempFile::TPlace;
 
 constexpr int MaxLinks = 40;
+constexpr const char* OtherVersion = ".andere";
 constexpr unsigned PrivateMode = 0600;
 constexpr VantrelFileLocks::TUse ReadsAndWrites{true, true};
 
@@ -31,28 +33,36 @@ void Check(int result) {
 }
 
 /// Where everybody may lay links, one of somebody else could lead to a file of the user.
-void RefuseForeignLink(const std::filesystem::path& path) {
-  const auto parent = path.parent_path();
-  struct stat folder {};
-  struct stat link {};
-  Check(::stat(parent.empty() ? "." : parent.c_str(), &folder));
-  Check(::lstat(path.c_str(), &link));
-  const bool isForeign = link.st_uid != ::geteuid() && link.st_uid != folder.st_uid;
-  if ((folder.st_mode & S_ISVTX) != 0 && isForeign) throw EVantrelFileHandleError(TVantrelErrorCode::AccessDenied);
+void RefuseForeignLink(const std::filesystem::path& folder, const struct stat& link) {
+  constexpr mode_t laidByAll = S_ISVTX | S_IWOTH;
+  struct stat around {};
+  Check(::stat(folder.empty() ? "." : folder.c_str(), &around));
+  const bool isForeign = link.st_uid != ::geteuid() && link.st_uid != around.st_uid;
+  if ((around.st_mode & laidByAll) == laidByAll && isForeign)
+    throw EVantrelFileHandleError(TVantrelErrorCode::AccessDenied);
 }
 
-/// The file that a chain of symbolic links ends at, whether it exists or not.
+/// The path without links, of folders and at its end, whether the file exists or not.
 std::string Resolve(const std::string& fileName) {
-  std::filesystem::path path(fileName);
-  std::error_code error;
-  for (int link = 0; std::filesystem::is_symlink(path, error); ++link) {
-    if (link == MaxLinks) RaiseErrno(ELOOP);
-    RefuseForeignLink(path);
-    const auto next = std::filesystem::read_symlink(path, error);
+  const std::filesystem::path path(fileName);
+  std::deque<std::filesystem::path> rest(path.begin(), path.end());
+  std::filesystem::path resolved;
+  for (int links = 0; !rest.empty();) {
+    const auto step = resolved / rest.front();
+    rest.pop_front();
+    struct stat status {};
+    if (::lstat(step.c_str(), &status) != 0 || !S_ISLNK(status.st_mode)) {
+      resolved = step;
+      continue;
+    }
+    if (++links > MaxLinks) RaiseErrno(ELOOP);
+    RefuseForeignLink(resolved, status);
+    std::error_code error;
+    const auto next = std::filesystem::read_symlink(step, error);
     if (error) RaiseErrno(error.value());
-    path = path.parent_path() / next;
+    rest.insert(rest.begin(), next.begin(), next.end());
   }
-  return path.string();
+  return resolved.string();
 }
 
 void WriteAll(int descriptor, TBytes bytes) {
@@ -79,25 +89,33 @@ void FlushFolder(const std::string& target) {
   ::close(descriptor);
 }
 
-/// Takes the space first, so that a full disk is found while the old bytes are whole.
-void ReserveSpace(int descriptor, std::int64_t size) {
+/// Takes the space first, so that a full disk is found while the old bytes are whole and no others need be kept.
+void ReserveSpace(int descriptor, std::int64_t size, TSpareFile& spare) {
   struct stat status {};
   Check(::fstat(descriptor, &status));
   if (!S_ISREG(status.st_mode) || size <= status.st_size) return;
   const int error = ::posix_fallocate(descriptor, 0, size);
   if (error != ENOSPC && error != EDQUOT) return;
-  if (::ftruncate(descriptor, status.st_size) != 0) errno = 0;
+  if (::ftruncate(descriptor, status.st_size) == 0 && spare) spare->Drop();
   RaiseErrno(error);
 }
 
+/// The first name that is free of the file's name with `ending` and that with 2, 3 and so on behind it.
+std::string FreeNameBeside(const std::string& fileName, const std::string& ending) {
+  std::string name = fileName + ending;
+  for (int number = 2; TVantrelFileSystem::Exists(name); ++number)
+    name = fmt::format("{}{}{}", fileName, ending, number);
+  return name;
+}
+
 /// From the first byte on until the last is flushed the spare file is the one that is complete.
-void WriteInPlace(int descriptor, TBytes bytes, TSpareFile& spare) {
-  ReserveSpace(descriptor, std::ssize(bytes));
-  if (spare) spare->Keep(true);
+void WriteInPlace(int descriptor, TBytes bytes, TSpareFile& spare, const std::string& target) {
+  if (spare) spare->KeepAs(FreeNameBeside(target, OtherVersion));
+  ReserveSpace(descriptor, std::ssize(bytes), spare);
   WriteAll(descriptor, bytes);
   if (::ftruncate(descriptor, std::ssize(bytes)) != 0 && errno != EINVAL) throw EVantrelFileHandleError();
   Flush(descriptor);
-  if (spare) spare->Keep(false);
+  if (spare) spare->Drop();
 }
 
 std::unique_ptr<TVantrelFileHandle> OpenExisting(const std::string& target, TVantrelFileAccessMode access) {
@@ -137,10 +155,7 @@ TSpareFile NewFile(const std::string& target, TBytes bytes, TVantrelFileAccessMo
   if (!file) return std::nullopt;
   if (old == nullptr) most.Limit(file->Descriptor());
   WriteAll(file->Descriptor(), bytes);
-  if (old != nullptr) {
-    TVantrelFileRights::Copy(old->Descriptor(), file->Descriptor());
-    most.Limit(file->Descriptor());
-  }
+  if (old != nullptr) TVantrelFileRights::Copy(old->Descriptor(), file->Descriptor(), most);
   Flush(file->Descriptor());
   TVantrelTempFile::RemoveLeftOvers(target);
   return file;
@@ -172,7 +187,7 @@ std::unique_ptr<TVantrelFileHandle> TVantrelSafeSave::Write(const std::string& f
       saved = OverwriteOwn(target, bytes, access, *mine, file);
     } else {
       most.Limit(opened->Descriptor());
-      WriteInPlace(opened->Descriptor(), bytes, file);
+      WriteInPlace(opened->Descriptor(), bytes, file, target);
       saved = std::move(opened);
     }
   }
@@ -183,15 +198,12 @@ std::unique_ptr<TVantrelFileHandle> TVantrelSafeSave::Write(const std::string& f
 }
 
 TVantrelFileStamp TVantrelSafeSave::CopyBeside(const std::string& fileName, const std::string& ending) {
-  std::string copy = fileName + ending;
-  for (int number = 2; TVantrelFileSystem::Exists(copy); ++number)
-    copy = fmt::format("{}{}{}", fileName, ending, number);
   const int descriptor = ::open(fileName.c_str(), O_RDONLY | O_CLOEXEC | O_NOCTTY | O_NONBLOCK);
   Check(descriptor);
   TVantrelFileStream original(HandleOn(fileName, TVantrelFileAccessMode::famShareDenyNone, descriptor));
   const auto bytes = original.ReadAll();
   const TVantrelFileStamp stamp(original.Handle(), bytes);
-  Write(copy, bytes, TVantrelFileAccessMode::famShareDenyWrite, nullptr, stamp.Rights());
+  Write(FreeNameBeside(fileName, ending), bytes, TVantrelFileAccessMode::famShareDenyWrite, nullptr, stamp.Rights());
   return stamp;
 }
 
@@ -199,7 +211,7 @@ std::unique_ptr<TVantrelFileHandle> TVantrelSafeSave::OverwriteOwn(const std::st
                                                                    TVantrelFileAccessMode access,
                                                                    const TVantrelFileHandle& own, TSpareFile& spare) {
   auto beside = HandleOn(target, access, OpenBeside(target));
-  WriteInPlace(beside->Descriptor(), bytes, spare);
+  WriteInPlace(beside->Descriptor(), bytes, spare, target);
   VantrelFileLocks::PassOn(own.Descriptor(), beside->Descriptor(), ReadsAndWrites, access);
   return beside;
 }

@@ -12,10 +12,11 @@
 
 /// The only way in which the program writes a file that somebody may want back: a temporary file in the target's
 /// folder, already locked as the target shall be, flushed to disk, takes the target's place by rename, with the old
-/// rights. A symbolic link's target is replaced, not the link; a link that somebody else laid in a sticky folder is not
-/// followed. A full disk, a crash or a kill leaves the old or the new file, complete. Only where the folder forbids a
-/// temporary file or its rename are the bytes written in place (never after a full disk); a temporary file that could
-/// be made stays until they are flushed. What a killed save left behind is removed by the next one.
+/// rights. A symbolic link's target is replaced, not the link; a link that somebody else laid in a sticky folder that
+/// all may write to is followed nowhere on the way. A full disk, a crash or a kill leaves the old or the new file,
+/// complete. Only where the folder forbids a temporary file or its rename are the bytes written in place (never after a
+/// full disk); a temporary file that could be made lies beside the target as "NAME.andere" until they are flushed, and
+/// stays there if they never are. Other temporary files that a killed save left behind are removed by the next one.
 class TVantrelSafeSave {
  public:
   TVantrelSafeSave() = delete;

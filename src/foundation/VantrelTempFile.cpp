@@ -46,6 +46,13 @@ bool ForbidsFiles(int error) {
   return error == EACCES || error == EPERM || error == EROFS;
 }
 
+/// As rename, and fails with EEXIST where there is such a file, as far as the file system can tell.
+int RenameToFree(const std::string& from, const std::string& to) {
+  const int result = ::renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE);
+  const bool refusesTheFlag = result != 0 && (errno == EINVAL || errno == ENOSYS);
+  return refusesTheFlag ? ::rename(from.c_str(), to.c_str()) : result;
+}
+
 /// True if nobody holds the file; on a file system without locks nobody can tell.
 bool IsAbandoned(const std::string& name) {
   const int descriptor = ::open(name.c_str(), O_RDWR | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK);
@@ -95,14 +102,15 @@ TVantrelTempFile::~TVantrelTempFile() {
   ::close(FDescriptor);
 }
 
+void TVantrelTempFile::KeepAs(const std::string& name) {
+  if (RenameToFree(FName, name) != 0) throw EVantrelFileHandleError();
+  FName = name;
+  FIsKept = true;
+}
+
 TVantrelTempFile::TPlace TVantrelTempFile::TakePlaceOf(const std::string& target, bool expectedMissing) {
-  int result = -1;
-  if (expectedMissing) {
-    result = ::renameat2(AT_FDCWD, FName.c_str(), AT_FDCWD, target.c_str(), RENAME_NOREPLACE);
-    if (result != 0 && errno == EEXIST) return TPlace::CameToBe;
-  }
-  const bool refusesTheFlag = expectedMissing && result != 0 && (errno == EINVAL || errno == ENOSYS);
-  if (!expectedMissing || refusesTheFlag) result = ::rename(FName.c_str(), target.c_str());
+  const int result = expectedMissing ? RenameToFree(FName, target) : ::rename(FName.c_str(), target.c_str());
+  if (result != 0 && expectedMissing && errno == EEXIST) return TPlace::CameToBe;
   if (result != 0 && ForbidsFiles(errno)) return TPlace::Forbidden;
   if (result != 0) throw EVantrelFileHandleError();
   return TPlace::Taken;

@@ -35,8 +35,10 @@ class TVantrelTempFile {
   TPlace TakePlaceOf(const std::string& target, bool expectedMissing);
   /// Gives the descriptor of a file that has taken its place away.
   int Release() { return std::exchange(FDescriptor, -1); }
-  /// A file that is kept stays when this object goes.
-  void Keep(bool isKept) { FIsKept = isKept; }
+  /// Gives the file the free name `name`, at which it stays when this object goes.
+  void KeepAs(const std::string& name);
+  /// Lets a file that is kept go with this object after all.
+  void Drop() { FIsKept = false; }
 
  private:
   TVantrelTempFile(std::string name, int descriptor) : FName(std::move(name)), FDescriptor(descriptor) {}

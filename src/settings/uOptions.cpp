@@ -8,7 +8,6 @@
 
 #include "SettingsTexts.h"
 #include "VantrelDataIO.h"
-#include "VantrelFolderLock.h"
 #include "VantrelI18n.h"
 
 namespace {
@@ -66,11 +65,11 @@ std::string TMyTessaronOptions::Load() {
   }
 }
 
-std::string TMyTessaronOptions::Save() {
+std::string TMyTessaronOptions::Save(std::chrono::milliseconds patience) {
   try {
     if (!FRefusedFile.empty() && AreDefaults()) return {};
     if (FileName() == FRefusedFile) throw EVantrelException(FRefusal);
-    const TVantrelFolderLock lock(FileName());
+    const TVantrelFolderLock lock(FileName(), patience);
     SaveToFile(TVantrelDataStorageFormat::dsfXml);
     return {};
   } catch (const std::exception& error) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "VantrelDataStorage.h"
+#include "VantrelFolderLock.h"
 
 /// The options of the program, all about spell checking, in an XML file of their own.
 class TMyTessaronOptions final : public TVantrelDataStorage {
@@ -29,9 +30,10 @@ class TMyTessaronOptions final : public TVantrelDataStorage {
   /// Reads the options' own file; a missing one leaves the defaults. Gives what the user has to know about a file that
   /// cannot be read, which leaves the defaults as well, else nothing.
   std::string Load();
-  /// Writes the options' own file, one program after the other. A file that Load could not open is left alone. Gives
-  /// what the user has to know where options are not saved that he changed, else nothing. Never raises.
-  std::string Save();
+  /// Writes the options' own file, one program after the other, and waits for `patience` until it is the turn of this
+  /// one. A file that Load could not open is left alone. Gives what the user has to know where options are not saved
+  /// that he changed, else nothing. Never raises.
+  std::string Save(std::chrono::milliseconds patience = TVantrelFolderLock::Patience);
 
   void DoCreate() override;
   void DoClear() override;

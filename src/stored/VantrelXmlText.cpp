@@ -30,9 +30,12 @@ std::string XmlText(std::string_view text) {
   const auto units = Utf8ToUtf16(text);
   std::u16string kept;
   for (std::size_t i = 0; i < units.size(); ++i) {
-    const bool pair = i + 1 < units.size() && (units[i] & 0xFC00) == 0xD800 && (units[i + 1] & 0xFC00) == 0xDC00;
-    if (pair)
+    const bool isSurrogate = (units[i] & 0xF800) == 0xD800;
+    const bool isPair = i + 1 < units.size() && (units[i] & 0xFC00) == 0xD800 && (units[i + 1] & 0xFC00) == 0xDC00;
+    if (isPair)
       kept.append(units, i++, 2);
+    else if (isSurrogate)
+      kept.push_back(ReplacementCharacter);
     else if (XmlCanHold(units[i]))
       kept.push_back(units[i]);
   }

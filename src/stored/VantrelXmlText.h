@@ -7,6 +7,6 @@
 /// encoded surrogates, U+FFFE and U+FFFF.
 bool XmlHolds(std::string_view text);
 
-/// The text as XML can hold it: encoded pairs of surrogates become their character, ill-formed UTF-8 becomes U+FFFD,
-/// other characters that XML cannot hold are left out.
+/// The text as XML can hold it: encoded pairs of surrogates become their character, single ones and other ill-formed
+/// UTF-8 become U+FFFD, other characters that XML cannot hold are left out.
 std::string XmlText(std::string_view text);

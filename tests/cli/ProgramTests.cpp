@@ -2,6 +2,7 @@
 
 #include <cstdlib>
 
+#include "AccessLists.h"
 #include "CliFixture.h"
 #include "DiskFaults.h"
 #include "ErrorOf.h"
@@ -66,16 +67,21 @@ TEST_P(ConvertFaultTest, LeavesTheOldOrTheNewFile) {
   const auto newBytes = ReadFileText(after);
   ASSERT_NE(oldBytes, newBytes);
 
+  bool hasList = false;
   const int struck = ForEachDiskFault(
       {CLI_PROGRAM, "convert", "--force", source, target}, folder, fault,
       [&] {
         fs::remove_all(folder);
         fs::create_directory(folder);
         fs::copy_file(before, target);
+        hasList = SetAccessList(target);
       },
       [&](const TFaultyRun& run) {
         const auto bytes = ReadFileText(target);
         EXPECT_TRUE(bytes == newBytes || bytes == oldBytes);
+        // A group that only the list lets out gets nothing where the list is lost.
+        const bool isOpenToGroup = (fs::status(target).permissions() & fs::perms::group_all) != fs::perms::none;
+        EXPECT_TRUE(!hasList || !isOpenToGroup || !Attribute(target, AccessList).empty());
         EXPECT_EQ(run.Killed, run.Fired && fault == TDiskFault::Kill);
         EXPECT_TRUE(run.Killed || run.ExitCode == (bytes == newBytes ? 0 : 2)) << run.ExitCode;
         ASSERT_EQ(Run({"convert", "--force", source, target}), 0);
@@ -89,6 +95,64 @@ TEST_P(ConvertFaultTest, LeavesTheOldOrTheNewFile) {
 INSTANTIATE_TEST_SUITE_P(Kinds, ConvertFaultTest,
                          testing::Combine(testing::Values("kvrx", "kvr7", "kvrxr"),
                                           testing::Values(TDiskFault::Kill, TDiskFault::Full, TDiskFault::Failure)));
+
+/// Where the folder lets nobody replace the file, it is written in place, for the user whom permissions bind.
+class ConvertInPlaceTest : public ProgramTest {
+ protected:
+  void SetUp() override {
+    if (::geteuid() != 0) GTEST_SKIP() << "only the superuser can make such a folder";
+    ASSERT_EQ(Run({"convert", Fixture("small.kvr7"), FFolder / "neu.kvr"}), 0);
+    FOld = ReadFileText(Save(Project(), "alt.kvr"));
+    FNew = ReadFileText(FFolder / "neu.kvr");
+    ASSERT_LT(FOld.size(), FNew.size());
+    fs::permissions(FFolder.Path(), fs::perms::all);
+  }
+  void Prepare(fs::perms folder) {
+    fs::remove_all(FZiel);
+    fs::create_directory(FZiel);
+    WriteFileText(FTarget, FOld);
+    fs::permissions(FTarget, static_cast<fs::perms>(0666));
+    fs::permissions(FZiel, folder);
+    ASSERT_EQ(::chown(FZiel.c_str(), 1234, 1234) + ::chown(FTarget.c_str(), 1234, 1234), 0);
+  }
+
+  const std::string FZiel = FFolder / "ziel", FTarget = FFolder / "ziel/datei.kvr", FKept = FTarget + ".andere";
+  const std::vector<std::string> FCommand{"/usr/bin/setpriv", "--reuid=65534",     "--regid=65534",
+                                          "--clear-groups",   CLI_PROGRAM,         "convert",
+                                          "--force",          FFolder / "neu.kvr", FTarget};
+  std::string FOld, FNew;
+};
+
+/// The new bytes lie beside the file as long as they do not safely stand in it, and stay there where they never will.
+TEST_F(ConvertInPlaceTest, KeepsWholeBytesBesideTornOnes) {
+  for (const auto fault : {TDiskFault::Kill, TDiskFault::Full, TDiskFault::Failure}) {
+    int torn = 0;
+    const int struck = ForEachDiskFault(
+        FCommand, FZiel, fault, [&] { Prepare(static_cast<fs::perms>(01777)); },
+        [&](const TFaultyRun& run) {
+          EXPECT_EQ(run.Killed, run.Fired && fault == TDiskFault::Kill);
+          const bool isKept = ReadFileText(FKept) == FNew;
+          const auto bytes = ReadFileText(FTarget);
+          EXPECT_TRUE(run.ExitCode == 0 ? bytes == FNew : bytes == FOld || isKept);
+          torn += bytes != FOld && bytes != FNew ? 1 : 0;
+          EXPECT_EQ(RunWithFault(FCommand, FZiel, TDiskFault::Kill, Never).ExitCode, 0);
+          EXPECT_EQ(ReadFileText(FTarget), FNew);
+          EXPECT_EQ(ReadFileText(FKept) == FNew, isKept);
+          EXPECT_EQ(std::distance(fs::directory_iterator(FZiel), {}), isKept ? 2 : 1);
+        });
+    EXPECT_GT(torn, 0);
+    // The new file is created, written, flushed, refused its place and named; the old one grows, is written, cut and
+    // flushed.
+    EXPECT_GE(struck, 9);
+  }
+}
+
+TEST_F(ConvertInPlaceTest, FindsAFullDiskWhileTheOldBytesAreWhole) {
+  Prepare(static_cast<fs::perms>(0555));
+  const auto run = RunWithFault(FCommand, FZiel, TDiskFault::Full, 1);
+  EXPECT_TRUE(run.Fired && run.ExitCode == 2);
+  EXPECT_EQ(ReadFileText(FTarget), FOld);
+}
 
 /// Opens the file for editing as the window does; 0 or the code of the refusal.
 int OpenForEditing(const std::string& file) {

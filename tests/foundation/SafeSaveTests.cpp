@@ -1,11 +1,11 @@
 #include <grp.h>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
-#include <sys/xattr.h>
 
 #include <csignal>
 #include <functional>
 
+#include "AccessLists.h"
 #include "ErrorOf.h"
 #include "InChild.h"
 #include "TempFolder.h"
@@ -18,9 +18,9 @@ using enum TVantrelFileOpenMode;
 using THandle = std::unique_ptr<TVantrelFileHandle>;
 
 THandle Save(const std::string& name, std::string_view text, TVantrelFileAccessMode access = famShareExclusive,
-             THandle* own = nullptr) {
+             THandle* own = nullptr, const TVantrelFileRights& most = {}) {
   const std::span bytes(reinterpret_cast<const std::uint8_t*>(text.data()), text.size());
-  return TVantrelSafeSave::Write(name, bytes, access, own);
+  return TVantrelSafeSave::Write(name, bytes, access, own, most);
 }
 
 /// 0 where the save succeeds, else the code of the error.
@@ -91,38 +91,26 @@ unsigned ModeOf(const std::string& name) {
   return static_cast<unsigned>(std::filesystem::status(name).permissions());
 }
 
-/// One named user may read, the group may not. False where the file system knows no lists.
-bool SetAccessList(const std::string& name) {
-  const std::uint16_t list[] = {2, 0,      1,      6,  0xFFFF, 0xFFFF, 2,      4,  65534, 0,      4,
-                                0, 0xFFFF, 0xFFFF, 16, 4,      0xFFFF, 0xFFFF, 32, 0,     0xFFFF, 0xFFFF};
-  return ::setxattr(name.c_str(), "system.posix_acl_access", list, sizeof list, 0) == 0 &&
-         ::setxattr(name.c_str(), "user.herkunft", "mail", 4, 0) == 0;
-}
-
-std::string Attribute(const std::string& name, const char* attribute) {
-  std::string value(256, '\0');
-  value.resize(
-      static_cast<std::size_t>(std::max<ssize_t>(::getxattr(name.c_str(), attribute, value.data(), value.size()), 0)));
-  return value;
-}
-
 TEST_F(SafeSave, KeepsAccessListsAndIsNeverMoreReadable) {
   WriteFileText(FName, "alt");
   ::chmod(FName.c_str(), 0600);
   TVantrelSafeSave::CopyBeside(FName, ".andere");
   EXPECT_EQ(ModeOf(FName + ".andere"), 0600u);
   if (!SetAccessList(FName)) GTEST_SKIP() << "no access lists here";
-  const auto list = Attribute(FName, "system.posix_acl_access");
+  const auto list = Attribute(FName, AccessList);
   EXPECT_EQ(ModeOf(FName), 0640u);
   EXPECT_EQ(CodeOfSaving(FName, "neu"), 0);
   EXPECT_EQ(ModeOf(FName), 0640u);
-  EXPECT_EQ(Attribute(FName, "system.posix_acl_access"), list);
+  EXPECT_EQ(Attribute(FName, AccessList), list);
   EXPECT_EQ(Attribute(FName, "user.herkunft"), "mail");
   // In a FFolder that gives a list to all that is made there, too.
   ASSERT_EQ(::setxattr(FFolder.Path().c_str(), "system.posix_acl_default", list.data(), list.size(), 0), 0);
+  EXPECT_EQ(CodeOfSaving(FName + ".andere", "neu"), 0);
+  EXPECT_EQ(ModeOf(FName + ".andere"), 0600u);
+  EXPECT_EQ(Attribute(FName + ".andere", AccessList), "");
   TVantrelSafeSave::CopyBeside(FName, ".andere");
   EXPECT_EQ(ModeOf(FName + ".andere2"), 0600u);
-  EXPECT_EQ(Attribute(FName + ".andere2", "system.posix_acl_access"), "");
+  EXPECT_EQ(Attribute(FName + ".andere2", AccessList), "");
   EXPECT_EQ(ReadFileText(FName + ".andere2"), "neu");
 }
 
@@ -131,6 +119,30 @@ template <class TCall>
 int AsUser(TCall call) {
   return InChild(
       [&] { return ::setgroups(0, nullptr) == 0 && ::setgid(65534) == 0 && ::setuid(65534) == 0 ? call() : 255; });
+}
+
+TEST_F(SafeSave, WhatTakesInAnotherFileIsNoMoreReadable) {
+  WriteFileText(FFolder / "g", "geheim");
+  ::chmod((FFolder / "g").c_str(), 0600);
+  const auto most = TVantrelFileRights::Of({FFolder / "g", famShareDenyNone, fomOpenRead});
+  const auto save = [&] { return Save(FName, "neu", famShareExclusive, nullptr, most) != nullptr ? 0 : 1; };
+  for (const bool inPlace : {false, true}) {
+    WriteFileText(FName, "alt");
+    ::chmod(FName.c_str(), 0644);
+    ::chmod(FFolder.Path().c_str(), inPlace ? 0500 : 0700);
+    EXPECT_EQ(InChildAsOrdinaryUser(FFolder.Path(), save), 0);
+    EXPECT_EQ(ModeOf(FName), 0600u) << inPlace;
+  }
+  ::chmod(FFolder.Path().c_str(), 0700);
+  if (::geteuid() != 0) return;
+  // The copy is of another group than the file.
+  for (const auto& [mode, ofCopy] : {std::pair(0640u, 0600u), {0664u, 0644u}, {0604u, 0604u}}) {
+    EXPECT_EQ(::chown((FFolder / "g").c_str(), 0, 1234), 0);
+    ::chmod((FFolder / "g").c_str(), mode);
+    TVantrelSafeSave::CopyBeside(FFolder / "g", ".kopie");
+    EXPECT_EQ(ModeOf(FFolder / "g.kopie"), ofCopy);
+    std::filesystem::remove(FFolder / "g.kopie");
+  }
 }
 
 TEST_F(SafeSave, AGroupThatCannotBeKeptGetsNothing) {
@@ -158,6 +170,26 @@ TEST_F(SafeSave, InAStickyFolderWritesInPlaceAndFollowsNoForeignLink) {
   EXPECT_EQ(ReadFileText(FFolder / "ziel"), "fremd");
   EXPECT_EQ(CodeOfSaving(FFolder / "link", "neu"), 0);
   EXPECT_EQ(FFolder.FileCount(), 3u);
+
+  // Of a folder, at the end of a link of one's own, and where not all may write.
+  const struct {
+    const char* Link;
+    unsigned Mode, Owner;
+    int Code;
+  } links[] = {{"tief/weit/f", 01777, 65534, 5}, {"eigener/f", 01777, 65534, 5},  {"tief/weit/f", 01777, 0, 0},
+               {"tief/weit/f", 01777, 1234, 0},  {"tief/weit/f", 0777, 65534, 0}, {"tief/weit/f", 01775, 65534, 0}};
+  std::filesystem::create_directories(FFolder / "tief");
+  std::filesystem::create_directory(FFolder / "anderswo");
+  std::filesystem::create_directory_symlink("../anderswo", FFolder / "tief/weit");
+  std::filesystem::create_directory_symlink("./tief/weit/", FFolder / "eigener");
+  EXPECT_EQ(::chown((FFolder / "tief").c_str(), 1234, 1234), 0);
+  for (const auto& [link, mode, owner, code] : links) {
+    WriteFileText(FFolder / "anderswo/f", "alt");
+    ::chmod((FFolder / "tief").c_str(), mode);
+    EXPECT_EQ(::lchown((FFolder / "tief/weit").c_str(), owner, owner), 0);
+    EXPECT_EQ(CodeOfSaving(FFolder / link, "neu"), code) << link << " " << mode << " " << owner;
+    EXPECT_EQ(ReadFileText(FFolder / "anderswo/f"), code == 0 ? "neu" : "alt");
+  }
 }
 
 TEST_F(SafeSave, AFileThatAnotherProgramChangedIsSeen) {
@@ -188,6 +220,27 @@ TEST_F(SafeSave, AFileThatAnotherProgramChangedIsSeen) {
       EXPECT_EQ(stamp.IsOutdated(), outdated);
     }
   }
+}
+
+TEST_F(SafeSave, AStampKnowsItsFileByEveryNameAndWhatCannotBeRead) {
+  WriteFileText(FName, "eins");
+  std::filesystem::create_symlink("f", FFolder / "link");
+  WriteFileText(FFolder / "g", "eins");
+  const TVantrelFileHandle handle(FName, famShareDenyNone, fomOpenRead);
+  TVantrelFileStamp stamp(handle);
+  for (const auto& name : {FName, FFolder / "link", std::filesystem::relative(FName).string()})
+    EXPECT_TRUE(stamp.IsOf(name)) << name;
+  EXPECT_FALSE(stamp.IsOf(FFolder / "g") || TVantrelFileStamp().IsOf(""));
+  // Changed between the reading of its first byte and that of the last.
+  WriteFileText(FName, "eins und mehr");
+  stamp.Seal(handle);
+  EXPECT_TRUE(stamp.IsOutdated());
+  stamp = TVantrelFileStamp(handle);
+  stamp.Seal(handle);
+  EXPECT_FALSE(stamp.IsOutdated());
+  std::filesystem::rename(FFolder / "g", FName);
+  ::chmod(FName.c_str(), 0);
+  EXPECT_EQ(InChildAsOrdinaryUser(FFolder.Path(), [&] { return stamp.IsOutdated() ? 1 : 0; }), 1);
 }
 
 TEST_F(SafeSave, WritesInPlaceWhereTheFolderForbidsFiles) {

@@ -41,6 +41,18 @@ TEST_F(OptionsTest, DefaultsBecomeAFileOfTheToldForm) {
   EXPECT_TRUE(options->RechtschreibungWiederholt && options->RechtschreibungAktiv && !options->RechtschreibungGross);
 }
 
+TEST_F(OptionsTest, AreNotSavedWhileAnotherProgramSavesThem) {
+  using namespace std::chrono_literals;
+  const auto options = Create();
+  {
+    const TVantrelFolderLock other(FCommon);
+    EXPECT_THAT(options->Save(0ms), HasSubstr(FCommon));
+    EXPECT_FALSE(std::filesystem::exists(FCommon));
+  }
+  EXPECT_THAT(options->Save(0ms), IsEmpty());
+  EXPECT_TRUE(std::filesystem::exists(FCommon));
+}
+
 TEST_F(OptionsTest, DamageIsToldAndKept) {
   std::filesystem::create_directory(FFolder / "common");
   for (const std::string damaged : {"kaputt",

@@ -212,15 +212,17 @@ TEST_F(DataFormsTest, TextsOfEveryKind) {
     const char* FromXml;
     std::string_view FromJson;
     const char* FromBinary = nullptr;
-  } cases[] = {{"a\r\nb\rc\td", nullptr, "a\\r\\nb\\rc\\td"},
-               {"<&>\"'/\\]]>", nullptr, "<&>\"'\\/\\\\]]>"},
-               {"  Rand  ", nullptr, "  Rand  "},
-               {"\x01\x1F-\xEF\xBF\xBE-\xED\xA0\x80", "--", "\x01\x1F-?-?"},
-               {{"a\0b\\\0", 5}, "ab\\", {"a\0b\\\\\0", 6}},
-               {"\xF0\x9F\x98\x80 \xED\x95\x9C \xEF\xBB\xBF", nullptr, "? ? ?"},
-               {"a\xFF\xFC < \xC3", "a\uFFFD\uFFFD < \uFFFD", "a?? < ?", "a\uFFFD\uFFFD < \uFFFD"},
-               {"\xE4\xB8", "\uFFFD", "?", "\uFFFD"},
-               {"Ä€š", nullptr, "Ä€š"}};
+  } cases[] = {
+      {"a\r\nb\rc\td", nullptr, "a\\r\\nb\\rc\\td"},
+      {"<&>\"'/\\]]>", nullptr, "<&>\"'\\/\\\\]]>"},
+      {"  Rand  ", nullptr, "  Rand  "},
+      {"\x01\x1F-\xEF\xBF\xBE-\xED\xA0\x80", "--\uFFFD", "\x01\x1F-?-?"},
+      {"\xED\xB0\x80\xED\xA0\xBD\xED\xA0\xBD\xED\xB8\x80", "\uFFFD\uFFFD😀", "????", "\xED\xB0\x80\xED\xA0\xBD😀"},
+      {{"a\0b\\\0", 5}, "ab\\", {"a\0b\\\\\0", 6}},
+      {"\xF0\x9F\x98\x80 \xED\x95\x9C \xEF\xBB\xBF", nullptr, "? ? ?"},
+      {"a\xFF\xFC < \xC3", "a\uFFFD\uFFFD < \uFFFD", "a?? < ?", "a\uFFFD\uFFFD < \uFFFD"},
+      {"\xE4\xB8", "\uFFFD", "?", "\uFFFD"},
+      {"Ä€š", nullptr, "Ä€š"}};
   for (const auto& item : cases) {
     FDocument->OnWrite = [&](auto& writer) { writer.WriteString("V", item.Text); };
     std::string read;
@@ -233,9 +235,10 @@ TEST_F(DataFormsTest, TextsOfEveryKind) {
     EXPECT_EQ(read, item.FromJson);
   }
   for (const char16_t unit : {u'\1', u'\xD800', u'\xFFFF', u'\0'}) {
+    const bool isReplaced = unit == u'\xD800';
     FDocument->OnWrite = [&](auto& writer) { writer.WriteChar("V", unit); };
-    FDocument->OnRead = [&](auto& reader) { EXPECT_EQ(reader.ReadChar("V", u'x'), u'x'); };
-    EXPECT_TRUE(XmlOf(*FDocument).ends_with("<V /></Storage>"));
+    FDocument->OnRead = [&](auto& reader) { EXPECT_EQ(reader.ReadChar("V", u'x'), isReplaced ? u'\xFFFD' : u'x'); };
+    EXPECT_TRUE(XmlOf(*FDocument).ends_with(isReplaced ? "<V>\uFFFD</V></Storage>" : "<V /></Storage>"));
     LoadText(*FDocument, TextOf(*FDocument, TFormat::dsfXml), TFormat::dsfXml);
   }
 }
