@@ -11,6 +11,8 @@
 #include "DesktopWelcomeView.h"
 #include "SampleProject.h"
 #include "fMain.h"
+#include "fStudentsView.h"
+#include "fWelcomeView.h"
 
 namespace {
 
@@ -44,8 +46,14 @@ class TProgram {
     project->SaveFile(FPath);
     project.reset();
     FForm = CreateVantrel<TMainForm>(
-        TMainFormPorts{Window, FDialogs, FStorage, [this] { return std::make_unique<TDesktopWelcomeView>(Window); },
-                       [this] { return std::make_unique<TDesktopStudentsView>(Window); }},
+        TMainFormPorts{
+            .Window = Window,
+            .Dialogs = FDialogs,
+            .Storage = FStorage,
+            .Views = {{TMyTessaronViews::viewWelcome,
+                       ViewClass<TWelcomeView>([this] { return std::make_unique<TDesktopWelcomeView>(Window); })},
+                      {TMyTessaronViews::viewStudents,
+                       ViewClass<TStudentsView>([this] { return std::make_unique<TDesktopStudentsView>(Window); })}}},
         std::vector{FPath.string()});
     Window.resize(1366, 768);
     Window.show();

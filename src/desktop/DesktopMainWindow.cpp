@@ -1,6 +1,5 @@
 #include "DesktopMainWindow.h"
 
-#include <QAbstractItemView>
 #include <QApplication>
 #include <QBoxLayout>
 #include <QCloseEvent>
@@ -12,6 +11,8 @@
 #include <QStatusBar>
 #include <QStyle>
 #include <algorithm>
+#include <iterator>
+#include <utility>
 
 #include "ApplicationMenu.h"
 #include "DesktopLook.h"
@@ -145,7 +146,8 @@ void TDesktopMainWindow::ShowTopMost() {
   activateWindow();
 }
 
-void TDesktopMainWindow::SetHosted(QWidget* view) {
+void TDesktopMainWindow::SetHosted(QWidget* view, std::vector<QWidget*> regions) {
+  FRegions = std::move(regions);
   while (auto* item = FHost->layout()->takeAt(0)) {
     if (item->widget() != nullptr) item->widget()->setParent(nullptr);
     delete item;
@@ -202,14 +204,8 @@ void TDesktopMainWindow::changeEvent(QEvent* event) {
 void TDesktopMainWindow::GotoRegion(int step) {
   std::vector<QWidget*> regions;
   if (FRibbon != nullptr) regions.push_back(&FRibbon->Tabs());
-  for (auto* grid : FHost->findChildren<QAbstractItemView*>())
-    if (grid->isVisible() && grid->isEnabled() && grid->focusPolicy() != Qt::NoFocus) regions.push_back(grid);
-  const auto place = [this](const QWidget* widget) {
-    const QPoint corner = widget->mapTo(this, QPoint(0, 0));
-    return std::pair(corner.x(), corner.y());
-  };
-  const auto grids = regions.begin() + (FRibbon == nullptr ? 0 : 1);
-  std::sort(grids, regions.end(), [&](const auto* a, const auto* b) { return place(a) < place(b); });
+  std::ranges::copy_if(FRegions, std::back_inserter(regions),
+                       [](const auto* region) { return region->isVisible() && region->isEnabled(); });
   regions.push_back(FStatus);
   const auto* focus = QApplication::focusWidget();
   const auto at = std::find_if(regions.begin(), regions.end(), [focus, this](const QWidget* region) {

@@ -2,6 +2,7 @@
 
 #include <QMainWindow>
 #include <memory>
+#include <vector>
 
 #include "CommandActions.h"
 #include "VantrelMainWindow.h"
@@ -29,8 +30,9 @@ class TDesktopMainWindow : public QMainWindow, public TVantrelMainWindow {
   void ShowTopMost() override;
   void Close() override { close(); }
 
-  /// Fills the client area with the view; none empties it. The widget stays its owner's.
-  void SetHosted(QWidget* view);
+  /// Fills the client area with the view; none empties it. The widgets stay their owner's. The regions are the parts of
+  /// the view that F6 goes to, in its order; it passes those that cannot be used at the moment.
+  void SetHosted(QWidget* view, std::vector<QWidget*> regions);
   TRibbon& Ribbon() { return *FRibbon; }
 
  protected:
@@ -47,6 +49,7 @@ class TDesktopMainWindow : public QMainWindow, public TVantrelMainWindow {
   std::unique_ptr<TCommandActions> FActions;
   TRibbon* FRibbon = nullptr;
   QWidget* FHost;
+  std::vector<QWidget*> FRegions;
   QLabel* FStatus;
   QLabel* FNote;
   bool FShown = false;

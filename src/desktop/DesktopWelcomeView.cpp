@@ -201,6 +201,7 @@ void TDesktopWelcomeView::AddStart(QVBoxLayout& layout) {
   FRecent = new TRecentList(FRecentHeading->text());
   FRecent->viewport()->setAutoFillBackground(false);
   FRecent->setMinimumHeight(4 * FRecent->fontMetrics().lineSpacing());
+  FPanel.AddRegion(*FRecent);
   start->addWidget(FRecent, 1);
   start->addStretch();
   layout.addWidget(FStart);

@@ -10,6 +10,9 @@ THostedPanel::~THostedPanel() {
 void THostedPanel::SetVisible(bool visible) {
   if (visible == FVisible) return;
   FVisible = visible;
-  FWindow.SetHosted(visible ? FPanel : nullptr);
+  if (visible)
+    FWindow.SetHosted(FPanel, FRegions);
+  else
+    FWindow.SetHosted(nullptr, {});
   if (visible) FPanel->setFocus(Qt::OtherFocusReason);
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QWidget>
+#include <vector>
 
 class TDesktopMainWindow;
 
@@ -18,10 +19,13 @@ class THostedPanel {
   void SetVisible(bool visible);
   /// Receiver of the panel's signals: none comes after the end of the view.
   QObject& Receiver() { return FReceiver; }
+  /// F6 goes to the regions in the order in which they were added, before the panel shows.
+  void AddRegion(QWidget& region) { FRegions.push_back(&region); }
 
  private:
   TDesktopMainWindow& FWindow;
   QWidget* FPanel;
+  std::vector<QWidget*> FRegions;
   bool FVisible = false;
   QObject FReceiver;
 };

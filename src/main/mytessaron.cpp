@@ -13,6 +13,8 @@
 #include "VantrelI18n.h"
 #include "VantrelRegistry.h"
 #include "fMain.h"
+#include "fStudentsView.h"
+#include "fWelcomeView.h"
 #include "mStorage.h"
 #include "uOptions.h"
 #include "uTessaron.h"
@@ -23,6 +25,12 @@ namespace {
 /// As the system gave them, since the name of a file may be no valid text; behind those that Qt took for itself.
 std::vector<std::string> ArgumentsOf(int argc, char** argv) {
   return {argv + std::min(argc, 1), argv + argc};
+}
+
+TViewClasses ViewsOn(TDesktopMainWindow& window) {
+  using enum TMyTessaronViews;
+  return {{viewWelcome, ViewClass<TWelcomeView>([&] { return std::make_unique<TDesktopWelcomeView>(window); })},
+          {viewStudents, ViewClass<TStudentsView>([&] { return std::make_unique<TDesktopStudentsView>(window); })}};
 }
 
 }  // namespace
@@ -50,9 +58,7 @@ int main(int argc, char** argv) {
   if (!storage.Damage().empty()) MsgBoxWarning(ResourceText(ShellTexts::NoteCaption), storage.Damage());
   TDesktopMainWindow window;
   const auto form = CreateVantrel<TMainForm>(
-      TMainFormPorts{window, dialogs, storage, [&] { return std::make_unique<TDesktopWelcomeView>(window); },
-                     [&] { return std::make_unique<TDesktopStudentsView>(window); }},
-      arguments);
+      TMainFormPorts{.Window = window, .Dialogs = dialogs, .Storage = storage, .Views = ViewsOn(window)}, arguments);
   window.show();
   return QApplication::exec();
 }

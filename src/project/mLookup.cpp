@@ -39,9 +39,8 @@ TLookupModule::TLookupModule(TMyTessaronProject& project) : TLookupTables(projec
   LookupModule = this;
 }
 
-TLookupModule::~TLookupModule() {
-  if (OnDestroy) OnDestroy();
-  LookupModule = nullptr;
+void TLookupModule::Retire() {
+  if (LookupModule == this) LookupModule = nullptr;
 }
 
 void TLookupTables::Initialize() {

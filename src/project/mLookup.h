@@ -1,7 +1,5 @@
 #pragma once
 
-#include <functional>
-
 #include "VantrelGrid.h"
 #include "uProject.h"
 
@@ -42,10 +40,10 @@ class TLookupTables {
 class TLookupModule final : public TVantrelObject, public TLookupTables {
  public:
   explicit TLookupModule(TMyTessaronProject& project);
-  ~TLookupModule() override;
+  ~TLookupModule() override { Retire(); }
 
-  /// Called before the tables go, for the one view that shows them.
-  std::function<void()> OnDestroy;
+  /// Goes out of LookupModule; the tables live on.
+  void Retire();
 };
 
 /// The lookup tables of the project that was loaded last, or null. It follows the loading, not CurrentProject.

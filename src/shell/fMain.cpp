@@ -1,5 +1,7 @@
 #include "fMain.h"
 
+#include <algorithm>
+
 #include "ShellTexts.h"
 #include "VantrelFileLauncher.h"
 #include "VantrelI18n.h"
@@ -20,18 +22,17 @@ TMainForm::TMainForm(TMainFormPorts ports, std::vector<std::string> arguments)
       FArguments(std::move(arguments)),
       FWaitCursor(FPorts.Dialogs),
       FCommands(Handlers()),
-      FViewFrame{FPorts.Storage,
-                 ProgramInfo().VersionText(),
-                 FCommands.GotoFirstCommand,
-                 FCommands.GotoPrevCommand,
-                 FCommands.GotoNextCommand,
-                 FCommands.GotoLastCommand,
-                 FCommands.EditZeugnisbeurteilungenCommand,
-                 FCommands.ExportToExcelCommand,
-                 {},
-                 {},
-                 [this] { return FRecentFiles.Items(); },
-                 [this](int index) { FWindow.OnRecentClick(index); }},
+      FViewFrame{.Storage = FPorts.Storage,
+                 .ProgramVersion = ProgramInfo().VersionText(),
+                 .GotoFirstCommand = FCommands.GotoFirstCommand,
+                 .GotoPrevCommand = FCommands.GotoPrevCommand,
+                 .GotoNextCommand = FCommands.GotoNextCommand,
+                 .GotoLastCommand = FCommands.GotoLastCommand,
+                 .EditZeugnisbeurteilungenCommand = FCommands.EditZeugnisbeurteilungenCommand,
+                 .ExportToExcelCommand = FCommands.ExportToExcelCommand,
+                 .Lookups = [this]() -> TLookupTables& { return FLookups.OfOpen(); },
+                 .RecentFiles = [this] { return FRecentFiles.Items(); },
+                 .OpenRecentFile = [this](int index) { FWindow.OnRecentClick(index); }},
       FFormContainer(FPorts.Dialogs, FWaitCursor) {
   FOpenFileDialog.Title = ResourceText(ShellTexts::OpenTitle);
   FOpenFileDialog.FilterIndex = EncryptedXmlFilter;
@@ -48,21 +49,21 @@ TMainHandlers TMainForm::Handlers() {
   on.SaveFile = [this] { SaveFile(); };
   on.SaveFileAs = [this] { SaveFileAs(); };
   on.CloseApplication = [this] { FWindow.Close(); };
-  on.ShowStudents = [this] { ShowView(viewStudents, false); };
-  on.ShowWelcome = [this] { ShowView(viewWelcome, false); };
-  on.GotoFirst = [this] { Goto(&TBaseForm::GotoFirst); };
-  on.GotoPrev = [this] { Goto(&TBaseForm::GotoPrev); };
-  on.GotoNext = [this] { Goto(&TBaseForm::GotoNext); };
-  on.GotoLast = [this] { Goto(&TBaseForm::GotoLast); };
-  on.EditZeugnisbeurteilungen = [this] { EditZeugnisbeurteilungen(); };
-  on.ExportToExcel = [this] { ExportToExcel(); };
+  for (const auto& entry : FPorts.Views)
+    on.ShowView[entry.first] = [this, view = entry.first] { ShowView(view, false); };
+  on.GotoFirst = ToForm(&TBaseForm::GotoFirst);
+  on.GotoPrev = ToForm(&TBaseForm::GotoPrev);
+  on.GotoNext = ToForm(&TBaseForm::GotoNext);
+  on.GotoLast = ToForm(&TBaseForm::GotoLast);
+  on.UpdateFilter = [this] { UpdateFilter(); };
+  on.EditZeugnisbeurteilungen = ToForm(&TBaseForm::EditZeugnisbeurteilungen);
+  on.ExportToExcel = ToForm(&TBaseForm::ExportToExcel);
   on.ShowManual = [this] { ShowManual(); };
   on.ShowVersion = [this] { FPorts.Dialogs.ShowAbout(AboutInfo(ProgramInfo(), *Session)); };
   return on;
 }
 
 void TMainForm::FormCreate() {
-  MainForm = this;
   FSplash = std::make_unique<TSplashScreenWindow>(FPorts.Dialogs, ProgramInfo());
   FWindow.OnShow = [this] { FormShow(); };
   FWindow.OnClose = [this] { CheckClose(); };
@@ -95,11 +96,10 @@ void TMainForm::FormDestroy() {
   TVantrelMsgBox::OnHelp = nullptr;
   FWindow.SetRibbon({});
   SetCurrentProject(nullptr);
-  FLookupModule.reset();
+  FLookups.BeforeLoad();
   FFormContainer.ExtractEmbeddedForm();
   FFormContainer.ClearEmbeddedCache();
   SaveSettings();
-  MainForm = nullptr;
 }
 
 void TMainForm::SaveSettings() {
@@ -117,18 +117,10 @@ void TMainForm::FormSaveProperties() {
   FRecentFiles.Save(*FStorage);
 }
 
-TVantrelFormClass TMainForm::ClassOf(TMyTessaronViews view) {
-  if (view == viewStudents)
-    return VantrelFormClass<TStudentsView>(
-        [this] { return CreateVantrel<TStudentsView>(FViewFrame, FPorts.CreateStudentsUi()); });
-  return VantrelFormClass<TWelcomeView>(
-      [this] { return CreateVantrel<TWelcomeView>(FViewFrame, FPorts.CreateWelcomeUi()); });
-}
-
 void TMainForm::ShowView(TMyTessaronViews view, bool freeFirst) {
   try {
     if (freeFirst) FFormContainer.FreeEmbeddedForm();
-    FFormContainer.CreateEmbeddedForm(ClassOf(view), false, true);
+    FFormContainer.CreateEmbeddedForm(FPorts.Views.at(view)(FViewFrame), false, true);
     FCurrentView = view;
     UpdateBars();
   } catch (const std::exception&) {
@@ -138,11 +130,11 @@ void TMainForm::ShowView(TMyTessaronViews view, bool freeFirst) {
 }
 
 void TMainForm::UpdateBars() {
-  const bool welcome = FCurrentView == viewWelcome;
-  FWindow.SetGroupVisible(RibbonIds::NavigationBar, !welcome);
-  FWindow.SetGroupVisible(RibbonIds::ExtrasBar, !welcome);
-  FWindow.SetGroupVisible(RibbonIds::BeurteilungBar, FCurrentView == viewSubjects);
-  if (welcome) FWindow.ActivateTab(RibbonIds::StartRibbonTab);
+  const auto& view = *std::ranges::find(MainViews, FCurrentView, &TMainView::View);
+  FWindow.SetGroupVisible(RibbonIds::NavigationBar, view.NavigationBar);
+  FWindow.SetGroupVisible(RibbonIds::ExtrasBar, view.ExtrasBar);
+  FWindow.SetGroupVisible(RibbonIds::BeurteilungBar, view.BeurteilungBar);
+  if (FCurrentView == viewWelcome) FWindow.ActivateTab(RibbonIds::StartRibbonTab);
 }
 
 void TMainForm::UpdateCommands() {
@@ -150,29 +142,21 @@ void TMainForm::UpdateCommands() {
   const bool modified = loaded && CurrentProject->Modified();
   TMainCommands::SetEnabled(FCommands.SaveFileCommand, modified);
   if (modified) ShowStandingNote();
-  for (auto* command : {&FCommands.SaveFileAsCommand, &FCommands.StudentsViewCommand, &FCommands.SubjectsViewCommand,
-                        &FCommands.ClassesViewCommand})
-    TMainCommands::SetEnabled(*command, loaded);
+  TMainCommands::SetEnabled(FCommands.SaveFileAsCommand, loaded);
+  for (const auto& view : MainViews)
+    if (view.NeedsProject) TMainCommands::SetEnabled(FCommands.ViewCommand(view.View), loaded);
 }
 
 void TMainForm::UpdateStatusText() {
   FWindow.SetStatusText(CurrentProject == nullptr ? ResourceText(ShellTexts::NoProject) : CurrentProject->FileName());
 }
 
-void TMainForm::PostEdits() {
-  if (auto* form = FFormContainer.EmbeddedForm()) form->PostEdits();
-}
-
-void TMainForm::Goto(void (TBaseForm::*where)()) {
-  if (auto* form = FFormContainer.EmbeddedForm()) (form->*where)();
-}
-
-void TMainForm::EditZeugnisbeurteilungen() {
-  if (StudentsView != nullptr) StudentsView->EditZeugnisbeurteilungen();
-}
-
-void TMainForm::ExportToExcel() {
-  if (StudentsView != nullptr) StudentsView->ExportToExcel();
+void TMainForm::UpdateFilter() {
+  int gradeType = -1;
+  const TVantrelCommand* const choices[] = {&FCommands.Noten, &FCommands.Punkte, &FCommands.Beurteilungstexte};
+  for (int i = 0; i < static_cast<int>(std::size(choices)); ++i)
+    if (choices[i]->Checked()) gradeType = i;
+  OnForm(&TBaseForm::UpdateFilter, gradeType, TVariant::Null());
 }
 
 void TMainForm::ShowManual() {

@@ -3,16 +3,16 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <type_traits>
 #include <vector>
 
 #include "VantrelFormContainer.h"
 #include "dialogs/fSplashScreen.h"
 #include "fBaseMainForm.h"
-#include "fStudentsView.h"
-#include "fWelcomeView.h"
-#include "mLookup.h"
 #include "uMainCommands.h"
+#include "uMainViews.h"
 #include "uOpenFileDialog.h"
+#include "uProjectLookups.h"
 #include "uRecentFiles.h"
 
 /// What the main window is built on. All of it outlives it.
@@ -20,8 +20,7 @@ struct TMainFormPorts {
   TVantrelMainWindow& Window;
   TVantrelDialogs& Dialogs;
   TVantrelStorage& Storage;
-  std::function<std::unique_ptr<TWelcomeViewUi>()> CreateWelcomeUi;
-  std::function<std::unique_ptr<TStudentsViewUi>()> CreateStudentsUi;
+  TViewClasses Views;
 };
 
 /// The spine of the program: owns the open project, opens, saves and closes it, and changes the views. Made before the
@@ -49,14 +48,18 @@ class TMainForm final : public TBaseMainForm {
   void FormLoadProperties();
   void FormSaveProperties();
   TMainHandlers Handlers();
-  TVantrelFormClass ClassOf(TMyTessaronViews view);
   void FormShow();
   void UpdateBars();
   void UpdateAll();
-  void PostEdits();
-  void Goto(void (TBaseForm::*where)());
-  void EditZeugnisbeurteilungen();
-  void ExportToExcel();
+  /// Calls the operation of the form on show; nothing where there is none.
+  template <class... TArgs>
+  void OnForm(void (TBaseForm::*operation)(TArgs...), std::type_identity_t<TArgs>... arguments) {
+    if (auto* form = FFormContainer.EmbeddedForm()) (form->*operation)(arguments...);
+  }
+  std::function<void()> ToForm(void (TBaseForm::*operation)()) {
+    return [this, operation] { OnForm(operation); };
+  }
+  void UpdateFilter();
   void ShowManual();
 
   TVantrelPtr<TMyTessaronProject> CreateProject();
@@ -98,9 +101,6 @@ class TMainForm final : public TBaseMainForm {
   std::unique_ptr<TSplashScreenWindow> FSplash;
   TMyTessaronViews FCurrentView = TMyTessaronViews::viewWelcome;
   TVantrelPtr<TMyTessaronProject> FProject;
-  TVantrelPtr<TLookupModule> FLookupModule;
+  TProjectLookups FLookups;
   TVantrelFormContainer FFormContainer;
 };
-
-/// The main window while there is one.
-inline TMainForm* MainForm = nullptr;

@@ -59,8 +59,10 @@ std::string ReasonOf(const std::string& path, const std::exception& error) {
 TVantrelPtr<TMyTessaronProject> TMainForm::CreateProject() {
   auto project = CreateVantrel<TMyTessaronProject>();
   project->OnLoadFile = [this](TMyTessaronProject& sender, TFileLoadTimeType time) {
-    FLookupModule.reset();
-    if (time == TFileLoadTimeType::lfAfter) FLookupModule = CreateLookupModule(sender);
+    if (time == TFileLoadTimeType::lfBefore)
+      FLookups.BeforeLoad();
+    else
+      FLookups.AfterLoad(sender);
   };
   project->OnModified = [this] { UpdateCommands(); };
   return project;
@@ -88,6 +90,7 @@ void TMainForm::SetCurrentProject(TVantrelPtr<TMyTessaronProject> project) {
   CurrentProject = nullptr;
   FProject = std::move(project);
   CurrentProject = FProject.get();
+  FLookups.SetOpen(CurrentProject);
   ShowStandingNote();
 }
 
@@ -105,7 +108,7 @@ void TMainForm::UpdateAll() {
 }
 
 void TMainForm::OpenFile() {
-  PostEdits();
+  OnForm(&TBaseForm::PostEdits);
   // The question is put, and the answer changes nothing.
   if (IsModified()) AskToSave();
   FOpenFileDialog.Filter = ResourceText(ShellTexts::OpenFilter);
@@ -148,7 +151,7 @@ void TMainForm::OpenFileFromPane(int index) {
 }
 
 void TMainForm::OpenFileOfUser(const std::string& path) {
-  PostEdits();
+  OnForm(&TBaseForm::PostEdits);
   if (IsModified()) AskToSave();
   OpenNamedFile(path);
 }
@@ -203,7 +206,7 @@ bool TMainForm::AcceptsTarget(const std::string& path) {
 
 void TMainForm::ShowRecentFiles() {
   FWindow.SetRecentItems(FRecentFiles.Items());
-  if (WelcomeView != nullptr) WelcomeView->UpdateStart();
+  OnForm(&TBaseForm::RecentFilesChanged);
 }
 
 void TMainForm::SaveFile() {
@@ -249,10 +252,10 @@ void TMainForm::SaveFileAs() {
   CurrentProject->SetFileName(TargetOf(FSaveDialog.FileName));
   if (!StoreProject()) CurrentProject->SetFileName(former);
   UpdateStatusText();
-  if (WelcomeView != nullptr) WelcomeView->UpdateContent();
+  OnForm(&TBaseForm::FileChanged);
 }
 
 void TMainForm::CheckClose() {
-  PostEdits();
+  OnForm(&TBaseForm::PostEdits);
   if (IsModified() && AskToSave() == TVantrelMsgBoxResult::mbrYes) SaveUnlessChanged(false);
 }

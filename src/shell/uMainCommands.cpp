@@ -3,21 +3,23 @@
 #include "ShellTexts.h"
 #include "VantrelI18n.h"
 #include "ViewTexts.h"
-#include "fBaseView.h"
+
+using enum TMyTessaronViews;
 
 namespace {
 constexpr const char* GradeTypeGroup = "Beurteilungsart";
 }
 
 TMainCommands::TMainCommands(const TMainHandlers& on)
-    : OpenFileCommand(Add(ShellTexts::OpenFile, "document-open", "Ctrl+O", on.OpenFile)),
+    : FViewCommands(AddViews(on)),
+      OpenFileCommand(Add(ShellTexts::OpenFile, "document-open", "Ctrl+O", on.OpenFile)),
       SaveFileCommand(Add(ShellTexts::SaveFile, "document-save", "Ctrl+S", on.SaveFile)),
       SaveFileAsCommand(Add(ShellTexts::SaveFileAs, "document-save-as", "Ctrl+Shift+S", on.SaveFileAs)),
       CloseApplicationCommand(
           Add(ShellTexts::CloseApplication, "application-exit", "Ctrl+Alt+F4", on.CloseApplication)),
-      StudentsViewCommand(Add(ShellTexts::StudentsView, "im-user", "F9", on.ShowStudents)),
-      SubjectsViewCommand(Add(ShellTexts::SubjectsView, "view-list-details", "F10", on.ShowSubjects)),
-      ClassesViewCommand(Add(ShellTexts::ClassesView, "view-task", "", on.ShowClasses)),
+      StudentsViewCommand(ViewCommand(viewStudents)),
+      SubjectsViewCommand(ViewCommand(viewSubjects)),
+      ClassesViewCommand(ViewCommand(viewClasses)),
       GotoFirstCommand(Add(ShellTexts::GotoFirst, "go-first", "", on.GotoFirst)),
       GotoPrevCommand(Add(ShellTexts::GotoPrev, "go-previous", "", on.GotoPrev)),
       GotoNextCommand(Add(ShellTexts::GotoNext, "go-next", "", on.GotoNext)),
@@ -30,7 +32,7 @@ TMainCommands::TMainCommands(const TMainHandlers& on)
           Add(ShellTexts::EditZeugnisbeurteilungen, "document-edit", "", on.EditZeugnisbeurteilungen)),
       BatchCertificateDataCommand(Add(ShellTexts::BatchCertificateData, "tools-wizard", "", on.BatchCertificateData)),
       ExportToExcelCommand(Add(ShellTexts::ExportToExcel, "x-office-spreadsheet", "", on.ExportToExcel)),
-      WelcomeViewCommand(Add(ShellTexts::WelcomeView, "go-home", "", on.ShowWelcome)),
+      WelcomeViewCommand(ViewCommand(viewWelcome)),
       ManualCommand(Add(ShellTexts::Manual, "help-contents", "", on.ShowManual)),
       VersionCommand(Add(ShellTexts::Version, "help-about", "", on.ShowVersion)) {
   AlleNichtEditierbar.SetChecked(true);
@@ -46,6 +48,24 @@ TVantrelCommand& TMainCommands::Add(const char* caption, const char* icon, const
   return command;
 }
 
+std::map<TMyTessaronViews, TVantrelCommand*> TMainCommands::AddViews(const TMainHandlers& on) {
+  std::map<TMyTessaronViews, TVantrelCommand*> commands;
+  for (const auto& view : MainViews) {
+    const auto show = on.ShowView.find(view.View);
+    commands[view.View] =
+        &Add(view.Caption, view.Icon, view.Shortcut, show == on.ShowView.end() ? nullptr : show->second);
+  }
+  return commands;
+}
+
+TRibbonGroup TMainCommands::ViewsBar() {
+  TRibbonGroup bar{RibbonIds::ViewsBar, ResourceText(ShellTexts::ViewsBar)};
+  for (const auto& view : MainViews)
+    if (view.OnViewsBar)
+      bar.Buttons.push_back({.Command = &ViewCommand(view.View), .Large = true, .BeginsGroup = view.BeginsGroup});
+  return bar;
+}
+
 void TMainCommands::SetEnabled(TVantrelCommand& command, bool enabled) {
   command.SetEnabled(enabled && command.Info().OnExecute != nullptr);
 }
@@ -58,25 +78,22 @@ TRibbonDescription TMainCommands::Ribbon() {
       {&OpenFileCommand, large}, {&SaveFileCommand, large, beginsGroup}, {&SaveFileAsCommand, large}};
   ribbon.ButtonRow = {&CloseApplicationCommand};
   ribbon.PaneHeading = ResourceText(ViewTexts::RecentFiles);
-  ribbon.Tabs = {
-      {RibbonIds::StartRibbonTab,
-       ResourceText(ShellTexts::StartTab),
-       {{RibbonIds::ViewsBar,
-         ResourceText(ShellTexts::ViewsBar),
-         {{&StudentsViewCommand, large}, {&SubjectsViewCommand, large}, {&ClassesViewCommand, large, beginsGroup}}},
-        {RibbonIds::NavigationBar,
-         ResourceText(ShellTexts::NavigationBar),
-         {{&GotoFirstCommand}, {&GotoPrevCommand}, {&GotoNextCommand}, {&GotoLastCommand}}},
-        {RibbonIds::BeurteilungBar,
-         ResourceText(ShellTexts::BeurteilungBar),
-         {{&AlleNichtEditierbar}, {&Noten}, {&Punkte}, {&Beurteilungstexte}}},
-        {RibbonIds::ExtrasBar,
-         ResourceText(ShellTexts::ExtrasBar),
-         {{&EditZeugnisbeurteilungenCommand}, {&BatchCertificateDataCommand}, {&ExportToExcelCommand}}}}},
-      {RibbonIds::HelpRibbonTab,
-       ResourceText(ShellTexts::HelpTab),
-       {{RibbonIds::HelpMenu,
-         ResourceText(ShellTexts::HelpMenu),
-         {{&WelcomeViewCommand, large}, {&ManualCommand, large, beginsGroup}, {&VersionCommand, large}}}}}};
+  ribbon.Tabs = {{RibbonIds::StartRibbonTab,
+                  ResourceText(ShellTexts::StartTab),
+                  {ViewsBar(),
+                   {RibbonIds::NavigationBar,
+                    ResourceText(ShellTexts::NavigationBar),
+                    {{&GotoFirstCommand}, {&GotoPrevCommand}, {&GotoNextCommand}, {&GotoLastCommand}}},
+                   {RibbonIds::BeurteilungBar,
+                    ResourceText(ShellTexts::BeurteilungBar),
+                    {{&AlleNichtEditierbar}, {&Noten}, {&Punkte}, {&Beurteilungstexte}}},
+                   {RibbonIds::ExtrasBar,
+                    ResourceText(ShellTexts::ExtrasBar),
+                    {{&EditZeugnisbeurteilungenCommand}, {&BatchCertificateDataCommand}, {&ExportToExcelCommand}}}}},
+                 {RibbonIds::HelpRibbonTab,
+                  ResourceText(ShellTexts::HelpTab),
+                  {{RibbonIds::HelpMenu,
+                    ResourceText(ShellTexts::HelpMenu),
+                    {{&WelcomeViewCommand, large}, {&ManualCommand, large, beginsGroup}, {&VersionCommand, large}}}}}};
   return ribbon;
 }

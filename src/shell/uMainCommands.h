@@ -1,6 +1,10 @@
 #pragma once
 
+#include <map>
+#include <vector>
+
 #include "VantrelCommands.h"
+#include "uMainViews.h"
 
 /// Ids of the ribbon's parts whose state the main window changes.
 namespace RibbonIds {
@@ -16,7 +20,7 @@ inline constexpr const char* HelpMenu = "HelpMenu";
 /// What the commands of the main window do. A command whose handler is unset is disabled for good.
 struct TMainHandlers {
   std::function<void()> OpenFile, SaveFile, SaveFileAs, CloseApplication;
-  std::function<void()> ShowStudents, ShowSubjects, ShowClasses, ShowWelcome;
+  std::map<TMyTessaronViews, std::function<void()>> ShowView;
   std::function<void()> GotoFirst, GotoPrev, GotoNext, GotoLast;
   std::function<void()> UpdateFilter, EditZeugnisbeurteilungen, BatchCertificateData, ExportToExcel;
   std::function<void()> ShowManual, ShowVersion;
@@ -30,12 +34,17 @@ class TMainCommands {
   TRibbonDescription Ribbon();
   /// Enables the command if it has a handler.
   static void SetEnabled(TVantrelCommand& command, bool enabled);
+  /// The command that shows the view.
+  TVantrelCommand& ViewCommand(TMyTessaronViews view) { return *FViewCommands.at(view); }
 
  private:
   TVantrelCommand& Add(const char* caption, const char* icon, const char* shortcut, std::function<void()> handler,
                        const char* radioGroup = "");
+  std::map<TMyTessaronViews, TVantrelCommand*> AddViews(const TMainHandlers& on);
+  TRibbonGroup ViewsBar();
 
   TVantrelCommands FCommands;
+  std::map<TMyTessaronViews, TVantrelCommand*> FViewCommands;
 
  public:
   TVantrelCommand &OpenFileCommand, &SaveFileCommand, &SaveFileAsCommand, &CloseApplicationCommand;

@@ -6,6 +6,7 @@
 #include "VantrelMsgBox.h"
 #include "ViewTexts.h"
 #include "mStorage.h"
+#include "uCXUtils.h"
 
 namespace {
 constexpr const char* LayoutName = "Layout";
@@ -61,16 +62,38 @@ void TBaseView::SetupView() {
   FStorageSubdir = "Ansichten";
 }
 
-void TBaseView::RestoreLayout(TVantrelGrid& grid) {
-  const auto layout = FStorage->ReadString(FStorage->KeyOf(StoragePath()), LayoutName, {});
-  if (!layout.empty()) grid.RestoreLayout(layout);
+void TBaseView::GotoFirst() {
+  if (auto* grid = NavigatedGrid()) TCXUtils::GotoFirst(*grid);
 }
 
-void TBaseView::StoreLayout(const TVantrelGrid& grid) {
-  FStorage->WriteString(FStorage->KeyOf(StoragePath()), LayoutName, grid.Layout());
+void TBaseView::GotoPrev() {
+  if (auto* grid = NavigatedGrid()) TCXUtils::GotoPrev(*grid);
 }
 
-void TBaseView::UpdateGotoCommands(const TVantrelGrid& list) {
-  for (auto* command : {&FFrame.GotoFirstCommand, &FFrame.GotoPrevCommand}) command->SetEnabled(list.CanGotoPrev());
-  for (auto* command : {&FFrame.GotoNextCommand, &FFrame.GotoLastCommand}) command->SetEnabled(list.CanGotoNext());
+void TBaseView::GotoNext() {
+  if (auto* grid = NavigatedGrid()) TCXUtils::GotoNext(*grid);
+}
+
+void TBaseView::GotoLast() {
+  if (auto* grid = NavigatedGrid()) TCXUtils::GotoLast(*grid);
+}
+
+void TBaseView::ExportToExcel() {
+  auto* grid = ExportedGrid();
+  if (grid != nullptr && FFrame.ExportGrid) FFrame.ExportGrid(*grid);
+}
+
+std::string TBaseView::StoredLayout() const {
+  return FStorage->ReadString(FStorage->KeyOf(StoragePath()), LayoutName, {});
+}
+
+void TBaseView::StoreLayout(const std::string& layout) {
+  FStorage->WriteString(FStorage->KeyOf(StoragePath()), LayoutName, layout);
+}
+
+void TBaseView::UpdateGotoCommands() {
+  const auto* grid = NavigatedGrid();
+  const bool canGoBack = grid != nullptr && grid->CanGotoPrev(), canGoOn = grid != nullptr && grid->CanGotoNext();
+  for (auto* command : {&FFrame.GotoFirstCommand, &FFrame.GotoPrevCommand}) command->SetEnabled(canGoBack);
+  for (auto* command : {&FFrame.GotoNextCommand, &FFrame.GotoLastCommand}) command->SetEnabled(canGoOn);
 }

@@ -12,11 +12,10 @@
 #include "VantrelMemTable.h"
 #include "fBaseViewUi.h"
 
-enum class TMyTessaronViews { viewWelcome, viewSubjects, viewStudents, viewClasses };
-
 /// What the tables of a view are at: while one is dmFill or dmUpdate, changes of its data are not answered.
 enum class TDataMode { dmNone, dmBrowse, dmFill, dmAdd, dmEdit, dmDuplicate, dmUpdate };
 
+class TLookupTables;
 class TVantrelGrid;
 
 /// What the main window lends to its views. It outlives them.
@@ -31,10 +30,14 @@ struct TViewFrame {
   TVantrelCommand& EditZeugnisbeurteilungenCommand;
   TVantrelCommand& ExportToExcelCommand;
 
+  /// The lookup tables of CurrentProject, which stay while it is open.
+  std::function<TLookupTables&()> Lookups = {};
+
   /// Lets the user change an assessment text; nothing if it was cancelled. Its command is disabled while this is unset.
-  std::function<std::optional<std::string>(const std::string& subjectToken, const std::string& text)> EditAssessment;
+  std::function<std::optional<std::string>(const std::string& subjectToken, const std::string& text)> EditAssessment =
+      {};
   /// Likewise: lets the user write the grid to a file.
-  std::function<void(TVantrelGrid& grid)> ExportGrid;
+  std::function<void(TVantrelGrid& grid)> ExportGrid = {};
 
   /// The recent documents, and how one of them is opened.
   std::function<std::vector<TRecentItem>()> RecentFiles = [] { return std::vector<TRecentItem>(); };
@@ -79,10 +82,6 @@ class TBaseForm : public TVantrelForm {
   virtual void Save() { AbstractCall("Save"); }
   virtual void Delete() { AbstractCall("Delete"); }
   virtual void Cancel() { AbstractCall("Cancel"); }
-  virtual void GotoFirst() { AbstractCall("GotoFirst"); }
-  virtual void GotoPrev() { AbstractCall("GotoPrev"); }
-  virtual void GotoNext() { AbstractCall("GotoNext"); }
-  virtual void GotoLast() { AbstractCall("GotoLast"); }
   virtual void Heart() { AbstractCall("Heart"); }
   virtual void Unheart() { AbstractCall("Unheart"); }
   virtual void Refresh() { AbstractCall("Refresh"); }
@@ -90,10 +89,28 @@ class TBaseForm : public TVantrelForm {
   virtual void PrintCertificate() { AbstractCall("PrintCertificate"); }
   virtual void PrintCertificateForms() { AbstractCall("PrintCertificateForms"); }
   virtual void Execute() { AbstractCall("Execute"); }
-  virtual void ExportToExcel() { AbstractCall("ExportToExcel"); }
   virtual void ExportToHtml() { AbstractCall("ExportToHtml"); }
   /// Rebuilds the form from CurrentProject.
   virtual void UpdateContent() { AbstractCall("UpdateContent"); }
+
+  // The commands of the main window that go to the form on show. One that has no use for a command does nothing.
+  /// Move the focus along the rows that the form is worked through by.
+  virtual void GotoFirst() {}
+  virtual void GotoPrev() {}
+  virtual void GotoNext() {}
+  virtual void GotoLast() {}
+  virtual void ExportToExcel() {}
+  /// Lets the user change the assessment text of the focused course.
+  virtual void EditZeugnisbeurteilungen() {}
+  /// Shows the courses of classes of one grade type (0 to 2; -1 and null for all), and of one class alone (null for
+  /// all).
+  virtual void UpdateFilter(const TVariant& /*gradeType*/, const TVariant& /*classValue*/) {}
+
+  // What the main window tells the form on show.
+  /// The recent documents have changed.
+  virtual void RecentFilesChanged() {}
+  /// The open project stands in another file.
+  virtual void FileChanged() {}
 
  protected:
   void FormCreate() override;
@@ -115,6 +132,11 @@ class TBaseView : public TBaseForm {
   TBaseView(TViewFrame& frame, std::string name) : TBaseForm(frame.Storage, std::move(name)), FFrame(frame) {}
 
   void SetupView() override;
+  void GotoFirst() override;
+  void GotoPrev() override;
+  void GotoNext() override;
+  void GotoLast() override;
+  void ExportToExcel() override;
 
   virtual void MailMerge() { AbstractCall("MailMerge"); }
   virtual void EMailMerge() { AbstractCall("EMailMerge"); }
@@ -130,11 +152,15 @@ class TBaseView : public TBaseForm {
   virtual void CustomizeEditLayout() { AbstractCall("CustomizeEditLayout"); }
 
  protected:
-  /// The layout of the list grid is what outlives the view.
-  void RestoreLayout(TVantrelGrid& grid);
-  void StoreLayout(const TVantrelGrid& grid);
-  /// The state of the four goto commands, from the place among the shown rows of the list.
-  void UpdateGotoCommands(const TVantrelGrid& list);
+  /// The grid that the goto commands move through; null where there is none.
+  virtual TVantrelGrid* NavigatedGrid() { return nullptr; }
+  /// The grid that is exported; null where there is none.
+  virtual TVantrelGrid* ExportedGrid() { return nullptr; }
+  /// The layout of the list grid is what outlives the view; empty if none was stored.
+  std::string StoredLayout() const;
+  void StoreLayout(const std::string& layout);
+  /// The state of the four goto commands, from the place among the shown rows.
+  void UpdateGotoCommands();
 
   TViewFrame& FFrame;
 };

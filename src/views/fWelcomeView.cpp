@@ -61,13 +61,13 @@ void TWelcomeView::TeardownView() {
   if (WelcomeView == this) WelcomeView = nullptr;
 }
 
-void TWelcomeView::UpdateStart() {
+void TWelcomeView::RecentFilesChanged() {
   FUi->SetStart(CurrentProject == nullptr, FFrame.RecentFiles());
 }
 
 void TWelcomeView::UpdateContent() {
   const auto* project = CurrentProject;
-  UpdateStart();
+  RecentFilesChanged();
   for (const auto text : {FileVersionText, FilenameText, StudentsText, CreatedOnText, ChangedOnText, FilepathText,
                           SignatureText, PeriodText, TenantText, DescriptionMemo})
     FUi->Text(text).SetVisible(project != nullptr);

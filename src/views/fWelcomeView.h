@@ -14,8 +14,8 @@ class TWelcomeView final : public TBaseView {
   void SetupView() override;
   void TeardownView() override;
   void UpdateContent() override;
-  /// The recent documents have changed.
-  void UpdateStart();
+  void RecentFilesChanged() override;
+  void FileChanged() override { UpdateContent(); }
 
  protected:
   TFormUi& Ui() override { return *FUi; }

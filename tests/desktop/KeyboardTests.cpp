@@ -203,12 +203,12 @@ TEST(DesktopWindowTest, F6GoesRoundTheRegionsAndTheListTakesWhatTheWindowHasToSp
   window.resize(1800, 900);
   window.show();
   TDesktopStudentsView view(window);
-  view.StudentsGrid().AddColumn({"name", "Name"});
-  view.AchievementsGrid().AddColumn({"fach", "Fach"});
+  view.Students().Grid().AddColumn({"name", "Name"});
+  view.Achievements().Grid().AddColumn({"fach", "Fach"});
   view.SetVisible(true);
   QTest::qWait(1);
-  auto* list = &dynamic_cast<TDesktopGrid&>(view.StudentsGrid()).View();
-  auto* grid = &dynamic_cast<TDesktopGrid&>(view.AchievementsGrid()).View();
+  auto* list = &dynamic_cast<TDesktopGrid&>(view.Students().Grid()).View();
+  auto* grid = &dynamic_cast<TDesktopGrid&>(view.Achievements().Grid()).View();
   EXPECT_EQ(list->parentWidget()->width(), 300);
   list->setFocus();
   auto* bar = window.statusBar()->findChild<QLabel*>();
@@ -224,7 +224,7 @@ TEST(DesktopWindowTest, F6GoesRoundTheRegionsAndTheListTakesWhatTheWindowHasToSp
     QApplication::activePopupWidget()->close();
   });
   QTest::keyClick(list, Qt::Key_F10, Qt::ShiftModifier);
-  for (int i = 0; i < 5; ++i) view.StudentsGrid().AddColumn({"mehr", "Mehr"});
+  for (int i = 0; i < 5; ++i) view.Students().Grid().AddColumn({"mehr", "Mehr"});
   window.resize(1400, 900);
   QTest::qWait(1);
   EXPECT_GT(list->parentWidget()->width(), 400);

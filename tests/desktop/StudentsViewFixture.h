@@ -12,6 +12,7 @@
 #include "FakeViews.h"
 #include "SampleProject.h"
 #include "TypedText.h"
+#include "uProjectLookups.h"
 
 enum { Kurs, Note1 = 8, Note2 = 9, Beurteilung = 15 };
 enum { Klasse = 1, Nachname = 3 };
@@ -23,7 +24,8 @@ class StudentsViewTest : public SampleProjectTest {
   void SetUp() override {
     SampleProjectTest::SetUp();
     CurrentProject = FProject.get();
-    FLookups = CreateLookupModule(*FProject);
+    FLookups.AfterLoad(*FProject);
+    FLookups.SetOpen(FProject.get());
     FFrame.EditAssessment = [this](const std::string&, const std::string&) { return FAssessment; };
     FFrame.ExportGrid = [](TVantrelGrid&) {};
     for (const char* name : {"Note1", "Note2", "Beurteilung"}) {
@@ -57,8 +59,8 @@ class StudentsViewTest : public SampleProjectTest {
     QTest::qWait(1);
     List().SetFocus();
   }
-  TDesktopGrid& List() { return dynamic_cast<TDesktopGrid&>(FUi->StudentsGrid()); }
-  TDesktopGrid& Grid() { return dynamic_cast<TDesktopGrid&>(FUi->AchievementsGrid()); }
+  TDesktopGrid& List() { return dynamic_cast<TDesktopGrid&>(FUi->Students().Grid()); }
+  TDesktopGrid& Grid() { return dynamic_cast<TDesktopGrid&>(FUi->Achievements().Grid()); }
   TStudent& Student(int index) { return *FProject->Students().GetItem(index); }
   void PutIntoClass(std::initializer_list<int> students, int classId) {
     for (const int student : students) Student(student).ClassId.SetAsInt(classId);
@@ -76,10 +78,11 @@ class StudentsViewTest : public SampleProjectTest {
   TCourse& Course(int row) {
     return *FProject->CoursesByStudent(List().Value(List().FocusedRecord(), 0))->GetItem(row);
   }
-  std::string FirstToken() { return FLookups->Grades.ValueAt(0, 1).AsText(); }
+  std::string FirstToken() { return FLookups.OfOpen().Grades.ValueAt(0, 1).AsText(); }
   std::vector<std::int32_t> OfferedTypes() {
     std::set<std::int32_t> types;
-    for (int i = 0; i < FLookups->Grades.RecordCount(); ++i) types.insert(FLookups->Grades.ValueAt(i, 4).AsInteger());
+    for (int i = 0; i < FLookups.OfOpen().Grades.RecordCount(); ++i)
+      types.insert(FLookups.OfOpen().Grades.ValueAt(i, 4).AsInteger());
     return {types.begin(), types.end()};
   }
   std::vector<std::string> ShownIds() {
@@ -103,8 +106,16 @@ class StudentsViewTest : public SampleProjectTest {
   FakeSettings FSettings;
   TVantrelCommands FCommands;
   std::optional<std::string> FAssessment;
-  TViewFrame FFrame{FSettings, "10.2", Command(), Command(), Command(), Command(), Command(), Command(), {}, {}};
-  TVantrelPtr<TLookupModule> FLookups;
+  TProjectLookups FLookups;
+  TViewFrame FFrame{.Storage = FSettings,
+                    .ProgramVersion = "10.2",
+                    .GotoFirstCommand = Command(),
+                    .GotoPrevCommand = Command(),
+                    .GotoNextCommand = Command(),
+                    .GotoLastCommand = Command(),
+                    .EditZeugnisbeurteilungenCommand = Command(),
+                    .ExportToExcelCommand = Command(),
+                    .Lookups = [this]() -> TLookupTables& { return FLookups.OfOpen(); }};
   TDesktopMainWindow FWindow;
   TDesktopStudentsView* FUi = nullptr;
   TVantrelPtr<TStudentsView> FView;

@@ -54,8 +54,8 @@ TEST_F(StudentsViewTest, WithNobodyShownNothingCanBeDone) {
   EXPECT_FALSE(FWindow.findChild<QTabWidget*>()->isEnabled());
   EXPECT_EQ(Grid().RecordCount(), 0);
   EXPECT_EQ(Grid().Columns().size(), 34U);
-  EXPECT_EQ(FUi->AchievementsStatus().Value().AsText(), "Anzahl: 0");
-  FLookups.reset();
+  EXPECT_EQ(FUi->Achievements().Status().Value().AsText(), "Anzahl: 0");
+  FLookups.BeforeLoad();
   QTest::keyClick(&FWindow, Qt::Key_F6);
   EXPECT_FALSE(List().View().hasFocus());
   List().SetFocus();

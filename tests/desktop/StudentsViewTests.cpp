@@ -11,8 +11,8 @@ using enum TStudentsPage;
 TEST_F(StudentsViewTest, ShowsTheFirstStudentAtOnce) {
   Open();
   EXPECT_EQ(StudentsView, FView.get());
-  EXPECT_EQ(FUi->StudentsStatus().Value().AsText(), "Anzahl: 12");
-  EXPECT_EQ(FUi->AchievementsStatus().Value().AsText(), "Anzahl: 5");
+  EXPECT_EQ(FUi->Students().Status().Value().AsText(), "Anzahl: 12");
+  EXPECT_EQ(FUi->Achievements().Status().Value().AsText(), "Anzahl: 5");
   const auto* pages = FWindow.findChild<QTabWidget*>();
   EXPECT_TRUE(pages->isTabVisible(0) && !pages->isTabVisible(1) && !pages->isTabVisible(2));
   QTest::keyClick(&Grid().View(), Qt::Key_Tab, Qt::ControlModifier);
@@ -27,7 +27,7 @@ TEST_F(StudentsViewTest, AGradeReachesTheCourseBeforeTheCellIsLeft) {
   Open();
   const auto token = FirstToken();
   ASSERT_TRUE(TypeInto(Grid(), Note1, token));
-  EXPECT_EQ(Course(0).Note1Id.Value, FLookups->Grades.ValueAt(0, 0));
+  EXPECT_EQ(Course(0).Note1Id.Value, FLookups.OfOpen().Grades.ValueAt(0, 0));
   EXPECT_TRUE(FProject->Modified());
   EXPECT_EQ(Grid().DisplayText(0, Note1), token);
   QTest::keyClick(Grid().View().indexWidget(Grid().View().currentIndex()), Qt::Key_Delete);
@@ -79,7 +79,7 @@ TEST_F(StudentsViewTest, GradeListsOfferTheTypesOfClassAndPage) {
   FView->GotoFirst();
   EXPECT_THAT(OfferedTypes(), ElementsAre(0, 1, 2));
   FView.reset();
-  EXPECT_FALSE(FLookups->Grades.Filtered());
+  EXPECT_FALSE(FLookups.OfOpen().Grades.Filtered());
 }
 
 TEST_F(StudentsViewTest, TheFirstStudentsLayoutStaysForTheLifeOfTheView) {
@@ -119,16 +119,17 @@ TEST_F(StudentsViewTest, LivesWithoutItsLookupModule) {
   const auto token = FirstToken();
   TypeInto(Grid(), Note1, token);
   auto other = CreateVantrel<TMyTessaronProject>();
-  FLookups.reset();
+  FLookups.BeforeLoad();
   for (const bool foreign : {false, true}) {
-    if (foreign) FLookups = CreateLookupModule(*other);
+    if (foreign) FLookups.AfterLoad(*other);
+    EXPECT_EQ(LookupModule == nullptr, !foreign);
     EXPECT_EQ(Grid().DisplayText(0, Note1), token);
     FView->GotoNext();
     EXPECT_TRUE(TypeInto(Grid(), Note1, token));
     FView->GotoFirst();
     Open();
   }
-  FLookups = nullptr;
+  FLookups.BeforeLoad();
   EXPECT_EQ(Grid().DisplayText(0, Note1), token);
 }
 

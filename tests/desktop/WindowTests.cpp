@@ -286,14 +286,14 @@ TEST(DesktopViews, NothingComesFromAStudentsViewThatHasEnded) {
   auto view = std::make_unique<TDesktopStudentsView>(window);
   int events = 0;
   view->OnPageChanged = [&] { ++events; };
-  view->StudentsGrid().AddColumn({"name", "Name"});
-  view->StudentsGrid().BindTable(table.get());
-  view->StudentsGrid().OnFocusChanged = [&](int, int) { ++events; };
+  view->Students().Grid().AddColumn({"name", "Name"});
+  view->Students().Grid().BindTable(table.get());
+  view->Students().Grid().OnFocusChanged = [&](int, int) { ++events; };
   view->SetPageVisible(TStudentsPage::CertificateCommentsSheet, false);
   view->SetActivePage(TStudentsPage::CertificateDataSheet);
   EXPECT_EQ(view->ActivePage(), TStudentsPage::CertificateDataSheet);
   view->SetVisible(true);
-  EXPECT_TRUE(window.isAncestorOf(dynamic_cast<QWidget*>(&view->AchievementsGrid())));
+  EXPECT_TRUE(window.isAncestorOf(dynamic_cast<QWidget*>(&view->Achievements().Grid())));
   events = 0;
 
   auto* pages = window.findChild<QTabWidget*>();

@@ -84,7 +84,6 @@ TEST_F(DataSourceTest, WritingStoresByKindAndAlwaysMarksAsModified) {
 }
 
 TEST_F(DataSourceTest, LookupTablesMirrorTheProject) {
-  bool told = false;
   auto& status = *FProject->Fachstati().GetItem(0);
   status.Token = "ein Kürzel mit mehr als zwanzig Zeichen";
   status.Description = std::string(400, 'b');
@@ -101,10 +100,8 @@ TEST_F(DataSourceTest, LookupTablesMirrorTheProject) {
     EXPECT_EQ(module->gv_Grades.Table->Lookup(module->gv_Grades.KeyField, grade.TessaronId, "Token"),
               TVariant(grade.Token));
     EXPECT_EQ(module->CertificateComments.RecordCount(), FProject->CertificateComments().Count());
-    module->OnDestroy = [&] { told = true; };
   }
   EXPECT_EQ(LookupModule, nullptr);
-  EXPECT_TRUE(told);
 }
 
 }  // namespace

@@ -35,13 +35,7 @@ class MainFormTest : public testing::Test {
   void Start(std::vector<std::string> arguments = {}) {
     FForm.reset();
     FForm = CreateVantrel<TMainForm>(
-        TMainFormPorts{FWindow, FDialogs, FSettings, [] { return std::make_unique<FakeWelcomeUi>(); },
-                       [this]() -> std::unique_ptr<TStudentsViewUi> {
-                         if (FFailing) throw EVantrelException("no screen");
-                         auto ui = std::make_unique<TDesktopStudentsView>(FScreen);
-                         FStudents = ui.get();
-                         return ui;
-                       }},
+        TMainFormPorts{.Window = FWindow, .Dialogs = FDialogs, .Storage = FSettings, .Views = FViews},
         std::move(arguments));
     FScreen.show();
     FWindow.OnShow();
@@ -65,7 +59,7 @@ class MainFormTest : public testing::Test {
     FForm->ShowView(TMyTessaronViews::viewStudents, false);
     ASSERT_TRUE(TypeInto(Courses(), 15, text));
   }
-  TDesktopGrid& Courses() { return dynamic_cast<TDesktopGrid&>(FStudents->AchievementsGrid()); }
+  TDesktopGrid& Courses() { return dynamic_cast<TDesktopGrid&>(FStudents->Achievements().Grid()); }
   std::vector<std::string> RecentNames() {
     std::vector<std::string> names;
     for (const auto& item : FWindow.Recent) names.push_back(item.DisplayText);
@@ -75,6 +69,13 @@ class MainFormTest : public testing::Test {
     auto project = CreateVantrel<TMyTessaronProject>();
     project->LoadForReading(path);
     return project->CoursesByStudent(project->Students().GetItem(0)->TessaronId.Value)->GetItem(0)->Beurteilung;
+  }
+
+  std::unique_ptr<TStudentsViewUi> StudentsUi() {
+    if (FFailing) throw EVantrelException("no screen");
+    auto ui = std::make_unique<TDesktopStudentsView>(FScreen);
+    FStudents = ui.get();
+    return ui;
   }
 
   TempFolder FFolder;
@@ -87,5 +88,8 @@ class MainFormTest : public testing::Test {
   TDesktopMainWindow FScreen;
   TDesktopStudentsView* FStudents = nullptr;
   bool FFailing = false;
+  TViewClasses FViews{
+      {TMyTessaronViews::viewWelcome, ViewClass<TWelcomeView>([] { return std::make_unique<FakeWelcomeUi>(); })},
+      {TMyTessaronViews::viewStudents, ViewClass<TStudentsView>([this] { return StudentsUi(); })}};
   TVantrelPtr<TMainForm> FForm;
 };

@@ -22,7 +22,14 @@ class WelcomeViewTest : public SampleProjectTest {
   FakeSettings FSettings;
   TVantrelCommands FCommands;
   TVantrelCommand& FCommand = FCommands.Add({});
-  TViewFrame FFrame{FSettings, "10.2.0", FCommand, FCommand, FCommand, FCommand, FCommand, FCommand, {}, {}};
+  TViewFrame FFrame{.Storage = FSettings,
+                    .ProgramVersion = "10.2.0",
+                    .GotoFirstCommand = FCommand,
+                    .GotoPrevCommand = FCommand,
+                    .GotoNextCommand = FCommand,
+                    .GotoLastCommand = FCommand,
+                    .EditZeugnisbeurteilungenCommand = FCommand,
+                    .ExportToExcelCommand = FCommand};
   TVantrelPtr<TWelcomeView> FView;
 };
 

@@ -1,4 +1,4 @@
-#include "uGridState.h"
+#include "uRememberedColumns.h"
 
 #include <algorithm>
 
@@ -23,7 +23,7 @@ void Apply(const TFieldRecords<TRecord>& records, const std::vector<TGridColumn>
 
 }  // namespace
 
-void TGridState::Save(const TVantrelGrid& grid) {
+void TRememberedColumns::Save(const TVantrelGrid& grid) {
   const auto& columns = grid.Columns();
   const bool isSorted =
       std::ranges::any_of(columns, [](const auto& column) { return column.SortOrder != TGridSortOrder::None; });
@@ -35,7 +35,7 @@ void TGridState::Save(const TVantrelGrid& grid) {
   }
 }
 
-void TGridState::Restore(TVantrelGrid& grid) const {
+void TRememberedColumns::Restore(TVantrelGrid& grid) const {
   const auto columns = grid.Columns();
   Apply(SortFields, columns, [&](int ordinal, const TSortField& field) {
     grid.SetColumnSort(ordinal, static_cast<TGridSortOrder>(field.SortOrder), field.SortIndex);

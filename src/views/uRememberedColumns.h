@@ -5,7 +5,7 @@
 
 /// What a grid remembers while its columns are made anew: sort, visibility and widths, one entry per column, the last
 /// one counting. A column that takes the rest has no width. Groups and filters end with the columns.
-class TGridState {
+class TRememberedColumns {
  public:
   void Save(const TVantrelGrid& grid);
   /// Entries whose column is missing are skipped.

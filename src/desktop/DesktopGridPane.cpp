@@ -1,0 +1,54 @@
+#include "DesktopGridPane.h"
+
+#include <QBoxLayout>
+#include <QToolButton>
+#include <string_view>
+
+#include "DesktopGrid.h"
+#include "DesktopLook.h"
+#include "QtText.h"
+#include "ViewTexts.h"
+
+TDesktopGridPane::TDesktopGridPane(const char* heading, bool fits)
+    : FPanel(new QWidget), FGrid(new TDesktopGrid), FCount(new QLabel), FStatus(*FCount) {
+  auto* layout = new QVBoxLayout(FPanel);
+  layout->setContentsMargins(0, 0, 0, 0);
+  layout->setSpacing(0);
+  if (!std::string_view(heading).empty()) {
+    auto* label = new QLabel(UserText(heading));
+    label->setMargin(6);
+    label->setBuddy(FGrid);
+    layout->addWidget(label);
+  }
+  layout->addWidget(FGrid, 1);
+  auto* status = new QHBoxLayout;
+  layout->addLayout(status);
+  if (fits) status->addWidget(MakeFitButton());
+  FCount->setMargin(3);
+  status->addWidget(FCount);
+  status->addWidget(&FGrid->FilterLine(), 1);
+  status->addStretch();
+}
+
+TDesktopGridPane::~TDesktopGridPane() {
+  FGrid->Release();
+}
+
+TVantrelGrid& TDesktopGridPane::Grid() {
+  return *FGrid;
+}
+
+QWidget* TDesktopGridPane::MakeFitButton() {
+  auto* fit = new QToolButton;
+  fit->setText(UserText(ViewTexts::FitColumns));
+  fit->setIcon(ThemeIcon("zoom-fit-width"));
+  fit->setToolTip(fit->text());
+  fit->setAccessibleName(fit->text());
+  fit->setAutoRaise(true);
+  fit->setFocusPolicy(Qt::StrongFocus);
+  // The pane may end within the handler, and the handler with it.
+  QObject::connect(fit, &QToolButton::clicked, &FReceiver, [this] {
+    if (const auto handler = OnFit) handler();
+  });
+  return fit;
+}

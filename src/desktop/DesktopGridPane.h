@@ -1,0 +1,33 @@
+#pragma once
+
+#include "DesktopFormItems.h"
+#include "GridPaneUi.h"
+
+class QLabel;
+class TDesktopGrid;
+
+/// A grid with its heading, its count and its filter line as one widget. It may end within an event of its own: the
+/// widget belongs to the window and dies when the event is over.
+class TDesktopGridPane final : public TGridPaneUi {
+ public:
+  /// `heading` is a built-in text, shown above the grid; empty for none. `fits` asks for the button FitColumns.
+  TDesktopGridPane(const char* heading, bool fits);
+  TDesktopGridPane(const TDesktopGridPane&) = delete;
+  TDesktopGridPane& operator=(const TDesktopGridPane&) = delete;
+  ~TDesktopGridPane() override;
+
+  QWidget& Panel() { return *FPanel; }
+  TDesktopGrid& DesktopGrid() { return *FGrid; }
+  TVantrelGrid& Grid() override;
+  TVantrelFormItem& Status() override { return FStatus; }
+
+ private:
+  QWidget* MakeFitButton();
+
+  QWidget* FPanel;
+  TDesktopGrid* FGrid;
+  QLabel* FCount;
+  TDesktopLabelItem FStatus;
+  /// Receiver of the button's signal: none comes after the end.
+  QObject FReceiver;
+};

@@ -1,0 +1,144 @@
+#include "uAchievementsPane.h"
+
+#include <algorithm>
+
+#include "VantrelI18n.h"
+#include "ViewTexts.h"
+#include "uAchievementColumns.h"
+#include "uGridUpdate.h"
+
+TAchievementsPane::TAchievementsPane(TGridPaneUi& ui, TLookupTables& lookups, const TAchievementsSettings& settings)
+    : FUi(ui),
+      FLookups(lookups),
+      FSettings(settings),
+      FColumns(StudentCourseColumns(CurrentProject->Options().Columns(), lookups)),
+      FKeptRow(settings.KeptBy) {
+  for (const auto& column : FColumns) FEditable.push_back(CurrentProject->EditableColumn(column.Id));
+  SetGridOptions();
+  ConnectEvents();
+  FLookups.Grades.SetOnFilterRecord([this](const auto& row) { return OffersGrade(row); });
+  FLookups.Grades.SetFiltered(true);
+  UpdateCount();
+}
+
+TAchievementsPane::~TAchievementsPane() {
+  if (FSettings.FreesGrades) FLookups.Grades.SetFiltered(false);
+  FLookups.Grades.SetOnFilterRecord(nullptr);
+}
+
+void TAchievementsPane::SetGridOptions() {
+  TGridOptions options;
+  options.ReadOnly = false;
+  options.IncrementalSearch = false;
+  options.TabMovesCells = options.EnterMovesToNextCell = options.WrapAtRowEnd = FSettings.MovesByCells;
+  options.RowIndicator = options.HeaderFollowsContent = FSettings.MovesByCells;
+  options.RowsFollowContent = true;
+  options.CaseSensitive = FSettings.SortsByCase;
+  options.Grouping = options.Filtering = options.Chooser = true;
+  FUi.Grid().SetOptions(options);
+  FUi.Grid().SetName(ResourceText(ViewTexts::AchievementSheet));
+}
+
+void TAchievementsPane::ConnectEvents() {
+  // A double click on an assessment opens nothing: its dialog is reached by the command alone.
+  auto& grid = FUi.Grid();
+  grid.OnFocusChanged = [this](int, int) {
+    if (OnCourseChanged) OnCourseChanged();
+    if (FSettings.GradesFollowRow) ReapplyGradeFilter();
+  };
+  grid.OnEditing = [this](int ordinal) {
+    return FEditable[static_cast<std::size_t>(ordinal)] && (!MayEdit || MayEdit());
+  };
+  grid.OnKeyDown = [this](int ordinal, TGridKey key) { return AnswerKey(ordinal, key); };
+  FModifiedMark.Follow(grid);
+}
+
+void TAchievementsPane::Show(std::unique_ptr<TMyTessaronSource> source, bool isTextClass) {
+  auto& grid = FUi.Grid();
+  const TGridUpdate update(grid);
+  FRemembered.Save(grid);
+  FKeptRow.Save(grid, FSource.get());
+  grid.BindSource(nullptr);
+  FSource = std::move(source);
+  BuildColumns(isTextClass);
+  grid.BindSource(FSource.get());
+  UpdateCount();
+  // The columns that the first content left on show stay for the next ones, whatever their class.
+  FRemembered.Restore(grid);
+}
+
+void TAchievementsPane::BuildColumns(bool isTextClass) {
+  auto& grid = FUi.Grid();
+  grid.ClearColumns();
+  grid.ClearFilter();
+  for (const auto& source : FColumns) {
+    const int ordinal = grid.AddColumn(source);
+    if (source.Visible && PostsEdits(ordinal)) {
+      grid.OnEditChanged = [this, &grid](int) {
+        FKeptRow.Touch();
+        grid.PostEdit();
+      };
+    }
+    // A field that the project does not know has no caption; it stays hidden.
+    if (isTextClass) grid.ShowColumn(ordinal, IsFillColumn(ordinal) && !source.Caption.empty());
+  }
+}
+
+void TAchievementsPane::FocusWork() {
+  if (FSource != nullptr) FKeptRow.Restore(FUi.Grid(), *FSource, FirstGradeColumn(), CourseNameColumn);
+}
+
+/// Where the work begins: the first grade that can be entered; -1 if there is none.
+int TAchievementsPane::FirstGradeColumn() const {
+  for (int ordinal = 0; ordinal < static_cast<int>(FColumns.size()); ++ordinal) {
+    const auto place = static_cast<std::size_t>(ordinal);
+    if (IsGradeColumn(ordinal) && FColumns[place].Visible && FEditable[place]) return ordinal;
+  }
+  return -1;
+}
+
+void TAchievementsPane::ReapplyGradeFilter() {
+  FLookups.Grades.SetFiltered(false);
+  FLookups.Grades.SetFiltered(true);
+}
+
+bool TAchievementsPane::OffersGrade(const TVantrelMemTable::TRow& row) const {
+  const auto accepted = AcceptedGradeTypes ? AcceptedGradeTypes() : TGradeTypeList();
+  const auto& gradeType = row[static_cast<std::size_t>(FLookups.Grades.FieldByName("GradeType").Index())];
+  return accepted.empty() || std::ranges::any_of(accepted, [&](auto type) {
+           return gradeType == TVariant(static_cast<std::int32_t>(type));
+         });
+}
+
+TGridKeyAction TAchievementsPane::AnswerKey(int ordinal, TGridKey key) {
+  if (key == TGridKey::Enter || key == TGridKey::Delete) FKeptRow.Touch();
+  return key == TGridKey::Enter && IsGradeColumn(ordinal) ? TGridKeyAction::MoveDown : TGridKeyAction::Pass;
+}
+
+void TAchievementsPane::Fit() {
+  auto& grid = FUi.Grid();
+  grid.BeginBestFit();
+  if (FSettings.FitsColumns) grid.BestFitAll();
+  grid.EndBestFit();
+}
+
+void TAchievementsPane::UpdateCount() {
+  FUi.Status().SetValue(FormatText(ViewTexts::Count, FSource == nullptr ? 0 : FSource->GetRecordCount()));
+}
+
+TCourse* TAchievementsPane::FocusedCourse() const {
+  const int focused = FUi.Grid().FocusedRecord();
+  if (FSource == nullptr || focused < 0 || focused >= FSource->GetRecordCount()) return nullptr;
+  return static_cast<TCourse*>(FSource->GetRecordHandle(focused));
+}
+
+void TAchievementsPane::EditAssessment(const TViewFrame& frame) {
+  PostEdit();
+  auto* course = FocusedCourse();
+  if (course == nullptr || !frame.EditAssessment) return;
+  const auto text = frame.EditAssessment(course->SubjectToken, course->Beurteilung);
+  if (!text) return;
+  course->Beurteilung = *text;
+  CurrentProject->SetModified(true);
+  FUi.Grid().DataChanged();
+}

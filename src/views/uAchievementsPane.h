@@ -1,0 +1,85 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <vector>
+
+#include "GridPaneUi.h"
+#include "fBaseView.h"
+#include "mLookup.h"
+#include "uDataSource.h"
+#include "uKeptRow.h"
+#include "uModifiedMark.h"
+#include "uRememberedColumns.h"
+
+/// In what the achievement grids of the views differ.
+struct TAchievementsSettings {
+  /// Tab and Enter move from cell to cell, over the end of a row; the row that has the focus is marked, and the height
+  /// of the header follows its captions.
+  bool MovesByCells = true;
+  bool SortsByCase = false;
+  /// The fit gives all columns the width of their content; else it leaves them as they are.
+  bool FitsColumns = false;
+  /// By what the work goes on in the same row when the content is another.
+  TKeptRow::TKey KeptBy;
+  /// The lookups of the grades follow the focused row; else they follow the content.
+  bool GradesFollowRow = false;
+  /// The lookups of the grades offer all of them again when the pane goes.
+  bool FreesGrades = true;
+};
+
+/// The grid of courses in which grades are entered: its columns and which of them may be edited, what they keep when
+/// the content changes, the lookups of the grades, the keys, the posting of edits, and the assessment text of the
+/// focused course.
+class TAchievementsPane {
+ public:
+  using TGradeTypeList = std::vector<TGradeTypes>;
+
+  /// The tables are those of CurrentProject. They and the screen outlive the pane.
+  TAchievementsPane(TGridPaneUi& ui, TLookupTables& lookups, const TAchievementsSettings& settings);
+  TAchievementsPane(const TAchievementsPane&) = delete;
+  TAchievementsPane& operator=(const TAchievementsPane&) = delete;
+  ~TAchievementsPane();
+
+  /// Whether anything can be edited at this moment; unset: yes. Asked without side effects.
+  std::function<bool()> MayEdit;
+  /// The types of grades that the lookups offer at this moment; none given means all.
+  std::function<TGradeTypeList()> AcceptedGradeTypes;
+  /// Another course has the focus.
+  std::function<void()> OnCourseChanged;
+
+  /// Shows other courses, in the columns as the content before left them. Null shows the columns alone. Of text classes
+  /// the first content leaves three columns.
+  void Show(std::unique_ptr<TMyTessaronSource> source, bool isTextClass);
+  /// Focuses where the work goes on, once the content is another.
+  void FocusWork();
+  void ReapplyGradeFilter();
+  void PostEdit() { FUi.Grid().PostEdit(); }
+  void Fit();
+  void UpdateCount();
+
+  TVantrelGrid& Grid() { return FUi.Grid(); }
+  /// The course whose row has the focus; null if there is none.
+  TCourse* FocusedCourse() const;
+  /// Lets the user change the assessment text of the focused course.
+  void EditAssessment(const TViewFrame& frame);
+
+ private:
+  void SetGridOptions();
+  void ConnectEvents();
+  void BuildColumns(bool isTextClass);
+  bool OffersGrade(const TVantrelMemTable::TRow& row) const;
+  int FirstGradeColumn() const;
+  TGridKeyAction AnswerKey(int ordinal, TGridKey key);
+
+  TGridPaneUi& FUi;
+  TLookupTables& FLookups;
+  const TAchievementsSettings FSettings;
+  /// The columns as the project gives them, and whether they may be edited.
+  std::vector<TGridColumn> FColumns;
+  std::vector<bool> FEditable;
+  TRememberedColumns FRemembered;
+  TKeptRow FKeptRow;
+  TModifiedMark FModifiedMark;
+  std::unique_ptr<TMyTessaronSource> FSource;
+};

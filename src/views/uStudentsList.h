@@ -1,0 +1,6 @@
+#pragma once
+
+#include "uListPane.h"
+
+/// The list of students, by class, name and birthday: the class as its token, also in the filter.
+TListPaneSettings StudentsList();

@@ -1,0 +1,26 @@
+#include "uStudentsViewPages.h"
+
+namespace {
+const TVariant& SubjectOf(const TCourse& course) {
+  return course.SubjectId.Value;
+}
+}  // namespace
+
+TAchievementSheet::TAchievementSheet(TGridPaneUi& ui, TLookupTables& lookups)
+    : FPane(ui, lookups, {.KeptBy = SubjectOf}) {}
+
+void TAchievementSheet::ShowStudent(const TStudent* student, const TClass* schoolClass) {
+  const bool isTextClass = schoolClass != nullptr && schoolClass->GradeType() == TGradeTypes::gtFill;
+  FPane.Show(student == nullptr
+                 ? nullptr
+                 : std::make_unique<TStudentCoursesSource>(CurrentProject->CoursesByStudent(student->TessaronId.Value)),
+             isTextClass);
+}
+
+std::vector<TGradeTypes> TAchievementSheet::GradeTypes(const TClass& schoolClass) const {
+  return {schoolClass.GradeType(), TGradeTypes::gtFill};
+}
+
+std::vector<TGradeTypes> TCertificateDataSheet::GradeTypes(const TClass&) const {
+  return {TGradeTypes::gtValue, TGradeTypes::gtFill};
+}

@@ -1,0 +1,52 @@
+#pragma once
+
+#include <vector>
+
+#include "uAchievementsPane.h"
+
+/// A page of the students view. A page need not answer what does not concern it.
+class TStudentsViewPage {
+ public:
+  TStudentsViewPage() = default;
+  TStudentsViewPage(const TStudentsViewPage&) = delete;
+  TStudentsViewPage& operator=(const TStudentsViewPage&) = delete;
+  virtual ~TStudentsViewPage() = default;
+
+  /// Shows what it tells of a student and the class; either may be none.
+  virtual void ShowStudent(const TStudent* student, const TClass* schoolClass) = 0;
+  /// Writes what open editors hold to where it belongs.
+  virtual void PostEdits() {}
+  virtual void Fit() {}
+  virtual void UpdateCount() {}
+  /// The types of grades that its lookups offer for a student of that class; none given means all.
+  virtual std::vector<TGradeTypes> GradeTypes(const TClass&) const { return {}; }
+};
+
+/// "Leistungen": the courses of the student.
+class TAchievementSheet final : public TStudentsViewPage {
+ public:
+  TAchievementSheet(TGridPaneUi& ui, TLookupTables& lookups);
+
+  void ShowStudent(const TStudent* student, const TClass* schoolClass) override;
+  void PostEdits() override { FPane.PostEdit(); }
+  void Fit() override { FPane.Fit(); }
+  void UpdateCount() override { FPane.UpdateCount(); }
+  std::vector<TGradeTypes> GradeTypes(const TClass& schoolClass) const override;
+  TAchievementsPane& Pane() { return FPane; }
+
+ private:
+  TAchievementsPane FPane;
+};
+
+/// "Zeugnisdaten": its lookups offer the ordinary grades, whatever the class.
+class TCertificateDataSheet final : public TStudentsViewPage {
+ public:
+  void ShowStudent(const TStudent*, const TClass*) override {}
+  std::vector<TGradeTypes> GradeTypes(const TClass&) const override;
+};
+
+/// "Zeugnisbemerkungen".
+class TCertificateCommentsSheet final : public TStudentsViewPage {
+ public:
+  void ShowStudent(const TStudent*, const TClass*) override {}
+};
