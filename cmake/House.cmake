@@ -23,19 +23,48 @@ if(MYTESSARON_COVERAGE)
   target_link_options(house_options INTERFACE --coverage)
 endif()
 
-# house_library(NAME libraries...): the library of this folder. It exports this folder's headers only, so that a
+# house_private_headers(ROOMS headers...): third-party headers that the compiler finds from everywhere, kept to these
+# rooms. In all others a header of the same name stands in front, which refuses.
+function(house_private_headers rooms)
+  list(JOIN rooms "-" wall)
+  foreach(header IN LISTS ARGN)
+    file(CONFIGURE OUTPUT ${PROJECT_BINARY_DIR}/walls/${wall}/${header}
+         CONTENT "#error \"<${header}> is private to: ${rooms}\"\n")
+  endforeach()
+  set_property(GLOBAL APPEND PROPERTY house_walls ${wall})
+  set_property(GLOBAL PROPERTY house_rooms_of_${wall} ${rooms})
+endfunction()
+
+# Puts the room behind the walls that are not its own.
+function(house_walls name)
+  get_property(walls GLOBAL PROPERTY house_walls)
+  foreach(wall IN LISTS walls)
+    get_property(rooms GLOBAL PROPERTY house_rooms_of_${wall})
+    if(NOT name IN_LIST rooms)
+      target_include_directories(${name} BEFORE PRIVATE ${PROJECT_BINARY_DIR}/walls/${wall})
+    endif()
+  endforeach()
+endfunction()
+
+house_private_headers("foundation;project" openssl/crypto.h openssl/evp.h openssl/md5.h openssl/rand.h openssl/sha.h)
+house_private_headers(stored zlib.h json-c/json.h json-c/json_object.h json-c/json_tokener.h)
+house_private_headers(database ibase.h)
+
+# house_library(NAME libraries... [PRIVATE libraries...]): the library of this folder. It exports this folder's headers only, so that a
 # header of a room further up cannot be included. A folder without sources is a library of headers.
 function(house_library name)
+  cmake_parse_arguments(PARSE_ARGV 1 room "" "" PRIVATE)
   file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp ${CMAKE_CURRENT_SOURCE_DIR}/dialogs/*.cpp)
   if(NOT sources)
     add_library(${name} INTERFACE)
     target_include_directories(${name} INTERFACE ${CMAKE_CURRENT_SOURCE_DIR})
-    target_link_libraries(${name} INTERFACE house_options ${ARGN})
+    target_link_libraries(${name} INTERFACE house_options ${room_UNPARSED_ARGUMENTS})
     return()
   endif()
   add_library(${name} STATIC ${sources})
   target_include_directories(${name} PUBLIC ${CMAKE_CURRENT_SOURCE_DIR})
-  target_link_libraries(${name} PUBLIC house_options ${ARGN})
+  target_link_libraries(${name} PUBLIC house_options ${room_UNPARSED_ARGUMENTS} PRIVATE ${room_PRIVATE})
+  house_walls(${name})
 endfunction()
 
 # house_test(NAME libraries...): the GoogleTest program of this folder, named NAME_tests.

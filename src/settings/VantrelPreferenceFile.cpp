@@ -1,6 +1,8 @@
 #include "VantrelPreferenceFile.h"
 
-#include <libxml/xmlsave.h>
+#include <fmt/format.h>
+
+#include <numeric>
 
 #include "SettingsTexts.h"
 #include "VantrelDataStorage.h"
@@ -9,122 +11,84 @@
 #include "VantrelI18n.h"
 #include "VantrelSafeSave.h"
 #include "VantrelText.h"
+#include "VantrelXml.h"
 #include "VantrelXmlText.h"
 
 namespace {
 
-constexpr std::string_view RootTag = "Preferences";
-constexpr std::string_view EntryTag = "Entry";
+constexpr const char* RootTag = "Preferences";
+constexpr const char* EntryTag = "Entry";
 /// The parser takes no more than 256 levels.
 constexpr std::size_t MaxDepth = 200;
 
-std::string_view AsView(const xmlChar* text) {
-  return text == nullptr ? std::string_view() : std::string_view(reinterpret_cast<const char*>(text));
+bool IsEntry(TXmlElement element) {
+  return element.Name() == EntryTag;
 }
 
-const xmlChar* AsXml(const std::string& text) {
-  return reinterpret_cast<const xmlChar*>(text.c_str());
-}
-
-struct TXmlFree {
-  void operator()(xmlChar* text) const { xmlFree(text); }
-};
-using TXmlText = std::unique_ptr<xmlChar, TXmlFree>;
-
-std::optional<std::string> Attribute(const xmlNode* element, const char* name) {
-  const TXmlText text(xmlGetNoNsProp(element, reinterpret_cast<const xmlChar*>(name)));
-  if (text == nullptr) return std::nullopt;
-  return std::string(AsView(text.get()));
-}
-
-void SetAttribute(xmlNode* element, const char* name, const std::optional<std::string>& value) {
-  const auto* xmlName = reinterpret_cast<const xmlChar*>(name);
-  if (value)
-    xmlSetProp(element, xmlName, AsXml(XmlText(*value)));
-  else
-    xmlUnsetProp(element, xmlName);
-}
-
-bool IsEntry(const xmlNode* element) {
-  return AsView(element->name) == EntryTag;
-}
-
-/// Calls `visit` with every child element until that gives true; gives this child, or null.
-template <class TVisit>
-xmlNode* FindChild(const xmlNode* key, TVisit visit) {
-  xmlNode* child = key == nullptr ? nullptr : key->children;
-  while (child != nullptr && (child->type != XML_ELEMENT_NODE || !visit(child))) child = child->next;
+/// The first child element that satisfies the condition, or none.
+template <class TCondition>
+TXmlElement FindChild(TXmlElement key, TCondition condition) {
+  TXmlElement child = key.FirstChild();
+  while (child && !condition(child)) child = child.Next();
   return child;
 }
 
-xmlNode* FindKey(const xmlDoc& document, const TPreferencePath& path) {
-  xmlNode* key = xmlDocGetRootElement(&document);
-  for (const auto& tag : path)
-    key = FindChild(key, [&](const xmlNode* child) { return SameText(AsView(child->name), tag); });
-  return key;
+TXmlElement FindSubKey(TXmlElement key, std::string_view tag) {
+  return FindChild(key, [tag](TXmlElement child) { return SameText(child.Name(), tag); });
 }
 
-xmlNode* MakeKey(xmlDoc& document, const TPreferencePath& path) {
-  xmlNode* key = xmlDocGetRootElement(&document);
-  for (const auto& tag : path) {
-    xmlNode* child = FindChild(key, [&](const xmlNode* c) { return SameText(AsView(c->name), tag); });
-    key = child != nullptr ? child : xmlNewChild(key, nullptr, AsXml(tag), nullptr);
-  }
-  return key;
+TXmlElement FindKey(TXmlElement root, const TPreferencePath& path) {
+  return std::accumulate(path.begin(), path.end(), root, FindSubKey);
 }
 
-xmlNode* FindEntry(const xmlNode* key, std::string_view name) {
-  return FindChild(key, [&](const xmlNode* child) {
+TXmlElement MakeKey(TXmlElement root, const TPreferencePath& path) {
+  return std::accumulate(path.begin(), path.end(), root, [](TXmlElement key, const std::string& tag) {
+    const TXmlElement child = FindSubKey(key, tag);
+    return child ? child : key.AddChild(tag);
+  });
+}
+
+TXmlElement FindEntry(TXmlElement key, std::string_view name) {
+  return FindChild(key, [name](TXmlElement child) {
     if (!IsEntry(child)) return false;
-    const auto own = Attribute(child, "Name");
+    const auto own = child.Attribute("Name");
     return own && SameText(*own, name);
   });
 }
 
-void WriteEntry(xmlNode* key, const std::string& name, const TPreferenceEntry& value) {
-  xmlNode* entry = FindEntry(key, name);
-  if (entry == nullptr) {
-    entry = xmlNewChild(key, nullptr, AsXml(std::string(EntryTag)), nullptr);
-    SetAttribute(entry, "Name", name);
+void WriteEntry(TXmlElement key, const std::string& name, const TPreferenceEntry& value) {
+  TXmlElement entry = FindEntry(key, name);
+  if (!entry) {
+    entry = key.AddChild(EntryTag);
+    entry.SetAttribute("Name", name);
   }
-  SetAttribute(entry, "Type", value.Type.empty() ? std::nullopt : std::optional(value.Type));
-  SetAttribute(entry, "Value", value.Value);
-  xmlNodeSetContent(entry, AsXml(value.Content));
-}
-
-void Remove(xmlNode* node) {
-  if (node == nullptr) return;
-  xmlUnlinkNode(node);
-  xmlFreeNode(node);
+  entry.SetAttribute("Type", value.Type.empty() ? std::nullopt : std::optional(value.Type));
+  entry.SetAttribute("Value", value.Value);
+  entry.SetText(value.Content);
 }
 
 TXmlDocument NewDocument() {
-  TXmlDocument document(xmlNewDoc(reinterpret_cast<const xmlChar*>("1.0")));
-  xmlDocSetRootElement(document.get(), xmlNewDocNode(document.get(), nullptr, AsXml(std::string(RootTag)), nullptr));
-  return document;
+  return TXmlDocument(std::string(RootTag));
 }
 
 TXmlDocument ReadDocument(const std::string& fileName) {
   if (!TVantrelFileSystem::Exists(fileName)) return NewDocument();
   TVantrelFileStream stream(fileName, TVantrelFileAccessMode::famShareDenyNone, TVantrelFileOpenMode::fomOpenRead);
-  auto document = ParseXml(stream.ReadAll());
-  const auto* root = xmlDocGetRootElement(document.get());
-  if (root == nullptr || AsView(root->name) != RootTag) throw EVantrelXmlError(ResourceText(SettingsTexts::Damaged), 0);
+  TXmlDocument document(stream.ReadAll());
+  if (document.Root().Name() != RootTag) throw EVantrelXmlError(ResourceText(SettingsTexts::Damaged), 0);
   return document;
 }
 
-void SaveDocument(xmlDoc& document, const std::string& fileName) {
-  xmlChar* text = nullptr;
-  int size = 0;
-  xmlDocDumpFormatMemoryEnc(&document, &text, &size, "utf-8", 1);
-  const TXmlText owned(text);
-  if (text == nullptr) throw EVantrelFileHandleError(TVantrelErrorCode::NotEnoughMemory);
-  TVantrelSafeSave::Write(fileName, {text, static_cast<std::size_t>(size)}, TVantrelFileAccessMode::famShareDenyNone);
+void SaveDocument(const TXmlDocument& document, const std::string& fileName) {
+  const std::string text = document.Text();
+  if (text.empty()) throw EVantrelFileHandleError(TVantrelErrorCode::NotEnoughMemory);
+  TVantrelSafeSave::Write(fileName, {reinterpret_cast<const std::uint8_t*>(text.data()), text.size()},
+                          TVantrelFileAccessMode::famShareDenyNone);
 }
 
 bool IsNameUnit(char16_t unit, bool first) {
   const bool surrogate = (unit & 0xF800) == 0xD800;
-  return !surrogate && xmlValidateNCName(AsXml((first ? "" : "a") + Utf16ToUtf8({&unit, 1})), 0) == 0;
+  return !surrogate && IsXmlName((first ? "" : "a") + Utf16ToUtf8({&unit, 1}));
 }
 
 /// The unit that "_xHHHH_" at the beginning of the text stands for.
@@ -187,65 +151,58 @@ TVantrelPreferenceFile::~TVantrelPreferenceFile() {
 }
 
 bool TVantrelPreferenceFile::KeyExists(const TPreferencePath& key) const {
-  return FindKey(*FDocument, key) != nullptr;
+  return static_cast<bool>(FindKey(FDocument.Root(), key));
 }
 
 bool TVantrelPreferenceFile::HasChildren(const TPreferencePath& key) const {
-  const auto* found = FindKey(*FDocument, key);
-  return found != nullptr && found->children != nullptr;
+  return FindKey(FDocument.Root(), key).HasContent();
 }
 
 std::vector<std::string> TVantrelPreferenceFile::KeyTags(const TPreferencePath& key) const {
   std::vector<std::string> tags;
-  FindChild(FindKey(*FDocument, key), [&](const xmlNode* child) {
-    if (!IsEntry(child)) tags.emplace_back(AsView(child->name));
-    return false;
-  });
+  for (auto child = FindKey(FDocument.Root(), key).FirstChild(); child; child = child.Next())
+    if (!IsEntry(child)) tags.emplace_back(child.Name());
   return tags;
 }
 
 std::vector<std::string> TVantrelPreferenceFile::ValueNames(const TPreferencePath& key) const {
   std::vector<std::string> names;
-  FindChild(FindKey(*FDocument, key), [&](const xmlNode* child) {
-    if (const auto name = IsEntry(child) ? Attribute(child, "Name") : std::nullopt) names.push_back(*name);
-    return false;
-  });
+  for (auto child = FindKey(FDocument.Root(), key).FirstChild(); child; child = child.Next())
+    if (const auto name = IsEntry(child) ? child.Attribute("Name") : std::nullopt) names.push_back(*name);
   return names;
 }
 
 std::optional<TPreferenceEntry> TVantrelPreferenceFile::Read(const TPreferencePath& key, std::string_view name) const {
-  const auto* entry = FindEntry(FindKey(*FDocument, key), XmlText(name));
-  if (entry == nullptr) return std::nullopt;
-  const TXmlText content(xmlNodeGetContent(entry));
-  return TPreferenceEntry{Attribute(entry, "Value"), std::string(AsView(content.get())),
-                          Attribute(entry, "Type").value_or("")};
+  const auto entry = FindEntry(FindKey(FDocument.Root(), key), XmlText(name));
+  if (!entry) return std::nullopt;
+  return TPreferenceEntry{entry.Attribute("Value"), entry.Text(), entry.Attribute("Type").value_or("")};
 }
 
 void TVantrelPreferenceFile::Change(TChange change) {
-  change(*FDocument);
+  change(FDocument.Root());
   FChanges.push_back(std::move(change));
 }
 
 bool TVantrelPreferenceFile::CreateKey(const TPreferencePath& key) {
   if (key.size() > MaxDepth) return false;
-  if (!KeyExists(key)) Change([key](xmlDoc& document) { MakeKey(document, key); });
+  if (!KeyExists(key)) Change([key](TXmlElement root) { MakeKey(root, key); });
   return true;
 }
 
 bool TVantrelPreferenceFile::DeleteKey(const TPreferencePath& key) {
   if (key.empty() || !KeyExists(key)) return false;
-  Change([key](xmlDoc& document) { Remove(FindKey(document, key)); });
+  Change([key](TXmlElement root) { FindKey(root, key).Remove(); });
   return true;
 }
 
 void TVantrelPreferenceFile::Write(const TPreferencePath& key, std::string_view name, const TPreferenceEntry& entry) {
-  Change(
-      [key, entry, ownName = XmlText(name)](xmlDoc& document) { WriteEntry(MakeKey(document, key), ownName, entry); });
+  Change([key, entry, ownName = XmlText(name)](TXmlElement root) { WriteEntry(MakeKey(root, key), ownName, entry); });
 }
 
 bool TVantrelPreferenceFile::DeleteValue(const TPreferencePath& key, std::string_view name) {
-  if (FindEntry(FindKey(*FDocument, key), XmlText(name)) == nullptr) return false;
-  Change([key, ownName = XmlText(name)](xmlDoc& document) { Remove(FindEntry(FindKey(document, key), ownName)); });
+  const std::string ownName = XmlText(name);
+  if (!FindEntry(FindKey(FDocument.Root(), key), ownName)) return false;
+  Change([key, ownName](TXmlElement root) { FindEntry(FindKey(root, key), ownName).Remove(); });
   return true;
 }
 
@@ -266,8 +223,8 @@ void TVantrelPreferenceFile::Flush() {
   if (!Modified() || FFileName.empty()) return;
   const TVantrelFolderLock lock(FFileName);
   auto document = ReadAnew();
-  for (const auto& change : FChanges) change(*document);
-  SaveDocument(*document, FFileName);
+  for (const auto& change : FChanges) change(document.Root());
+  SaveDocument(document, FFileName);
   FDocument = std::move(document);
   FChanges.clear();
   FIgnoreExisting = false;

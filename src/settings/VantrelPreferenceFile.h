@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "VantrelXml.h"
+#include "VantrelXmlDocument.h"
 
 /// The way to a key: the tags from the root down, compared without regard to case.
 using TPreferencePath = std::vector<std::string>;
@@ -57,7 +57,7 @@ class TVantrelPreferenceFile {
   void Flush();
 
  private:
-  using TChange = std::function<void(xmlDoc& document)>;
+  using TChange = std::function<void(TXmlElement root)>;
   void Change(TChange change);
   TXmlDocument ReadAnew() const;
 

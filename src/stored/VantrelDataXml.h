@@ -99,6 +99,6 @@ class TVantrelDataObjectXMLReader final : public TVantrelDataObjectTextReader {
   TXmlTree FTree;
   int FErrorLine = 0;
   std::vector<TLevel> FLevels;
-  std::vector<const xmlChar*> FNames;
+  std::vector<const char*> FNames;
   TVantrelNameCounts FMissing;
 };

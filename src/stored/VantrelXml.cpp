@@ -9,6 +9,7 @@
 #include "StoredTexts.h"
 #include "VantrelDataIO.h"
 #include "VantrelI18n.h"
+#include "VantrelXmlDocument.h"
 
 namespace {
 
@@ -20,6 +21,16 @@ constexpr std::size_t ManyNames = 10'000'000;
 
 bool IsBlank(char c) {
   return c == ' ' || c == '\n' || c == '\t' || c == '\r';
+}
+
+struct TTreeDeleter {
+  void operator()(xmlDoc* tree) const { xmlFreeDoc(tree); }
+};
+/// The parser's own tree.
+using TParserTree = std::unique_ptr<xmlDoc, TTreeDeleter>;
+
+const char* AsText(const xmlChar* text) {
+  return reinterpret_cast<const char*>(text);
 }
 
 /// One run of the parser, with so many bytes for the different names of elements and attributes.
@@ -35,8 +46,8 @@ class TParsing {
     };
   }
 
-  /// Gives the parser's tree, if it was to make one. Raises as told at ParseXml.
-  TXmlDocument Run(std::span<const std::uint8_t> bytes, int options);
+  /// Gives the parser's tree, if it was to make one. Raises as told at TXmlDocument.
+  TParserTree Run(std::span<const std::uint8_t> bytes, int options);
 
  protected:
   static TParsing& Of(void* context) { return *static_cast<TParsing*>(static_cast<xmlParserCtxt*>(context)->_private); }
@@ -59,13 +70,13 @@ class TParsing {
   bool FMemoryShort = false;
 };
 
-TXmlDocument TParsing::Run(std::span<const std::uint8_t> bytes, int options) {
+TParserTree TParsing::Run(std::span<const std::uint8_t> bytes, int options) {
   if (bytes.empty()) throw EVantrelDataObjectReaderError(ResourceText(StoredTexts::NoXml));
   if (bytes.size() > INT32_MAX) throw EVantrelXmlError(ResourceText(StoredTexts::NoXml), 0);
   // The parser prints nothing.
   xmlSetStructuredErrorFunc(nullptr, [](void*, auto) {});
-  TXmlDocument document(xmlCtxtReadMemory(FParser.get(), reinterpret_cast<const char*>(bytes.data()),
-                                          static_cast<int>(bytes.size()), nullptr, nullptr, options | XML_PARSE_NONET));
+  TParserTree tree(xmlCtxtReadMemory(FParser.get(), AsText(bytes.data()), static_cast<int>(bytes.size()), nullptr,
+                                     nullptr, options | XML_PARSE_NONET));
   const auto& error = FParser->lastError;
   if (FDocumentType) throw EVantrelXmlError(ResourceText(StoredTexts::DocumentType), error.line);
   if (FMemoryShort || error.code == XML_ERR_NO_MEMORY) throw std::bad_alloc();
@@ -75,7 +86,7 @@ TXmlDocument TParsing::Run(std::span<const std::uint8_t> bytes, int options) {
     throw EVantrelXmlError(error.message == nullptr ? ResourceText(StoredTexts::NoXml)
                                                     : FormatText(StoredTexts::IllFormedXml, error.line, error.int2),
                            error.line);
-  return document;
+  return tree;
 }
 
 }  // namespace
@@ -108,7 +119,7 @@ class TXmlTree::TBuilder : public TParsing {
 TXmlTree::TBuilder::TBuilder(TXmlTree& tree) : TParsing(FewNames), FTree(tree) {
   const auto addText = [](void* context, const xmlChar* text, int length) {
     Do(context, [&](TBuilder& self) {
-      self.FOpen[self.FDepth - 1].Text.append(reinterpret_cast<const char*>(text), static_cast<std::size_t>(length));
+      self.FOpen[self.FDepth - 1].Text.append(AsText(text), static_cast<std::size_t>(length));
     });
   };
   auto& calls = *Parser().sax;
@@ -152,15 +163,14 @@ void TXmlTree::TBuilder::Run(std::span<const std::uint8_t> bytes) {
 
 void TXmlTree::TBuilder::Begin(const xmlChar* name, std::span<const xmlChar*> attributes) {
   const auto place = static_cast<std::uint32_t>(FTree.FElements.size());
-  FTree.FElements.push_back({.Name = name,
+  FTree.FElements.push_back({.Name = AsText(name),
                              .Attributes = static_cast<std::uint32_t>(FTree.FAttributes.size()),
                              .Line = static_cast<std::uint32_t>(xmlSAX2GetLineNumber(&Parser()))});
   // Name, prefix, address of the namespace, begin and end of the value.
   for (std::size_t i = 0; i < attributes.size(); i += 5) {
-    const std::string_view value(reinterpret_cast<const char*>(attributes[i + 3]),
-                                 reinterpret_cast<const char*>(attributes[i + 4]));
-    FTree.FAttributes.push_back(
-        {attributes[i], static_cast<std::uint32_t>(FTree.FTexts.size()), static_cast<std::uint32_t>(value.size())});
+    const std::string_view value(AsText(attributes[i + 3]), AsText(attributes[i + 4]));
+    FTree.FAttributes.push_back({AsText(attributes[i]), static_cast<std::uint32_t>(FTree.FTexts.size()),
+                                 static_cast<std::uint32_t>(value.size())});
     FTree.FTexts.append(value);
   }
   if (FDepth > 0) {
@@ -181,16 +191,20 @@ void TXmlTree::TBuilder::End() {
   if (!isLayout) FTree.SetText(FTree.FElements[open.Place], open.Text);
 }
 
-TXmlDocument ParseXml(std::span<const std::uint8_t> bytes) {
-  return TParsing(ManyNames).Run(bytes, XML_PARSE_NOBLANKS);
+TXmlDocument::TXmlDocument(std::span<const std::uint8_t> bytes)
+    : FDocument(TParsing(ManyNames).Run(bytes, XML_PARSE_NOBLANKS).release()) {}
+
+void TXmlTree::TDictionaryDeleter::operator()(_xmlDict* names) const {
+  xmlDictFree(names);
 }
 
 TXmlTree::TXmlTree(std::span<const std::uint8_t> bytes) {
   TBuilder(*this).Run(bytes);
 }
 
-const xmlChar* TXmlTree::KnownName(std::string_view name) const {
-  return xmlDictExists(FNames.get(), reinterpret_cast<const xmlChar*>(name.data()), static_cast<int>(name.size()));
+const char* TXmlTree::KnownName(std::string_view name) const {
+  return AsText(
+      xmlDictExists(FNames.get(), reinterpret_cast<const xmlChar*>(name.data()), static_cast<int>(name.size())));
 }
 
 std::string_view TXmlTree::TextOf(const TElement& element) const {
@@ -208,8 +222,7 @@ std::optional<std::string_view> TXmlTree::AttributeOf(const TElement& element, s
   const std::size_t end = isLast ? FAttributes.size() : (&element + 1)->Attributes;
   for (std::size_t i = element.Attributes; i < end; ++i) {
     const auto& attribute = FAttributes[i];
-    if (name == reinterpret_cast<const char*>(attribute.Name))
-      return std::string_view(FTexts).substr(attribute.Begin, attribute.Length);
+    if (name == attribute.Name) return std::string_view(FTexts).substr(attribute.Begin, attribute.Length);
   }
   return std::nullopt;
 }

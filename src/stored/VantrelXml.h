@@ -1,7 +1,5 @@
 #pragma once
 
-#include <libxml/tree.h>
-
 #include <cstdint>
 #include <functional>
 #include <memory>
@@ -23,16 +21,8 @@ class EVantrelXmlError : public EVantrelException {
   int FLine;
 };
 
-struct TXmlDocumentDeleter {
-  void operator()(xmlDoc* document) const { xmlFreeDoc(document); }
-};
-using TXmlDocument = std::unique_ptr<xmlDoc, TXmlDocumentDeleter>;
-
-/// Parses a document from memory into the parser's own tree, for documents that are changed and written again. No
-/// network, no external entities, no entity expansion, no document type; bounded depth. Ill-formed text raises
-/// EVantrelXmlError, which tells line and the parser's own text; no text at all EVantrelDataObjectReaderError; short
-/// memory std::bad_alloc.
-TXmlDocument ParseXml(std::span<const std::uint8_t> bytes);
+// Of the parser, whose headers stay within this room.
+struct _xmlDict;
 
 /// A document that is only read, in a fraction of the memory of the parser's own tree: the elements in one block in
 /// the order of the file, their texts in another. Comments and instructions are left out, and blanks beside child
@@ -41,7 +31,7 @@ class TXmlTree {
  public:
   struct TElement {
     /// Equal names of a tree are the same pointer.
-    const xmlChar* Name;
+    const char* Name;
     /// Places in the block of elements; 0 for none, since the root is neither sibling nor child.
     std::uint32_t Next = 0;
     std::uint32_t FirstChild = 0;
@@ -58,17 +48,17 @@ class TXmlTree {
   };
 
   TXmlTree() = default;
-  /// Parses the document, bounded and refused as told at ParseXml; far more different names than a project has raise
-  /// EVantrelXmlError too.
+  /// Parses the document, bounded and refused as told at TXmlDocument; far more different names than a project has
+  /// raise EVantrelXmlError too.
   explicit TXmlTree(std::span<const std::uint8_t> bytes);
 
   TElement& Root() { return FElements.front(); }
   /// Null for none.
   TElement* FirstChild(const TElement& element) { return At(element.FirstChild); }
   TElement* Next(const TElement& element) { return At(element.Next); }
-  static std::string_view NameOf(const TElement& element) { return reinterpret_cast<const char*>(element.Name); }
+  static std::string_view NameOf(const TElement& element) { return element.Name; }
   /// The pointer that elements of that name have; null where none has it.
-  const xmlChar* KnownName(std::string_view name) const;
+  const char* KnownName(std::string_view name) const;
   /// All character data directly in the element. Valid until a text is set.
   std::string_view TextOf(const TElement& element) const;
   void SetText(TElement& element, std::string_view text);
@@ -82,17 +72,17 @@ class TXmlTree {
  private:
   class TBuilder;
   struct TAttribute {
-    const xmlChar* Name;
+    const char* Name;
     std::uint32_t Begin;
     std::uint32_t Length;
   };
   struct TDictionaryDeleter {
-    void operator()(xmlDict* names) const { xmlDictFree(names); }
+    void operator()(_xmlDict* names) const;
   };
 
   TElement* At(std::uint32_t place) { return place == 0 ? nullptr : &FElements[place]; }
 
-  std::unique_ptr<xmlDict, TDictionaryDeleter> FNames;
+  std::unique_ptr<_xmlDict, TDictionaryDeleter> FNames;
   std::vector<TElement> FElements;
   std::vector<TAttribute> FAttributes;
   std::string FTexts;

@@ -1,5 +1,7 @@
 #include "VantrelXmlText.h"
 
+#include <libxml/tree.h>
+
 #include "VantrelText.h"
 #include "VantrelUtf8.h"
 
@@ -40,4 +42,8 @@ std::string XmlText(std::string_view text) {
       kept.push_back(units[i]);
   }
   return Utf16ToUtf8(kept);
+}
+
+bool IsXmlName(const std::string& text) {
+  return xmlValidateNCName(reinterpret_cast<const xmlChar*>(text.c_str()), 0) == 0;
 }
