@@ -5,16 +5,6 @@ namespace CentralTexts {
 inline constexpr const char* EnvironmentLoaded = "Systemumgebung erfolgreich geladen!";
 inline constexpr const char* EnvironmentError = "Fehler beim Laden der Systemumgebung!\r\n{}";
 
-inline constexpr const char* WrongLogon = "Benutzer bzw. Kennwort sind falsch.";
-inline constexpr const char* LogonError = "Es ist ein Fehler bei der Anmeldung an die Datenbank aufgetreten.\r\n{}";
-inline constexpr const char* DatabaseError = "Die Datenbank meldet einen Fehler.\r\n{}";
-inline constexpr const char* NotConnected = "Es besteht keine Verbindung zur Datenbank.";
-inline constexpr const char* UnknownParam = "Die Abfrage hat keinen Parameter „{}“.";
-inline constexpr const char* UnknownColumn = "Die Abfrage hat keine Spalte „{}“.";
-inline constexpr const char* ParamType = "Der Parameter „{}“ kann keinen Wert dieser Art aufnehmen.";
-inline constexpr const char* ColumnType = "Die Spalte „{}“ ist von einer Art, die nicht gelesen werden kann.";
-inline constexpr const char* NoRow = "Die Abfrage steht auf keinem Datensatz.";
-
 inline constexpr const char* ProductTessaron = "TESSARON";
 inline constexpr const char* ProductMyTessaron = "MyTESSARON";
 inline constexpr const char* RefusalCaption = "Hinweis";

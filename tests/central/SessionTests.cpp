@@ -2,10 +2,8 @@
 
 #include <gmock/gmock.h>
 
-#include "ErrorOf.h"
 #include "FirebirdServer.h"
 #include "MsgBoxes.h"
-#include "uDBQuery.h"
 #include "uTessaronSession.h"
 
 /// What the client library keeps for the whole run.
@@ -19,6 +17,15 @@ using testing::StartsWith;
 
 constexpr const char* WrongLogon = "Benutzer bzw. Kennwort sind falsch.";
 constexpr const char* OtherFailure = "Es ist ein Fehler bei der Anmeldung an die Datenbank aufgetreten.\r\n";
+
+/// The server's database as an environment tells it.
+TVantrelPtr<TTessaronConnection> ConnectionTo(const FirebirdServer& server) {
+  auto connection = CreateVantrel<TTessaronConnection>();
+  connection->SetProtocol(TDBProtocol::dbpTCPIP);
+  connection->Server = server.Server();
+  connection->FileName = server.Database();
+  return connection;
+}
 
 TEST(Firebird, ParameterListStandsInItsOrder) {
   const auto connection = CreateVantrel<TTessaronConnection>();
@@ -45,7 +52,7 @@ TEST(Firebird, LogonIsJudgedByTheServer) {
                {"", {"SYSDBA", std::string(40000, 'x')}, WrongLogon},
                {"/fehlt.fdb", {"SYSDBA", "geheim"}, OtherFailure}};
   for (const auto& one : cases) {
-    const auto connection = server.Connection();
+    const auto connection = ConnectionTo(server);
     if (*one.Database != '\0') connection->FileName = one.Database;
     const auto report = TFBUtils::CheckConnection(*connection, one.Credentials);
     if (one.Report == OtherFailure)
@@ -53,45 +60,6 @@ TEST(Firebird, LogonIsJudgedByTheServer) {
     else
       EXPECT_EQ(report, one.Report) << one.Credentials.Username;
   }
-}
-
-TEST(Firebird, QueriesGiveAndTakeValues) {
-  NEEDS_FIREBIRD(server,
-                 "CREATE TABLE T (N INTEGER, B BIGINT, D NUMERIC(9,2), V VARCHAR(40), C CHAR(10), J BOOLEAN,"
-                 " X TIMESTAMP, S DATE, U TIME, M BLOB);");
-  const auto database = TFBUtils::GetConnection(*server.Connection(), FirebirdServer::Administrator());
-  database->Open();
-  TDBQuery insert(*database, "INSERT INTO T VALUES (:n, :B, :D, :V || ':x', :V, :J, :X, :X, :X, NULL)");
-  using TValue = std::pair<const char*, TVariant>;
-  const TVariant big = std::int64_t{1} << 40, time = TVariant::DateTime(45366.75);
-  for (const auto& [name, value] :
-       {TValue("N", 7), {"B", big}, {"D", 1.25}, {"V", "Käthe ß"}, {"J", true}, {"X", time}})
-    insert.SetParam(name, value);
-  EXPECT_THROW(insert.SetParam("Y", 1), EDBError);
-  EXPECT_THROW(insert.SetParam("V", std::string(32766, 'x')), EDBError);
-  insert.Execute();
-  insert.SetParam("N", TVariant::Null());
-  insert.Execute();
-  insert.SetParam("V", std::string(41, 'x'));
-  EXPECT_THAT(ErrorOf<EDBError>([&] { insert.Execute(); }), StartsWith("Die Datenbank meldet einen Fehler.\r\n"));
-
-  TDBQuery query(*database, "SELECT T.*, CAST('x' AS BLOB) AS \"Bild\" FROM T ORDER BY N");
-  EXPECT_THROW(query.Value(0), EDBError);
-  for (int run = 0; run < 2; ++run) {
-    query.Execute();
-    ASSERT_TRUE(query.Next());
-    EXPECT_TRUE(query.Value("N").IsNull());
-    ASSERT_TRUE(query.Next());
-  }
-  std::size_t column = 0;
-  for (const TVariant& value : std::vector<TVariant>{7, big, 1.25, "Käthe ß:x", "Käthe ß", true, time,
-                                                     TVariant::DateTime(45366), TVariant::DateTime(0.75)})
-    EXPECT_EQ(query.Value(std::string_view("NBDVCJXSU").substr(column++, 1)), value) << column;
-  EXPECT_TRUE(query.Value("M").IsNull());
-  EXPECT_THROW(query.Value("Bild"), EDBError);
-  EXPECT_THROW(query.Value("n"), EDBError);
-  EXPECT_FALSE(query.Next() || query.Next());
-  EXPECT_THROW(TDBQuery(*database, "SELECT FROM"), EDBError);
 }
 
 using testing::HasSubstr;
@@ -185,7 +153,7 @@ TEST(Session, CertificateDataBelongToClassLeadersAndTutors) {
   for (const auto& one : cases) {
     const FakeBoxes boxes;
     const auto session = SessionOf("MUE", {.FGroupRight = one.Right});
-    session->FConnection = TFBUtils::GetConnection(*server.Connection(), FirebirdServer::Administrator());
+    session->FConnection->SetParams(server.Params());
     session->FConnection->Open();
     session->FConnection->SetParams({"User_Name=MUE"});
     session->FTeacher = 42;

@@ -38,7 +38,7 @@ TEST_F(TTextsTest, EveryTextComesBackTranslated) {
   // One text of each folder, one of an array and one of a table among them.
   for (const char* text :
        {FoundationTexts::AccessDenied, FoundationTexts::VariantKinds[2], ToolkitTexts::MsgBoxError,
-        StoredTexts::NoClassName, SettingsTexts::NoWriteAccess, CentralTexts::WrongLogon, ProjectTexts::OrdinalNotFound,
+        StoredTexts::NoClassName, SettingsTexts::NoWriteAccess, CentralTexts::AdminOnly, ProjectTexts::OrdinalNotFound,
         "Anzahl: {}", "Keine Projektdatei geladen.", "&Ja", ProjectTexts::Captions[0].Caption})
     EXPECT_TRUE(ResourceText(text).starts_with('*')) << text;
   EXPECT_EQ(ResourceText("Heftführung"), "Heftführung");

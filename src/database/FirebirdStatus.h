@@ -1,13 +1,12 @@
 #pragma once
 
-#include <ibase.h>
-
 #include <string>
 
-#include "CentralTexts.h"
+#include "DatabaseTexts.h"
+#include "FirebirdClient.h"
 #include "VantrelI18n.h"
 #include "VantrelText.h"
-#include "uFirebird.h"
+#include "uDBConnection.h"
 
 /// The answer of a call of the client library.
 class TFirebirdStatus {
@@ -22,14 +21,14 @@ class TFirebirdStatus {
   std::string Text() const {
     std::string text;
     char line[512];
-    for (const ISC_STATUS* at = FVector; ::fb_interpret(line, sizeof(line), &at) > 0;)
+    for (const ISC_STATUS* at = FVector; TFirebirdClient::Get().Interpret(line, sizeof(line), &at) > 0;)
       text += (text.empty() ? "" : "\r\n") + RepairUtf8(line);
     return text;
   }
 
   /// Raises EDBError if the call failed.
   void Check() const {
-    if (Failed()) throw EDBError(FormatText(CentralTexts::DatabaseError, Text()));
+    if (Failed()) throw EDBError(FormatText(DatabaseTexts::DatabaseError, Text()));
   }
 
  private:

@@ -1,13 +1,12 @@
 #include "uDBQuery.h"
 
-#include <ibase.h>
-
 #include <algorithm>
 #include <cmath>
 #include <cstring>
 
-#include "CentralTexts.h"
+#include "DatabaseTexts.h"
 #include "FirebirdStatus.h"
+#include "VantrelDateTime.h"
 #include "VantrelI18n.h"
 
 namespace {
@@ -125,8 +124,8 @@ struct TDBQuery::TStatement {
   explicit TStatement(TDBConnection& connection) : Connection(connection) {}
   ~TStatement() {
     TFirebirdStatus ignored;
-    if (Handle != 0) ::isc_dsql_free_statement(ignored, &Handle, DSQL_drop);
-    if (Transaction != 0) ::isc_rollback_transaction(ignored, &Transaction);
+    if (Handle != 0) TFirebirdClient::Get().FreeStatement(ignored, &Handle, DSQL_drop);
+    if (Transaction != 0) TFirebirdClient::Get().RollbackTransaction(ignored, &Transaction);
   }
 
   void Prepare(std::string sql);
@@ -148,19 +147,21 @@ struct TDBQuery::TStatement {
 void TDBQuery::TStatement::Prepare(std::string sql) {
   ParamNames = TakeParamNames(sql);
   ParamValues.assign(ParamNames.size(), TVariant::Null());
+  isc_db_handle& database = Connection.Handle();
+  const auto& client = TFirebirdClient::Get();
   TFirebirdStatus status;
-  ::isc_start_transaction(status, &Transaction, 1, &Connection.Handle(), 0, nullptr);
+  client.StartTransaction(status, &Transaction, 1, &database, 0, nullptr);
   status.Check();
-  ::isc_dsql_allocate_statement(status, &Connection.Handle(), &Handle);
+  client.AllocateStatement(status, &database, &Handle);
   status.Check();
-  ::isc_dsql_prepare(status, &Transaction, &Handle, 0, sql.c_str(), SQL_DIALECT_V6, Columns.Area());
+  client.PrepareStatement(status, &Transaction, &Handle, 0, sql.c_str(), FirebirdDialect, Columns.Area());
   status.Check();
   Columns.Describe([&](XSQLDA* area) {
-    ::isc_dsql_describe(status, &Handle, SQLDA_VERSION1, area);
+    client.Describe(status, &Handle, SQLDA_VERSION1, area);
     status.Check();
   });
   Params.Describe([&](XSQLDA* area) {
-    ::isc_dsql_describe_bind(status, &Handle, SQLDA_VERSION1, area);
+    client.DescribeBind(status, &Handle, SQLDA_VERSION1, area);
     status.Check();
   });
   MakeRoom();
@@ -214,7 +215,7 @@ int TDBQuery::TStatement::FieldIndex(std::string_view name) const {
     const XSQLVAR& column = Columns.Var(i);
     if (name == std::string_view(column.aliasname, static_cast<std::size_t>(column.aliasname_length))) return i;
   }
-  throw EDBError(FormatText(CentralTexts::UnknownColumn, name));
+  throw EDBError(FormatText(DatabaseTexts::UnknownColumn, name));
 }
 
 TDBQuery::TDBQuery(TDBConnection& connection, std::string_view sql)
@@ -226,21 +227,21 @@ TDBQuery::~TDBQuery() = default;
 
 void TDBQuery::SetParam(std::string_view name, const TVariant& value) {
   if (value.Kind() != TVariantKind::DateTime && value.AsTextOrEmpty().size() > LongestText)
-    throw EDBError(FormatText(CentralTexts::ParamType, name));
+    throw EDBError(FormatText(DatabaseTexts::ParamType, name));
   bool found = false;
   for (std::size_t i = 0; i < FStatement->ParamNames.size(); ++i) {
     if (!SameText(FStatement->ParamNames[i], name)) continue;
     FStatement->ParamValues[i] = value;
     found = true;
   }
-  if (!found) throw EDBError(FormatText(CentralTexts::UnknownParam, name));
+  if (!found) throw EDBError(FormatText(DatabaseTexts::UnknownParam, name));
 }
 
 void TDBQuery::CloseCursor() {
   FStatement->OnRow = false;
   if (!std::exchange(FStatement->CursorOpen, false)) return;
   TFirebirdStatus status;
-  ::isc_dsql_free_statement(status, &FStatement->Handle, DSQL_close);
+  TFirebirdClient::Get().FreeStatement(status, &FStatement->Handle, DSQL_close);
   status.Check();
 }
 
@@ -248,11 +249,12 @@ void TDBQuery::Execute() {
   CloseCursor();
   for (int i = 0; i < FStatement->Params.Count(); ++i) FStatement->BindParam(i);
   TFirebirdStatus status;
-  ::isc_dsql_execute(status, &FStatement->Transaction, &FStatement->Handle, SQLDA_VERSION1, FStatement->Params.Area());
+  TFirebirdClient::Get().Execute(status, &FStatement->Transaction, &FStatement->Handle, SQLDA_VERSION1,
+                                 FStatement->Params.Area());
   status.Check();
   FStatement->CursorOpen = FieldCount() > 0;
   if (FStatement->CursorOpen) return;
-  ::isc_commit_retaining(status, &FStatement->Transaction);
+  TFirebirdClient::Get().CommitRetaining(status, &FStatement->Transaction);
   status.Check();
 }
 
@@ -260,7 +262,8 @@ bool TDBQuery::Next() {
   FStatement->OnRow = false;
   if (!FStatement->CursorOpen) return false;
   TFirebirdStatus status;
-  const auto answer = ::isc_dsql_fetch(status, &FStatement->Handle, SQLDA_VERSION1, FStatement->Columns.Area());
+  const auto answer =
+      TFirebirdClient::Get().Fetch(status, &FStatement->Handle, SQLDA_VERSION1, FStatement->Columns.Area());
   if (answer != EndOfRows) status.Check();
   FStatement->OnRow = answer != EndOfRows;
   if (!FStatement->OnRow) CloseCursor();
@@ -272,14 +275,14 @@ int TDBQuery::FieldCount() const {
 }
 
 std::string TDBQuery::FieldName(int index) const {
-  if (index < 0 || index >= FieldCount()) throw EDBError(FormatText(CentralTexts::UnknownColumn, index));
+  if (index < 0 || index >= FieldCount()) throw EDBError(FormatText(DatabaseTexts::UnknownColumn, index));
   const XSQLVAR& column = FStatement->Columns.Var(index);
   return {column.aliasname, static_cast<std::size_t>(column.aliasname_length)};
 }
 
 TVariant TDBQuery::Value(int index) const {
   const std::string name = FieldName(index);
-  if (!FStatement->OnRow) throw EDBError(ResourceText(CentralTexts::NoRow));
+  if (!FStatement->OnRow) throw EDBError(ResourceText(DatabaseTexts::NoRow));
   if (FStatement->Columns.IsNull(index)) return TVariant::Null();
   const XSQLVAR& column = FStatement->Columns.Var(index);
   switch (column.sqltype & ~1) {
@@ -302,7 +305,7 @@ TVariant TDBQuery::Value(int index) const {
       return text.substr(0, text.find_last_not_of(' ') + 1);
     }
     default:
-      throw EDBError(FormatText(CentralTexts::ColumnType, name));
+      throw EDBError(FormatText(DatabaseTexts::ColumnType, name));
   }
 }
 

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "VantrelVariant.h"
-#include "uFirebird.h"
+#include "uDBConnection.h"
 
 /// A prepared statement with named parameters, in a transaction of its own. What it changes is committed at once; a
 /// query sees the state of its beginning. Every failure of the database raises EDBError.

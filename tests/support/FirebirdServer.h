@@ -15,7 +15,7 @@
 #include <thread>
 
 #include "TempFolder.h"
-#include "uFirebird.h"
+#include "uDBConnection.h"
 
 /// A database server of the test's own: on a free port, with a database that holds its own users, in a folder that goes
 /// with it.
@@ -47,14 +47,12 @@ class FirebirdServer {
   /// The database is there and the server answers.
   bool Ready() const { return FReady; }
   std::string Database() const { return FFolder / "schule.fdb"; }
-  TVantrelPtr<TTessaronConnection> Connection() const {
-    auto connection = CreateVantrel<TTessaronConnection>();
-    connection->SetProtocol(TDBProtocol::dbpTCPIP);
-    connection->Server = "127.0.0.1/" + std::to_string(FPort);
-    connection->FileName = Database();
-    return connection;
+  std::string Server() const { return "127.0.0.1/" + std::to_string(FPort); }
+  /// The parameters of a connection as administrator.
+  std::vector<std::string> Params() const {
+    return {"Database=" + Database(), "Protocol=TCPIP",  "Server=" + Server(),
+            "User_Name=SYSDBA",       "Password=geheim", "CharacterSet=UTF8"};
   }
-  static TCredentials Administrator() { return {"SYSDBA", "geheim"}; }
 
   static int FreePort() {
     sockaddr_in address = Loopback(0);
