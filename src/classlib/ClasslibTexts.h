@@ -10,4 +10,6 @@ inline constexpr const char* NoDriveLetters =
 inline constexpr const char* NoVolumeLabels =
     "Auf diesem System lässt sich der Name eines Datenträgers nicht ändern. Nehmen Sie dafür das Werkzeug des Systems.";
 inline constexpr const char* NotStorable = "Der Wert kann nicht gespeichert werden.";
+inline constexpr const char* PropertyNotFound = "Eigenschaft wurde nicht gefunden.";
+inline constexpr const char* PropertyAccess = "Auf die Eigenschaft kann so nicht zugegriffen werden.";
 }  // namespace ClasslibTexts

@@ -56,9 +56,6 @@ inline constexpr const char* ListIndex = "Listenindex überschreitet das Maximum
 inline constexpr const char* ListCapacity = "Kapazität der Liste ist erschöpft ({})";
 inline constexpr const char* ListDuplicate = "Keine Duplikate in der Liste erlaubt.";
 
-inline constexpr const char* PropertyNotFound = "Eigenschaft wurde nicht gefunden.";
-inline constexpr const char* PropertyAccess = "Auf die Eigenschaft kann so nicht zugegriffen werden.";
-
 inline constexpr const char* ShortRead = "Es konnten nicht alle Daten gelesen werden.";
 inline constexpr const char* ShortWrite = "Es konnten nicht alle Daten geschrieben werden.";
 inline constexpr const char* NoBinary = "Die Datei ist keine Programmdatei dieses Systems oder beschädigt.";

@@ -24,8 +24,8 @@ class TVantrelObject {
   virtual bool Equals(const TVantrelObject* other) const { return this == other; }
   /// Hash that goes with Equals.
   virtual std::int32_t GetHashCode() const;
-  /// The class with its published properties (VantrelRtti.h); one without any unless a descendant shows its own.
-  virtual const TVantrelClass& ClassReference() const;
+  /// The class with its published properties (VantrelRtti.h); null unless a descendant shows its own.
+  virtual const TVantrelClass* ClassReference() const { return nullptr; }
 
   virtual void AfterConstruction() {}
   virtual void BeforeDestruction() {}
@@ -34,6 +34,7 @@ class TVantrelObject {
 /// Base of the typed values and the collections.
 class TVantrelPersistent : public TVantrelObject {};
 
+/// Ends the life of an object in its two phases.
 struct TVantrelDeleter {
   void operator()(TVantrelObject* object) const {
     if (object == nullptr) return;

@@ -2,9 +2,9 @@
 
 #include "VantrelPublished.h"
 
-const TVantrelClass& TOpenFileDialog::ClassReference() const {
+const TVantrelClass* TOpenFileDialog::ClassReference() const {
   static constexpr TVantrelProperty properties[] = {
       Published<&TOpenFileDialog::GetInitialDir, &TOpenFileDialog::SetInitialDir>("InitialDir")};
   static constexpr TVantrelClass reference = {.Name = "TOpenFileDialog", .Properties = properties};
-  return reference;
+  return &reference;
 }

@@ -13,21 +13,21 @@
 namespace {
 /// Publishes its caption for reading alone; to write it is public only.
 struct TPanel final : TNode {
-  const TVantrelClass& ClassReference() const override {
+  const TVantrelClass* ClassReference() const override {
     static constexpr TVantrelProperty properties[] = {Published<&TNode::Caption>("Kind"),
                                                       Public<&TNode::Caption, &TNode::SetCaption>("Caption")};
     static constexpr TVantrelClass panel{.Name = "TPanel", .Properties = properties};
-    return panel;
+    return &panel;
   }
 };
 
 struct TPicture final : TStoredGraphic {
   std::string Caption() const { return FCaption; }
   void SetCaption(std::string caption) { FCaption = std::move(caption); }
-  const TVantrelClass& ClassReference() const override {
+  const TVantrelClass* ClassReference() const override {
     static constexpr TVantrelProperty properties[] = {Published<&TPicture::Caption, &TPicture::SetCaption>("Caption")};
     static constexpr TVantrelClass picture{.Name = "TPicture", .Properties = properties};
-    return picture;
+    return &picture;
   }
   std::string FCaption = "Ja";
 };
@@ -55,6 +55,6 @@ TEST(I18n, ObjectsAreTranslatedWithWhatHangsOnThem) {
   EXPECT_EQ(panel.Caption() + picture.Caption(), "JaJa");
   TranslateStrings(manager, panel, true);
   EXPECT_EQ(panel.Caption(), "Yes");
-  EXPECT_FALSE(TVantrelClassRTTI(panel.ClassReference(), true).IsPropertyPublished("Caption"));
+  EXPECT_FALSE(TVantrelClassRTTI(*panel.ClassReference(), true).IsPropertyPublished("Caption"));
 }
 }  // namespace

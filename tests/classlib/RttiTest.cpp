@@ -9,18 +9,18 @@
 
 namespace {
 TEST(ClassRtti, ListsInheritedPropertiesFirst) {
-  const TVantrelClassRTTI rtti(TLeaf().ClassReference());
+  const TVantrelClassRTTI rtti(*TLeaf().ClassReference());
   EXPECT_EQ(&rtti.Class(), &TLeaf::Class);
   EXPECT_EQ(std::tuple(rtti.PropCount(), rtti.GetPropertyIndex("SIDE")), std::tuple(11, 3));
   EXPECT_EQ(rtti.GetPropertyIndex("Weg"), -1);
   EXPECT_TRUE(!rtti.IsPropertyPublished("") && rtti.IsPropertyPublished("letter"));
   for (const TVantrelClassRTTI::TKey& key : {TVantrelClassRTTI::TKey(-1), {11}, {"Weg"}})
     EXPECT_EQ(ErrorOf<EVantrelRTTIError>([&] { rtti.Property(key); }), "Eigenschaft wurde nicht gefunden.");
-  EXPECT_EQ(TVantrelClassRTTI(TVantrelObject().ClassReference()).PropCount(), 0);
+  EXPECT_EQ(TVantrelClassRTTI(ClassOf(TVantrelObject())).PropCount(), 0);
 }
 
 TEST(ClassRtti, TellsTypes) {
-  const TVantrelClassRTTI rtti(TLeaf().ClassReference());
+  const TVantrelClassRTTI rtti(*TLeaf().ClassReference());
   EXPECT_TRUE(rtti.IsPropertyReadable("Visible") && !rtti.IsPropertyWriteable("Visible"));
   EXPECT_TRUE(rtti.PropertyTypeHasName("Side", "tside"));
   EXPECT_EQ(rtti.GetPropertyOrdType("Tag"), TVantrelOrdType::otSWord);

@@ -13,10 +13,10 @@ using testing::HasSubstr;
 struct TComponent : TLeaf {
   TVantrelStringList Lines;
   TVantrelObject* GetLines() const { return const_cast<TVantrelStringList*>(&Lines); }
-  const TVantrelClass& ClassReference() const override {
+  const TVantrelClass* ClassReference() const override {
     static constexpr TVantrelProperty properties[] = {Published<&TComponent::GetLines>("Lines", NodeType)};
     static constexpr TVantrelClass reference{.Name = "TComponent", .Base = &TLeaf::Class, .Properties = properties};
-    return reference;
+    return &reference;
   }
 };
 

@@ -28,7 +28,7 @@ class TNode : public TVantrelPersistent {
   PUBLISHED(std::string, Caption);
   PUBLISHED(std::int16_t, Tag);
   bool Visible() const { return FTag != 0; }
-  const TVantrelClass& ClassReference() const override { return Class; }
+  const TVantrelClass* ClassReference() const override { return &Class; }
   static const TVantrelClass Class;
 };
 inline constexpr TVantrelProperty NodeProperties[] = {
@@ -49,7 +49,7 @@ class TLeaf : public TNode {
   PUBLISHED(TPort*, Port);
   PUBLISHED(TVariant, Value);
   PUBLISHED(char16_t, Letter);
-  const TVantrelClass& ClassReference() const override { return Class; }
+  const TVantrelClass* ClassReference() const override { return &Class; }
   static const TVantrelClass Class;
 };
 #undef PUBLISHED

@@ -1,12 +1,10 @@
 #pragma once
 
-#include <concepts>
 #include <cstdint>
 #include <limits>
 #include <span>
 #include <string>
 #include <string_view>
-#include <type_traits>
 #include <variant>
 #include <vector>
 
@@ -16,6 +14,7 @@
 // The published properties of a class stand in one table, from which they are listed, read and written by name or
 // index. A class shows its table by overriding ClassReference.
 
+/// The kinds of types; up to tkSet they are ordinals.
 enum class TVantrelTypeKind : std::uint8_t {
   tkInteger,
   tkChar,
@@ -30,10 +29,9 @@ enum class TVantrelTypeKind : std::uint8_t {
   tkInterface,
 };
 
+/// Size and sign of an ordinal, and the size of a float.
 enum class TVantrelOrdType : std::uint8_t { otSByte, otUByte, otSWord, otUWord, otSLong, otULong };
 enum class TVantrelFloatType : std::uint8_t { ftSingle, ftDouble, ftExtended };
-
-struct TVantrelClass;
 
 /// The type of a property.
 struct TVantrelTypeInfo {
@@ -77,6 +75,9 @@ struct TVantrelClass {
   /// The properties that the class adds to those of its base, in the order of declaration.
   std::span<const TVantrelProperty> Properties = {};
 };
+
+/// The class of an object; that of TVantrelObject, which has no properties, where it shows none.
+const TVantrelClass& ClassOf(const TVantrelObject& object);
 
 /// The published properties of a class, and on demand the public ones, with the inherited ones in front. A property is
 /// named by its index or by its name without regard to case; one that is not there raises EVantrelRTTIError, and so
@@ -157,7 +158,7 @@ class TVantrelInstanceRTTI {
   using TKey = TVantrelClassRTTI::TKey;
 
   explicit TVantrelInstanceRTTI(TVantrelObject& object, bool includePublicMembers = false)
-      : FClassRTTI(object.ClassReference(), includePublicMembers), FObject(&object) {}
+      : FClassRTTI(ClassOf(object), includePublicMembers), FObject(&object) {}
 
   const TVantrelClassRTTI& ClassRTTI() const { return FClassRTTI; }
   std::string_view GetPropertyName(int index) const { return FClassRTTI.GetPropertyName(index); }

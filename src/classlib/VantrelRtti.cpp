@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "FoundationTexts.h"
+#include "ClasslibTexts.h"
 #include "VantrelExceptions.h"
 #include "VantrelI18n.h"
 #include "VantrelText.h"
@@ -47,12 +47,13 @@ std::string_view Trimmed(std::string_view text, std::string_view characters) {
 }  // namespace
 
 void RaisePropertyAccess() {
-  throw EVantrelRTTIError(ResourceText(FoundationTexts::PropertyAccess));
+  throw EVantrelRTTIError(ResourceText(ClasslibTexts::PropertyAccess));
 }
 
-const TVantrelClass& TVantrelObject::ClassReference() const {
+const TVantrelClass& ClassOf(const TVantrelObject& object) {
   static constexpr TVantrelClass root{.Name = "TVantrelObject"};
-  return root;
+  const auto* reference = object.ClassReference();
+  return reference == nullptr ? root : *reference;
 }
 
 TVantrelClassRTTI::TVantrelClassRTTI(const TVantrelClass& classReference, bool includePublicMembers)
@@ -67,7 +68,7 @@ TVantrelClassRTTI::TVantrelClassRTTI(const TVantrelClass& classReference, bool i
 
 const TVantrelProperty& TVantrelClassRTTI::Property(TKey key) const {
   const int index = key.FName.empty() ? key.FIndex : GetPropertyIndex(key.FName);
-  if (index < 0 || index >= PropCount()) throw EVantrelRTTIError(ResourceText(FoundationTexts::PropertyNotFound));
+  if (index < 0 || index >= PropCount()) throw EVantrelRTTIError(ResourceText(ClasslibTexts::PropertyNotFound));
   return *FPropList[static_cast<std::size_t>(index)];
 }
 

@@ -1,5 +1,8 @@
 #pragma once
 
+#include <concepts>
+#include <type_traits>
+
 #include "VantrelRtti.h"
 
 // What the tables of published properties are written with:
@@ -10,7 +13,7 @@
 
 /// The type of an ordinal T.
 template <class T>
-constexpr TVantrelTypeInfo OrdinalTypeInfo(std::string_view name, TVantrelTypeKind kind) {
+constexpr TVantrelTypeInfo OrdinalTypeInfo(std::string_view name, TVantrelTypeKind kind = TVantrelTypeKind::tkInteger) {
   using enum TVantrelOrdType;
   constexpr TVantrelOrdType ofSize[] = {otSByte, otUByte, otSWord, otUWord, otSLong, otULong};
   constexpr std::size_t size = sizeof(T) == 1 ? 0 : sizeof(T) == 2 ? 2 : 4;
@@ -39,6 +42,7 @@ constexpr TVantrelTypeInfo SetTypeInfo(std::string_view name, const TVantrelType
           .ElementType = &element};
 }
 
+/// The type of a number with a fraction.
 constexpr TVantrelTypeInfo FloatTypeInfo(std::string_view name, TVantrelFloatType type) {
   return {.Name = name, .Kind = TVantrelTypeKind::tkFloat, .FloatType = type};
 }
@@ -48,75 +52,38 @@ constexpr TVantrelTypeInfo ClassTypeInfo(const TVantrelClass& classReference) {
   return {.Name = classReference.Name, .Kind = TVantrelTypeKind::tkClass, .ClassType = &classReference};
 }
 
+/// The type of a property that refers to anything else by its address.
 constexpr TVantrelTypeInfo InterfaceTypeInfo(std::string_view name) {
   return {.Name = name, .Kind = TVantrelTypeKind::tkInterface};
 }
 
+/// A Boolean is an enumeration of these.
 inline constexpr std::string_view BooleanNames[] = {"False", "True"};
 
-/// The types that need not be named in a table.
+/// The types that a table of properties need not name.
 template <class T>
 struct TPlainType;
-template <>
-struct TPlainType<bool> {
-  static constexpr TVantrelTypeInfo Info = EnumTypeInfo("Boolean", BooleanNames);
-};
-template <>
-struct TPlainType<char> {
-  static constexpr TVantrelTypeInfo Info = OrdinalTypeInfo<unsigned char>("AnsiChar", TVantrelTypeKind::tkChar);
-};
-template <>
-struct TPlainType<char16_t> {
-  static constexpr TVantrelTypeInfo Info = OrdinalTypeInfo<char16_t>("Char", TVantrelTypeKind::tkWChar);
-};
-template <>
-struct TPlainType<std::int8_t> {
-  static constexpr TVantrelTypeInfo Info = OrdinalTypeInfo<std::int8_t>("ShortInt", TVantrelTypeKind::tkInteger);
-};
-template <>
-struct TPlainType<std::uint8_t> {
-  static constexpr TVantrelTypeInfo Info = OrdinalTypeInfo<std::uint8_t>("Byte", TVantrelTypeKind::tkInteger);
-};
-template <>
-struct TPlainType<std::int16_t> {
-  static constexpr TVantrelTypeInfo Info = OrdinalTypeInfo<std::int16_t>("SmallInt", TVantrelTypeKind::tkInteger);
-};
-template <>
-struct TPlainType<std::uint16_t> {
-  static constexpr TVantrelTypeInfo Info = OrdinalTypeInfo<std::uint16_t>("Word", TVantrelTypeKind::tkInteger);
-};
-template <>
-struct TPlainType<std::int32_t> {
-  static constexpr TVantrelTypeInfo Info = OrdinalTypeInfo<std::int32_t>("Integer", TVantrelTypeKind::tkInteger);
-};
-template <>
-struct TPlainType<std::uint32_t> {
-  static constexpr TVantrelTypeInfo Info = OrdinalTypeInfo<std::uint32_t>("Cardinal", TVantrelTypeKind::tkInteger);
-};
-template <>
-struct TPlainType<std::int64_t> {
-  static constexpr TVantrelTypeInfo Info = OrdinalTypeInfo<std::int64_t>("Int64", TVantrelTypeKind::tkInt64);
-};
-template <>
-struct TPlainType<float> {
-  static constexpr TVantrelTypeInfo Info = FloatTypeInfo("Single", TVantrelFloatType::ftSingle);
-};
-template <>
-struct TPlainType<double> {
-  static constexpr TVantrelTypeInfo Info = FloatTypeInfo("Double", TVantrelFloatType::ftDouble);
-};
-template <>
-struct TPlainType<long double> {
-  static constexpr TVantrelTypeInfo Info = FloatTypeInfo("Extended", TVantrelFloatType::ftExtended);
-};
-template <>
-struct TPlainType<std::string> {
-  static constexpr TVantrelTypeInfo Info = {.Name = "string", .Kind = TVantrelTypeKind::tkString};
-};
-template <>
-struct TPlainType<TVariant> {
-  static constexpr TVantrelTypeInfo Info = {.Name = "Variant", .Kind = TVantrelTypeKind::tkVariant};
-};
+#define VANTREL_PLAIN_TYPE(T, ...)                        \
+  template <>                                             \
+  struct TPlainType<T> {                                  \
+    static constexpr TVantrelTypeInfo Info = __VA_ARGS__; \
+  };
+VANTREL_PLAIN_TYPE(bool, EnumTypeInfo("Boolean", BooleanNames))
+VANTREL_PLAIN_TYPE(char, OrdinalTypeInfo<unsigned char>("AnsiChar", TVantrelTypeKind::tkChar))
+VANTREL_PLAIN_TYPE(char16_t, OrdinalTypeInfo<char16_t>("Char", TVantrelTypeKind::tkWChar))
+VANTREL_PLAIN_TYPE(std::int8_t, OrdinalTypeInfo<std::int8_t>("ShortInt"))
+VANTREL_PLAIN_TYPE(std::uint8_t, OrdinalTypeInfo<std::uint8_t>("Byte"))
+VANTREL_PLAIN_TYPE(std::int16_t, OrdinalTypeInfo<std::int16_t>("SmallInt"))
+VANTREL_PLAIN_TYPE(std::uint16_t, OrdinalTypeInfo<std::uint16_t>("Word"))
+VANTREL_PLAIN_TYPE(std::int32_t, OrdinalTypeInfo<std::int32_t>("Integer"))
+VANTREL_PLAIN_TYPE(std::uint32_t, OrdinalTypeInfo<std::uint32_t>("Cardinal"))
+VANTREL_PLAIN_TYPE(std::int64_t, OrdinalTypeInfo<std::int64_t>("Int64", TVantrelTypeKind::tkInt64))
+VANTREL_PLAIN_TYPE(float, FloatTypeInfo("Single", TVantrelFloatType::ftSingle))
+VANTREL_PLAIN_TYPE(double, FloatTypeInfo("Double", TVantrelFloatType::ftDouble))
+VANTREL_PLAIN_TYPE(long double, FloatTypeInfo("Extended", TVantrelFloatType::ftExtended))
+VANTREL_PLAIN_TYPE(std::string, {.Name = "string", .Kind = TVantrelTypeKind::tkString})
+VANTREL_PLAIN_TYPE(TVariant, {.Name = "Variant", .Kind = TVantrelTypeKind::tkVariant})
+#undef VANTREL_PLAIN_TYPE
 
 /// Class and value of a property's access function.
 template <class TFunction>
@@ -135,6 +102,7 @@ struct TPropertyAccess<void (TOwner::*)(TArgument)> {
 template <class T>
 concept CObjectPointer = std::is_pointer_v<T> && std::derived_from<std::remove_pointer_t<T>, TVantrelObject>;
 
+/// What a property gives through its access function.
 template <auto Getter>
 TVantrelPropertyValue GetPublished(const TVantrelObject& object) {
   using TAccess = TPropertyAccess<decltype(Getter)>;
@@ -156,6 +124,8 @@ TVantrelPropertyValue GetPublished(const TVantrelObject& object) {
     return std::string(value);
 }
 
+/// Sets a property through its access function. Raises EVantrelRTTIError for an object of a class that it does not
+/// take.
 template <auto Setter>
 void SetPublished(TVantrelObject& object, const TVantrelPropertyValue& value) {
   using TAccess = TPropertyAccess<decltype(Setter)>;
@@ -190,6 +160,7 @@ constexpr TVantrelProperty Published(std::string_view name, const TVantrelTypeIn
     return {name, &type, &GetPublished<Getter>, &SetPublished<Setter>, defaultValue};
 }
 
+/// As above, for the types of TPlainType.
 template <auto Getter, auto Setter = nullptr>
 constexpr TVantrelProperty Published(std::string_view name, std::int64_t defaultValue = TVantrelProperty::NoDefault) {
   return Published<Getter, Setter>(name, TPlainType<typename TPropertyAccess<decltype(Getter)>::TValue>::Info,
