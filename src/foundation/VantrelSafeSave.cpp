@@ -12,7 +12,7 @@
 
 #include "VantrelExceptions.h"
 #include "VantrelFileLocks.h"
-#include "VantrelFileSystem.h"
+#include "VantrelPaths.h"
 
 namespace {
 using TBytes = std::span<const std::uint8_t>;
@@ -102,10 +102,8 @@ void ReserveSpace(int descriptor, std::int64_t size, TSpareFile& spare) {
 
 /// The first name that is free of the file's name with `ending` and that with 2, 3 and so on behind it.
 std::string FreeNameBeside(const std::string& fileName, const std::string& ending) {
-  std::string name = fileName + ending;
-  for (int number = 2; TVantrelFileSystem::Exists(name); ++number)
-    name = fmt::format("{}{}{}", fileName, ending, number);
-  return name;
+  return TVantrelFilePath::FirstFreePath(fileName + ending,
+                                         [&](int number) { return fmt::format("{}{}{}", fileName, ending, number); });
 }
 
 /// From the first byte on until the last is flushed the spare file is the one that is complete.

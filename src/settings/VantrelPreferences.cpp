@@ -1,11 +1,23 @@
 #include "VantrelPreferences.h"
 
 #include <algorithm>
+#include <array>
+#include <bit>
 
+#include "VantrelExceptions.h"
 #include "VantrelIO.h"
 #include "VantrelNumbers.h"
 #include "VantrelScalarTexts.h"
 #include "VantrelText.h"
+
+namespace {
+constexpr std::string_view StringType = "String";
+constexpr std::string_view IntegerType = "Integer";
+constexpr std::string_view BinaryType = "Binary";
+
+template <class T>
+using TBytesOf = std::array<std::uint8_t, sizeof(T)>;
+}  // namespace
 
 void TVantrelAbstractPreferences::ReadFont(std::string_view name, TVantrelFont& font) {
   constexpr std::size_t fields = 4;
@@ -26,11 +38,11 @@ void TVantrelFilePreferences::CloseKey() {
 }
 
 TPreferencePath TVantrelFilePreferences::Resolve(std::string_view path) const {
-  const bool fromRoot = path.empty() || FSeparators.find(path.front()) != std::string_view::npos;
+  const bool fromRoot = path.empty() || FForm.Separators.find(path.front()) != std::string_view::npos;
   TPreferencePath result = fromRoot ? TPreferencePath() : FPath;
   while (!path.empty()) {
-    const auto end = std::min(path.find_first_of(FSeparators), path.size());
-    if (end > 0) result.push_back(FEncode(path.substr(0, end)));
+    const auto end = std::min(path.find_first_of(FForm.Separators), path.size());
+    if (end > 0) result.push_back(FForm.EncodeKey(path.substr(0, end)));
     path.remove_prefix(std::min(end + 1, path.size()));
   }
   return result;
@@ -55,85 +67,121 @@ void TVantrelFilePreferences::GetKeyNames(std::vector<std::string>& list) {
   for (auto& name : list) name = DecodeKeyTag(name);
 }
 
+/// The one place that answers a missing value, and in the registry's way one that is not as asked for, with the
+/// default.
+template <class T, class TParse>
+T TVantrelFilePreferences::Read(std::string_view name, std::string_view type, T defaultValue, TParse parse) const {
+  const auto entry = FFile.Read(FPath, name);
+  if (!entry) return defaultValue;
+  // Written by hand, a text needs no type.
+  if (FForm.Typed && type != (entry->Type.empty() ? StringType : entry->Type)) return defaultValue;
+  const bool isBinary = type == BinaryType;
+  if (!isBinary && (!entry->Value || (!FForm.Typed && entry->Value->empty()))) return defaultValue;
+  try {
+    return parse(isBinary ? entry->Content : *entry->Value);
+  } catch (const EVantrelException&) {
+    if (!FForm.Typed) throw;
+    return defaultValue;
+  }
+}
+
+template <class T>
+T TVantrelFilePreferences::ReadNumber(std::string_view name, T defaultValue, T (*parse)(std::string_view)) const {
+  if (!FForm.Typed) return Read(name, StringType, defaultValue, parse);
+  return Read(name, BinaryType, defaultValue, [&](std::string_view base64) {
+    const auto bytes = DecodeBase64(base64);
+    TBytesOf<T> value;
+    if (bytes.size() != value.size()) return defaultValue;
+    std::ranges::copy(bytes, value.begin());
+    return std::bit_cast<T>(value);
+  });
+}
+
+std::size_t TVantrelFilePreferences::ReadBinary(std::string_view name, std::span<std::uint8_t> buffer) {
+  return Read(name, BinaryType, std::size_t{0}, [&](std::string_view base64) {
+    const auto bytes = DecodeBase64(base64);
+    const auto count = std::min(bytes.size(), buffer.size());
+    std::copy_n(bytes.begin(), count, buffer.begin());
+    return count;
+  });
+}
+
+char16_t TVantrelFilePreferences::ReadChar(std::string_view name, char16_t defaultValue) {
+  return Read(name, StringType, defaultValue, ScalarTexts::ParseChar);
+}
+
+double TVantrelFilePreferences::ReadFloat(std::string_view name, double defaultValue) {
+  return ReadNumber(name, defaultValue, ScalarTexts::ParseDouble);
+}
+
+TCurrency TVantrelFilePreferences::ReadCurrency(std::string_view name, TCurrency defaultValue) {
+  return ReadNumber(name, defaultValue, ScalarTexts::ParseCurrency);
+}
+
+std::int32_t TVantrelFilePreferences::ReadInteger(std::string_view name, std::int32_t defaultValue) {
+  return Read(name, IntegerType, defaultValue, ScalarTexts::ParseLongInt);
+}
+
+TDateTime TVantrelFilePreferences::ReadDateTime(std::string_view name, TDateTime defaultValue) {
+  return ReadNumber(name, defaultValue, ScalarTexts::ParseDateTime);
+}
+
+std::string TVantrelFilePreferences::ReadString(std::string_view name, std::string_view defaultValue) {
+  return Read(name, StringType, std::string(defaultValue), [](std::string_view text) { return std::string(text); });
+}
+
+TGuid TVantrelFilePreferences::ReadGuid(std::string_view name, const TGuid& defaultValue) {
+  return Read(name, StringType, defaultValue, ScalarTexts::ParseGuid);
+}
+
+void TVantrelFilePreferences::Write(std::string_view name, std::string_view type, TPreferenceEntry entry) {
+  if (FForm.Typed) entry.Type = type;
+  FileToChange().Write(FPath, name, entry);
+}
+
+template <class T, class TMakeText>
+void TVantrelFilePreferences::WriteNumber(std::string_view name, T value, TMakeText makeText) {
+  if (FForm.Typed)
+    WriteBinary(name, std::bit_cast<TBytesOf<T>>(value));
+  else
+    WriteString(name, makeText());
+}
+
+void TVantrelFilePreferences::WriteBinary(std::string_view name, std::span<const std::uint8_t> bytes) {
+  Write(name, BinaryType, {.Content = EncodeBase64(bytes.data(), bytes.size())});
+}
+
 void TVantrelFilePreferences::WriteChar(std::string_view name, char16_t value) {
   WriteString(name, Utf16ToUtf8({&value, 1}));
+}
+
+void TVantrelFilePreferences::WriteFloat(std::string_view name, double value) {
+  WriteNumber(name, value, [value] { return FloatToExactText(value); });
+}
+
+void TVantrelFilePreferences::WriteCurrency(std::string_view name, TCurrency value) {
+  WriteNumber(name, value, [value] { return FloatToExactText(static_cast<double>(value.Value) / 10000); });
+}
+
+void TVantrelFilePreferences::WriteInteger(std::string_view name, std::int32_t value) {
+  Write(name, IntegerType, {.Value = std::to_string(value)});
+}
+
+void TVantrelFilePreferences::WriteDateTime(std::string_view name, TDateTime value) {
+  WriteNumber(name, value, [value] {
+    ScalarTexts::TBuffer buffer;
+    return std::string(ScalarTexts::WriteDateTime(value, buffer));
+  });
+}
+
+void TVantrelFilePreferences::WriteString(std::string_view name, std::string_view value) {
+  Write(name, StringType, {.Value = std::string(value)});
 }
 
 void TVantrelFilePreferences::WriteGuid(std::string_view name, const TGuid& value) {
   WriteString(name, GuidToText(value));
 }
 
-std::size_t DecodeInto(std::span<std::uint8_t> buffer, std::string_view base64) {
-  const auto bytes = DecodeBase64(base64);
-  const auto count = std::min(bytes.size(), buffer.size());
-  std::copy_n(bytes.begin(), count, buffer.begin());
-  return count;
-}
-
 TVantrelXMLPreferences::TVantrelXMLPreferences(std::string fileName, bool ignoreExisting)
-    : TVantrelFilePreferences(std::move(fileName), ignoreExisting, "\\/", EncodeKeyTag) {}
-
-std::size_t TVantrelXMLPreferences::ReadBinary(std::string_view name, std::span<std::uint8_t> buffer) {
-  const auto entry = Find(name);
-  return entry ? DecodeInto(buffer, entry->Content) : 0;
-}
-
-template <class T>
-T TVantrelXMLPreferences::Read(std::string_view name, const T& defaultValue, T (*parse)(std::string_view)) {
-  const auto text = ReadString(name, {});
-  return text.empty() ? defaultValue : parse(text);
-}
-
-char16_t TVantrelXMLPreferences::ReadChar(std::string_view name, char16_t defaultValue) {
-  return Read(name, defaultValue, ScalarTexts::ParseChar);
-}
-
-double TVantrelXMLPreferences::ReadFloat(std::string_view name, double defaultValue) {
-  return Read(name, defaultValue, ScalarTexts::ParseDouble);
-}
-
-TCurrency TVantrelXMLPreferences::ReadCurrency(std::string_view name, TCurrency defaultValue) {
-  return Read(name, defaultValue, ScalarTexts::ParseCurrency);
-}
-
-std::int32_t TVantrelXMLPreferences::ReadInteger(std::string_view name, std::int32_t defaultValue) {
-  return Read(name, defaultValue, ScalarTexts::ParseLongInt);
-}
-
-TDateTime TVantrelXMLPreferences::ReadDateTime(std::string_view name, TDateTime defaultValue) {
-  return Read(name, defaultValue, ScalarTexts::ParseDateTime);
-}
-
-std::string TVantrelXMLPreferences::ReadString(std::string_view name, std::string_view defaultValue) {
-  const auto entry = Find(name);
-  return entry && entry->Value && !entry->Value->empty() ? *entry->Value : std::string(defaultValue);
-}
-
-TGuid TVantrelXMLPreferences::ReadGuid(std::string_view name, const TGuid& defaultValue) {
-  return Read(name, defaultValue, ScalarTexts::ParseGuid);
-}
-
-void TVantrelXMLPreferences::WriteBinary(std::string_view name, std::span<const std::uint8_t> bytes) {
-  Write(name, {.Content = EncodeBase64(bytes.data(), bytes.size())});
-}
-
-void TVantrelXMLPreferences::WriteString(std::string_view name, std::string_view value) {
-  Write(name, {.Value = std::string(value)});
-}
-
-void TVantrelXMLPreferences::WriteFloat(std::string_view name, double value) {
-  WriteString(name, FloatToExactText(value));
-}
-
-void TVantrelXMLPreferences::WriteCurrency(std::string_view name, TCurrency value) {
-  WriteFloat(name, static_cast<double>(value.Value) / 10000);
-}
-
-void TVantrelXMLPreferences::WriteInteger(std::string_view name, std::int32_t value) {
-  WriteString(name, std::to_string(value));
-}
-
-void TVantrelXMLPreferences::WriteDateTime(std::string_view name, TDateTime value) {
-  ScalarTexts::TBuffer buffer;
-  WriteString(name, ScalarTexts::WriteDateTime(value, buffer));
-}
+    : TVantrelFilePreferences(std::move(fileName), ignoreExisting,
+                              {.Separators = "\\/", .EncodeKey = EncodeKeyTag, .Typed = false}) {}

@@ -62,8 +62,20 @@ class TVantrelAbstractPreferences {
   void WriteFont(std::string_view name, const TVantrelFont& font);
 };
 
-/// A preference store in a preference file. The separators delimit the names of a path; a path that begins with one
-/// starts at the root, as an empty one does, any other at the current key.
+/// How a preference file keeps names and values.
+struct TPreferenceForm {
+  /// The characters that delimit the names of a path.
+  std::string_view Separators;
+  /// The tag of the key of a name.
+  std::string (*EncodeKey)(std::string_view name);
+  /// The registry's way: the type stands beside the value, Float, Currency and DateTime are binary data, and what is
+  /// not of the type that is asked for, or cannot be converted, counts as missing. Else all but binary values are
+  /// texts, an empty one counts as missing, and one that cannot be converted raises.
+  bool Typed;
+};
+
+/// A preference store in a preference file. A path that begins with a separator starts at the root, as an empty one
+/// does, any other at the current key.
 class TVantrelFilePreferences : public TVantrelAbstractPreferences {
  public:
   /// The path as last opened.
@@ -81,32 +93,49 @@ class TVantrelFilePreferences : public TVantrelAbstractPreferences {
   bool OpenKey(std::string_view path, bool canCreate) override;
   bool HasSubKeys() override { return !FFile.KeyTags(FPath).empty(); }
   bool KeyExists(std::string_view path) override { return FFile.KeyExists(Resolve(path)); }
-  bool ValueExists(std::string_view name) override { return Find(name).has_value(); }
+  bool ValueExists(std::string_view name) override { return FFile.Read(FPath, name).has_value(); }
   void GetKeyNames(std::vector<std::string>& list) override;
   void GetValueNames(std::vector<std::string>& list) override { list = FFile.ValueNames(FPath); }
+  std::size_t ReadBinary(std::string_view name, std::span<std::uint8_t> buffer) override;
   bool ReadBoolean(std::string_view name, bool defaultValue) override { return ReadInteger(name, defaultValue) != 0; }
+  /// A null character for an empty text.
+  char16_t ReadChar(std::string_view name, char16_t defaultValue) override;
+  double ReadFloat(std::string_view name, double defaultValue) override;
+  TCurrency ReadCurrency(std::string_view name, TCurrency defaultValue) override;
+  std::int32_t ReadInteger(std::string_view name, std::int32_t defaultValue) override;
+  TDateTime ReadDateTime(std::string_view name, TDateTime defaultValue) override;
+  std::string ReadString(std::string_view name, std::string_view defaultValue) override;
+  TGuid ReadGuid(std::string_view name, const TGuid& defaultValue) override;
+  void WriteBinary(std::string_view name, std::span<const std::uint8_t> bytes) override;
   void WriteBoolean(std::string_view name, bool value) override { WriteInteger(name, value); }
   void WriteChar(std::string_view name, char16_t value) override;
+  void WriteFloat(std::string_view name, double value) override;
+  void WriteCurrency(std::string_view name, TCurrency value) override;
+  void WriteInteger(std::string_view name, std::int32_t value) override;
+  void WriteDateTime(std::string_view name, TDateTime value) override;
+  void WriteString(std::string_view name, std::string_view value) override;
   void WriteGuid(std::string_view name, const TGuid& value) override;
 
  protected:
-  using TEncode = std::string (*)(std::string_view name);
-
-  TVantrelFilePreferences(std::string fileName, bool ignoreExisting, std::string_view separators, TEncode encode)
-      : FFile(std::move(fileName), ignoreExisting), FSeparators(separators), FEncode(encode) {}
+  TVantrelFilePreferences(std::string fileName, bool ignoreExisting, TPreferenceForm form)
+      : FFile(std::move(fileName), ignoreExisting), FForm(form) {}
 
   /// The file, for those who change something.
   virtual TVantrelPreferenceFile& FileToChange() { return FFile; }
   bool HasChildren() const { return FFile.HasChildren(FPath); }
-  std::optional<TPreferenceEntry> Find(std::string_view name) const { return FFile.Read(FPath, name); }
-  void Write(std::string_view name, const TPreferenceEntry& entry) { FileToChange().Write(FPath, name, entry); }
 
  private:
   TPreferencePath Resolve(std::string_view path) const;
+  template <class T, class TParse>
+  T Read(std::string_view name, std::string_view type, T defaultValue, TParse parse) const;
+  template <class T>
+  T ReadNumber(std::string_view name, T defaultValue, T (*parse)(std::string_view)) const;
+  void Write(std::string_view name, std::string_view type, TPreferenceEntry entry);
+  template <class T, class TMakeText>
+  void WriteNumber(std::string_view name, T value, TMakeText makeText);
 
   TVantrelPreferenceFile FFile;
-  std::string_view FSeparators;
-  TEncode FEncode;
+  TPreferenceForm FForm;
   std::string FCurrentKey;
   TPreferencePath FPath;
 };
@@ -120,25 +149,4 @@ class TVantrelXMLPreferences final : public TVantrelFilePreferences {
 
   /// Any child counts here, a value as well as a key.
   bool HasSubKeys() override { return HasChildren(); }
-  std::size_t ReadBinary(std::string_view name, std::span<std::uint8_t> buffer) override;
-  char16_t ReadChar(std::string_view name, char16_t defaultValue) override;
-  double ReadFloat(std::string_view name, double defaultValue) override;
-  TCurrency ReadCurrency(std::string_view name, TCurrency defaultValue) override;
-  std::int32_t ReadInteger(std::string_view name, std::int32_t defaultValue) override;
-  TDateTime ReadDateTime(std::string_view name, TDateTime defaultValue) override;
-  std::string ReadString(std::string_view name, std::string_view defaultValue) override;
-  TGuid ReadGuid(std::string_view name, const TGuid& defaultValue) override;
-  void WriteBinary(std::string_view name, std::span<const std::uint8_t> bytes) override;
-  void WriteFloat(std::string_view name, double value) override;
-  void WriteCurrency(std::string_view name, TCurrency value) override;
-  void WriteInteger(std::string_view name, std::int32_t value) override;
-  void WriteDateTime(std::string_view name, TDateTime value) override;
-  void WriteString(std::string_view name, std::string_view value) override;
-
- private:
-  template <class T>
-  T Read(std::string_view name, const T& defaultValue, T (*parse)(std::string_view));
 };
-
-/// Fills the buffer from its beginning with the bytes that the Base64 text stands for; gives their number.
-std::size_t DecodeInto(std::span<std::uint8_t> buffer, std::string_view base64);

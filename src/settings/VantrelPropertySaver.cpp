@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <limits>
 
+#include "VantrelExceptions.h"
 #include "VantrelRtti.h"
 #include "VantrelStorage.h"
 #include "VantrelText.h"

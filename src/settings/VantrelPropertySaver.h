@@ -13,6 +13,7 @@ struct TVantrelPropertyLink {
   std::string StoredName;
 };
 
+/// The links of one component.
 class TVantrelPropertyLinks : public std::vector<TVantrelPropertyLink> {
  public:
   using std::vector<TVantrelPropertyLink>::vector;
@@ -26,4 +27,5 @@ struct TVantrelComponentLink {
   TVantrelPropertyLinks Properties;
 };
 
+/// The components of a form that have stored properties.
 using TVantrelComponentLinks = std::vector<TVantrelComponentLink>;

@@ -5,6 +5,7 @@
 
 #include "SettingsTexts.h"
 #include "VantrelFileSystem.h"
+#include "VantrelFolders.h"
 #include "VantrelI18n.h"
 
 std::string TrimSeparators(std::string_view path) {
@@ -58,7 +59,8 @@ std::string TVantrelStorage::FileName() const {
   if (!FCustomXMLFile.empty()) return FCustomXMLFile;
   std::string place = FStoragePath + ".pref";
   std::ranges::replace(place, '\\', '/');
-  return FStorageType == TVantrelStorageType::cstUser ? UserConfigFolder() + "/" + place : MachineConfigFile(place);
+  return FStorageType == TVantrelStorageType::cstUser ? UserFolder(TVantrelFolderKind::Configuration) + "/" + place
+                                                      : MachinePath(TVantrelFolderKind::Configuration, place);
 }
 
 std::unique_ptr<TVantrelAbstractPreferences> TVantrelStorage::OpenStore() {

@@ -1,7 +1,9 @@
 #pragma once
 
+#include "ProductNames.h"
 #include "VantrelRegistryPreferences.h"
 
+/// Which store, and whose: that of the machine or that of the user.
 enum class TVantrelStorageLocation { cslRegistry, cslXML };
 enum class TVantrelStorageType { cstSystem, cstUser };
 
@@ -89,7 +91,7 @@ class TVantrelStorage : public TVantrelPersistent {
   TVantrelStorageLocation FLocation = TVantrelStorageLocation::cslRegistry;
   std::unique_ptr<TVantrelAbstractPreferences> FStorage;
   std::string FStorageKeyPrefix;
-  std::string FStoragePath = "Orvenda Labs\\MyModule";
+  std::string FStoragePath = ProductNames::Path({ProductNames::Vendor, "MyModule"}, '\\');
   TVantrelStorageType FStorageType = TVantrelStorageType::cstUser;
   std::string FDamage;
 };

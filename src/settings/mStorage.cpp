@@ -9,7 +9,6 @@ using enum TStorageDataType;
 namespace {
 
 constexpr int MyTessaronKind = 4;
-constexpr const char* MyTessaronPath = "Orvenda Labs\\Tessaron 10 - MyTessaron";
 constexpr const char* Caption = "Caption";
 
 template <class... TParts>
@@ -31,7 +30,7 @@ std::string GetStoragePath(const TVantrelStorage& storage, std::string_view key,
 }
 
 TStorageModule::TStorageModule(int applicationKind) {
-  if (applicationKind == MyTessaronKind) FStorage.SetStoragePath(MyTessaronPath);
+  if (applicationKind == MyTessaronKind) FStorage.SetStoragePath(Path(ProductNames::Vendor, ProductNames::Own));
   FStorage.SetActive(true);
   StorageModule = this;
 }

@@ -3,6 +3,7 @@
 #include "VantrelStorage.h"
 #include "VantrelVariant.h"
 
+/// How a value of the storage module is stored.
 enum class TStorageDataType { dstInt, dstString, dstBoolean };
 
 /// A grid as far as its captions are stored.

@@ -54,10 +54,12 @@ std::string TVantrelFilePath::GetGuidFileName(std::string_view directory, std::s
 }
 
 std::string TVantrelFilePath::GetUniqueFileName(std::string_view path) {
-  std::string unique(path);
-  for (int number = 2; TVantrelFileSystem::Exists(unique); ++number)
-    unique = Stamped(path, fmt::format(" ({})", number));
-  return unique;
+  return FirstFreePath(std::string(path), [path](int number) { return Stamped(path, fmt::format(" ({})", number)); });
+}
+
+std::string TVantrelFilePath::FirstFreePath(std::string path, const std::function<std::string(int number)>& numbered) {
+  for (int number = 2; TVantrelFileSystem::Exists(path); ++number) path = numbered(number);
+  return path;
 }
 
 std::string TVantrelFilePath::GetTimeStampedFileName(std::string_view path, std::optional<TDateTime> time) {

@@ -1,0 +1,16 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+/// What a folder is for: settings, or data.
+enum class TVantrelFolderKind : std::uint8_t { Configuration, Data };
+
+/// The user's folder of that kind by the rules of the desktop, without a delimiter at its end: $XDG_CONFIG_HOME, else
+/// ".config" in the home folder; $XDG_DATA_HOME, else ".local/share" there.
+std::string UserFolder(TVantrelFolderKind kind);
+/// A file or folder in the folders of that kind that all users share ($XDG_CONFIG_DIRS, else /etc/xdg; $XDG_DATA_DIRS,
+/// else /usr/local/share and /usr/share): in the first that has it, or simply in the first. Relative folders do not
+/// count.
+std::string MachinePath(TVantrelFolderKind kind, std::string_view place);
