@@ -21,6 +21,7 @@ class TVantrelAbstractFile {
   std::string FPath;
 };
 
+/// A file by its path.
 class TVantrelFile final : public TVantrelAbstractFile {
  public:
   using TVantrelAbstractFile::TVantrelAbstractFile;
@@ -32,6 +33,7 @@ class TVantrelFile final : public TVantrelAbstractFile {
   std::int64_t Size() const { return TVantrelFileSystem::GetSize(FPath); }
 };
 
+/// A directory by its path.
 class TVantrelDirectory final : public TVantrelAbstractFile {
  public:
   using TVantrelAbstractFile::TVantrelAbstractFile;

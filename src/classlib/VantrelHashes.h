@@ -21,6 +21,7 @@ class TVantrelAbstractHash {
   std::string FValue;
 };
 
+/// The ELF hash as such an object.
 class TVantrelELFHash final : public TVantrelAbstractHash {
  public:
   using TVantrelAbstractHash::TVantrelAbstractHash;

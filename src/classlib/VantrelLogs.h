@@ -11,6 +11,7 @@
 #include "VantrelFileStreams.h"
 #include "VantrelTextWriters.h"
 
+/// What an entry tells of.
 enum class TVantrelLogEventType : std::uint8_t {
   letSuccess,
   letError,
@@ -21,6 +22,7 @@ enum class TVantrelLogEventType : std::uint8_t {
   letAuditFailure
 };
 
+/// One entry as the targets get it.
 struct TVantrelLogEntry {
   TVantrelLogEventType EventType = TVantrelLogEventType::letInfo;
   std::string EventText;

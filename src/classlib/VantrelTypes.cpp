@@ -245,17 +245,6 @@ template class TVantrelValue<std::string, vtypeString>;
 template class TVantrelValue<std::string, vtypeUtf8String>;
 template class TVantrelValue<TGuid, vtypeGuid>;
 
-void TVantrelReference::SetValue(TVantrelObject* value) {
-  if (value == FValue) return;
-  Clear();
-  FValue = value;
-}
-
-void TVantrelReference::Clear() {
-  TVantrelObject* const value = std::exchange(FValue, nullptr);
-  if (FOwner) TVantrelDeleter()(value);
-}
-
 TVantrelObject* TVantrelReference::Extract() {
   return FOwner ? std::exchange(FValue, nullptr) : FValue;
 }
@@ -269,44 +258,33 @@ std::int32_t TVantrelReference::GetHashCode() const {
   return FValue == nullptr ? 0 : FValue->GetHashCode();
 }
 
-void TVantrelBinary::SetValue(TVantrelMemoryStream* stream) {
-  if (stream == FStream) return;
-  Clear();
-  FStream = stream;
-}
-
-void TVantrelBinary::Clear() {
-  TVantrelMemoryStream* const stream = std::exchange(FStream, nullptr);
-  if (FOwner) TVantrelDeleter()(stream);
-}
-
 TVantrelMemoryStream* TVantrelBinary::Extract() {
-  return std::exchange(FStream, nullptr);
+  return std::exchange(FValue, nullptr);
 }
 
 bool TVantrelBinary::Equals(const TVantrelObject* other) const {
   const TVantrelBinary* const same = SameClass(*this, other);
-  return same != nullptr && FStream != nullptr && FStream == same->FStream;
+  return same != nullptr && FValue != nullptr && FValue == same->FValue;
 }
 
 std::int32_t TVantrelBinary::GetHashCode() const {
-  return HashOfAddress(FStream);
+  return HashOfAddress(FValue);
 }
 
 void TVantrelBinary::Read(TVantrelObjectReader& reader) {
   auto stream = reader.ReadBinary();
-  if (FStream != nullptr) {
-    FStream->Bytes() = std::move(stream->Bytes());
-    FStream->SetPosition(0);
+  if (FValue != nullptr) {
+    FValue->Bytes() = std::move(stream->Bytes());
+    FValue->SetPosition(0);
     return;
   }
-  FStream = stream.release();
+  FValue = stream.release();
   FOwner = true;
 }
 
 void TVantrelBinary::Write(TVantrelObjectWriter& writer) const {
   TVantrelMemoryStream empty;
-  writer.WriteBinary(FStream == nullptr ? empty : *FStream);
+  writer.WriteBinary(FValue == nullptr ? empty : *FValue);
 }
 
 bool TVantrelGraphicType::Equals(const TVantrelObject* other) const {

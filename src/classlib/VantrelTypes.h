@@ -14,6 +14,7 @@
 
 // Every value type of the library as a small object, which can stand in the collections as a key or an item.
 
+/// Which class of typed value an object is of.
 enum class TVantrelValueType : std::uint8_t {
   vtypeReference,
   vtypeBinary,
@@ -115,19 +116,39 @@ std::int32_t HashOfValue(const TGuid& value);
 std::int32_t HashOfValue(std::int32_t value);
 std::int32_t HashOfValue(std::int64_t value);
 
-/// Holds an object, owned or not.
-class TVantrelReference final : public TVantrelType {
+/// Base of the holders of an object of a class, owned or not.
+template <class T>
+class TVantrelHolder : public TVantrelType {
  public:
-  explicit TVantrelReference(bool isOwner = false) : FOwner(isOwner) {}
-  explicit TVantrelReference(TVantrelObject* value, bool isOwner = false) : FValue(value), FOwner(isOwner) {}
-  ~TVantrelReference() override { TVantrelReference::Clear(); }
+  ~TVantrelHolder() override { TVantrelHolder::Clear(); }
 
-  TVantrelObject* Value() const { return FValue; }
+  T* Value() const { return FValue; }
   /// A change clears the holder first.
-  void SetValue(TVantrelObject* value);
+  void SetValue(T* value) {
+    if (value == FValue) return;
+    Clear();
+    FValue = value;
+  }
   bool IsOwner() const { return FOwner; }
   /// Sets the value to null, freeing it if it is owned.
-  void Clear();
+  void Clear() {
+    T* const value = std::exchange(FValue, nullptr);
+    if (FOwner) TVantrelDeleter()(value);
+  }
+
+ protected:
+  TVantrelHolder(T* value, bool isOwner) : FValue(value), FOwner(isOwner) {}
+
+  T* FValue;
+  bool FOwner;
+};
+
+/// Holds an object, owned or not.
+class TVantrelReference final : public TVantrelHolder<TVantrelObject> {
+ public:
+  explicit TVantrelReference(bool isOwner = false) : TVantrelHolder(nullptr, isOwner) {}
+  explicit TVantrelReference(TVantrelObject* value, bool isOwner = false) : TVantrelHolder(value, isOwner) {}
+
   /// The value, which leaves the holder only if it was owned.
   TVantrelObject* Extract();
 
@@ -135,24 +156,14 @@ class TVantrelReference final : public TVantrelType {
   /// By the value's own Equals; false for a null value.
   bool Equals(const TVantrelObject* other) const override;
   std::int32_t GetHashCode() const override;
-
- private:
-  TVantrelObject* FValue = nullptr;
-  bool FOwner;
 };
 
 /// Holds a stream of bytes, owned or not.
-class TVantrelBinary final : public TVantrelType {
+class TVantrelBinary final : public TVantrelHolder<TVantrelMemoryStream> {
  public:
-  explicit TVantrelBinary(bool isOwner = false) : FOwner(isOwner) {}
-  explicit TVantrelBinary(TVantrelMemoryStream* stream, bool isOwner = false) : FStream(stream), FOwner(isOwner) {}
-  ~TVantrelBinary() override { TVantrelBinary::Clear(); }
+  explicit TVantrelBinary(bool isOwner = false) : TVantrelHolder(nullptr, isOwner) {}
+  explicit TVantrelBinary(TVantrelMemoryStream* stream, bool isOwner = false) : TVantrelHolder(stream, isOwner) {}
 
-  TVantrelMemoryStream* Value() const { return FStream; }
-  /// A change clears the holder first.
-  void SetValue(TVantrelMemoryStream* stream);
-  bool IsOwner() const { return FOwner; }
-  void Clear();
   /// The stream, which leaves the holder in any case.
   TVantrelMemoryStream* Extract();
 
@@ -164,10 +175,6 @@ class TVantrelBinary final : public TVantrelType {
   void Read(TVantrelObjectReader& reader) override;
   /// A null stream is written as an empty one.
   void Write(TVantrelObjectWriter& writer) const override;
-
- private:
-  TVantrelMemoryStream* FStream = nullptr;
-  bool FOwner;
 };
 
 /// Base of the holders of a picture, which they own.
@@ -194,6 +201,7 @@ class TVantrelGraphicType : public TVantrelType {
   TVantrelPtr<TVantrelGraphic> FGraphic;
 };
 
+/// The holder of one class of pictures.
 template <class TGraphic, TVantrelValueType Kind>
 class TVantrelGraphicValue final : public TVantrelGraphicType {
  public:

@@ -2,6 +2,7 @@
 
 #include "VantrelFileSystem.h"
 
+/// What kind of disk a path lies on.
 enum class TVantrelDriveType : std::uint8_t {
   dtypeUnknown,
   dtypeNoRootDir,
@@ -11,6 +12,7 @@ enum class TVantrelDriveType : std::uint8_t {
   dtypeCDRom,
   dtypeRamDisk
 };
+/// What the file system of a volume does.
 enum class TVantrelFileSystemFlag : std::uint8_t { fsystemCaseSensitive, fsystemUnicode, fsystemReadOnly };
 
 /// Space on the disk that a path lies on, in bytes.

@@ -7,6 +7,7 @@
 /// Days since 1899-12-30; the fraction is the time of day, counted away from zero for days before.
 using TDateTime = double;
 
+/// The days from 0 on.
 enum class TVantrelDayOfWeek : std::uint8_t { Sunday, Monday, Tuesday, Wednesday, Thursday, Friday, Saturday };
 // clang-format off
 enum class TVantrelMonth : std::uint8_t {
@@ -19,6 +20,7 @@ enum class TVantrelDayOfMonth : std::uint8_t {
 // clang-format on
 enum class TVantrelWeekOfMonth : std::uint8_t { Week1 = 1, Week2, Week3, Week4, Week5, LastWeek };
 
+/// A point of time as a calendar and a clock tell it; at first the day 0.
 struct TDateTimeParts {
   int Year = 1899, Month = 12, Day = 30;
   int Hour = 0, Minute = 0, Second = 0, Millisecond = 0;

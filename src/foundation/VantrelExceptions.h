@@ -55,9 +55,11 @@ class EOutOfMemory : public EVantrelWin32Error {
   EOutOfMemory() : EVantrelWin32Error(TVantrelErrorCode::NotEnoughMemory) {}
 };
 
+/// An operation on a file or folder as a whole failed.
 class EVantrelFileSystemError : public EVantrelWin32Error {
   using EVantrelWin32Error::EVantrelWin32Error;
 };
+/// A file could not be opened, read or written.
 class EVantrelFileHandleError : public EVantrelWin32Error {
   using EVantrelWin32Error::EVantrelWin32Error;
 };
@@ -80,6 +82,7 @@ class EVantrelFileLaunchError : public EVantrelException {
     using EVantrelException::EVantrelException; \
   }
 
+/// A second instance of a class of which there is one.
 VANTREL_EXCEPTION(EVantrelSingletonError);
 VANTREL_EXCEPTION(EVantrelStaticClassError);
 VANTREL_EXCEPTION(EVantrelRTTIError);

@@ -12,6 +12,7 @@
 /// A colour as blue, green, red in one number (0x00BBGGRR); system colours have the top bit set.
 using TVantrelColor = std::int32_t;
 
+/// A font by its name.
 struct TVantrelFont {
   std::string Name;
   TVantrelColor Color = 0;
@@ -23,6 +24,7 @@ struct TVantrelFont {
   bool operator==(const TVantrelFont&) const = default;
 };
 
+/// What areas are filled with.
 struct TVantrelBrush {
   TVantrelColor Color = 0;
   std::uint8_t Styles = 0;
@@ -30,6 +32,7 @@ struct TVantrelBrush {
   bool operator==(const TVantrelBrush&) const = default;
 };
 
+/// What lines are drawn with.
 struct TVantrelPen {
   TVantrelColor Color = 0;
   std::uint8_t Mode = 0;
@@ -45,6 +48,7 @@ inline constexpr std::uint8_t skShift = 1;
 inline constexpr std::uint8_t skAlt = 2;
 inline constexpr std::uint8_t skCtrl = 4;
 
+/// A key with those that are held down.
 struct TVantrelShortCut {
   std::uint8_t ShiftKeys = 0;
   std::uint8_t VirtualKey = 0;
@@ -52,6 +56,7 @@ struct TVantrelShortCut {
   bool operator==(const TVantrelShortCut&) const = default;
 };
 
+/// A length of time, in the ticks of the stored forms.
 struct TVantrelTimeSpan {
   std::int64_t Ticks = 0;
 
@@ -86,5 +91,6 @@ class TStoredGraphic : public TVantrelGraphic {
   std::vector<std::uint8_t> FBytes;
 };
 
+/// The two kinds of pictures that the typed values hold.
 class TBitmap final : public TStoredGraphic {};
 class TIcon final : public TStoredGraphic {};

@@ -6,6 +6,7 @@
 #include <string>
 #include <string_view>
 
+/// With braces and capitals; without braces, in small letters; as the first in single quotes.
 enum class TVantrelGuidFormat { gfDefault, gfWithoutBrackets, gfQuoted };
 
 /// A 128-bit GUID, kept as its 16 bytes in file order: the first three fields little-endian.

@@ -8,6 +8,7 @@
 
 #include "VantrelClasses.h"
 
+/// What Add does with an item that is in the list: pass it over, take it, raise.
 enum class TVantrelDuplicates : std::uint8_t { dupIgnore, dupAccept, dupError };
 
 /// Order of two items: below, equal to or above 0.
@@ -74,7 +75,6 @@ class TVantrelAbstractList : public TVantrelAbstractCollection {
   bool Contains(const TVantrelObject* item) const { return IndexOf(item) >= 0; }
 
   void SetDuplicates(TVantrelDuplicates value) { FDuplicates = value; }
-  bool Sorted() const { return FSorted; }
   /// Setting it sorts the list and keeps it sorted through Add.
   void SetSorted(bool sorted);
   /// An empty callback goes back to the items' own Compare.

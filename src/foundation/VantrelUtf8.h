@@ -62,6 +62,7 @@ inline char* PutUtf8(char32_t code, char* target) {
   return target;
 }
 
+/// Adds a code point to a text.
 inline void AppendUtf8(char32_t code, std::string& target) {
   char buffer[4];
   target.append(buffer, PutUtf8(code, buffer));

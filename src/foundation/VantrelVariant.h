@@ -5,6 +5,7 @@
 #include <string_view>
 #include <utility>
 
+/// What a TVariant holds. Unassigned is the value that nobody has set, null that of an empty field.
 enum class TVariantKind : std::uint8_t { Unassigned, Null, Boolean, Integer, Float, DateTime, Text };
 
 /// A value of a kind known only at run time: what grids, tables and nullable fields pass around. 16 bytes.

@@ -12,21 +12,7 @@ namespace {
 constexpr int ReadBufferSize = 256 * 1024;
 }  // namespace
 
-// The scalars whose bytes are those of a primitive value as it is.
-#define VANTREL_PRIMITIVES(X) \
-  X(Boolean, bool)            \
-  X(Byte, std::uint8_t)       \
-  X(Char, char16_t)           \
-  X(Double, double)           \
-  X(Extended, long double)    \
-  X(Guid, TGuid)              \
-  X(Int64, std::int64_t)      \
-  X(LongInt, std::int32_t)    \
-  X(LongWord, std::uint32_t)  \
-  X(ShortInt, std::int8_t)    \
-  X(Single, float)            \
-  X(SmallInt, std::int16_t)   \
-  X(Word, std::uint16_t)
+// Their bytes are those of the value as it is.
 #define VANTREL_DEFINE(Type, CppType)                                              \
   void TVantrelDataObjectBinWriter::Write##Type(std::string_view, CppType value) { \
     FWriter.Write##Type(value);                                                    \
@@ -34,7 +20,7 @@ constexpr int ReadBufferSize = 256 * 1024;
   CppType TVantrelDataObjectBinReader::Read##Type(std::string_view) {              \
     return FReader.Read##Type();                                                   \
   }
-VANTREL_PRIMITIVES(VANTREL_DEFINE)
+VANTREL_PRIMITIVE_SCALARS(VANTREL_DEFINE)
 #undef VANTREL_DEFINE
 
 // The others, by the primitive that carries them: writer's argument and reader's result.
@@ -55,6 +41,25 @@ VANTREL_DEFINE(Time, TDateTime, Double, value, read)
 VANTREL_DEFINE(VCLColor, std::int32_t, LongInt, value, read)
 #undef VANTREL_DEFINE
 
+// A missing record is written as one that is as it was made.
+#define VANTREL_WRITE(Operation, Member) FWriter.Write##Operation(record.Member);
+#define VANTREL_READ(Operation, Member) record->Member = FReader.Read##Operation();
+#define VANTREL_DEFINE(Record, Fields)                                                                                \
+  void TVantrelDataObjectBinWriter::WriteVCL##Record(std::string_view, const TVantrel##Record* value) {               \
+    const auto record = value == nullptr ? TVantrel##Record() : *value;                                               \
+    Fields(VANTREL_WRITE);                                                                                            \
+  }                                                                                                                   \
+  std::unique_ptr<TVantrel##Record> TVantrelDataObjectBinReader::ReadVCL##Record(std::string_view,                    \
+                                                                                 std::unique_ptr<TVantrel##Record>) { \
+    auto record = std::make_unique<TVantrel##Record>();                                                               \
+    Fields(VANTREL_READ);                                                                                             \
+    return record;                                                                                                    \
+  }
+VANTREL_DRAWING_RECORDS(VANTREL_DEFINE)
+#undef VANTREL_DEFINE
+#undef VANTREL_READ
+#undef VANTREL_WRITE
+
 void TVantrelDataObjectBinWriter::WriteString(std::string_view, std::string_view value) {
   FWriter.WriteString(value);
 }
@@ -67,28 +72,6 @@ void TVantrelDataObjectBinWriter::WriteStringList(std::string_view, const std::v
 void TVantrelDataObjectBinWriter::WriteShortCut(std::string_view, const TVantrelShortCut& value) {
   FWriter.WriteByte(value.ShiftKeys);
   FWriter.WriteByte(value.VirtualKey);
-}
-
-void TVantrelDataObjectBinWriter::WriteVCLBrush(std::string_view, const TVantrelBrush* value) {
-  const auto brush = value == nullptr ? TVantrelBrush() : *value;
-  FWriter.WriteLongInt(brush.Color);
-  FWriter.WriteByte(brush.Styles);
-}
-
-void TVantrelDataObjectBinWriter::WriteVCLFont(std::string_view, const TVantrelFont* value) {
-  const auto font = value == nullptr ? TVantrelFont() : *value;
-  FWriter.WriteString(font.Name);
-  FWriter.WriteLongInt(font.Color);
-  FWriter.WriteLongInt(font.Size);
-  FWriter.WriteByte(font.Styles);
-}
-
-void TVantrelDataObjectBinWriter::WriteVCLPen(std::string_view, const TVantrelPen* value) {
-  const auto pen = value == nullptr ? TVantrelPen() : *value;
-  FWriter.WriteLongInt(pen.Color);
-  FWriter.WriteByte(pen.Mode);
-  FWriter.WriteByte(pen.Styles);
-  FWriter.WriteLongInt(pen.Width);
 }
 
 void TVantrelDataObjectBinWriter::WriteVCLGraphic(std::string_view, const TVantrelGraphic* value) {
@@ -163,33 +146,6 @@ TVantrelShortCut TVantrelDataObjectBinReader::ReadShortCut(std::string_view) {
   TVantrelShortCut value;
   value.ShiftKeys = FReader.ReadByte();
   value.VirtualKey = FReader.ReadByte();
-  return value;
-}
-
-std::unique_ptr<TVantrelBrush> TVantrelDataObjectBinReader::ReadVCLBrush(std::string_view,
-                                                                         std::unique_ptr<TVantrelBrush>) {
-  auto value = std::make_unique<TVantrelBrush>();
-  value->Color = FReader.ReadLongInt();
-  value->Styles = FReader.ReadByte();
-  return value;
-}
-
-std::unique_ptr<TVantrelFont> TVantrelDataObjectBinReader::ReadVCLFont(std::string_view,
-                                                                       std::unique_ptr<TVantrelFont>) {
-  auto value = std::make_unique<TVantrelFont>();
-  value->Name = FReader.ReadString();
-  value->Color = FReader.ReadLongInt();
-  value->Size = FReader.ReadLongInt();
-  value->Styles = FReader.ReadByte();
-  return value;
-}
-
-std::unique_ptr<TVantrelPen> TVantrelDataObjectBinReader::ReadVCLPen(std::string_view, std::unique_ptr<TVantrelPen>) {
-  auto value = std::make_unique<TVantrelPen>();
-  value->Color = FReader.ReadLongInt();
-  value->Mode = FReader.ReadByte();
-  value->Styles = FReader.ReadByte();
-  value->Width = FReader.ReadLongInt();
   return value;
 }
 

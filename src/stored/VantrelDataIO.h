@@ -13,28 +13,38 @@
 class TVantrelDataList;
 
 /// The scalar types that writer and reader have an operation for: name of the operation, C++ type. A char is one
-/// UTF-16 unit, a comp a 64-bit integer, a colour 32 bits.
+/// UTF-16 unit, a comp a 64-bit integer, a colour 32 bits. The primitive ones are those of TVantrelWriter.
+#define VANTREL_PRIMITIVE_SCALARS(X) \
+  X(Boolean, bool)                   \
+  X(Byte, std::uint8_t)              \
+  X(Char, char16_t)                  \
+  X(Double, double)                  \
+  X(Extended, long double)           \
+  X(Guid, TGuid)                     \
+  X(Int64, std::int64_t)             \
+  X(LongInt, std::int32_t)           \
+  X(LongWord, std::uint32_t)         \
+  X(ShortInt, std::int8_t)           \
+  X(Single, float)                   \
+  X(SmallInt, std::int16_t)          \
+  X(Word, std::uint16_t)
 #define VANTREL_SCALARS(X)      \
-  X(Boolean, bool)              \
-  X(Byte, std::uint8_t)         \
-  X(Char, char16_t)             \
+  VANTREL_PRIMITIVE_SCALARS(X)  \
   X(Comp, std::int64_t)         \
   X(Currency, TCurrency)        \
   X(DateTime, TDateTime)        \
   X(Date, TDateTime)            \
-  X(Double, double)             \
-  X(Extended, long double)      \
-  X(Guid, TGuid)                \
-  X(Int64, std::int64_t)        \
-  X(LongInt, std::int32_t)      \
-  X(LongWord, std::uint32_t)    \
-  X(ShortInt, std::int8_t)      \
-  X(Single, float)              \
-  X(SmallInt, std::int16_t)     \
   X(Time, TDateTime)            \
   X(TimeSpan, TVantrelTimeSpan) \
-  X(VCLColor, std::int32_t)     \
-  X(Word, std::uint16_t)
+  X(VCLColor, std::int32_t)
+
+/// The records that writer and reader have an operation for: name of the record, its fields. A field is named by its
+/// operation and its member, whose name it has in the forms with names; their order is that of the forms.
+#define VANTREL_DRAWING_RECORDS(X) \
+  X(Brush, VANTREL_BRUSH_FIELDS) X(Font, VANTREL_FONT_FIELDS) X(Pen, VANTREL_PEN_FIELDS)
+#define VANTREL_BRUSH_FIELDS(X) X(LongInt, Color) X(Byte, Styles)
+#define VANTREL_FONT_FIELDS(X) X(String, Name) X(LongInt, Color) X(LongInt, Size) X(Byte, Styles)
+#define VANTREL_PEN_FIELDS(X) X(LongInt, Color) X(Byte, Mode) X(Byte, Styles) X(LongInt, Width)
 
 /// What WriteData talks to: one operation per type, the name of the value first. The overload with a default writes
 /// nothing for a value equal to it in the forms that have names; binary writes always.

@@ -7,6 +7,7 @@
 
 struct json_object;
 
+/// Values of the JSON library, whose headers stay within this room.
 struct TJsonDeleter {
   void operator()(json_object* value) const;
 };

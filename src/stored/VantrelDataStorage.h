@@ -13,6 +13,7 @@
 #include "VantrelFileStamp.h"
 #include "VantrelFileStreams.h"
 
+/// What a document is doing.
 enum class TVantrelDataStorageState { dssNormal, dssCreating, dssDestroying, dssClearing, dssLoading, dssSaving };
 
 /// The form of a document in a stream. The caller chooses it; a file does not tell its own.

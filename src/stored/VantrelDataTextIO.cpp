@@ -52,33 +52,27 @@ void TVantrelDataObjectTextWriter::WriteShortCut(std::string_view name, const TV
   Leave();
 }
 
-void TVantrelDataObjectTextWriter::WriteVCLBrush(std::string_view name, const TVantrelBrush* value) {
-  if (value == nullptr) return;
-  Enter(name);
-  WriteLongInt("Color", value->Color);
-  WriteByte("Styles", value->Styles);
-  Leave();
-}
-
-void TVantrelDataObjectTextWriter::WriteVCLFont(std::string_view name, const TVantrelFont* value) {
-  if (value == nullptr) return;
-  Enter(name);
-  WriteString("Name", value->Name);
-  WriteLongInt("Color", value->Color);
-  WriteLongInt("Size", value->Size);
-  WriteByte("Styles", value->Styles);
-  Leave();
-}
-
-void TVantrelDataObjectTextWriter::WriteVCLPen(std::string_view name, const TVantrelPen* value) {
-  if (value == nullptr) return;
-  Enter(name);
-  WriteLongInt("Color", value->Color);
-  WriteByte("Mode", value->Mode);
-  WriteByte("Styles", value->Styles);
-  WriteLongInt("Width", value->Width);
-  Leave();
-}
+#define VANTREL_WRITE(Operation, Member) Write##Operation(#Member, value->Member);
+#define VANTREL_READ(Operation, Member) existing->Member = Read##Operation(#Member);
+#define VANTREL_DEFINE(Record, Fields)                                                                        \
+  void TVantrelDataObjectTextWriter::WriteVCL##Record(std::string_view name, const TVantrel##Record* value) { \
+    if (value == nullptr) return;                                                                             \
+    Enter(name);                                                                                              \
+    Fields(VANTREL_WRITE);                                                                                    \
+    Leave();                                                                                                  \
+  }                                                                                                           \
+  std::unique_ptr<TVantrel##Record> TVantrelDataObjectTextReader::ReadVCL##Record(                            \
+      std::string_view name, std::unique_ptr<TVantrel##Record> existing) {                                    \
+    if (!Enter(name)) return existing;                                                                        \
+    if (existing == nullptr) existing = std::make_unique<TVantrel##Record>();                                 \
+    Fields(VANTREL_READ);                                                                                     \
+    Leave();                                                                                                  \
+    return existing;                                                                                          \
+  }
+VANTREL_DRAWING_RECORDS(VANTREL_DEFINE)
+#undef VANTREL_DEFINE
+#undef VANTREL_READ
+#undef VANTREL_WRITE
 
 void TVantrelDataObjectTextWriter::WriteDataProperty(std::string_view name, const TVantrelDataProperty* property) {
   if (property == nullptr) throw EVantrelDataObjectWriterError(ResourceText(StoredTexts::NullInstance));
@@ -113,40 +107,6 @@ TVantrelShortCut TVantrelDataObjectTextReader::ReadShortCut(std::string_view nam
   value.VirtualKey = ReadByte("VirtualKey");
   Leave();
   return value;
-}
-
-std::unique_ptr<TVantrelBrush> TVantrelDataObjectTextReader::ReadVCLBrush(std::string_view name,
-                                                                          std::unique_ptr<TVantrelBrush> existing) {
-  if (!Enter(name)) return existing;
-  if (existing == nullptr) existing = std::make_unique<TVantrelBrush>();
-  existing->Color = ReadLongInt("Color");
-  existing->Styles = ReadByte("Styles");
-  Leave();
-  return existing;
-}
-
-std::unique_ptr<TVantrelFont> TVantrelDataObjectTextReader::ReadVCLFont(std::string_view name,
-                                                                        std::unique_ptr<TVantrelFont> existing) {
-  if (!Enter(name)) return existing;
-  if (existing == nullptr) existing = std::make_unique<TVantrelFont>();
-  existing->Name = ReadString("Name");
-  existing->Color = ReadLongInt("Color");
-  existing->Size = ReadLongInt("Size");
-  existing->Styles = ReadByte("Styles");
-  Leave();
-  return existing;
-}
-
-std::unique_ptr<TVantrelPen> TVantrelDataObjectTextReader::ReadVCLPen(std::string_view name,
-                                                                      std::unique_ptr<TVantrelPen> existing) {
-  if (!Enter(name)) return existing;
-  if (existing == nullptr) existing = std::make_unique<TVantrelPen>();
-  existing->Color = ReadLongInt("Color");
-  existing->Mode = ReadByte("Mode");
-  existing->Styles = ReadByte("Styles");
-  existing->Width = ReadLongInt("Width");
-  Leave();
-  return existing;
 }
 
 void TVantrelDataObjectTextReader::ReadDataProperty(std::string_view name, TVantrelDataProperty* property) {

@@ -30,6 +30,7 @@ class TVantrelDataObjectTextWriter : public TVantrelDataObjectWriter {
   virtual void Leave() = 0;
 };
 
+/// The reader of the forms that are text: all values are read from texts that the form finds under their names.
 class TVantrelDataObjectTextReader : public TVantrelDataObjectReader {
  public:
   using TVantrelDataObjectReader::TVantrelDataObjectReader;

@@ -10,7 +10,7 @@
 #include "DesktopMainWindow.h"
 #include "DesktopStudentsView.h"
 #include "FakeViews.h"
-#include "SampleProject.h"
+#include "SampleProjectTest.h"
 #include "TypedText.h"
 #include "uProjectLookups.h"
 

@@ -1,4 +1,4 @@
-#include "SampleProject.h"
+#include "SampleProjectTest.h"
 #include "VantrelExceptions.h"
 #include "mLookup.h"
 #include "uDataSource.h"

@@ -1,5 +1,5 @@
 #include "FakeViews.h"
-#include "SampleProject.h"
+#include "SampleProjectTest.h"
 #include "uCXUtils.h"
 
 namespace {
