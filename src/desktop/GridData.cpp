@@ -6,8 +6,8 @@
 
 #include "DesktopTexts.h"
 #include "QtText.h"
+#include "ValueEditor.h"
 #include "VantrelMemTable.h"
-#include "VantrelNumbers.h"
 
 void TGridData::BindSource(TVantrelGridSource* source) {
   FSource = source;
@@ -67,25 +67,11 @@ QString TGridData::TextOf(const TGridColumn& column, int ordinal, const TVariant
   if (FEvents.OnDisplayText) {
     if (const auto text = FEvents.OnDisplayText(ordinal, value)) return FromUtf8(*text);
   }
-  const auto& editor = column.Editor;
-  if (value.IsEmpty() && !editor.NullText.empty()) return FromUtf8(editor.NullText);
-  if (editor.Kind == TEditorKind::Lookup && editor.Lookup.Table != nullptr && !value.IsEmpty()) {
-    const TVariant shown = editor.Lookup.Table->Lookup(editor.Lookup.KeyField, value, editor.Lookup.ShownField);
-    // A value that the table does not know: a token still says something, a number would pass for a grade.
-    if (!shown.IsEmpty() || editor.ValueKind != TValueKind::Text) return FromUtf8(shown.AsTextOrEmpty());
-  }
-  if (editor.Kind == TEditorKind::List) {
-    for (const auto& item : editor.Items)
-      if (item.Value == value) return FromUtf8(item.Text);
-  }
+  if (const auto text = EditorText(column.Editor, value)) return *text;
   if (FTable != nullptr) {
     if (const auto* field = FTable->FindField(column.Field)) return FromUtf8(field->DisplayTextOf(value));
   }
   return NumberText(value);
-}
-
-QString NumberText(const TVariant& value) {
-  return FromUtf8(value.Kind() == TVariantKind::Float ? GermanFloatText(value.AsFloat()) : value.AsTextOrEmpty());
 }
 
 QString ShownPart(const QString& text) {

@@ -40,9 +40,6 @@ class TGridData {
   TVantrelMemTable* FTable = nullptr;
 };
 
-/// How the user reads a number. Values of 32 bits are read as short as they were written.
-QString NumberText(const TVariant& value);
-
 struct TGridFilterItem {
   int Ordinal = 0;
   TVariant Value;

@@ -3,58 +3,13 @@
 #include <QKeyEvent>
 #include <QPainter>
 
-#include "CellEditors.h"
 #include "DesktopLook.h"
 #include "GridModel.h"
 #include "GridView.h"
 #include "QtText.h"
-#include "VantrelMemTable.h"
 
 namespace {
 constexpr int textMargin = 4;
-
-std::vector<TLookupEntry> EntriesOf(const TEditorDescription& editor) {
-  std::vector<TLookupEntry> entries;
-  if (editor.Kind == TEditorKind::List) {
-    for (const auto& item : editor.Items) entries.push_back({item.Value, FromUtf8(item.Text), {}});
-    return entries;
-  }
-  const auto* table = editor.Lookup.Table;
-  if (table == nullptr || !table->Active()) return entries;
-  const auto fieldOf = [table](const std::string& name) {
-    const auto* field = table->FindField(name);
-    return field == nullptr ? -1 : field->Index();
-  };
-  const int key = fieldOf(editor.Lookup.KeyField);
-  const int shown = fieldOf(editor.Lookup.ShownField);
-  const int description = fieldOf(editor.Lookup.DescriptionField);
-  for (int record = 0; record < table->RecordCount(); ++record) {
-    entries.push_back({table->ValueAt(record, key), FromUtf8(table->ValueAt(record, shown).AsTextOrEmpty()),
-                       FromUtf8(table->ValueAt(record, description).AsTextOrEmpty())});
-  }
-  return entries;
-}
-
-QWidget* MakeEditor(const TEditorDescription& description, bool ofLines, QWidget* parent) {
-  switch (description.Kind) {
-    case TEditorKind::Lookup:
-    case TEditorKind::List:
-      return new TLookupEdit(EntriesOf(description), parent);
-    case TEditorKind::Date:
-      return new TDateEdit(parent);
-    case TEditorKind::Spin:
-      return new TNumberEdit(description.Minimum, description.Maximum, description.Decimals, parent);
-    case TEditorKind::Memo:
-      return new TMemoEdit(parent);
-    case TEditorKind::Plain:
-      break;
-  }
-  if (!description.IsNumber() && ofLines) return new TMemoEdit(parent);
-  if (!description.IsNumber()) return new TPlainEdit(parent);
-  auto* editor = new TNumberEdit(description.Minimum, description.Maximum, description.Decimals, parent);
-  editor->setButtonSymbols(QAbstractSpinBox::NoButtons);
-  return editor;
-}
 }  // namespace
 
 TGridDelegate::TGridDelegate(TGridView& view) : QStyledItemDelegate(&view), FView(view) {}
@@ -110,33 +65,29 @@ QSize TGridDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelIn
 
 QWidget* TGridDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem&, const QModelIndex& index) const {
   const auto& column = Model().Data().Column(index.column());
-  auto* editor = MakeEditor(column.Editor, Model().Options().RowsFollowContent, parent);
-  editor->setAccessibleName(FromUtf8(column.Caption));
-  editor->setAutoFillBackground(true);
-  if (auto* line = qobject_cast<QLineEdit*>(editor)) line->setAlignment(AlignmentOf(column));
-  if (auto* number = qobject_cast<QAbstractSpinBox*>(editor)) number->setAlignment(AlignmentOf(column));
-  auto* cell = dynamic_cast<TCellEditor*>(editor);
-  cell->OnChanged = [this, editor] { FView.EditorChanged(editor); };
-  cell->OnAccepted = [this, editor] { const_cast<TGridDelegate*>(this)->Finish(editor, false); };
-  return editor;
+  auto description = column.Editor;
+  const bool isText = description.Kind == TEditorKind::Plain && !description.IsNumber();
+  if (isText && Model().Options().RowsFollowContent) description.Kind = TEditorKind::Memo;
+  auto& editor = MakeEditor(description, parent);
+  editor.Widget().setAccessibleName(FromUtf8(column.Caption));
+  editor.Widget().setAutoFillBackground(true);
+  editor.SetAlignment(AlignmentOf(column));
+  FView.CellEdit().SetEditor(editor);
+  return &editor.Widget();
 }
 
-void TGridDelegate::setEditorData(QWidget* editor, const QModelIndex& index) const {
-  // Later changes of the model are those that the editor itself made.
-  if (!FView.IsNewEditor(editor)) return;
-  dynamic_cast<TCellEditor*>(editor)->SetValue(Model().Read(index), index.data().toString());
+void TGridDelegate::setEditorData(QWidget*, const QModelIndex& index) const {
+  FView.CellEdit().Load(index.data().toString());
 }
 
-void TGridDelegate::setModelData(QWidget* editor, QAbstractItemModel*, const QModelIndex& index) const {
-  FView.Post(index, *dynamic_cast<const TCellEditor*>(editor));
+void TGridDelegate::setModelData(QWidget* editor, QAbstractItemModel*, const QModelIndex&) const {
+  if (FView.CellEdit().IsOf(editor)) FView.CellEdit().Post();
 }
 
 void TGridDelegate::updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem& option,
                                          const QModelIndex&) const {
   // The frame of the focused cell stays in sight.
-  const QRect inside = option.rect.adjusted(2, 2, -2, -2);
-  if (auto* memo = dynamic_cast<TMemoEdit*>(editor)) return memo->Fit(inside);
-  editor->setGeometry(inside);
+  if (FView.CellEdit().IsOf(editor)) FView.CellEdit().Editor()->PlaceInCell(option.rect.adjusted(2, 2, -2, -2));
 }
 
 void TGridDelegate::Finish(QWidget* editor, bool revert) {
@@ -145,8 +96,7 @@ void TGridDelegate::Finish(QWidget* editor, bool revert) {
 }
 
 bool TGridDelegate::eventFilter(QObject* watched, QEvent* event) {
-  auto* editor = qobject_cast<QWidget*>(watched);
-  if (event->type() == QEvent::KeyPress && editor != nullptr && FView.EditorKey(editor, static_cast<QKeyEvent*>(event)))
-    return true;
+  const bool isKey = event->type() == QEvent::KeyPress && FView.CellEdit().IsOf(watched);
+  if (isKey && FView.EditorKey(*static_cast<QKeyEvent*>(event))) return true;
   return QStyledItemDelegate::eventFilter(watched, event);
 }

@@ -8,13 +8,13 @@
 #include <algorithm>
 #include <cmath>
 
-#include "CellEditors.h"
 #include "DesktopLook.h"
 #include "GridDelegate.h"
 #include "GridHeaders.h"
 
 TGridView::TGridView(TGridModel& model, const TVantrelGrid& events)
-    : FModel(model), FEvents(events), FDelegate(new TGridDelegate(*this)) {
+    : FModel(model), FEvents(events), FDelegate(new TGridDelegate(*this)), FEdit(model, events) {
+  FEdit.OnAccepted = [this] { Finish(false); };
   setHorizontalHeader(new TGridHeader(model, this));
   setVerticalHeader(new TGridIndicator(this));
   setCornerButtonEnabled(false);

@@ -1,14 +1,12 @@
 #pragma once
 
-#include <QPointer>
 #include <QTableView>
 #include <functional>
 #include <optional>
 #include <vector>
 
-#include "GridModel.h"
+#include "CellEdit.h"
 
-class TCellEditor;
 class TGridDelegate;
 class TGridHeader;
 
@@ -45,7 +43,9 @@ class TGridView : public QTableView {
   bool IsKeyboardIn() const;
   bool IsTinted(int ordinal) const;
   bool IsEditing() const { return state() == EditingState; }
+  /// Writes the value of the open editor.
   void PostEditor();
+  TCellEdit& CellEdit() { return FEdit; }
   const QString& SearchText() const { return FSearch; }
   void EndSearch();
 
@@ -55,11 +55,8 @@ class TGridView : public QTableView {
   std::function<void(const QPoint& place)> OnMenu;
   std::function<bool()> OnLiftFilter;  ///< false where there is no filter
 
-  // For the delegate.
-  void EditorChanged(QWidget* editor);
-  bool IsNewEditor(const QWidget* editor) const { return editor != FEditor; }
-  bool EditorKey(QWidget* editor, QKeyEvent* event);
-  void Post(const QModelIndex& index, const TCellEditor& editor);
+  /// A key of the open editor: true where it does not go on to it.
+  bool EditorKey(const QKeyEvent& event);
 
   // Frozen columns stand still while the others scroll.
   QRect visualRect(const QModelIndex& index) const override;
@@ -100,19 +97,17 @@ class TGridView : public QTableView {
   bool TakeSearchKey(QKeyEvent* event);
   bool Search(const QString& text, int fromRow);
   bool Leave(TGridKey key, bool backwards);
-  /// Writes back what the cell held before the edit.
-  void Restore();
+  /// The open editor's value is written unless `revert`, and the editor closes.
+  void Finish(bool revert);
+  /// False where the view lets the grid deal with the key.
+  bool TakeViewKey(TGridKey key);
   void PaintGroups();
   void PaintFrozen();
 
   TGridModel& FModel;
   const TVantrelGrid& FEvents;
   TGridDelegate* FDelegate;
-  QPointer<QWidget> FEditor;
-  QPersistentModelIndex FEdited;
-  TVariant FBefore;
-  bool FTouched = false;
-  bool FPosted = false;
+  TCellEdit FEdit;
   bool FClickedCurrent = false;
   bool FApplying = false;  ///< widths change by the program, not by the user
   QString FSearch;

@@ -1,3 +1,5 @@
+#include "LookupEdit.h"
+
 #include <QAccessibleWidget>
 #include <QHeaderView>
 #include <QKeyEvent>
@@ -11,10 +13,10 @@
 #include <optional>
 #include <utility>
 
-#include "CellEditors.h"
 #include "DesktopLook.h"
 #include "DesktopTexts.h"
 #include "QtText.h"
+#include "VantrelMemTable.h"
 
 namespace {
 constexpr int shownRows = 12;
@@ -68,26 +70,57 @@ QAccessibleInterface* MakeAccess(const QString&, QObject* object) {
 }
 }  // namespace
 
-TLookupEdit::TLookupEdit(std::vector<TLookupEntry> entries, QWidget* parent)
-    : QLineEdit(parent), FEntries(std::move(entries)), FList(new QTreeWidget(this)) {
+TLookupEdit::TLookupEdit(const TEditorDescription& description, QWidget* parent)
+    : QLineEdit(parent), TValueEditor(*this, description), FEntries(ReadEntries()), FList(new QTreeWidget(this)) {
   [[maybe_unused]] static const bool once = (QAccessible::installFactory(MakeAccess), true);
-  setFrame(false);
   // What is typed picks an entry: keys go through keyPressEvent.
   setReadOnly(true);
+  setPlaceholderText(FromUtf8(description.NullText));
   auto* open = addAction(ThemeIcon("arrow-down"), QLineEdit::TrailingPosition);
   open->setToolTip(UserText(DesktopTexts::OpenList));
-  connect(open, &QAction::triggered, this, [this] { IsListOpen() ? CloseList() : OpenList(); });
+  connect(open, &QAction::triggered, this, [this] {
+    if (!CloseList()) OpenList();
+  });
+  MakeList();
   FillList();
   connect(FList, &QTreeWidget::itemClicked, this, [this](QTreeWidgetItem* item) {
-    MarkByUser(FList->indexOfTopLevelItem(item), {});
+    const bool changes = MarkByUser(FList->indexOfTopLevelItem(item), {});
     CloseList();
-    if (OnAccepted) OnAccepted();
+    if (changes) Tell();
+    Accepted();
   });
 }
 
-TLookupEdit::~TLookupEdit() = default;
+std::vector<TLookupEdit::TEntry> TLookupEdit::ReadEntries() const {
+  std::vector<TEntry> entries;
+  if (Description().Kind == TEditorKind::List) {
+    for (const auto& item : Description().Items) entries.push_back({item.Value, FromUtf8(item.Text), {}});
+    return entries;
+  }
+  const auto& lookup = Description().Lookup;
+  const auto* table = lookup.Table;
+  if (table == nullptr || !table->Active()) return entries;
+  const auto fieldOf = [table](const std::string& name) {
+    const auto* field = table->FindField(name);
+    return field == nullptr ? -1 : field->Index();
+  };
+  const int key = fieldOf(lookup.KeyField);
+  const int shown = fieldOf(lookup.ShownField);
+  const int description = fieldOf(lookup.DescriptionField);
+  for (int record = 0; record < table->RecordCount(); ++record) {
+    entries.push_back({table->ValueAt(record, key), FromUtf8(table->ValueAt(record, shown).AsTextOrEmpty()),
+                       FromUtf8(table->ValueAt(record, description).AsTextOrEmpty())});
+  }
+  return entries;
+}
 
-void TLookupEdit::FillList() {
+void TLookupEdit::Reload() {
+  FEntries = ReadEntries();
+  FillList();
+  if (FTyped.isEmpty()) Mark(EntryOf(Value()), {}, text());
+}
+
+void TLookupEdit::MakeList() {
   // A tool-tip window: it stands above all without ever taking the keyboard.
   FList->setWindowFlags(Qt::ToolTip);
   FList->setFocusPolicy(Qt::NoFocus);
@@ -103,6 +136,10 @@ void TLookupEdit::FillList() {
   for (const auto role : {QPalette::Highlight, QPalette::HighlightedText})
     colours.setColor(QPalette::Inactive, role, colours.color(QPalette::Active, role));
   FList->setPalette(colours);
+}
+
+void TLookupEdit::FillList() {
+  FList->clear();
   const bool described =
       std::any_of(FEntries.begin(), FEntries.end(), [](const auto& entry) { return !entry.Description.isEmpty(); });
   FList->setColumnCount(described ? 2 : 1);
@@ -119,14 +156,27 @@ void TLookupEdit::Begin(bool) {
   OpenList();
 }
 
+void TLookupEdit::PlaceInCell(const QRect& cell) {
+  setFrame(false);
+  setGeometry(cell);
+}
+
+QPoint TLookupEdit::StepsOf(const QKeyEvent& key) const {
+  return {key.key() == Qt::Key_Left ? -1 : key.key() == Qt::Key_Right ? 1 : 0, 0};
+}
+
 TVariant TLookupEdit::Entered() const {
   return FMarked < 0 ? TVariant::Null() : FEntries[static_cast<std::size_t>(FMarked)].Key;
 }
 
+int TLookupEdit::EntryOf(const TVariant& value) const {
+  const auto at = std::ranges::find(FEntries, value, &TEntry::Key);
+  return at == FEntries.end() ? -1 : static_cast<int>(at - FEntries.begin());
+}
+
 void TLookupEdit::Show(const TVariant& value, const QString& shown) {
-  const auto at = std::find_if(FEntries.begin(), FEntries.end(), [&](const auto& entry) { return entry.Key == value; });
-  if (at == FEntries.end()) return Mark(-1, {}, shown);
-  Mark(static_cast<int>(at - FEntries.begin()), {}, at->Shown);
+  const int entry = EntryOf(value);
+  Mark(entry, {}, entry < 0 ? shown : FEntries[static_cast<std::size_t>(entry)].Shown);
 }
 
 int TLookupEdit::Find(const QString& typed) const {
@@ -166,24 +216,39 @@ void TLookupEdit::SelectRest() {
   setSelection(length, (starts ? static_cast<int>(FTyped.size()) : 0) - length);
 }
 
-void TLookupEdit::MarkByUser(int entry, const QString& typed) {
+bool TLookupEdit::MarkByUser(int entry, const QString& typed) {
   const bool changes = entry != FMarked || !IsComplete();
   Mark(entry, typed, FEntries[static_cast<std::size_t>(entry)].Shown);
-  if (changes) Changed();
+  if (changes) SetChanged();
+  return changes;
 }
 
-void TLookupEdit::Type(const QString& typed) {
+bool TLookupEdit::Type(const QString& typed) {
   OpenList();
+  if (FTyped.isEmpty()) FBefore = {FMarked, text(), IsChanged()};
   if (const int entry = Find(typed); entry >= 0) return MarkByUser(entry, typed);
   Mark(-1, typed, typed);
   Refuse();
-  Changed();
+  SetChanged();
+  return true;
 }
 
-void TLookupEdit::Clear() {
-  const bool changes = !Value().IsEmpty() || !IsComplete();
+bool TLookupEdit::Shorten() {
+  if (FTyped.size() > 1) return Type(FTyped.chopped(1));
+  if (!IsComplete()) return TakeBack();
+  const bool changes = !Value().IsEmpty();
   Mark(-1, {}, {});
-  if (changes) Changed();
+  if (changes) SetChanged();
+  return changes;
+}
+
+bool TLookupEdit::TakeBack() {
+  // The one letter named nothing: what it would have replaced stands there again.
+  if (FBefore.IsChanged)
+    Mark(FBefore.Entry, {}, FBefore.Text);
+  else
+    Restore();
+  return true;
 }
 
 bool TLookupEdit::IsListOpen() const {
@@ -199,9 +264,11 @@ void TLookupEdit::OpenList() {
   window()->installEventFilter(this);
 }
 
-void TLookupEdit::CloseList() {
+bool TLookupEdit::CloseList() {
+  const bool wasOpen = IsListOpen();
   FList->hide();
   window()->removeEventFilter(this);
+  return wasOpen;
 }
 
 bool TLookupEdit::eventFilter(QObject* watched, QEvent* event) {
@@ -250,33 +317,31 @@ void TLookupEdit::PlaceList() {
 }
 
 void TLookupEdit::keyPressEvent(QKeyEvent* event) {
-  const bool alt = (event->modifiers() & Qt::AltModifier) != 0;
+  const bool upOrDown = event->key() == Qt::Key_Up || event->key() == Qt::Key_Down;
+  const bool turnsList = event->key() == Qt::Key_F4 || (upOrDown && (event->modifiers() & Qt::AltModifier) != 0);
   const int last = static_cast<int>(FEntries.size()) - 1;
-  switch (event->key()) {
-    case Qt::Key_F4:
-      IsListOpen() ? CloseList() : OpenList();
-      return;
-    case Qt::Key_Down:
-    case Qt::Key_Up:
-      if (alt) {
-        IsListOpen() ? CloseList() : OpenList();
-      } else if (last >= 0) {
-        MarkByUser(std::clamp(FMarked + (event->key() == Qt::Key_Down ? 1 : -1), 0, last), {});
-      }
-      return;
-    case Qt::Key_Delete:
-      return Clear();
-    case Qt::Key_Backspace:
-      return FTyped.size() > 1 ? Type(FTyped.chopped(1)) : Clear();
-    default:
-      break;
+  bool changes = false;
+  if (turnsList) {
+    if (!CloseList()) OpenList();
+  } else if (upOrDown) {
+    if (last >= 0) changes = MarkByUser(std::clamp(FMarked + (event->key() == Qt::Key_Down ? 1 : -1), 0, last), {});
+  } else if (event->key() == Qt::Key_Backspace) {
+    changes = Shorten();
+  } else if (!event->text().isEmpty() && event->text().front().isPrint()) {
+    changes = Type(FTyped + event->text());
+  } else {
+    return QLineEdit::keyPressEvent(event);
   }
-  if (event->text().isEmpty() || !event->text().front().isPrint()) return QLineEdit::keyPressEvent(event);
-  Type(FTyped + event->text());
+  if (changes) Tell();
+}
+
+void TLookupEdit::mouseReleaseEvent(QMouseEvent* event) {
+  QLineEdit::mouseReleaseEvent(event);
+  if (event->button() == Qt::LeftButton && !IsListOpen()) OpenList();
 }
 
 void TLookupEdit::wheelEvent(QWheelEvent* event) {
-  event->accept();
+  event->setAccepted(IsListOpen());
 }
 
 void TLookupEdit::focusOutEvent(QFocusEvent* event) {

@@ -1,11 +1,14 @@
+#include "NumberEdit.h"
+
 #include <QKeyEvent>
+#include <QLineEdit>
 #include <QLocale>
 #include <QRegularExpression>
 #include <algorithm>
 #include <optional>
 
-#include "CellEditors.h"
-#include "GridData.h"
+#include "PlainEdit.h"
+#include "QtText.h"
 
 namespace {
 
@@ -24,9 +27,14 @@ std::optional<double> ReadNumber(const QString& text) {
 
 }  // namespace
 
-TNumberEdit::TNumberEdit(double minimum, double maximum, int decimals, QWidget* parent)
-    : QAbstractSpinBox(parent), FMinimum(minimum), FMaximum(maximum), FDecimals(decimals) {
-  setFrame(false);
+TNumberEdit::TNumberEdit(const TEditorDescription& description, QWidget* parent)
+    : QAbstractSpinBox(parent),
+      TValueEditor(*this, description),
+      FMinimum(description.Minimum),
+      FMaximum(description.Maximum),
+      FDecimals(description.Decimals) {
+  if (description.Kind != TEditorKind::Spin) setButtonSymbols(NoButtons);
+  lineEdit()->setPlaceholderText(FromUtf8(description.NullText));
   connect(lineEdit(), &QLineEdit::textChanged, this, [this](const QString& text) { FText = text; });
   connect(lineEdit(), &QLineEdit::textEdited, this, [this] { Changed(); });
   connect(lineEdit(), &QLineEdit::inputRejected, this, [this] {
@@ -36,10 +44,12 @@ TNumberEdit::TNumberEdit(double minimum, double maximum, int decimals, QWidget* 
 }
 
 void TNumberEdit::Begin(bool atEnd) {
-  if (atEnd)
-    lineEdit()->end(false);
-  else
-    selectAll();
+  PlaceCursor(*lineEdit(), atEnd);
+}
+
+void TNumberEdit::PlaceInCell(const QRect& cell) {
+  setFrame(false);
+  setGeometry(cell);
 }
 
 bool TNumberEdit::CanStore() const {

@@ -86,7 +86,8 @@ class TVantrelGrid {
   std::function<bool(int ordinal)> OnEditing;
   /// An editor has opened, before its first key.
   std::function<void()> OnEditStarted;
-  std::function<void(int ordinal)> OnEditChanged;
+  /// The value of the open editor is another. True posts it at once, else it is posted when the editor closes.
+  std::function<bool(int ordinal)> OnEditChanged;
   /// What the edit had written to the source was taken back: the cell holds what it held when the editor opened.
   std::function<void()> OnEditReverted;
   std::function<TGridKeyAction(int ordinal, TGridKey key)> OnKeyDown;

@@ -74,9 +74,9 @@ void TAchievementsPane::BuildColumns(bool isTextClass) {
   for (const auto& source : FColumns) {
     const int ordinal = grid.AddColumn(source);
     if (source.Visible && PostsEdits(ordinal)) {
-      grid.OnEditChanged = [this, &grid](int) {
+      grid.OnEditChanged = [this](int) {
         FKeptRow.Touch();
-        grid.PostEdit();
+        return true;
       };
     }
     // A field that the project does not know has no caption; it stays hidden.

@@ -1,5 +1,6 @@
 #include <cmath>
 
+#include "DateEdit.h"
 #include "GridFixture.h"
 
 using TTexts = std::vector<std::string>;
@@ -69,13 +70,37 @@ TEST_F(GridTest, DeleteClearsWithAndWithoutEditor) {
   EXPECT_EQ(Shown(1, Result), "");
 }
 
+TEST_F(GridTest, ARefusedLetterTakenBackLeavesWhatWasThere) {
+  Source.Rows[1]->Cells[Result] = "X";
+  const struct {
+    int Record, Ordinal;
+    Qt::Key Before;
+    const char* Text;
+  } cases[] = {{1, Grade, Qt::Key_F2, "15"},
+               {1, Result, Qt::Key_F2, "X"},
+               {0, Grade, Qt::Key_F2, ""},
+               {1, Grade, Qt::Key_Down, "2"}};
+  for (const auto& [record, ordinal, before, text] : cases) {
+    FocusCell(record, ordinal);
+    Key(Qt::Key_F2);
+    Key(before);
+    Type("y");
+    EXPECT_TRUE(IsRefused());
+    Key(Qt::Key_Backspace);
+    EXPECT_EQ(Lookup()->text(), text);
+    Key(Qt::Key_Return);
+    EXPECT_EQ(Shown(record, ordinal), text);
+  }
+  EXPECT_EQ(Source.Written, (TTexts{"103", "102", "103"}));
+}
+
 TEST_F(GridTest, NumbersAreFoundByTheirValue) {
-  FillGrades({"15", "01", "00", "12", "1-", "09", "2,5", "10"});
+  FillGrades({"15", "01", "00", "12", "1-", "09", "2,5", "10", "A", "a", "E1", "e"});
   const struct {
     const char* Typed;
     const char* Token;
-  } cases[] = {{"1", "01"},   {"9", "09"},    {"12", "12"}, {"15", "15"}, {"0", "00"},
-               {"001", "01"}, {"2.5", "2,5"}, {"1-", "1-"}, {"2", "2,5"}};
+  } cases[] = {{"1", "01"},    {"9", "09"},  {"12", "12"}, {"15", "15"}, {"0", "00"}, {"001", "01"},
+               {"2.5", "2,5"}, {"1-", "1-"}, {"2", "2,5"}, {"a", "a"},   {"E", "e"}};
   for (const auto& [typed, token] : cases) {
     FocusCell(0, Grade);
     Type(typed);
@@ -272,7 +297,7 @@ TEST_F(GridTest, F2AppendsAndTypingReplaces) {
 }
 
 TEST(CellEditorTest, DatesAreTypedSteppedAndEmptied) {
-  TDateEdit edit(nullptr);
+  TDateEdit edit({}, nullptr);
   const struct {
     const char* Typed;
     const char* Date;
@@ -308,6 +333,11 @@ TEST_F(GridTest, ShowsWhatCannotBeReadAndKeepsIt) {
   Source.Cell(Source.Rows[0].get(), Absences) = TVariant::DateTime(1e300);
   Source.Cell(Source.Rows[1].get(), Absences) = std::nan("");
   EXPECT_EQ(Shown(0, Absences), "ungültiges Datum");
+  Grid.OnDisplayText = [](int, const TVariant&) -> std::optional<std::string> {
+    throw std::runtime_error("unreadable");
+  };
+  EXPECT_EQ(Shown(0, Result), "ungültiger Wert");
+  Grid.OnDisplayText = nullptr;
   Grid.ClickHeader(Absences, false);
   EXPECT_EQ(Records(), (std::vector{1, 2, 0}));
 }

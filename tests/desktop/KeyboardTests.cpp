@@ -12,6 +12,7 @@
 #include "DesktopStudentsView.h"
 #include "GridDelegate.h"
 #include "GridFixture.h"
+#include "MemoEdit.h"
 #include "QtText.h"
 #include "Ribbon.h"
 

@@ -1,9 +1,7 @@
 // The keys of a grid, with and without an open editor.
-#include <QApplication>
 #include <QKeyEvent>
 #include <utility>
 
-#include "CellEditors.h"
 #include "GridDelegate.h"
 #include "GridView.h"
 
@@ -24,61 +22,24 @@ TGridKey KeyOf(const QKeyEvent& event) {
       return TGridKey::Other;
   }
 }
-
-// Up and down leave a line of text; left and right leave what has no text cursor of its own.
-int StepsOf(const QWidget& editor, int key) {
-  const bool isLookup = dynamic_cast<const TLookupEdit*>(&editor) != nullptr;
-  if (isLookup && (key == Qt::Key_Left || key == Qt::Key_Right)) return key == Qt::Key_Left ? -1 : 1;
-  return 0;
-}
 }  // namespace
 
 bool TGridView::edit(const QModelIndex& index, EditTrigger trigger, QEvent* event) {
   const bool asks = trigger == AllEditTriggers || (trigger & editTriggers()) != 0;
   if (asks && (!index.isValid() || !MayEditCell(index))) return false;
-  const bool wasEditing = IsEditing();
-  if (asks && !wasEditing) {
-    FBefore = FModel.Read(index);
-    FTouched = FPosted = false;
-    FEdited = index;
-    FEditor = nullptr;
-  }
+  const bool begins = asks && !IsEditing();
+  if (begins) FEdit.Begin(index);
   const bool edits = QTableView::edit(index, trigger, trigger == AnyKeyPressed ? nullptr : event);
-  if (!edits || wasEditing || !IsEditing()) return edits;
-  FEditor = indexWidget(index);
-  if (FEditor == nullptr) return edits;
-  if (FEvents.OnEditStarted) FEvents.OnEditStarted();
-  dynamic_cast<TCellEditor*>(FEditor.data())->Begin(trigger == EditKeyPressed);
-  // Only now: the key is a change that the view hears of.
-  if (trigger == AnyKeyPressed && event != nullptr) QApplication::sendEvent(FEditor, event);
+  if (edits && begins && IsEditing()) FEdit.Open(trigger == EditKeyPressed);
   return edits;
 }
 
-void TGridView::EditorChanged(QWidget* editor) {
-  if (editor != FEditor) return;
-  FTouched = true;
-  // What was posted on the way to a text that cannot be stored was not meant.
-  if (!dynamic_cast<TCellEditor*>(editor)->IsComplete()) return Restore();
-  if (FEvents.OnEditChanged) FEvents.OnEditChanged(FEdited.column());
-}
-
 void TGridView::PostEditor() {
-  if (FEditor != nullptr && IsEditing()) commitData(FEditor);
+  if (IsEditing()) FEdit.Post();
 }
 
-void TGridView::Post(const QModelIndex& index, const TCellEditor& editor) {
-  if (!FTouched || !editor.IsComplete()) return;
-  const TVariant value = editor.Value();
-  const TVariant stored = FModel.Read(index);
-  if (stored == value || (stored.IsEmpty() && value.IsEmpty())) return;
-  FPosted = true;
-  FModel.Write(index, value);
-}
-
-void TGridView::Restore() {
-  if (!std::exchange(FPosted, false) || !FEdited.isValid()) return;
-  FModel.Write(FEdited, FBefore);
-  if (FEvents.OnEditReverted) FEvents.OnEditReverted();
+void TGridView::Finish(bool revert) {
+  FDelegate->Finish(&FEdit.Editor()->Widget(), revert);
 }
 
 bool TGridView::Leave(TGridKey key, bool backwards) {
@@ -87,55 +48,42 @@ bool TGridView::Leave(TGridKey key, bool backwards) {
   return options.EnterMovesToNextCell && MoveCell(1);
 }
 
-bool TGridView::EditorKey(QWidget* editor, QKeyEvent* event) {
-  const TGridKey key = KeyOf(*event);
-  const auto* memo = dynamic_cast<const TMemoEdit*>(editor);
-  const bool newLine = key == TGridKey::Enter && (event->modifiers() & (Qt::ShiftModifier | Qt::AltModifier)) != 0;
-  if (memo != nullptr && newLine) return false;
-  const int steps = StepsOf(*editor, event->key());
-  auto& cell = *dynamic_cast<TCellEditor*>(editor);
-  if ((key == TGridKey::Enter || key == TGridKey::Tab || steps != 0) && cell.KeepsOpen()) {
-    cell.Refuse();
+bool TGridView::TakeViewKey(TGridKey key) {
+  if (!FEvents.OnKeyDown || FEdit.Ordinal() < 0) return false;
+  const auto action = FEvents.OnKeyDown(FEdit.Ordinal(), key);
+  if (action == TGridKeyAction::MoveDown) {
+    Finish(false);
+    MoveRow(1);
+  }
+  return action != TGridKeyAction::Pass;
+}
+
+bool TGridView::EditorKey(const QKeyEvent& event) {
+  auto& editor = *FEdit.Editor();
+  if (editor.BreaksLine(event)) return false;
+  const TGridKey key = KeyOf(event);
+  const QPoint steps = editor.StepsOf(event);
+  const bool leaves = key == TGridKey::Enter || key == TGridKey::Tab;
+  if ((leaves || !steps.isNull()) && editor.KeepsOpen()) {
+    editor.Refuse();
     return true;
   }
-  if (FEvents.OnKeyDown && FEdited.isValid()) {
-    switch (FEvents.OnKeyDown(FEdited.column(), key)) {
-      case TGridKeyAction::MoveDown:
-        FDelegate->Finish(editor, false);
-        MoveRow(1);
-        return true;
-      case TGridKeyAction::Swallow:
-        return true;
-      case TGridKeyAction::Pass:
-        break;
-    }
-  }
+  if (TakeViewKey(key)) return true;
   if (key == TGridKey::Escape) {
-    Restore();
-    FTouched = false;
-    FDelegate->Finish(editor, true);
-    return true;
-  }
-  if (key == TGridKey::Enter || key == TGridKey::Tab) {
-    FDelegate->Finish(editor, false);
-    const bool backwards = event->key() == Qt::Key_Backtab;
+    FEdit.Revert();
+    Finish(true);
+  } else if (leaves) {
+    Finish(false);
+    const bool backwards = event.key() == Qt::Key_Backtab;
     if (!Leave(key, backwards) && key == TGridKey::Tab && !FModel.Options().TabMovesCells)
       QTableView::focusNextPrevChild(!backwards);
-    return true;
+  } else if (!steps.isNull()) {
+    Finish(false);
+    steps.y() != 0 ? MoveRow(steps.y()) : MoveCell(steps.x());
+  } else {
+    return editor.TakeKey(event);
   }
-  const bool upOrDown = event->key() == Qt::Key_Up || event->key() == Qt::Key_Down;
-  const bool leaves = memo != nullptr ? memo->IsAtEdge(event->key()) : dynamic_cast<TPlainEdit*>(editor) != nullptr;
-  if (upOrDown && leaves && event->modifiers() == Qt::NoModifier) {
-    FDelegate->Finish(editor, false);
-    MoveRow(event->key() == Qt::Key_Up ? -1 : 1);
-    return true;
-  }
-  if (steps != 0) {
-    FDelegate->Finish(editor, false);
-    MoveCell(steps);
-    return true;
-  }
-  return false;
+  return true;
 }
 
 bool TGridView::focusNextPrevChild(bool next) {
@@ -148,7 +96,11 @@ void TGridView::keyPressEvent(QKeyEvent* event) {
     event->accept();
     return;
   }
+  const bool wasEditing = IsEditing();
   QTableView::keyPressEvent(event);
+  // A key that opened the editor is its first: only now, since it is a change that the view hears of.
+  auto* editor = wasEditing || !IsEditing() || event->key() == Qt::Key_F2 ? nullptr : FEdit.Editor();
+  if (editor != nullptr) static_cast<QObject&>(editor->Widget()).event(event);
 }
 
 bool TGridView::TakeKey(QKeyEvent* event) {

@@ -1,0 +1,54 @@
+#pragma once
+
+#include <QPersistentModelIndex>
+#include <QPointer>
+#include <functional>
+
+#include "GridModel.h"
+#include "ValueEditor.h"
+
+/// The edit of one cell from its beginning to its end: what the user changes, what is posted and what is taken back.
+class TCellEdit : public TEditorOwner {
+ public:
+  TCellEdit(TGridModel& model, const TVantrelGrid& events) : FModel(model), FEvents(events) {}
+
+  /// The edit of a cell begins; the one before is over.
+  void Begin(const QModelIndex& index);
+  /// The cell's editor has been made. It is not owned.
+  void SetEditor(TValueEditor& editor);
+  /// Shows the value from before the edit, once; `shown` is how it reads.
+  void Load(const QString& shown);
+  /// The editor is open: tells so, and lets it begin behind the text or with all of it to be replaced.
+  void Open(bool atEnd);
+
+  /// None where no editor has been made, or it has gone.
+  TValueEditor* Editor() const { return FWidget == nullptr ? nullptr : FEditor; }
+  bool IsOf(const QObject* widget) const { return FWidget != nullptr && FWidget == widget; }
+  /// -1 where the cell has gone.
+  int Ordinal() const { return FIndex.column(); }
+
+  void EditorChanged() override;
+  void EditorAccepted() override;
+  /// Writes what stands in the editor, if the user changed it and it can be stored.
+  void Post();
+  /// Writes back what the cell held before the edit. What stands in the editor is not posted any more.
+  void Revert();
+
+  std::function<void()> OnAccepted;  ///< the user took a value with the mouse
+
+ private:
+  /// Takes the editor's value as the one to write; false where the cell holds it.
+  bool TakeValue();
+  void WriteBack();
+
+  TGridModel& FModel;
+  const TVantrelGrid& FEvents;
+  TValueEditor* FEditor = nullptr;
+  QPointer<QWidget> FWidget;
+  QPersistentModelIndex FIndex;
+  TVariant FBefore;
+  TVariant FValue;
+  bool FLoaded = false;
+  bool FTouched = false;
+  bool FPosted = false;
+};

@@ -1,0 +1,61 @@
+#include "PlainEdit.h"
+
+#include <QKeyEvent>
+#include <QValidator>
+#include <algorithm>
+
+#include "QtText.h"
+
+namespace {
+/// Refuses what would make a line longer than can be typed. A longer one that was set can be shortened.
+class TLengthValidator : public QValidator {
+ public:
+  TLengthValidator(QLineEdit& edit, int most) : QValidator(&edit), FMost(most) {
+    connect(&edit, &QLineEdit::textChanged, this, [this](const QString& text) { FLength = text.size(); });
+  }
+  State validate(QString& input, int&) const override {
+    return input.size() <= std::max(FMost, FLength) ? Acceptable : Invalid;
+  }
+
+ private:
+  qsizetype FMost;
+  qsizetype FLength = 0;
+};
+}  // namespace
+
+TPlainEdit::TPlainEdit(const TEditorDescription& description, QWidget* parent)
+    : QLineEdit(parent), TValueEditor(*this, description) {
+  setPlaceholderText(FromUtf8(description.NullText));
+  if (description.MaxLength > 0) setValidator(new TLengthValidator(*this, description.MaxLength));
+  connect(this, &QLineEdit::inputRejected, this, [this] { Refuse(); });
+  connect(this, &QLineEdit::textEdited, this, [this] { Changed(); });
+}
+
+void TPlainEdit::Begin(bool atEnd) {
+  PlaceCursor(*this, atEnd);
+}
+
+void TPlainEdit::PlaceInCell(const QRect& cell) {
+  setFrame(false);
+  setGeometry(cell);
+}
+
+QPoint TPlainEdit::StepsOf(const QKeyEvent& key) const {
+  if (key.modifiers() != Qt::NoModifier) return {};
+  return {0, key.key() == Qt::Key_Up ? -1 : key.key() == Qt::Key_Down ? 1 : 0};
+}
+
+TVariant TPlainEdit::Entered() const {
+  return text().isEmpty() ? TVariant::Null() : TVariant(ToUtf8(text()));
+}
+
+void TPlainEdit::Show(const TVariant& value, const QString&) {
+  setText(FromUtf8(value.AsTextOrEmpty()));
+}
+
+void PlaceCursor(QLineEdit& edit, bool atEnd) {
+  if (atEnd)
+    edit.end(false);
+  else
+    edit.selectAll();
+}

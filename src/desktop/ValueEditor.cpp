@@ -1,0 +1,135 @@
+#include "ValueEditor.h"
+
+#include <QApplication>
+#include <QKeyEvent>
+#include <QPainter>
+
+#include "DateEdit.h"
+#include "DesktopLook.h"
+#include "LookupEdit.h"
+#include "MemoEdit.h"
+#include "NumberEdit.h"
+#include "PlainEdit.h"
+#include "QtText.h"
+#include "VantrelMemTable.h"
+#include "VantrelNumbers.h"
+
+namespace {
+/// The warning frame over an editor. It ends with the next key there.
+class TRefusedSign : public QWidget {
+ public:
+  explicit TRefusedSign(QWidget& editor);
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
+};
+
+TRefusedSign::TRefusedSign(QWidget& editor) : QWidget(&editor) {
+  setAttribute(Qt::WA_TransparentForMouseEvents);
+  setGeometry(editor.rect());
+  editor.installEventFilter(this);
+  raise();
+  show();
+}
+
+bool TRefusedSign::eventFilter(QObject*, QEvent* event) {
+  if (event->type() == QEvent::Resize) setGeometry(parentWidget()->rect());
+  // Gone at once: the key may be refused as well.
+  if (event->type() == QEvent::KeyPress || event->type() == QEvent::FocusOut) delete this;
+  return false;
+}
+
+void TRefusedSign::paintEvent(QPaintEvent*) {
+  constexpr int thick = 2;
+  QPainter painter(this);
+  painter.setPen(QPen(WarningColour, 2 * thick, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
+  painter.drawRect(rect());
+}
+}  // namespace
+
+TValueEditor::TValueEditor(QWidget& widget, TEditorDescription description)
+    : FWidget(widget), FDescription(std::move(description)) {}
+
+void TValueEditor::SetValue(const TVariant& value, const QString& shown) {
+  FStored = value;
+  FShown = shown;
+  Restore();
+}
+
+void TValueEditor::Restore() {
+  FChanged = false;
+  Show(FStored, FShown);
+}
+
+void TValueEditor::Clear() {
+  if (Value().IsEmpty() && IsComplete()) return;
+  Show(TVariant::Null(), {});
+  Changed();
+}
+
+void TValueEditor::Tell() {
+  if (FOwner != nullptr) FOwner->EditorChanged();
+}
+
+void TValueEditor::Changed() {
+  FChanged = true;
+  if (FOwner != nullptr) FOwner->EditorChanged();
+}
+
+void TValueEditor::Accepted() {
+  if (FOwner != nullptr) FOwner->EditorAccepted();
+}
+
+bool TValueEditor::TakeKey(const QKeyEvent& key) {
+  if (key.key() != Qt::Key_Delete || key.modifiers() != Qt::NoModifier || !FDescription.DeleteClears) return false;
+  Clear();
+  return true;
+}
+
+void TValueEditor::Refuse() {
+  QApplication::beep();
+  if (FSign == nullptr) FSign = new TRefusedSign(FWidget);
+}
+
+bool TValueEditor::HasRefused() const {
+  return FSign != nullptr;
+}
+
+TValueEditor& MakeEditor(const TEditorDescription& description, QWidget* parent) {
+  switch (description.Kind) {
+    case TEditorKind::Lookup:
+    case TEditorKind::List:
+      return *new TLookupEdit(description, parent);
+    case TEditorKind::Date:
+      return *new TDateEdit(description, parent);
+    case TEditorKind::Memo:
+      return *new TMemoEdit(description, parent);
+    case TEditorKind::Spin:
+      return *new TNumberEdit(description, parent);
+    case TEditorKind::Plain:
+      break;
+  }
+  if (description.IsNumber()) return *new TNumberEdit(description, parent);
+  return *new TPlainEdit(description, parent);
+}
+
+std::optional<QString> EditorText(const TEditorDescription& description, const TVariant& value) {
+  if (value.IsEmpty())
+    return description.NullText.empty() ? std::nullopt : std::optional(FromUtf8(description.NullText));
+  const auto& lookup = description.Lookup;
+  if (description.Kind == TEditorKind::Lookup && lookup.Table != nullptr) {
+    const TVariant shown = lookup.Table->Lookup(lookup.KeyField, value, lookup.ShownField);
+    // A value that the table does not know: a token still says something, a number would pass for a grade.
+    if (!shown.IsEmpty() || description.ValueKind != TValueKind::Text) return FromUtf8(shown.AsTextOrEmpty());
+  }
+  if (description.Kind == TEditorKind::List) {
+    for (const auto& item : description.Items)
+      if (item.Value == value) return FromUtf8(item.Text);
+  }
+  return std::nullopt;
+}
+
+QString NumberText(const TVariant& value) {
+  return FromUtf8(value.Kind() == TVariantKind::Float ? GermanFloatText(value.AsFloat()) : value.AsTextOrEmpty());
+}
