@@ -80,6 +80,11 @@ inline constexpr const char* DamagedOpened =
     "(mit der Endung „.beschaedigt“).";
 inline constexpr const char* SavedAt = "Gespeichert um {:02}:{:02} Uhr";
 inline constexpr const char* SaveError = "Fehler beim Speichern der Datei.\r\n{}";
+inline constexpr const char* OriginalNotKept =
+    "{}\r\n\r\nDie vorgefundene Fassung kann nicht daneben aufgehoben werden; deshalb wurde nichts gespeichert. "
+    "Speichern "
+    "Sie Ihre Eingaben unter einem anderen Namen, wenn nötig in einem anderen Ordner.";
+inline constexpr const char* OpenHere = "Diese Datei ist hier bereits geöffnet.";
 
 // Version
 inline constexpr const char* SplashVersion = "Version {}.{}.{}";

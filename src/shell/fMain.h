@@ -38,7 +38,8 @@ class TMainForm final : public TBaseMainForm {
   void OpenFile();
   void OpenFileFromPane(int index);
   void SaveFile();
-  void SaveFileAs();
+  /// False if the user cancelled, or it failed.
+  bool SaveFileAs();
 
  protected:
   void FormCreate() override;
@@ -83,8 +84,10 @@ class TMainForm final : public TBaseMainForm {
   /// Whether the project may be saved there: tells why not, or asks where a file would be lost.
   static bool AcceptsTarget(const std::string& path);
   /// Saves the project to its file; one that another program has changed is asked about, with the way back where the
-  /// program does not end.
-  void SaveUnlessChanged(bool withCancel);
+  /// program does not end. False if nothing was saved.
+  bool SaveUnlessChanged(bool withCancel);
+  /// As SaveFileAs, with a name to begin with.
+  bool SaveUnder(const std::string& proposal);
   /// False if that failed, which has been told then.
   bool StoreProject();
   /// What the end of the status bar says while nothing else has to be said.

@@ -1,5 +1,7 @@
 // The main window and its files: how a project is opened, saved and left.
 
+#include <fmt/format.h>
+
 #include <filesystem>
 
 #include "ShellTexts.h"
@@ -45,9 +47,22 @@ std::string TargetOf(std::string path) {
   return TVantrelFilePath::HasExtension(path) ? path : TVantrelFilePath::AddExtension(path, extension);
 }
 
+/// A name beside the file that is free: "NAME (2).kvrx".
+std::string FreeName(const std::string& path) {
+  const std::filesystem::path file(path);
+  const auto start = (file.parent_path() / file.stem()).string();
+  int number = 2;
+  const auto name = [&] { return fmt::format("{} ({}){}", start, number, file.extension().string()); };
+  while (TVantrelFileSystem::Exists(name())) ++number;
+  return name();
+}
+
 /// What went wrong with a file; of one that must not be written, why.
 std::string ReasonOf(const std::string& path, const std::exception& error) {
   const auto* refused = dynamic_cast<const EVantrelFileHandleError*>(&error);
+  if (refused != nullptr && refused->ErrorCode() == static_cast<std::uint32_t>(TVantrelErrorCode::SharingViolation) &&
+      CurrentProject != nullptr && IsSameFile(path, CurrentProject->FileName()))
+    return ResourceText(ShellTexts::OpenHere);
   if (refused == nullptr || refused->ErrorCode() != static_cast<std::uint32_t>(TVantrelErrorCode::AccessDenied) ||
       TVantrelFileSystem::GetFileMode(path) != TVantrelFileMode::fmodeReadOnly)
     return error.what();
@@ -213,17 +228,17 @@ void TMainForm::SaveFile() {
   SaveUnlessChanged(true);
 }
 
-void TMainForm::SaveUnlessChanged(bool withCancel) {
-  if (CurrentProject == nullptr) return;
+bool TMainForm::SaveUnlessChanged(bool withCancel) {
+  if (CurrentProject == nullptr) return false;
   if (CurrentProject->FileName().empty()) return SaveFileAs();
   if (CurrentProject->IsFileChanged()) {
     auto text = FormatText(ShellTexts::ChangedQuestion, ShownFileName(CurrentProject->FileName()));
     if (withCancel) text += ResourceText(ShellTexts::ChangedCancel);
     const auto answer = MsgBoxAsk(ResourceText(ShellTexts::NoteCaption), text, withCancel);
-    if (withCancel && answer == TVantrelMsgBoxResult::mbrCancel) return;
-    if (answer != TVantrelMsgBoxResult::mbrYes) return SaveFileAs();
+    if (withCancel && answer == TVantrelMsgBoxResult::mbrCancel) return false;
+    if (answer != TVantrelMsgBoxResult::mbrYes) return SaveUnder(FreeName(CurrentProject->FileName()));
   }
-  StoreProject();
+  return StoreProject();
 }
 
 bool TMainForm::StoreProject() {
@@ -233,7 +248,8 @@ bool TMainForm::StoreProject() {
     FWindow.SetStatusNote(FormatText(ShellTexts::SavedAt, now.Hour, now.Minute));
     return true;
   } catch (const std::exception& error) {
-    MsgBoxError(FormatText(ShellTexts::SaveError, error.what()));
+    const std::string text = FormatText(ShellTexts::SaveError, error.what());
+    MsgBoxError(CurrentProject->KeepsOriginal() ? FormatText(ShellTexts::OriginalNotKept, text) : text);
     return false;
   }
 }
@@ -243,19 +259,27 @@ void TMainForm::ShowStandingNote() {
   FWindow.SetStatusNote(isProtected ? ResourceText(ViewTexts::WriteProtected) : std::string());
 }
 
-void TMainForm::SaveFileAs() {
-  if (CurrentProject == nullptr) return;
-  FSaveDialog.FileName = CurrentProject->FileName();
+bool TMainForm::SaveFileAs() {
+  return CurrentProject != nullptr && SaveUnder(CurrentProject->FileName());
+}
+
+bool TMainForm::SaveUnder(const std::string& proposal) {
+  FSaveDialog.FileName = proposal;
   FSaveDialog.Accepts = AcceptsTarget;
-  if (!FPorts.Dialogs.SaveFile(FSaveDialog)) return;
+  if (!FPorts.Dialogs.SaveFile(FSaveDialog)) return false;
   const std::string former = CurrentProject->FileName();
   CurrentProject->SetFileName(TargetOf(FSaveDialog.FileName));
-  if (!StoreProject()) CurrentProject->SetFileName(former);
+  const bool isSaved = StoreProject();
+  if (!isSaved) CurrentProject->SetFileName(former);
   UpdateStatusText();
   OnForm(&TBaseForm::FileChanged);
+  return isSaved;
 }
 
 void TMainForm::CheckClose() {
   OnForm(&TBaseForm::PostEdits);
-  if (IsModified() && AskToSave() == TVantrelMsgBoxResult::mbrYes) SaveUnlessChanged(false);
+  if (!IsModified() || AskToSave() != TVantrelMsgBoxResult::mbrYes) return;
+  // What another program has written stands in the way of a plain save: its question comes until the entries are safe.
+  while (!SaveUnlessChanged(false) && CurrentProject->IsFileChanged()) {
+  }
 }

@@ -63,6 +63,8 @@ class TVantrelDataStorage : public TVantrelAbstractDataObject {
   /// Another program has replaced or changed the file since it was opened for editing or saved. The next save keeps
   /// that version as "NAME.andere".
   bool IsFileChanged() const { return FStamp.IsOf(FFileName) && FStamp.IsOutdated(); }
+  /// The next save first keeps what stands in the file beside it: another program's version, or what could not be read.
+  bool KeepsOriginal() const;
   /// What a file may be open to at most that is made of the content of this document's file.
   const TVantrelFileRights& FileRights() const { return FStamp.Rights(); }
   /// The damage that the last load met, if any. A load that succeeds clears it.

@@ -188,6 +188,11 @@ bool TVantrelDataStorage::TrySaveToFile(const std::string& name, TVantrelDataSto
   }
 }
 
+bool TVantrelDataStorage::KeepsOriginal() const {
+  std::error_code error;
+  return IsFileChanged() || (!FDamagedFile.empty() && std::filesystem::equivalent(FDamagedFile, FFileName, error));
+}
+
 void TVantrelDataStorage::KeepOriginal(const std::string& name) {
   std::error_code error;
   if (FStamp.IsOf(name) && FStamp.IsOutdated()) {

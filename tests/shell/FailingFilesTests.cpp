@@ -148,6 +148,27 @@ TEST_F(FailingFilesTest, AreToldAsTheyShallAndCostNoEntries) {
   }
 }
 
+TEST_F(FailingFilesTest, WhereTheFoundVersionCannotBeKeptAnotherNameHelps) {
+  for (const char* name : {"own.kvr7", "cut.kvr7"}) {
+    Start();
+    Open(name);
+    if (std::string(name) == "own.kvr7") WriteFileText(FFolder / name, "foreign");
+    const auto found = ReadFileText(FFolder / name);
+    std::filesystem::permissions(FFolder.Path(), std::filesystem::perms(0555));
+    const TPlainUser plain;
+    CurrentProject->SetModified(true);
+    FBoxes.Answer = TVantrelMsgBoxResult::mbrYes;
+    FForm->SaveFile();
+    EXPECT_THAT(FBoxes.Texts.back(), HasSubstr("nicht daneben aufgehoben werden"));
+    EXPECT_TRUE(CurrentProject->Modified());
+    EXPECT_EQ(ReadFileText(FFolder / name), found);
+    const TempFolder other;
+    SaveAs(other / "neu.kvr7");
+    EXPECT_FALSE(CurrentProject->Modified());
+    FForm.reset();
+  }
+}
+
 TEST_F(FailingFilesTest, ANameThatIsNoTextIsRefusedWithASentence) {
   Start();
   std::filesystem::rename(FFolder / "own.kvrx", FFolder / "f\xFCr.kvrx");

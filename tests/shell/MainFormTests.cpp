@@ -266,6 +266,14 @@ TEST_F(MainFormTest, AFileThatIsNotTheOpenOneIsOverwrittenAfterAYes) {
   SaveAs(FFolder / "empty.kvrx");
   EXPECT_EQ(FWindow.Status, FFolder / "empty.kvrx");
   EXPECT_NE(ReadFileText(FFolder / "empty.kvrx"), before);
+
+  FBoxes.Answer = TVantrelMsgBoxResult::mbrNo;
+  FBoxes.Texts.clear();
+  WriteFileText(FFolder / "sync", before);
+  std::filesystem::rename(FFolder / "sync", FFolder / "empty.kvrx");
+  SaveAs(FFolder / "empty.kvrx");
+  EXPECT_THAT(FBoxes.Texts, ElementsAre(HasSubstr("„empty.kvrx“ ist bereits vorhanden")));
+  EXPECT_EQ(ReadFileText(FFolder / "empty.kvrx"), before);
 }
 
 TEST_F(MainFormTest, AFileThatAnotherProgramChangedIsAskedAbout) {
@@ -310,6 +318,68 @@ TEST_F(MainFormTest, AFileThatAnotherProgramChangedIsAskedAbout) {
   }
 }
 
+TEST_F(MainFormTest, AtTheEndAChangedFileIsAskedAboutUntilTheEntriesAreSaved) {
+  const auto own = ReadFileText(FFolder / "small.kvr7");
+  WriteFileText(FFolder / "small (2).kvr7", own);
+  for (const char* chosen : {"", "/dev/null/neu.kvr7"}) {
+    WriteFileText(FFolder / "small.kvr7", own);
+    Start();
+    Open("small.kvr7");
+    WriteFileText(FFolder / "sync", "foreign");
+    std::filesystem::rename(FFolder / "sync", FFolder / "small.kvr7");
+    CurrentProject->Description = "Eingabe";
+    CurrentProject->SetModified(true);
+    FBoxes.Texts.clear();
+    FBoxes.FirstAnswers = {TVantrelMsgBoxResult::mbrYes, TVantrelMsgBoxResult::mbrNo};
+    FBoxes.Answer = TVantrelMsgBoxResult::mbrYes;
+    FDialogs.FileName = chosen;
+    FForm->Commands().CloseApplicationCommand.Execute();
+    EXPECT_EQ(FDialogs.Last.FileName, FFolder / "small (3).kvr7");
+    EXPECT_EQ(FBoxes.Texts.size(), *chosen == 0 ? 3u : 4u);
+    EXPECT_THAT(FBoxes.Texts.back(), HasSubstr("„small.kvr7“ seit dem Öffnen geändert oder ersetzt"));
+    EXPECT_FALSE(CurrentProject->Modified());
+    FForm.reset();
+    EXPECT_EQ(ReadFileText(FFolder / "small.kvr7.andere"), "foreign");
+    auto project = CreateVantrel<TMyTessaronProject>();
+    project->LoadForReading(FFolder / "small.kvr7");
+    EXPECT_EQ(project->Description, "Eingabe");
+    std::filesystem::remove(FFolder / "small.kvr7.andere");
+  }
+}
+
+TEST_F(MainFormTest, ACommandGoesToTheViewOnShow) {
+  struct TProbe : TBaseForm {
+    explicit TProbe(TViewFrame& frame) : TBaseForm(frame.Storage, "Probe") {}
+    TFormUi& Ui() override { return FUi; }
+    void UpdateFilter(const TVariant& gradeType, const TVariant& classValue) override {
+      Told += gradeType.AsText() + (classValue.IsNull() ? " " : "!");
+    }
+    void GotoNext() override { Told += "next "; }
+    struct : TFormUi {
+      void SetVisible(bool) override {}
+    } FUi;
+    std::string Told;
+  };
+  TProbe* probe = nullptr;
+  FViews[viewSubjects] = [&](TViewFrame& frame) {
+    return VantrelFormClass<TProbe>([&] {
+      auto form = CreateVantrel<TProbe>(frame);
+      probe = form.get();
+      return form;
+    });
+  };
+  Start({FFolder / "small.kvrx"});
+  auto& commands = FForm->Commands();
+  commands.Noten.Execute();
+  commands.SubjectsViewCommand.Execute();
+  ASSERT_NE(probe, nullptr);
+  EXPECT_TRUE(FWindow.Groups["BeurteilungBar"]);
+  for (auto* command : {&commands.Punkte, &commands.Beurteilungstexte, &commands.AlleNichtEditierbar, &commands.Noten,
+                        &commands.GotoNextCommand, &commands.GotoPrevCommand, &commands.ExportToExcelCommand})
+    command->Execute();
+  EXPECT_EQ(probe->Told, "1 2 -1 0 next ");
+}
+
 TEST_F(MainFormTest, HoldsItsFileAndNoOther) {
   const auto isFree = [this](const char* name) { return OpeningErrorOf(FFolder / name) == 0; };
   Start();
@@ -324,7 +394,7 @@ TEST_F(MainFormTest, HoldsItsFileAndNoOther) {
   for (const char* name : {"small.kvrx", "small.kvr7", "neu.kvrx", "neu.kvrxr"}) EXPECT_TRUE(isFree(name)) << name;
   EXPECT_THAT(FBoxes.Texts, IsEmpty());
   Open("neu.kvr7");
-  EXPECT_THAT(FBoxes.Texts, ElementsAre(HasSubstr("(Fehlercode: 32)")));
+  EXPECT_THAT(FBoxes.Texts, ElementsAre(HasSubstr("Diese Datei ist hier bereits geöffnet.")));
   EXPECT_EQ(CurrentProject->FileName(), FFolder / "neu.kvr7");
 }
 

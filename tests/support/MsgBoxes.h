@@ -14,9 +14,11 @@ class FakeBoxes : public TVantrelMsgBoxPort {
   ~FakeBoxes() override { TVantrelMsgBox::SetPort(nullptr); }
   TVantrelMsgBoxResult ShowBox(const TVantrelMsgBox& box) override {
     Texts.push_back(box.ShownText());
-    return Answer;
+    return Texts.size() <= FirstAnswers.size() ? FirstAnswers[Texts.size() - 1] : Answer;
   }
 
   TVantrelMsgBoxResult Answer = TVantrelMsgBoxResult::mbrNo;
+  /// Of the boxes before, as many as there are.
+  std::vector<TVantrelMsgBoxResult> FirstAnswers;
   std::vector<std::string> Texts;
 };
