@@ -1,12 +1,14 @@
 #pragma once
 
+#include "ProductNames.h"
+
 /// The user texts of this folder. Those with placeholders go through fmt.
 namespace CentralTexts {
 inline constexpr const char* EnvironmentLoaded = "Systemumgebung erfolgreich geladen!";
 inline constexpr const char* EnvironmentError = "Fehler beim Laden der Systemumgebung!\r\n{}";
 
-inline constexpr const char* ProductTessaron = "TESSARON";
-inline constexpr const char* ProductMyTessaron = "MyTESSARON";
+inline constexpr const char* ProductTessaron = ProductNames::CentralTitle;
+inline constexpr const char* ProductMyTessaron = ProductNames::OwnTitle;
 inline constexpr const char* RefusalCaption = "Hinweis";
 inline constexpr const char* AdminOnly = "Diese Funktion darf nur von einem Administrator aufgerufen werden.";
 inline constexpr const char* MandantenAdminOnly =

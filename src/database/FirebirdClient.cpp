@@ -29,19 +29,9 @@ TFirebirdClient Load() {
     if (address == nullptr) RaiseNoClient();
     return TFunction{address};
   };
-  return {.AttachDatabase = function("isc_attach_database"),
-          .DetachDatabase = function("isc_detach_database"),
-          .StartTransaction = function("isc_start_transaction"),
-          .RollbackTransaction = function("isc_rollback_transaction"),
-          .CommitRetaining = function("isc_commit_retaining"),
-          .AllocateStatement = function("isc_dsql_allocate_statement"),
-          .FreeStatement = function("isc_dsql_free_statement"),
-          .PrepareStatement = function("isc_dsql_prepare"),
-          .Describe = function("isc_dsql_describe"),
-          .DescribeBind = function("isc_dsql_describe_bind"),
-          .Execute = function("isc_dsql_execute"),
-          .Fetch = function("isc_dsql_fetch"),
-          .Interpret = function("fb_interpret")};
+#define VANTREL_FIND(Name, Call) .Name = function(#Call),
+  return {VANTREL_FIREBIRD_CALLS(VANTREL_FIND)};
+#undef VANTREL_FIND
 }
 }  // namespace
 

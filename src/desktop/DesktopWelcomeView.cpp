@@ -96,7 +96,7 @@ class TWelcomePanel : public QScrollArea {
   TWelcomePanel() : Center(new QWidget) {
     setFrameShape(NoFrame);
     setWidgetResizable(true);
-    setAccessibleName("MyTessaron");
+    setAccessibleName(UserText(ViewTexts::WindowTitle));
     auto* ground = new QWidget;
     ground->setBackgroundRole(QPalette::Base);
     ground->setAutoFillBackground(true);

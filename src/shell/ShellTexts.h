@@ -1,8 +1,10 @@
 #pragma once
 
+#include "ProductNames.h"
+
 /// The user texts of this folder. Those with placeholders go through fmt.
 namespace ShellTexts {
-inline constexpr const char* ApplicationTitle = "MyTESSARON";
+inline constexpr const char* ApplicationTitle = ProductNames::OwnTitle;
 inline constexpr const char* NoProject = "Keine Projektdatei geladen.";
 
 // Ribbon

@@ -1,8 +1,10 @@
 #pragma once
 
+#include "ProductNames.h"
+
 /// The user texts of the views and their windows. Those with placeholders go through fmt.
 namespace ViewTexts {
-inline constexpr const char* WindowTitle = "MyTessaron";
+inline constexpr const char* WindowTitle = ProductNames::OwnName;
 inline constexpr const char* AbstractCall = "Die Ansicht {} kennt den Vorgang {} nicht.";
 inline constexpr const char* Count = "Anzahl: {}";
 
