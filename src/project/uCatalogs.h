@@ -15,23 +15,21 @@ enum class TGradeTypes : std::uint8_t { gtValue = 0, gtPoints = 1, gtFill = 2 };
 /// "Noten", "Punkte" or "Text"; null for a byte that is no grade type.
 TVariant GetGradeTypeName(TGradeTypes gradeType);
 
+class TCatalog;
+extern template class TVantrelRecordOf<TCatalog>;
+
 /// Token and text of a catalogue.
-class TCatalog : public TVantrelDataClassOf<TCatalog> {
+class TCatalog : public TVantrelRecordOf<TCatalog> {
  public:
   static constexpr std::string_view ClassName = "TCatalog";
-  using TVantrelDataClassOf::TVantrelDataClassOf;
+  using TVantrelRecordOf::TVantrelRecordOf;
 
   std::string Token;
   std::string Description;
 
-  /// Key and value of each stored field, in the order of the file.
-  void VisitFields(const Fields::TVisitor& visitor) const;
-
-  void DoCreate() override;
-  void DoClear() override;
-  void Assign(const TVantrelObject& source) override;
-  void ReadData(TVantrelDataObjectReader& reader) override;
-  void WriteData(TVantrelDataObjectWriter& writer) const override;
+ private:
+  friend TVantrelRecordOf<TCatalog>;
+  static constexpr auto FieldTable();
 };
 
 class TCatalogs : public TVantrelDataListOf<TCatalog> {
@@ -41,27 +39,23 @@ class TCatalogs : public TVantrelDataListOf<TCatalog> {
   TCatalog* AddCatalog(std::string_view token, std::string_view description);
   /// Closes and opens the table and appends a row "Token", "Description" per item.
   void Populate(TVantrelMemTable& memData) const;
-  /// The first entry with that token, or null.
-  TCatalog* FindToken(std::string_view token) const;
 };
 
+class TCertificateComment;
+extern template class TVantrelRecordOf<TCertificateComment, TCatalog>;
+
 /// A certificate remark, known by its object id.
-class TCertificateComment : public TVantrelDataClassOf<TCertificateComment, TCatalog> {
+class TCertificateComment : public TVantrelRecordOf<TCertificateComment, TCatalog> {
  public:
   static constexpr std::string_view ClassName = "TCertificateComment";
-  using TVantrelDataClassOf::TVantrelDataClassOf;
+  using TVantrelRecordOf::TVantrelRecordOf;
 
   std::string Attribute;
   std::int32_t Position = 0;
 
-  /// Key and value of each stored field, in the order of the file.
-  void VisitFields(const Fields::TVisitor& visitor) const;
-  void VisitImpossible(const Fields::TVisitor& visitor) const;
-
-  void DoClear() override;
-  void Assign(const TVantrelObject& source) override;
-  void ReadData(TVantrelDataObjectReader& reader) override;
-  void WriteData(TVantrelDataObjectWriter& writer) const override;
+ private:
+  friend TVantrelRecordOf<TCertificateComment, TCatalog>;
+  static constexpr auto FieldTable();
 };
 
 class TCertificateComments : public TVantrelDataListOf<TCertificateComment> {
@@ -75,11 +69,14 @@ class TCertificateComments : public TVantrelDataListOf<TCertificateComment> {
   void Populate(TVantrelMemTable& memData) const;
 };
 
+class TGrade;
+extern template class TVantrelRecordOf<TGrade, TCatalog>;
+
 /// An entry of the grade catalogue. Courses refer to it by TessaronId.
-class TGrade : public TVantrelDataClassOf<TGrade, TCatalog> {
+class TGrade : public TVantrelRecordOf<TGrade, TCatalog> {
  public:
   static constexpr std::string_view ClassName = "TGrade";
-  using TVantrelDataClassOf::TVantrelDataClassOf;
+  using TVantrelRecordOf::TVantrelRecordOf;
 
   std::int32_t TessaronId = -1;
   float GradeValue = -1.0F;
@@ -87,16 +84,8 @@ class TGrade : public TVantrelDataClassOf<TGrade, TCatalog> {
   TGradeTypes GradeType() const { return static_cast<TGradeTypes>(FGradeType); }
   void SetGradeType(TGradeTypes value) { FGradeType = static_cast<std::uint8_t>(value); }
 
-  /// Key and value of each stored field, in the order of the file.
-  void VisitFields(const Fields::TVisitor& visitor) const;
-  void VisitImpossible(const Fields::TVisitor& visitor) const;
-
-  void DoClear() override;
-  void Assign(const TVantrelObject& source) override;
-  void ReadData(TVantrelDataObjectReader& reader) override;
-  void WriteData(TVantrelDataObjectWriter& writer) const override;
-
  private:
+  friend TVantrelRecordOf<TGrade, TCatalog>;
   static constexpr auto FieldTable();
   std::uint8_t FGradeType = 0;
 };

@@ -2,11 +2,14 @@
 
 #include "uCatalogs.h"
 
+class TClass;
+extern template class TVantrelRecordOf<TClass>;
+
 /// A school class.
-class TClass : public TVantrelDataClassOf<TClass> {
+class TClass : public TVantrelRecordOf<TClass> {
  public:
   static constexpr std::string_view ClassName = "TClass";
-  using TVantrelDataClassOf::TVantrelDataClassOf;
+  using TVantrelRecordOf::TVantrelRecordOf;
 
   std::int32_t TessaronId = -1;
   std::string Token;
@@ -14,16 +17,8 @@ class TClass : public TVantrelDataClassOf<TClass> {
   TGradeTypes GradeType() const { return static_cast<TGradeTypes>(FGradeType); }
   void SetGradeType(TGradeTypes value) { FGradeType = static_cast<std::uint8_t>(value); }
 
-  /// Key and value of each stored field, in the order of the file.
-  void VisitFields(const Fields::TVisitor& visitor) const;
-
-  void DoCreate() override;
-  void DoClear() override;
-  void Assign(const TVantrelObject& source) override;
-  void ReadData(TVantrelDataObjectReader& reader) override;
-  void WriteData(TVantrelDataObjectWriter& writer) const override;
-
  private:
+  friend TVantrelRecordOf<TClass>;
   static constexpr auto FieldTable();
   std::uint8_t FGradeType = 0;
 };

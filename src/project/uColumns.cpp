@@ -11,27 +11,12 @@ constexpr auto TColumn::FieldTable() {
                     Boolean("GridColumn", &TColumn::GridColumn));
 }
 
+template class TVantrelRecordOf<TColumn>;
+
 void TColumn::DoClear() {
   const bool gridColumn = GridColumn;
-  Fields::ClearAll(Fields::Of<FieldTable>, *this);
+  TVantrelRecordOf::DoClear();
   GridColumn = gridColumn;
-}
-
-void TColumn::Assign(const TVantrelObject& source) {
-  Fields::AssignAll(Fields::Of<FieldTable>, *this, source);
-}
-
-void TColumn::ReadData(TVantrelDataObjectReader& reader) {
-  TVantrelDataClassOf::ReadData(reader);
-  Fields::ReadAll(Fields::Of<FieldTable>, *this, reader);
-}
-
-void TColumn::WriteData(TVantrelDataObjectWriter& writer) const {
-  Fields::WriteAll(Fields::Of<FieldTable>, *this, writer);
-}
-
-void TColumn::VisitFields(const Fields::TVisitor& visitor) const {
-  Fields::VisitAll(FieldTable(), *this, visitor);
 }
 
 TColumn* TColumns::Find(std::string_view fieldname) const {

@@ -7,11 +7,14 @@
 /// Bits of TColumn::Customization.
 enum TColumnCustomizationType : std::uint8_t { ccVisibility = 0, ccEditability = 1 };
 
+class TColumn;
+extern template class TVantrelRecordOf<TColumn>;
+
 /// What the central system says of one data field: caption, visibility, editability.
-class TColumn : public TVantrelDataClassOf<TColumn> {
+class TColumn : public TVantrelRecordOf<TColumn> {
  public:
   static constexpr std::string_view ClassName = "TColumn";
-  using TVantrelDataClassOf::TVantrelDataClassOf;
+  using TVantrelRecordOf::TVantrelRecordOf;
 
   std::string Fieldname;
   std::string Displayname;
@@ -26,16 +29,10 @@ class TColumn : public TVantrelDataClassOf<TColumn> {
   const std::string& Customname() const { return FCustomname.empty() ? Displayname : FCustomname; }
   void SetCustomname(std::string value) { FCustomname = std::move(value); }
 
-  /// Key and value of each stored field, in the order of the file.
-  void VisitFields(const Fields::TVisitor& visitor) const;
-
-  void DoCreate() override { DoClear(); }
   void DoClear() override;
-  void Assign(const TVantrelObject& source) override;
-  void ReadData(TVantrelDataObjectReader& reader) override;
-  void WriteData(TVantrelDataObjectWriter& writer) const override;
 
  private:
+  friend TVantrelRecordOf<TColumn>;
   static constexpr auto FieldTable();
 
   std::string FCustomname;

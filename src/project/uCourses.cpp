@@ -5,10 +5,8 @@
 #include "VantrelI18n.h"
 #include "uProject.h"
 
-namespace {
-
 // The order of this table is the file format.
-constexpr auto CourseFields() {
+constexpr auto TCourse::FieldTable() {
   using namespace Fields;
   return std::tuple(
       LongInt("TessaronId", &TCourse::TessaronId), LongInt("SubjectId", &TCourse::SubjectId),
@@ -32,32 +30,7 @@ constexpr auto CourseFields() {
       String("Bestanden", &TCourse::Bestanden));
 }
 
-}  // namespace
-
-void TCourse::DoClear() {
-  Fields::ClearAll(Fields::Of<CourseFields>, *this);
-}
-
-void TCourse::Assign(const TVantrelObject& source) {
-  Fields::AssignAll(Fields::Of<CourseFields>, *this, source);
-}
-
-void TCourse::ReadData(TVantrelDataObjectReader& reader) {
-  TVantrelDataClassOf::ReadData(reader);
-  Fields::ReadAll(Fields::Of<CourseFields>, *this, reader);
-}
-
-void TCourse::WriteData(TVantrelDataObjectWriter& writer) const {
-  Fields::WriteAll(Fields::Of<CourseFields>, *this, writer);
-}
-
-void TCourse::VisitFields(const Fields::TVisitor& visitor) const {
-  Fields::VisitAll(Fields::Of<CourseFields>, *this, visitor);
-}
-
-void TCourse::VisitImpossible(const Fields::TVisitor& visitor) const {
-  Fields::VisitImpossible(Fields::Of<CourseFields>, *this, visitor);
-}
+template class TVantrelRecordOf<TCourse>;
 
 std::string TCourse::Name() const {
   const auto number = KursNr.ToString();

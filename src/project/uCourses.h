@@ -5,11 +5,14 @@
 #include "uHelper.h"
 #include "uStudents.h"
 
+class TCourse;
+extern template class TVantrelRecordOf<TCourse>;
+
 /// One student's enrolment in one subject: what the teacher fills in. Grades are ids of the grade catalogue.
-class TCourse : public TVantrelDataClassOf<TCourse> {
+class TCourse : public TVantrelRecordOf<TCourse> {
  public:
   static constexpr std::string_view ClassName = "TCourse";
-  using TVantrelDataClassOf::TVantrelDataClassOf;
+  using TVantrelRecordOf::TVantrelRecordOf;
 
   TMyTessaronInteger TessaronId;
   TMyTessaronInteger SubjectId;
@@ -44,15 +47,9 @@ class TCourse : public TVantrelDataClassOf<TCourse> {
   /// The student; a course without one raises EVantrelException with a text that says so.
   TStudent& RequireStudent() const;
 
-  /// Key and value of each stored field, in the order of the file.
-  void VisitFields(const Fields::TVisitor& visitor) const;
-  void VisitImpossible(const Fields::TVisitor& visitor) const;
-
-  void DoCreate() override { DoClear(); }
-  void DoClear() override;
-  void Assign(const TVantrelObject& source) override;
-  void ReadData(TVantrelDataObjectReader& reader) override;
-  void WriteData(TVantrelDataObjectWriter& writer) const override;
+ private:
+  friend TVantrelRecordOf<TCourse>;
+  static constexpr auto FieldTable();
 };
 
 class TCourses : public TVantrelDataListOf<TCourse> {

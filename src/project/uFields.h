@@ -1,10 +1,9 @@
 #pragma once
 
 #include <cmath>
-#include <type_traits>
 
 #include "ProjectTexts.h"
-#include "VantrelDataFields.h"
+#include "VantrelDataRecords.h"
 #include "VantrelExceptions.h"
 #include "VantrelI18n.h"
 #include "uHelper.h"
@@ -12,7 +11,8 @@
 /// The stored fields of a record that may be null, beside the plain ones.
 namespace Fields {
 
-/// A nullable value of the record and the pair of operations that store its plain form.
+/// A nullable value of the record and the pair of operations that store its plain form. SetValue keeps the variant as
+/// it stands, of whatever kind.
 #define TESSARON_NULLABLE(Descriptor, Holder, Get, Set, Operation)                              \
   template <class T>                                                                            \
   struct Descriptor {                                                                           \
@@ -29,6 +29,7 @@ namespace Fields {
     void Clear(T& record) const { (record.*Member).SetNull(); }                                 \
     void Assign(T& record, const T& source) const { record.*Member = source.*Member; }          \
     TVariant Value(const T& record) const { return (record.*Member).Value; }                    \
+    void SetValue(T& record, const TVariant& value) const { (record.*Member).Value = value; }   \
   }
 TESSARON_NULLABLE(LongInt, TMyTessaronInteger, AsInt, SetAsInt, LongInt);
 TESSARON_NULLABLE(Single, TMyTessaronFloat, AsFloat, SetAsFloat, Single);
@@ -71,17 +72,6 @@ inline bool IsImpossible(std::string_view key, const TVariant& value) {
     default:
       return false;
   }
-}
-
-/// As VisitAll, for the fields alone whose value is impossible.
-template <class TTable, class T>
-void VisitImpossible(const TTable& table, const T& record, const TVisitor& visitor) {
-  const auto visit = [&]<class TField>(const TField& field) {
-    using TMember = decltype(field.Member);
-    if constexpr (!std::is_same_v<TMember, std::string T::*> && !std::is_same_v<TMember, char16_t T::*>)
-      if (const TVariant value = field.Value(record); IsImpossible(field.Key, value)) visitor(field.Key, value);
-  };
-  std::apply([&](const auto&... field) { (visit(field), ...); }, table);
 }
 
 }  // namespace Fields

@@ -16,6 +16,8 @@ constexpr auto TDataOptions::FieldTable() {
                     Fields::DataList("Columns", &TDataOptions::FColumns));
 }
 
+template class TVantrelRecordOf<TDataOptions>;
+
 void TDataOptions::DoCreate() {
   FColumns = CreateVantrel<TColumns>(this, true);
   DoClear();
@@ -23,23 +25,6 @@ void TDataOptions::DoCreate() {
 
 void TDataOptions::DoDestroy() {
   FColumns.reset();
-}
-
-void TDataOptions::DoClear() {
-  Fields::ClearAll(Fields::Of<FieldTable>, *this);
-}
-
-void TDataOptions::Assign(const TVantrelObject& source) {
-  Fields::AssignAll(Fields::Of<FieldTable>, *this, source);
-}
-
-void TDataOptions::ReadData(TVantrelDataObjectReader& reader) {
-  TVantrelDataClassOf::ReadData(reader);
-  Fields::ReadAll(Fields::Of<FieldTable>, *this, reader);
-}
-
-void TDataOptions::WriteData(TVantrelDataObjectWriter& writer) const {
-  Fields::WriteAll(Fields::Of<FieldTable>, *this, writer);
 }
 
 // The order of the two tables is the file format: "Version", these, then "DataOptions".

@@ -22,11 +22,14 @@ TProjectFileKind GetProjectFileKind(std::string_view fileName);
 /// Empty for pfkUnknown; pfkBinary leaves the extension as it is.
 void GetProjectFileExtension(TProjectFileKind kind, std::string& extension);
 
+class TDataOptions;
+extern template class TVantrelRecordOf<TDataOptions>;
+
 /// What the teacher sees and may change, as the central system decided it.
-class TDataOptions : public TVantrelDataClassOf<TDataOptions> {
+class TDataOptions : public TVantrelRecordOf<TDataOptions> {
  public:
   static constexpr std::string_view ClassName = "TDataOptions";
-  using TVantrelDataClassOf::TVantrelDataClassOf;
+  using TVantrelRecordOf::TVantrelRecordOf;
 
   TColumns& Columns() const { return *FColumns; }
   TAbsenceBehaviour AbsenceBehaviour() const { return static_cast<TAbsenceBehaviour>(FAbsenceBehaviour); }
@@ -34,12 +37,9 @@ class TDataOptions : public TVantrelDataClassOf<TDataOptions> {
 
   void DoCreate() override;
   void DoDestroy() override;
-  void DoClear() override;
-  void Assign(const TVantrelObject& source) override;
-  void ReadData(TVantrelDataObjectReader& reader) override;
-  void WriteData(TVantrelDataObjectWriter& writer) const override;
 
  private:
+  friend TVantrelRecordOf<TDataOptions>;
   static constexpr auto FieldTable();
 
   std::uint8_t FAbsenceBehaviour = 0;

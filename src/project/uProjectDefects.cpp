@@ -95,7 +95,8 @@ class TDefectFinder {
 
   template <class TRecord, class TName>
   void CheckValues(const TRecord& record, const TName& name) {
-    record.VisitImpossible([&](std::string_view key, const TVariant& value) {
+    record.VisitNumbers([&](std::string_view key, const TVariant& value) {
+      if (!Fields::IsImpossible(key, value)) return;
       ReportImpossible(
           name, [&] { return RecordTexts::FieldCaption(FProject, key); }, key, value);
     });
@@ -130,8 +131,8 @@ class TDefectFinder {
   void CheckRemarks(const TStudent& student) {
     if (student.CertificateComments() == nullptr) return;
     Each(*student.CertificateComments(), [&](const TCertificateComment& remark) {
-      remark.VisitImpossible([&](std::string_view key, const TVariant& value) {
-        if (value == TVariant(-1)) return;
+      remark.VisitNumbers([&](std::string_view key, const TVariant& value) {
+        if (!Fields::IsImpossible(key, value) || value == TVariant(-1)) return;
         ReportImpossible(
             NameOf(student, remark), [&] { return RecordTexts::OwnCaption(key); }, key, value);
       });
@@ -254,8 +255,8 @@ std::string FindImpossibleDate(const TMyTessaronProject& project) {
   std::string found;
   for (int i = 0; i < project.Students().Count() && found.empty(); ++i) {
     const auto& student = *project.Students().GetItem(i);
-    student.VisitImpossible([&](std::string_view key, const TVariant& value) {
-      if (value.Kind() != TVariantKind::DateTime || !found.empty()) return;
+    student.VisitNumbers([&](std::string_view key, const TVariant& value) {
+      if (value.Kind() != TVariantKind::DateTime || !Fields::IsImpossible(key, value) || !found.empty()) return;
       found = FormatText(ProjectTexts::ImpossibleValue, StudentName(project, &student),
                          RecordTexts::FieldCaption(project, key), RecordTexts::FieldValue(project, key, value, false));
     });

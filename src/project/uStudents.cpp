@@ -35,30 +35,7 @@ constexpr auto TStudent::FieldTable() {
       String("Empfehlung", &TStudent::Empfehlung), String("Leistungsanforderung", &TStudent::Leistungsanforderung));
 }
 
-void TStudent::DoClear() {
-  Fields::ClearAll(Fields::Of<FieldTable>, *this);
-}
-
-void TStudent::Assign(const TVantrelObject& source) {
-  Fields::AssignAll(Fields::Of<FieldTable>, *this, source);
-}
-
-void TStudent::ReadData(TVantrelDataObjectReader& reader) {
-  TVantrelDataClassOf::ReadData(reader);
-  Fields::ReadAll(Fields::Of<FieldTable>, *this, reader);
-}
-
-void TStudent::WriteData(TVantrelDataObjectWriter& writer) const {
-  Fields::WriteAll(Fields::Of<FieldTable>, *this, writer);
-}
-
-void TStudent::VisitFields(const Fields::TVisitor& visitor) const {
-  Fields::VisitAll(Fields::Of<FieldTable>, *this, visitor);
-}
-
-void TStudent::VisitImpossible(const Fields::TVisitor& visitor) const {
-  Fields::VisitImpossible(Fields::Of<FieldTable>, *this, visitor);
-}
+template class TVantrelRecordOf<TStudent>;
 
 std::string TStudent::DisplayName() const {
   const auto name = Join(Vorname, Nachname, " ");

@@ -4,12 +4,15 @@
 #include "uFields.h"
 #include "uHelper.h"
 
+class TStudent;
+extern template class TVantrelRecordOf<TStudent>;
+
 /// One student of the term: identity, dates, absences, promotion and school-leaving data, remarks. Created by the
 /// reader only.
-class TStudent : public TVantrelDataClassOf<TStudent> {
+class TStudent : public TVantrelRecordOf<TStudent> {
  public:
   static constexpr std::string_view ClassName = "TStudent";
-  using TVantrelDataClassOf::TVantrelDataClassOf;
+  using TVantrelRecordOf::TVantrelRecordOf;
 
   TMyTessaronInteger TessaronId;
   TMyTessaronInteger StudentTermId;
@@ -74,19 +77,11 @@ class TStudent : public TVantrelDataClassOf<TStudent> {
   void DeleteCertificateComment(const TGuid& id);
   void DeleteAllCertificateComments();
 
-  /// Key and value of each stored field, in the order of the file.
-  void VisitFields(const Fields::TVisitor& visitor) const;
-  void VisitImpossible(const Fields::TVisitor& visitor) const;
-
   std::string GetDisplayText() const override { return DisplayName(); }
-  void DoCreate() override { DoClear(); }
   void DoDestroy() override { FCertificateComments.reset(); }
-  void DoClear() override;
-  void Assign(const TVantrelObject& source) override;
-  void ReadData(TVantrelDataObjectReader& reader) override;
-  void WriteData(TVantrelDataObjectWriter& writer) const override;
 
  private:
+  friend TVantrelRecordOf<TStudent>;
   static constexpr auto RemarkList();
   static constexpr auto FieldTable();
 

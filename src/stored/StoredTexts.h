@@ -21,6 +21,8 @@ inline constexpr const char* TooDeep = "Die Daten der Datei sind zu tief verscha
 inline constexpr const char* TooManyNames = "Die Datei enthält zu viele verschiedene Namen für eine Projektdatei.";
 inline constexpr const char* DocumentType = "Angaben zum Dokumenttyp (DOCTYPE) sind nicht erlaubt.";
 inline constexpr const char* GraphicSize = "Die Größe {} eines Bildes passt nicht zu seinen Daten.";
+inline constexpr const char* BeyondField = "Der Wert „{}“ passt nicht in das Feld.";
+inline constexpr const char* UnknownField = "Die Klasse „{}“ hat kein Feld „{}“, das sich setzen lässt.";
 inline constexpr const char* EmptyChar = "Ein Zeichen wird erwartet, der Text ist leer.";
 
 inline constexpr const char* UnreadBytes = "Ab Byte {1} stehen {0} Byte, die nicht zum Projekt gehören.";

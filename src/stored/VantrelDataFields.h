@@ -3,9 +3,14 @@
 #include <functional>
 #include <string_view>
 #include <tuple>
+#include <type_traits>
+#include <utility>
 
+#include "StoredTexts.h"
 #include "VantrelDataIO.h"
 #include "VantrelDataList.h"
+#include "VantrelExceptions.h"
+#include "VantrelI18n.h"
 #include "VantrelText.h"
 #include "VantrelVariant.h"
 
@@ -14,25 +19,44 @@
 /// where the cleared state is not empty, null, false or 0, that state.
 namespace Fields {
 
+/// The value of a plain field from a variant. Raises EConvertError for what the field cannot hold.
+template <class CppType>
+CppType PlainOf(const TVariant& value) {
+  if constexpr (std::is_same_v<CppType, bool>) {
+    return value.AsBoolean();
+  } else if constexpr (std::is_same_v<CppType, char16_t>) {
+    const auto units = Utf8ToUtf16(value.AsText());
+    if (units.size() != 1) throw EConvertError(FormatText(StoredTexts::BeyondField, value.AsText()));
+    return units.front();
+  } else if constexpr (std::is_same_v<CppType, float>) {
+    return static_cast<float>(value.AsFloat());
+  } else {
+    const auto number = value.AsInteger();
+    if (!std::in_range<CppType>(number)) throw EConvertError(FormatText(StoredTexts::BeyondField, number));
+    return static_cast<CppType>(number);
+  }
+}
+
 /// A plain value of the record.
-#define VANTREL_PLAIN(Descriptor, CppType, Operation, AsVariant)                         \
-  template <class T>                                                                     \
-  struct Descriptor {                                                                    \
-    std::string_view Key;                                                                \
-    CppType T::*Member;                                                                  \
-    CppType Cleared;                                                                     \
-    constexpr Descriptor(std::string_view key, CppType T::*member, CppType cleared = {}) \
-        : Key(key), Member(member), Cleared(cleared) {}                                  \
-                                                                                         \
-    void Read(T& record, TVantrelDataObjectReader& reader) const {                       \
-      record.*Member = reader.Read##Operation(Key, record.*Member);                      \
-    }                                                                                    \
-    void Write(const T& record, TVantrelDataObjectWriter& writer) const {                \
-      writer.Write##Operation(Key, record.*Member);                                      \
-    }                                                                                    \
-    void Clear(T& record) const { record.*Member = Cleared; }                            \
-    void Assign(T& record, const T& source) const { record.*Member = source.*Member; }   \
-    TVariant Value(const T& record) const { return AsVariant; }                          \
+#define VANTREL_PLAIN(Descriptor, CppType, Operation, AsVariant)                                        \
+  template <class T>                                                                                    \
+  struct Descriptor {                                                                                   \
+    std::string_view Key;                                                                               \
+    CppType T::*Member;                                                                                 \
+    CppType Cleared;                                                                                    \
+    constexpr Descriptor(std::string_view key, CppType T::*member, CppType cleared = {})                \
+        : Key(key), Member(member), Cleared(cleared) {}                                                 \
+                                                                                                        \
+    void Read(T& record, TVantrelDataObjectReader& reader) const {                                      \
+      record.*Member = reader.Read##Operation(Key, record.*Member);                                     \
+    }                                                                                                   \
+    void Write(const T& record, TVantrelDataObjectWriter& writer) const {                               \
+      writer.Write##Operation(Key, record.*Member);                                                     \
+    }                                                                                                   \
+    void Clear(T& record) const { record.*Member = Cleared; }                                           \
+    void Assign(T& record, const T& source) const { record.*Member = source.*Member; }                  \
+    TVariant Value(const T& record) const { return AsVariant; }                                         \
+    void SetValue(T& record, const TVariant& value) const { record.*Member = PlainOf<CppType>(value); } \
   }
 VANTREL_PLAIN(Boolean, bool, Boolean, record.*Member);
 VANTREL_PLAIN(Byte, std::uint8_t, Byte, std::int32_t{record.*Member});
@@ -55,6 +79,8 @@ struct String {
   void Clear(T& record) const { (record.*Member).clear(); }
   void Assign(T& record, const T& source) const { record.*Member = source.*Member; }
   TVariant Value(const T& record) const { return record.*Member; }
+  /// Null gives the empty text.
+  void SetValue(T& record, const TVariant& value) const { record.*Member = value.AsTextOrEmpty(); }
 };
 
 /// A list that the record owns; null stands for an empty one that nobody has asked for.
@@ -134,6 +160,18 @@ using TVisitor = std::function<void(std::string_view key, const TVariant& value)
 template <class TTable, class T>
 void VisitAll(const TTable& table, const T& record, const TVisitor& visitor) {
   std::apply([&](const auto&... field) { (visitor(field.Key, field.Value(record)), ...); }, table);
+}
+
+/// As VisitAll, without texts, lists and references.
+template <class TTable, class T>
+void VisitNumbers(const TTable& table, const T& record, const TVisitor& visitor) {
+  const auto visit = [&]<class TField>(const TField& field) {
+    using TMember = decltype(field.Member);
+    constexpr bool isText = std::is_same_v<TMember, std::string T::*> || std::is_same_v<TMember, char16_t T::*>;
+    if constexpr (!isText && requires(T & other, const TVariant& value) { field.SetValue(other, value); })
+      visitor(field.Key, field.Value(record));
+  };
+  std::apply([&](const auto&... field) { (visit(field), ...); }, table);
 }
 
 }  // namespace Fields
