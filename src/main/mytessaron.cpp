@@ -45,6 +45,7 @@ int main(int argc, char** argv) {
   const TDesktopMsgBoxes boxes;
   const auto arguments = ArgumentsOf(argc, argv);
   const TTessaronStart start(arguments);
+  TMyTessaronProject::NewProductVersion = ProductVersion;
   const auto options = CreateVantrel<TMyTessaronOptions>(OptionsFileName, UserDataFolder);
 
   QApplication::setApplicationDisplayName({});

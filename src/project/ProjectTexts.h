@@ -6,6 +6,16 @@ inline constexpr const char* GradeTypeValue = "Noten";
 inline constexpr const char* GradeTypePoints = "Punkte";
 inline constexpr const char* GradeTypeFill = "Text";
 
+inline constexpr const char* CourseColumn = "Kurs";
+inline constexpr const char* GradeTypeColumn = "Beurteilungsart";
+inline constexpr const char* LastNameColumn = "Nachname";
+inline constexpr const char* FirstNameColumn = "Vorname";
+inline constexpr const char* BirthdayColumn = "Geburtsdatum";
+inline constexpr const char* ClassColumn = "Klasse";
+inline constexpr const char* SubjectColumn = "Fach";
+inline constexpr const char* PositionColumn = "Position";
+inline constexpr const char* FactorColumn = "Faktor";
+
 inline constexpr const char* CourseWithoutStudent = "Der Kurs {} ({}) hat in der Datei keinen Schüler.";
 inline constexpr const char* StudentWithoutClass = "Die Klasse von {} ist in der Datei nicht vorhanden.";
 inline constexpr const char* BeyondSmallInt = "Der Wert {} passt nicht in das Feld „{}“ der Datei (-32768 bis 32767).";
@@ -97,7 +107,7 @@ inline constexpr const char* Catalogs[] = {
     "Abschlüsse",       "Abschlussarten",   "Empfehlungen",         "Fachstati",     "Niveaus",
     "Unterrichtsarten", "Versetzungsarten", "Zeugnisbeurteilungen", "Leistungsarten"};
 
-/// What the user calls a value of a field.
+/// What the user calls a value of a field. A value of digits is a number.
 inline constexpr struct {
   const char* Key;
   const char* Value;

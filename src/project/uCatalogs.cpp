@@ -64,14 +64,21 @@ void TCatalogs::Populate(TVantrelMemTable& memData) const {
   }
 }
 
-TCertificateComment* TCertificateComments::AddCertificateComment(std::string_view token, std::string_view description,
-                                                                 std::string_view attribute, std::int32_t position) {
-  auto* item = AddNew();
+TVantrelPtr<TCertificateComment> TCertificateComments::NewComment(std::string_view token, std::string_view description,
+                                                                  std::string_view attribute, std::int32_t position) {
+  auto item = CreateVantrel<TCertificateComment>(this);
   item->Token = token;
   item->Description = description;
   item->Attribute = attribute;
   item->Position = position;
   return item;
+}
+
+TCertificateComment* TCertificateComments::AddCertificateComment(std::string_view token, std::string_view description,
+                                                                 std::string_view attribute, std::int32_t position) {
+  auto item = NewComment(token, description, attribute, position);
+  Add(item.get());
+  return item.release();
 }
 
 void TCertificateComments::Populate(TVantrelMemTable& memData) const {

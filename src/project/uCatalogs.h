@@ -62,7 +62,10 @@ class TCertificateComments : public TVantrelDataListOf<TCertificateComment> {
  public:
   using TVantrelDataListOf::TVantrelDataListOf;
 
-  /// Appends a remark with a new GUID.
+  /// A remark with a new GUID for this list.
+  TVantrelPtr<TCertificateComment> NewComment(std::string_view token, std::string_view description,
+                                              std::string_view attribute, std::int32_t position);
+  /// Appends a new remark.
   TCertificateComment* AddCertificateComment(std::string_view token, std::string_view description,
                                              std::string_view attribute, std::int32_t position);
   /// Closes and opens the table and appends a row "ID", "Token", "Description", "Attribute", "Position" per item.

@@ -1,33 +1,20 @@
 #include "uMissingGrades.h"
 
-#include <initializer_list>
-#include <utility>
+#include <algorithm>
 
-namespace {
-
-using TGradeField = std::pair<std::string_view, TMyTessaronInteger TCourse::*>;
-
-int CountNulls(const TMyTessaronProject& project, std::initializer_list<TGradeField> fields) {
-  int count = -1;
-  for (const auto& [fieldname, grade] : fields) {
-    if (!project.Options().Columns().IsVisible(fieldname)) continue;
-    if (count < 0) count = 0;
-    for (int i = 0; i < project.Courses().Count(); ++i) {
-      const auto& course = *project.Courses().GetItem(i);
-      if (course.Student != nullptr && (course.*grade).IsNull()) ++count;
-    }
-  }
-  return count;
-}
-
-}  // namespace
+#include "uCourseColumns.h"
 
 TMissingGrades CountMissingGrades(const TMyTessaronProject& project) {
-  return {CountNulls(project, {{"Note1", &TCourse::Note1Id},
-                               {"Note2", &TCourse::Note2Id},
-                               {"Note3", &TCourse::Note3Id},
-                               {"Note4", &TCourse::Note4Id},
-                               {"Note5", &TCourse::Note5Id}}),
-          CountNulls(project, {{"Endnote1", &TCourse::Endnote1Id}}),
-          CountNulls(project, {{"Endnote2", &TCourse::Endnote2Id}})};
+  TMissingGrades missing;
+  for (const auto& column : AllCourseColumns()) {
+    if (column.MissingCount == nullptr || !project.Options().Columns().IsVisible(column.Fieldname)) continue;
+    int& count = missing.*column.MissingCount;
+    const auto* grade = TCourse::FieldOf(column.Key);
+    count = std::max(count, 0);
+    for (int i = 0; i < project.Courses().Count(); ++i) {
+      const auto& course = *project.Courses().GetItem(i);
+      if (course.Student != nullptr && grade->Value(course).IsNull()) ++count;
+    }
+  }
+  return missing;
 }

@@ -7,9 +7,9 @@
 #include "VantrelExceptions.h"
 #include "VantrelI18n.h"
 #include "VantrelText.h"
+#include "uCourseColumns.h"
 #include "uFields.h"
 #include "uProjectDefects.h"
-#include "uTessaron.h"
 
 constexpr auto TDataOptions::FieldTable() {
   return std::tuple(Fields::Byte("AbsenceBehaviour", &TDataOptions::FAbsenceBehaviour),
@@ -60,7 +60,7 @@ void TMyTessaronProject::RegisterClasses() {
 
 void TMyTessaronProject::DoCreate() {
   TVantrelDataStorage::DoCreate();
-  FProductVersion = ::ProductVersion;
+  FProductVersion = NewProductVersion;
   std::apply([this](const auto&... field) { (field.List(*this), ...); }, Fields::Of<ListFields>);
   FOptions = CreateVantrel<TDataOptions>(this);
   DoClear();
@@ -144,7 +144,8 @@ TVantrelPtr<TCourses> TMyTessaronProject::CoursesBySubject(const TVariant& subje
 }
 
 bool TMyTessaronProject::EditableColumn(std::string_view columnName) const {
-  for (const std::string_view prefix : {"col_student_course_", "col_subject_course_"}) {
+  for (const auto grid : {TCourseGrid::Students, TCourseGrid::Subjects}) {
+    const auto prefix = TCourseColumns::Prefix(grid);
     if (!SameText(columnName.substr(0, prefix.size()), prefix)) continue;
     columnName.remove_prefix(prefix.size());
     break;

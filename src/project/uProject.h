@@ -10,6 +10,7 @@
 #include "uColumns.h"
 #include "uCourses.h"
 #include "uHelper.h"
+#include "uProjectChanges.h"
 #include "uStudents.h"
 
 enum class TFileLoadTimeType { lfBefore, lfAfter };
@@ -50,8 +51,8 @@ class TMyTessaronProject;
 using TOnMyTessaronLoadFile = std::function<void(TMyTessaronProject& project, TFileLoadTimeType firedOn)>;
 using TOnMyTessaronModified = std::function<void()>;
 
-/// The one document that the program edits: what one teacher needs for one term. Nothing tracks changes by itself:
-/// what edits calls SetModified.
+/// The one document that the program edits: what one teacher needs for one term. Records that are written directly, as
+/// by who makes a document, tell nobody.
 class TMyTessaronProject final : public TVantrelDataStorage {
  public:
   using TVantrelDataStorage::TVantrelDataStorage;
@@ -73,6 +74,9 @@ class TMyTessaronProject final : public TVantrelDataStorage {
 
   /// Called before and after a file is opened, also when the load failed.
   TOnMyTessaronLoadFile OnLoadFile;
+  /// The ProductVersion of a document that is made anew. The program sets it at its start.
+  static inline std::string NewProductVersion = "10.x";
+
   /// Called at every SetModified.
   TOnMyTessaronModified OnModified;
 
@@ -126,6 +130,23 @@ class TMyTessaronProject final : public TVantrelDataStorage {
   /// How often SaveFile has gone through.
   int SaveCount() const { return FSaveCount; }
 
+  /// The one road by which records of the open project change. Each step marks the project as modified, whether
+  /// anything is different afterwards or not, and is then told to the listeners.
+  ///
+  /// By the key of the record's stored field. Raises EVantrelException for a key that the record has not, and
+  /// EConvertError for what the field cannot hold; nothing has changed then.
+  void ChangeField(TVantrelRecord& record, std::string_view key, const TVariant& value);
+  /// Null, and an item whose id the list holds: nothing, and nobody is told. The list takes the item; where it raises,
+  /// the item is freed.
+  void InsertItem(TVantrelDataList& list, int index, TVantrelPtr<TVantrelDataObject> item);
+  /// The two raise EVantrelCollectionError for an index outside the list.
+  void DeleteItem(TVantrelDataList& list, int index);
+  void MoveItem(TVantrelDataList& list, int from, int to);
+  /// Who holds the token is told of every step.
+  [[nodiscard]] TProjectListeners::TToken Listen(TProjectListeners::TListener listener) {
+    return FListeners.Add(std::move(listener));
+  }
+
   void AddCourse(TVantrelPtr<TCourse> course) { FCourses->AddCourse(std::move(course)); }
   /// New lists that do not own their courses, in the order of Courses. A course without a student is in none.
   TVantrelPtr<TCourses> CoursesByClass(const TVariant& classId) const;
@@ -155,6 +176,7 @@ class TMyTessaronProject final : public TVantrelDataStorage {
   static constexpr auto ListFields();
   template <class TPredicate>
   TVantrelPtr<TCourses> CoursesWhere(TPredicate predicate) const;
+  void TellChange(const TProjectChange& change);
   void LoadEncryptedXml(const std::string& fileName);
   void SaveEncryptedXml(const std::string& fileName);
   void ReadEnciphered(const std::string& fileName);
@@ -163,6 +185,7 @@ class TMyTessaronProject final : public TVantrelDataStorage {
 
   std::unique_ptr<TVantrelFileStream> FExclusiveFileStream;
   bool FIsWriteProtected = false;
+  TProjectListeners FListeners;
   std::string FProductVersion;
   int FSaveCount = 0;
   TVantrelPtr<TCatalogs> FAbschluesse, FAbschlussarten, FEmpfehlungen, FFachstati, FNiveaus;

@@ -109,6 +109,16 @@ std::string FieldCaption(const TMyTessaronProject& project, std::string_view key
   return column == nullptr || column->Customname().empty() ? OwnCaption(key) : Printable(column->Customname());
 }
 
+std::vector<TEditorItem> NamedValues(std::string_view key) {
+  std::vector<TEditorItem> items;
+  for (const auto& known : ProjectTexts::ValueNames) {
+    if (key != known.Key) continue;
+    const bool isNumber = known.Value[0] >= '0' && known.Value[0] <= '9';
+    items.push_back({ResourceText(known.Shown), isNumber ? TVariant(TextToInteger(known.Value)) : known.Value});
+  }
+  return items;
+}
+
 std::string FieldValue(const TMyTessaronProject& project, std::string_view key, const TVariant& value, bool exact) {
   if (value.IsEmpty()) return ResourceText(ProjectTexts::Empty);
   if (value.Kind() == TVariantKind::Boolean)

@@ -5,6 +5,7 @@
 #include <string_view>
 #include <vector>
 
+#include "VantrelEditors.h"
 #include "VantrelI18n.h"
 #include "uProject.h"
 
@@ -40,6 +41,8 @@ bool IsGradeKey(std::string_view key);
 std::string OwnCaption(std::string_view key);
 /// The caption of the column that shows the field of a student or a course, or else OwnCaption.
 std::string FieldCaption(const TMyTessaronProject& project, std::string_view key);
+/// The values of a field that have names of their own, as a list offers them; none for other fields.
+std::vector<TEditorItem> NamedValues(std::string_view key);
 /// The value as the user reads it: grades and classes by token, "leer" for null and an empty text. Exact: so that
 /// different values are shown differently.
 std::string FieldValue(const TMyTessaronProject& project, std::string_view key, const TVariant& value, bool exact);

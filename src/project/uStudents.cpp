@@ -55,30 +55,30 @@ TCertificateComments& TStudent::CertificateComments() {
 
 TCertificateComment* TStudent::AddCertificateComment(std::int32_t position, std::string_view attribute,
                                                      std::string_view description) {
-  auto* comment = CertificateComments().AddCertificateComment({}, description, attribute, position);
-  CurrentProject->SetModified(true);
-  return comment;
+  auto& comments = CertificateComments();
+  auto comment = comments.NewComment({}, description, attribute, position);
+  auto* added = comment.get();
+  CurrentProject->InsertItem(comments, comments.Count(), std::move(comment));
+  return added;
 }
 
 void TStudent::EditCertificateComment(const TGuid& id, std::int32_t position, std::string_view attribute,
                                       std::string_view description) {
   auto* comment = static_cast<TCertificateComment*>(CertificateComments().Find(id));
   if (comment == nullptr) return;
-  comment->Position = position;
-  comment->Attribute = attribute;
-  comment->Description = description;
-  CurrentProject->SetModified(true);
+  CurrentProject->ChangeField(*comment, "Position", position);
+  CurrentProject->ChangeField(*comment, "Attribute", attribute);
+  CurrentProject->ChangeField(*comment, "Description", description);
 }
 
 void TStudent::DeleteCertificateComment(const TGuid& id) {
   const int index = CertificateComments().IndexOf(id);
-  if (index < 0) return;
-  CertificateComments().Delete(index);
-  CurrentProject->SetModified(true);
+  if (index >= 0) CurrentProject->DeleteItem(CertificateComments(), index);
 }
 
 void TStudent::DeleteAllCertificateComments() {
-  CertificateComments().Clear();
+  auto& comments = CertificateComments();
+  while (!comments.IsEmpty()) CurrentProject->DeleteItem(comments, comments.Count() - 1);
   CurrentProject->SetModified(true);
 }
 

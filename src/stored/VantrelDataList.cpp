@@ -168,6 +168,11 @@ TVantrelDataObject* TVantrelDataList::Extract(const TGuid& id) {
   return Extract(IndexOf(id));
 }
 
+TVantrelPtr<TVantrelDataObject> TVantrelDataList::TakeOut(int index) {
+  auto* item = Extract(index);
+  return TVantrelPtr<TVantrelDataObject>(item != nullptr && OwnsItems() && item->FOwningEntries == 0 ? item : nullptr);
+}
+
 void TVantrelDataList::Exchange(int index, TVantrelDataObject* item) {
   if (GetItem(index) == item) return;
   Delete(index);

@@ -51,6 +51,8 @@ class TVantrelDataList : public TVantrelAbstractDataObject {
   TVantrelDataObject* Extract(int index);
   TVantrelDataObject* Extract(const TVantrelDataObject* item);
   TVantrelDataObject* Extract(const TGuid& id);
+  /// As Extract; gives the item to the caller where no entry of an owning list is left that holds it, else null.
+  TVantrelPtr<TVantrelDataObject> TakeOut(int index);
   /// Delete, then Insert in the same place; an item that stands there already stays.
   void Exchange(int index, TVantrelDataObject* item);
   void Exchange(const TVantrelDataObject* oldItem, TVantrelDataObject* item);

@@ -4,14 +4,14 @@
 
 #include "VantrelI18n.h"
 #include "ViewTexts.h"
-#include "uAchievementColumns.h"
 #include "uGridUpdate.h"
 
 TAchievementsPane::TAchievementsPane(TGridPaneUi& ui, TLookupTables& lookups, const TAchievementsSettings& settings)
     : FUi(ui),
       FLookups(lookups),
       FSettings(settings),
-      FColumns(StudentCourseColumns(CurrentProject->Options().Columns(), lookups)),
+      FCourseColumns(TCourseColumns::Of(settings.Grid)),
+      FColumns(FCourseColumns.GridColumns(CurrentProject->Options().Columns(), lookups)),
       FKeptRow(settings.KeptBy) {
   for (const auto& column : FColumns) FEditable.push_back(CurrentProject->EditableColumn(column.Id));
   SetGridOptions();
@@ -73,26 +73,27 @@ void TAchievementsPane::BuildColumns(bool isTextClass) {
   grid.ClearFilter();
   for (const auto& source : FColumns) {
     const int ordinal = grid.AddColumn(source);
-    if (source.Visible && PostsEdits(ordinal)) {
+    if (source.Visible && FCourseColumns.Posts(ordinal)) {
       grid.OnEditChanged = [this](int) {
         FKeptRow.Touch();
         return true;
       };
     }
     // A field that the project does not know has no caption; it stays hidden.
-    if (isTextClass) grid.ShowColumn(ordinal, IsFillColumn(ordinal) && !source.Caption.empty());
+    if (isTextClass) grid.ShowColumn(ordinal, FCourseColumns.StaysForText(ordinal) && !source.Caption.empty());
   }
 }
 
 void TAchievementsPane::FocusWork() {
-  if (FSource != nullptr) FKeptRow.Restore(FUi.Grid(), *FSource, FirstGradeColumn(), CourseNameColumn);
+  if (FSource == nullptr) return;
+  FKeptRow.Restore(FUi.Grid(), *FSource, FirstGradeColumn(), FCourseColumns.OrdinalOf(CourseColumnNames::Name));
 }
 
 /// Where the work begins: the first grade that can be entered; -1 if there is none.
 int TAchievementsPane::FirstGradeColumn() const {
   for (int ordinal = 0; ordinal < static_cast<int>(FColumns.size()); ++ordinal) {
     const auto place = static_cast<std::size_t>(ordinal);
-    if (IsGradeColumn(ordinal) && FColumns[place].Visible && FEditable[place]) return ordinal;
+    if (FCourseColumns.IsGrade(ordinal) && FColumns[place].Visible && FEditable[place]) return ordinal;
   }
   return -1;
 }
@@ -112,7 +113,7 @@ bool TAchievementsPane::OffersGrade(const TVantrelMemTable::TRow& row) const {
 
 TGridKeyAction TAchievementsPane::AnswerKey(int ordinal, TGridKey key) {
   if (key == TGridKey::Enter || key == TGridKey::Delete) FKeptRow.Touch();
-  return key == TGridKey::Enter && IsGradeColumn(ordinal) ? TGridKeyAction::MoveDown : TGridKeyAction::Pass;
+  return key == TGridKey::Enter && FCourseColumns.IsGrade(ordinal) ? TGridKeyAction::MoveDown : TGridKeyAction::Pass;
 }
 
 void TAchievementsPane::Fit() {
@@ -138,7 +139,6 @@ void TAchievementsPane::EditAssessment(const TViewFrame& frame) {
   if (course == nullptr || !frame.EditAssessment) return;
   const auto text = frame.EditAssessment(course->SubjectToken, course->Beurteilung);
   if (!text) return;
-  course->Beurteilung = *text;
-  CurrentProject->SetModified(true);
+  CurrentProject->ChangeField(*course, "Beurteilung", *text);
   FUi.Grid().DataChanged();
 }

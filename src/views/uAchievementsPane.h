@@ -14,6 +14,7 @@
 
 /// In what the achievement grids of the views differ.
 struct TAchievementsSettings {
+  TCourseGrid Grid = TCourseGrid::Students;
   /// Tab and Enter move from cell to cell, over the end of a row; the row that has the focus is marked, and the height
   /// of the header follows its captions.
   bool MovesByCells = true;
@@ -75,6 +76,7 @@ class TAchievementsPane {
   TGridPaneUi& FUi;
   TLookupTables& FLookups;
   const TAchievementsSettings FSettings;
+  const TCourseColumns& FCourseColumns;
   /// The columns as the project gives them, and whether they may be edited.
   std::vector<TGridColumn> FColumns;
   std::vector<bool> FEditable;

@@ -6,7 +6,6 @@
 #include "TempFolder.h"
 #include "VantrelExceptions.h"
 #include "uProject.h"
-#include "uTessaron.h"
 
 namespace {
 

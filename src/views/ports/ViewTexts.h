@@ -22,16 +22,6 @@ inline constexpr const char* StudentLastName = "Nachname";
 inline constexpr const char* StudentBirthday = "Geburtsdatum";
 inline constexpr const char* FitColumns = "Spaltenbreiten anpassen";
 
-// Achievements
-inline constexpr const char* CourseName = "Kurs";
-inline constexpr const char* CourseToken = "Fach";
-inline constexpr const char* Mahnung = "Mahnung";
-inline constexpr const char* Nachmahnung = "Nachmahnung";
-inline constexpr const char* Nachpruefung = "Nachprüfung";
-inline constexpr const char* Passed = "Bestanden (P)";
-inline constexpr const char* Failed = "Nicht bestanden (F)";
-inline constexpr const char* NotTaken = "Nicht belegt";
-
 // Welcome
 inline constexpr const char* InfoGroup = "Version";
 inline constexpr const char* FileGroup = "Aktuelle Datei";
