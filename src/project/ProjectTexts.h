@@ -8,6 +8,8 @@ inline constexpr const char* GradeTypeFill = "Text";
 
 inline constexpr const char* CourseColumn = "Kurs";
 inline constexpr const char* GradeTypeColumn = "Beurteilungsart";
+inline constexpr const char* IdColumn = "ID";
+inline constexpr const char* AssessmentColumn = "Beurteilung";
 inline constexpr const char* LastNameColumn = "Nachname";
 inline constexpr const char* FirstNameColumn = "Vorname";
 inline constexpr const char* BirthdayColumn = "Geburtsdatum";

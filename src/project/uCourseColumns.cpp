@@ -94,6 +94,7 @@ constexpr TCourseColumn Count(std::string_view name, std::string_view field) {
 }
 
 constexpr TCourseColumn Columns[] = {
+    {.Name = "student_id", .Exists = false, .Compute = StudentValue<&TStudent::TessaronId>},
     {.Name = CourseColumnNames::Name,
      .Caption = ProjectTexts::CourseColumn,
      .InChooser = false,
@@ -205,6 +206,14 @@ constexpr TCourseColumn Columns[] = {
 
 std::span<const TCourseColumn> AllCourseColumns() {
   return Columns;
+}
+
+const TCourseColumn& CourseColumn(std::string_view name) {
+  return *std::ranges::find(Columns, name, &TCourseColumn::Name);
+}
+
+TVariant TCourseColumn::Value(const TCourse& course) const {
+  return Compute != nullptr ? Compute(course) : TCourse::FieldOf(Key)->Value(course);
 }
 
 const TCourseColumns& TCourseColumns::Of(TCourseGrid grid) {

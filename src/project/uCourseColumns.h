@@ -65,10 +65,16 @@ struct TCourseColumn {
   bool StaysForText = false;
   /// Where its null values count as grades that are still to be entered.
   int TMissingGrades::*MissingCount = nullptr;
+
+  /// The value of the course. Some columns raise EVantrelException: for a course without a student, and for a class
+  /// that the file has not.
+  TVariant Value(const TCourse& course) const;
 };
 
 /// All columns, in the order of the grids.
 std::span<const TCourseColumn> AllCourseColumns();
+/// The column of that name, which there must be.
+const TCourseColumn& CourseColumn(std::string_view name);
 
 /// Names of columns that are asked for one by one.
 namespace CourseColumnNames {
@@ -97,8 +103,7 @@ class TCourseColumns {
   /// Dropped for an ordinal that the grid has not.
   TCourseWrite WriteOf(int ordinal) const;
 
-  /// The value of the course in the column of that ordinal, which the grid must have. Some columns raise
-  /// EVantrelException: for a course without a student, and for a class that the file has not.
+  /// The value of the course in the column of that ordinal, which the grid must have (see TCourseColumn::Value).
   TVariant Value(const TCourse& course, int ordinal) const;
 
   /// The columns as the grid takes them. Captions and visibility come from `options`; a field without a column there is

@@ -3,6 +3,7 @@
 #include "ProjectTexts.h"
 #include "VantrelExceptions.h"
 #include "VantrelI18n.h"
+#include "uClassOverview.h"
 #include "uProject.h"
 
 // The order of this table is the file format.
@@ -68,22 +69,5 @@ void TCourses::PopulateSubjects(TVantrelMemTable& memData) const {
 }
 
 void TCourses::PopulateClassSubjects(TVantrelMemTable& memData, const TClass& schoolClass) const {
-  const auto courses = CurrentProject->CoursesByClass(TVariant(schoolClass.TessaronId));
-  for (int i = 0; i < courses->Count(); ++i) {
-    const auto* course = courses->GetItem(i);
-    const auto& student = course->RequireStudent();
-    if (memData.Locate("ID", student.TessaronId.Value)) {
-      memData.Edit();
-    } else {
-      memData.Append();
-      memData.FieldByName("ID").SetValue(student.TessaronId.Value);
-      memData.FieldByName("FirstName").SetValue(student.Vorname);
-      memData.FieldByName("LastName").SetValue(student.Nachname);
-      memData.FieldByName("Birthdate").SetValue(student.Geburtsdatum.Value);
-      memData.FieldByName("Beurteilung").SetValue(course->Beurteilung);
-    }
-    if (const auto* grade = CurrentProject->Noten().Find(course->Endnote1Id.AsInt()))
-      memData.FieldByName(Join(course->SubjectToken, course->SubjectId.ToString(), ".")).SetValue(grade->Token);
-    memData.Post();
-  }
+  ClassOverview::Populate(memData, *CurrentProject->CoursesByClass(TVariant(schoolClass.TessaronId)));
 }

@@ -64,8 +64,6 @@ class TCourses : public TVantrelDataListOf<TCourse> {
   void AddCourse(TVantrelPtr<TCourse> course);
   /// Appends a row "ID", "Token", "Name" per subject that the table does not hold, in the order of first appearance.
   void PopulateSubjects(TVantrelMemTable& memData) const;
-  /// Appends a row per student of the class ("ID", "FirstName", "LastName", "Birthdate", "Beurteilung" of the first
-  /// course), and sets the field named SubjectToken.SubjectId to the token of Endnote1. Raises where the table lacks
-  /// that field.
+  /// Appends the overview of the class, whose courses it takes from CurrentProject: see ClassOverview::Populate.
   void PopulateClassSubjects(TVantrelMemTable& memData, const TClass& schoolClass) const;
 };

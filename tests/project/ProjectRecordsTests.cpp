@@ -1,12 +1,15 @@
+#include <fmt/format.h>
 #include <gtest/gtest.h>
 
 #include <cstring>
 #include <sstream>
+#include <utility>
 
 #include "ErrorOf.h"
 #include "TempFolder.h"
 #include "VantrelExceptions.h"
 #include "VantrelText.h"
+#include "uClassOverview.h"
 #include "uMissingGrades.h"
 #include "uProject.h"
 
@@ -116,8 +119,8 @@ TEST_F(ProjectRecordsTest, KeysAndMarkersOfTheXmlForm) {
   FProject->SetFileName(FFolder / "a.kvrxr");
   FProject->SaveFile({});
   const auto text = ReadFileText(FFolder / "a.kvrxr");
-  for (const char* part : {"<Zuzgang>2023-03-15</Zuzgang>", "<Customname />", "<ClassId>-1</ClassId>", "<Versetzt>x\uFFFDy<",
-                           "<Abschluss1Note>-1</Abschluss1Note>", "<Abgang>1899-12-30</Abgang>"})
+  for (const char* part : {"<Zuzgang>2023-03-15</Zuzgang>", "<Customname />", "<ClassId>-1</ClassId>",
+                           "<Versetzt>x\uFFFDy<", "<Abschluss1Note>-1</Abschluss1Note>", "<Abgang>1899-12-30</Abgang>"})
     EXPECT_NE(text.find(part), std::string::npos) << part;
 
   WriteFileText(FFolder / "b.kvrxr",
@@ -128,6 +131,35 @@ TEST_F(ProjectRecordsTest, KeysAndMarkersOfTheXmlForm) {
   const auto& bare = *read->Students().GetItem(0);
   EXPECT_TRUE(bare.Zugang.IsNull() && bare.Geburtsdatum.IsNull() && bare.TessaronId.IsNull());
   EXPECT_EQ(bare.Geschlecht, u'M');
+}
+
+/// What is taken by key from one record and given to another makes it the same.
+TEST_F(ProjectRecordsTest, FieldsByKey) {
+  ASSERT_TRUE(FProject->LoadForReading(std::string(FIXTURES) + "/small.kvrx"));
+  const auto textOf = [](const TVantrelRecord& record) {
+    std::string text;
+    record.VisitFields([&](std::string_view key, const TVariant& value) {
+      text += fmt::format("{}:{}:{};", key, static_cast<int>(value.Kind()), value.AsTextOrEmpty());
+    });
+    return text;
+  };
+  for (const TVantrelRecord* record : std::initializer_list<const TVantrelRecord*>{
+           FProject->Students().GetItem(0), FProject->Courses().GetItem(0), FProject->Noten().GetItem(0),
+           FProject->Classes().GetItem(0), FProject->Options().Columns().GetItem(0), &FProject->Options(),
+           FProject->CertificateComments().GetItem(0)}) {
+    const auto created = record->ClassType().Create();
+    auto& copy = static_cast<TVantrelRecord&>(*created);
+    record->VisitFields([&](std::string_view key, const TVariant& value) {
+      if (const auto* field = copy.FindField(key); field->SetValue != nullptr) field->SetValue(copy, value);
+    });
+    EXPECT_EQ(textOf(copy), textOf(*record));
+  }
+  const auto student = CreateVantrel<TStudent>();
+  for (const auto& [key, value] : std::vector<std::pair<const char*, TVariant>>{
+           {"TeacherType", 256}, {"TeacherType", -1}, {"Gender", ""}, {"Gender", "ab"}, {"VonSportBefreit", "x"}})
+    EXPECT_THROW(student->RequireField(key).SetValue(*student, value), EConvertError) << key;
+  EXPECT_EQ(ErrorOf<EVantrelException>([&] { student->RequireField("CertificateComments"); }),
+            "Die Klasse „TStudent“ hat kein Feld „CertificateComments“, das sich setzen lässt.");
 }
 
 TEST_F(ProjectRecordsTest, NullableValues) {
@@ -158,6 +190,9 @@ TEST_F(ProjectRecordsTest, PasswordAndEdition) {
     FProject->SetProductVersion(version);
     EXPECT_EQ(FProject->ProductEdition(), edition);
   }
+  const auto version = std::exchange(TMyTessaronProject::NewProductVersion, "9.7");
+  EXPECT_EQ(CreateVantrel<TMyTessaronProject>()->ProductVersion(), "9.7");
+  TMyTessaronProject::NewProductVersion = version;
 }
 
 TEST_F(ProjectRecordsTest, Columns) {
@@ -198,11 +233,19 @@ TEST_F(ProjectRecordsTest, CoursesAndTheirTables) {
   FProject->PopulateSubjects(subjects);
   FProject->PopulateSubjects(subjects);
   EXPECT_EQ(Rows(subjects), "7,Ma,,;8,De,,;");
-  auto& grades = Table("#ID FirstName LastName Birthdate Beurteilung Ma.7 De.8");
+  std::string fields, captions;
+  for (const auto& field : ClassOverview::FieldsOf(*FProject->CoursesByClass(TVariant(1)))) {
+    fields += (field.Type == TVantrelFieldType::ftInteger ? "#" : "") + field.Name + " ";
+    captions += field.Caption + " ";
+  }
+  EXPECT_EQ(
+      fields + captions,
+      "#ID FirstName LastName Birthdate Ma.7 De.8 Beurteilung ID Vorname Nachname Geburtsdatum Ma De Beurteilung ");
+  auto& grades = Table(fields);
   FProject->PopulateClassSubjects(grades, *FProject->Classes().GetItem(0));
-  EXPECT_EQ(Rows(grades), "11,Anna,Beck,,erste,2+,,;");
+  EXPECT_EQ(Rows(grades), "11,Anna,Beck,,2+,,erste,;");
   FProject->PopulateClassSubjects(grades, *FProject->Classes().GetItem(1));
-  EXPECT_EQ(Rows(grades), "12,Bert,,,,12,,;");
+  EXPECT_EQ(Rows(grades), "12,Bert,,,12,,,;");
 
   FProject->Options().Columns().AddColumn("Note5", "Note 5", true, true, false, 1);
   const auto counts = [this] {

@@ -1,0 +1,134 @@
+#include <fmt/format.h>
+
+#include "SampleProject.h"
+#include "VantrelExceptions.h"
+#include "uDataSource.h"
+
+namespace {
+
+/// Tells each change in a line, and can take all of them back.
+class ProjectChangesTest : public SampleProjectTest {
+ protected:
+  struct TUndo {
+    TChangeKind Kind;
+    TVantrelDataObject* Record;
+    std::string Key;
+    TVariant Before;
+    TVantrelDataList* List;
+    int Index, Target;
+    TVantrelPtr<TVantrelDataObject> Removed;
+  };
+
+  void SetUp() override {
+    SampleProjectTest::SetUp();
+    CurrentProject = FProject.get();
+  }
+
+  void Hear(const TProjectChange& change) {
+    FTold.push_back(
+        change.Kind == TChangeKind::Field
+            ? fmt::format("{}: {} -> {}", change.Key, change.Before.AsTextOrEmpty(), change.After.AsTextOrEmpty())
+            : fmt::format("{} {} {}", static_cast<int>(change.Kind), change.Index, change.Target));
+    FUndo.push_back({change.Kind, &change.Record, std::string(change.Key), change.Before, change.List, change.Index,
+                     change.Target, change.Removed == nullptr ? nullptr : std::move(*change.Removed)});
+  }
+  std::vector<std::string> Told() { return std::exchange(FTold, {}); }
+  void TakeAllBack() {
+    FListening.reset();
+    for (; !FUndo.empty(); FUndo.pop_back()) {
+      auto& step = FUndo.back();
+      if (step.Kind == TChangeKind::Field)
+        FProject->ChangeField(static_cast<TVantrelRecord&>(*step.Record), step.Key, step.Before);
+      else if (step.Kind == TChangeKind::Inserted)
+        FProject->DeleteItem(*step.List, step.Index);
+      else if (step.Kind == TChangeKind::Deleted)
+        FProject->InsertItem(*step.List, step.Index, std::move(step.Removed));
+      else
+        FProject->MoveItem(*step.List, step.Target, step.Index);
+    }
+  }
+  std::string Content() {
+    TVantrelMemoryStream stream;
+    FProject->SaveToXmlStream(stream);
+    return {stream.Bytes().begin(), stream.Bytes().end()};
+  }
+
+  std::vector<std::string> FTold;
+  std::vector<TUndo> FUndo;
+  TProjectListeners::TToken FListening = FProject->Listen([this](const auto& change) { Hear(change); });
+};
+
+TEST_F(ProjectChangesTest, EveryStepIsToldAndCanBeTakenBack) {
+  const auto before = Content();
+  auto& course = *FProject->Courses().GetItem(0);
+  auto& student = *FProject->Students().GetItem(0);
+  student.CertificateComments().Clear();
+  const auto emptied = Content();
+  TSubjectCoursesSource source(nullptr);
+
+  source.SetValue(&course, 14, 7);
+  source.SetValue(&course, 14, TVariant::Null());
+  source.SetValue(&course, 24, "dropped");
+  FProject->ChangeField(student, "Zuzgang", TVariant::DateTime(45000));
+  EXPECT_EQ(Told(), (std::vector<std::string>{"Note1ID:  -> 7", "Note1ID: 7 -> ",
+                                              "Zuzgang: " + FUndo[2].Before.AsTextOrEmpty() + " -> 15.03.2023"}));
+
+  const auto first = student.AddCertificateComment(1, "A", "eins")->ID();
+  const auto second = student.AddCertificateComment(2, "B", "zwei")->ID();
+  student.EditCertificateComment(second, 3, "C", "drei");
+  FProject->MoveItem(student.CertificateComments(), 0, 1);
+  student.DeleteCertificateComment(first);
+  student.DeleteAllCertificateComments();
+  EXPECT_EQ(Told(), (std::vector<std::string>{"1 0 -1", "1 1 -1", "Position: 2 -> 3", "Attribute: B -> C",
+                                              "Description: zwei -> drei", "3 0 1", "2 1 -1", "2 0 -1"}));
+  EXPECT_EQ(FUndo.back().List, &student.CertificateComments());
+  EXPECT_NE(before, Content());
+  TakeAllBack();
+  EXPECT_EQ(emptied, Content());
+}
+
+TEST_F(ProjectChangesTest, WhatRaisesChangesNothing) {
+  auto& comments = FProject->Students().GetItem(0)->CertificateComments();
+  comments.Clear();
+  auto& remark = *comments.AddCertificateComment("", "", "", 1);
+  FProject->SetModified(false);
+  EXPECT_THROW(FProject->ChangeField(remark, "Position", "eins"), EConvertError);
+  EXPECT_THROW(FProject->ChangeField(remark, "position", 1), EVantrelException);
+  EXPECT_THROW(FProject->ChangeField(*FProject->Courses().GetItem(0), "Student", 1), EVantrelException);
+  EXPECT_THROW(FProject->DeleteItem(comments, 1), EVantrelCollectionError);
+  EXPECT_THROW(FProject->InsertItem(comments, 0, CreateVantrel<TCatalog>()), EVantrelCollectionError);
+  FProject->InsertItem(comments, 0, nullptr);
+  EXPECT_FALSE(FProject->Modified());
+  EXPECT_TRUE(FTold.empty() && remark.Position == 1 && comments.Count() == 1);
+}
+
+/// A damaged file may hold a remark twice.
+TEST_F(ProjectChangesTest, AnItemThatStandsTwiceStaysWithItsOtherEntry) {
+  auto& comments = FProject->Students().GetItem(0)->CertificateComments();
+  comments.Clear();
+  auto* remark = comments.AddCertificateComment("", "doppelt", "", 1);
+  comments.Add(remark);
+  FProject->DeleteItem(comments, 0);
+  EXPECT_EQ(FUndo.back().Removed, nullptr);
+  EXPECT_EQ(comments.GetItem(0)->Description, "doppelt");
+}
+
+TEST_F(ProjectChangesTest, ListenersMayComeAndGoWhileTheyAreTold) {
+  auto& course = *FProject->Courses().GetItem(0);
+  std::string heard;
+  TProjectListeners::TToken self, other, added;
+  const auto note = [&](char who) { return [&heard, who](const TProjectChange&) { heard += who; }; };
+  self = FProject->Listen([&](const TProjectChange&) {
+    heard += 's';
+    self.reset();
+    other.reset();
+    added = FProject->Listen(note('a'));
+  });
+  other = FProject->Listen(note('o'));
+  const auto last = FProject->Listen(note('l'));
+  for (int i = 0; i < 2; ++i) FProject->ChangeField(course, "Merkmal", "x");
+  EXPECT_EQ(heard, "slla");
+  EXPECT_EQ(Told().size(), 2U);
+}
+
+}  // namespace
