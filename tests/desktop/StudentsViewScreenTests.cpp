@@ -143,6 +143,13 @@ TEST_F(StudentsViewTest, WorkInTheFirstCellChoosesItsSubject) {
   FView->GotoNext();
   EXPECT_EQ(Subject(), 1);
   EXPECT_EQ(Grid().FocusedRecord(), 4);
+
+  // A course without a subject is like no other.
+  QTest::keyClick(&Grid().View(), Qt::Key_Up);
+  Course(3).SubjectId.SetNull();
+  FProject->CoursesByStudent(Student(2).TessaronId.Value)->GetItem(2)->SubjectId.SetNull();
+  FView->GotoNext();
+  EXPECT_EQ(std::pair(Grid().FocusedRecord(), Grid().FocusedColumn()), std::pair(0, +Kurs));
 }
 
 TEST_F(StudentsViewTest, AssessmentsTakeTheRoomThatIsLeft) {

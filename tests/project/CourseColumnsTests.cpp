@@ -4,7 +4,7 @@
 #include <map>
 #include <sstream>
 
-#include "SampleProject.h"
+#include "SampleProjectTest.h"
 #include "uCourseColumns.h"
 
 namespace {

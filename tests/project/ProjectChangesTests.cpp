@@ -1,6 +1,6 @@
 #include <fmt/format.h>
 
-#include "SampleProject.h"
+#include "SampleProjectTest.h"
 #include "VantrelExceptions.h"
 #include "uDataSource.h"
 
