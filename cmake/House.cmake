@@ -54,7 +54,8 @@ house_private_headers(database ibase.h)
 # header of a room further up cannot be included. A folder without sources is a library of headers.
 function(house_library name)
   cmake_parse_arguments(PARSE_ARGV 1 room "" "" PRIVATE)
-  file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp ${CMAKE_CURRENT_SOURCE_DIR}/dialogs/*.cpp)
+  file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp ${CMAKE_CURRENT_SOURCE_DIR}/dialogs/*.cpp
+       ${CMAKE_CURRENT_SOURCE_DIR}/posix/*.cpp)
   if(NOT sources)
     add_library(${name} INTERFACE)
     target_include_directories(${name} INTERFACE ${CMAKE_CURRENT_SOURCE_DIR})

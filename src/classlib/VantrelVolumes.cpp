@@ -44,7 +44,7 @@ std::vector<TMount> Mounts() {
 TMount MountOf(const std::string& path) {
   std::error_code error;
   const auto full = std::filesystem::canonical(path, error).string();
-  if (error) throw EVantrelFileSystemError(EVantrelWin32Error::CodeOfErrno(error.value()));
+  if (error) throw EVantrelFileSystemError(System::CodeOf(error));
   TMount found;
   for (auto& mount : Mounts()) {
     const bool covers = mount.Folder == "/" || full == mount.Folder || full.starts_with(mount.Folder + "/");

@@ -1,61 +1,41 @@
 #include "VantrelExceptions.h"
 
-#include <cerrno>
-
 #include "FoundationTexts.h"
 #include "VantrelI18n.h"
 
 namespace {
-constexpr std::uint32_t ForeignErrnoBase = 10000;
-
-const char* TextOfErrno(int error) {
-  switch (error) {
-    case EIO:
-    case EUCLEAN:
+/// Null for a code that says nothing to the user.
+const char* TextOfKind(System::TCode code) {
+  using enum System::TFailureKind;
+  switch (System::KindOf(code)) {
+    case DeviceFailed:
       return FoundationTexts::DeviceFailed;
-    case ENODEV:
-    case ENXIO:
-    case ENOMEDIUM:
+    case DeviceMissing:
       return FoundationTexts::DeviceMissing;
-    case EMFILE:
-    case ENFILE:
+    case TooManyFiles:
       return FoundationTexts::TooManyFiles;
-    case EFBIG:
-    case EOVERFLOW:
+    case FileTooBig:
       return FoundationTexts::FileTooBig;
-    case EEXIST:
-    case ENOTEMPTY:
+    case AlreadyThere:
       return FoundationTexts::AlreadyThere;
-    case EXDEV:
+    case OtherDevice:
       return FoundationTexts::OtherDevice;
-    case EINVAL:
-    case EILSEQ:
+    case NotAccepted:
       return FoundationTexts::NotAccepted;
-    case EINTR:
-    case ECANCELED:
+    case Interrupted:
       return FoundationTexts::Interrupted;
-    case ENOSYS:
-    case EOPNOTSUPP:
+    case NotSupported:
       return FoundationTexts::NotSupported;
-    case ESTALE:
-    case ETIMEDOUT:
-    case ENOTCONN:
-    case ECONNREFUSED:
-    case ECONNRESET:
-    case ECONNABORTED:
-    case EHOSTDOWN:
-    case EHOSTUNREACH:
-    case ENETDOWN:
-    case ENETUNREACH:
-    case EREMOTEIO:
+    case NetworkFailed:
       return FoundationTexts::NetworkFailed;
-    default:
-      return nullptr;
+    case Unknown:
+      break;
   }
+  return nullptr;
 }
 }  // namespace
 
-EVantrelWin32Error::EVantrelWin32Error() : EVantrelWin32Error(CodeOfErrno(errno)) {}
+EVantrelWin32Error::EVantrelWin32Error() : EVantrelWin32Error(System::LastCode()) {}
 
 EVantrelWin32Error::EVantrelWin32Error(std::uint32_t code)
     : EVantrelException(FormatText(FoundationTexts::SystemError, code, TextOf(code))), FErrorCode(code) {}
@@ -64,34 +44,6 @@ EVantrelWin32Error::EVantrelWin32Error(TVantrelErrorCode code, std::string_view 
     : EVantrelException(
           FormatText(FoundationTexts::SystemError, static_cast<std::uint32_t>(code), ResourceText(builtIn))),
       FErrorCode(static_cast<std::uint32_t>(code)) {}
-
-std::uint32_t EVantrelWin32Error::CodeOfErrno(int error) noexcept {
-  const auto code = [](TVantrelErrorCode known) { return static_cast<std::uint32_t>(known); };
-  switch (error) {
-    case ENOENT:
-      return code(TVantrelErrorCode::FileNotFound);
-    case ENOTDIR:
-    case ENAMETOOLONG:
-    case ELOOP:
-      return code(TVantrelErrorCode::PathNotFound);
-    case EACCES:
-    case EPERM:
-    case EROFS:
-    case EISDIR:
-      return code(TVantrelErrorCode::AccessDenied);
-    case ENOMEM:
-      return code(TVantrelErrorCode::NotEnoughMemory);
-    case EAGAIN:
-    case ETXTBSY:
-    case EBUSY:
-      return code(TVantrelErrorCode::SharingViolation);
-    case ENOSPC:
-    case EDQUOT:
-      return code(TVantrelErrorCode::DiskFull);
-    default:
-      return ForeignErrnoBase + static_cast<std::uint32_t>(error);
-  }
-}
 
 std::string EVantrelWin32Error::TextOf(std::uint32_t code) {
   switch (static_cast<TVantrelErrorCode>(code)) {
@@ -110,6 +62,6 @@ std::string EVantrelWin32Error::TextOf(std::uint32_t code) {
     case TVantrelErrorCode::DiskFull:
       return ResourceText(FoundationTexts::DiskFull);
   }
-  const char* text = code < ForeignErrnoBase ? nullptr : TextOfErrno(static_cast<int>(code - ForeignErrnoBase));
+  const char* text = TextOfKind(code);
   return text == nullptr ? FormatText(FoundationTexts::UnknownError, code) : ResourceText(text);
 }

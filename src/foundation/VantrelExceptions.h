@@ -5,6 +5,8 @@
 #include <string>
 #include <string_view>
 
+#include "SystemError.h"
+
 /// Root of the program's exceptions. Carries the message that the user reads, in UTF-8.
 class EVantrelException : public std::exception {
  public:
@@ -17,21 +19,10 @@ class EVantrelException : public std::exception {
   std::string FMessage;
 };
 
-/// Codes of the system errors that the program tells apart, whatever the platform calls them.
-enum class TVantrelErrorCode : std::uint32_t {
-  FileNotFound = 2,
-  PathNotFound = 3,
-  AccessDenied = 5,
-  NotEnoughMemory = 8,
-  SharingViolation = 32,
-  NotSupported = 50,
-  DiskFull = 112,
-};
-
 /// A failed call to the operating system, with its code and what the user reads about it.
 class EVantrelWin32Error : public EVantrelException {
  public:
-  /// Takes the last error of the calling thread (errno).
+  /// Takes the last error of the calling thread.
   EVantrelWin32Error();
   explicit EVantrelWin32Error(std::uint32_t code);
   explicit EVantrelWin32Error(TVantrelErrorCode code) : EVantrelWin32Error(static_cast<std::uint32_t>(code)) {}
@@ -40,8 +31,6 @@ class EVantrelWin32Error : public EVantrelException {
 
   std::uint32_t ErrorCode() const noexcept { return FErrorCode; }
 
-  /// The documented code for an errno value; an errno without one is given as 10000 + errno.
-  static std::uint32_t CodeOfErrno(int error) noexcept;
   /// What is wrong and what to do next, in German, for every code.
   static std::string TextOf(std::uint32_t code);
 
@@ -63,6 +52,19 @@ class EVantrelFileSystemError : public EVantrelWin32Error {
 class EVantrelFileHandleError : public EVantrelWin32Error {
   using EVantrelWin32Error::EVantrelWin32Error;
 };
+
+/// Raises TError with the code of a call to the system that failed.
+template <class TError>
+void CheckSystem(System::TCode code) {
+  if (code != System::Success) throw TError(code);
+}
+
+/// What a call to the system gives; raises TError where it failed.
+template <class TError, class T>
+T CheckSystem(System::TResult<T> result) {
+  CheckSystem<TError>(result.Code());
+  return std::move(*result);
+}
 
 /// A file or address that could not be handed to the program for it, with the system's code.
 class EVantrelFileLaunchError : public EVantrelException {

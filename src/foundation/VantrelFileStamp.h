@@ -4,7 +4,7 @@
 #include <span>
 #include <string>
 
-#include "VantrelFileRights.h"
+#include "VantrelFileStreams.h"
 
 /// What a file was when it was read or written, so that one can see later whether another program has replaced or
 /// changed it. Nothing here raises.
@@ -23,19 +23,11 @@ class TVantrelFileStamp {
   bool IsOf(const std::string& fileName) const;
   /// Where the file was there is another one or other bytes. False where there is nothing.
   bool IsOutdated() const;
-  const TVantrelFileRights& Rights() const { return FRights; }
+  const System::TFileRights& Rights() const { return FRights; }
 
  private:
-  /// What the system tells of a file without its bytes.
-  struct TIdentity {
-    std::uint64_t Device = 0, Number = 0;
-    std::int64_t Size = -1, Seconds = 0, Nanoseconds = 0;
-    bool operator==(const TIdentity&) const = default;
-  };
-  static TIdentity IdentityOf(int descriptor);
-
   std::string FFileName;
-  TIdentity FIdentity;
+  System::TFileState FState;
   std::string FDigest;
-  TVantrelFileRights FRights;
+  System::TFileRights FRights;
 };

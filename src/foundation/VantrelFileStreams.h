@@ -3,37 +3,33 @@
 #include <memory>
 #include <string>
 
+#include "SystemFile.h"
 #include "VantrelStreams.h"
 
-enum class TVantrelFileOpenMode { fomCreate, fomOpenRead, fomOpenWrite, fomOpenReadWrite, fomOpenReadWriteOrCreate };
-enum class TVantrelFileAccessMode { famShareExclusive, famShareDenyWrite, famShareDenyRead, famShareDenyNone };
-
 /// An open file with the sharing of the system: what one handle denies, no other handle gets, in this process and in
-/// others. Kept by advisory locks of the open file description on bytes far behind the end of any file; a file
-/// system without locks is used without the hold.
+/// others. A file system without locks is used without the hold.
 class TVantrelFileHandle {
  public:
   /// fomCreate empties an existing file; the other modes open an existing file only (fomOpenReadWriteOrCreate makes
   /// one that is missing). Raises EVantrelFileHandleError with code 2, 3, 5 or 32.
   TVantrelFileHandle(std::string fileName, TVantrelFileAccessMode access, TVantrelFileOpenMode openMode);
+  /// `file` as it is, opened by `fileName` in that way.
+  TVantrelFileHandle(std::string fileName, TVantrelFileAccessMode access, TVantrelFileOpenMode openMode,
+                     System::TFile file);
   TVantrelFileHandle(const TVantrelFileHandle&) = delete;
   TVantrelFileHandle& operator=(const TVantrelFileHandle&) = delete;
-  ~TVantrelFileHandle();
 
-  int Descriptor() const { return FDescriptor; }
+  System::TFile& File() { return FFile; }
+  const System::TFile& File() const { return FFile; }
   const std::string& FileName() const { return FFileName; }
   TVantrelFileAccessMode AccessMode() const { return FAccessMode; }
   TVantrelFileOpenMode OpenMode() const { return FOpenMode; }
 
  private:
-  friend class TVantrelSafeSave;
-  TVantrelFileHandle(std::string fileName, TVantrelFileAccessMode access, TVantrelFileOpenMode openMode,
-                     int descriptor);
-
   std::string FFileName;
   TVantrelFileAccessMode FAccessMode;
   TVantrelFileOpenMode FOpenMode;
-  int FDescriptor = -1;
+  System::TFile FFile;
 };
 
 /// A stream over a file handle. Failed system calls raise EVantrelFileHandleError.

@@ -19,7 +19,7 @@ namespace fs = std::filesystem;
 constexpr unsigned NewDirectoryMode = 0777;
 
 void Check(const std::error_code& error) {
-  if (error) throw EVantrelFileSystemError(EVantrelWin32Error::CodeOfErrno(error.value()));
+  if (error) throw EVantrelFileSystemError(System::CodeOf(error));
 }
 
 void RaiseIf(bool fails, std::errc error) {
@@ -180,8 +180,8 @@ void TVantrelFileSystem::CreateDirectory(const std::string& path) {
   if (path.empty() || isDrive || TVantrelFilePath::IsRoot(path) || IsDirectory(path)) return;
   CreateDirectory(fs::path(path).parent_path().string());
   if (::mkdir(path.c_str(), NewDirectoryMode) == 0) return;
-  const int error = errno;
-  if (error != EEXIST || !IsDirectory(path)) throw EVantrelFileSystemError(EVantrelWin32Error::CodeOfErrno(error));
+  const auto code = System::LastCode();
+  if (errno != EEXIST || !IsDirectory(path)) throw EVantrelFileSystemError(code);
 }
 
 bool TVantrelFileSystem::ForceDirectory(const std::string& path) {

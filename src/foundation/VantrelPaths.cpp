@@ -196,7 +196,7 @@ std::string TVantrelFilePath::GetFullPath(std::string_view path) {
   if (path.empty() || IsPathRooted(path)) return std::string(path);
   std::error_code error;
   const auto full = std::filesystem::absolute(path, error).lexically_normal().string();
-  if (error) throw EVantrelFileSystemError(EVantrelWin32Error::CodeOfErrno(error.value()));
+  if (error) throw EVantrelFileSystemError(System::CodeOf(error));
   if (Utf16Length(full) > LongestFullPath) throw EVantrelFileSystemError(TVantrelErrorCode::PathNotFound);
   return full;
 }

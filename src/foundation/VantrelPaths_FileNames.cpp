@@ -36,7 +36,7 @@ std::string TVantrelFilePath::GetPathFromRegistry(std::string_view, std::string_
 std::string TVantrelFilePath::GetTempPath() {
   std::error_code error;
   const auto path = std::filesystem::temp_directory_path(error);
-  if (error) throw EVantrelFileSystemError(EVantrelWin32Error::CodeOfErrno(error.value()));
+  if (error) throw EVantrelFileSystemError(System::CodeOf(error));
   return AddTrailingPathDelimiter(path.string());
 }
 

@@ -5,18 +5,11 @@
 #include <span>
 #include <string>
 
-#include "VantrelFileRights.h"
 #include "VantrelFileStamp.h"
 #include "VantrelFileStreams.h"
-#include "VantrelTempFile.h"
 
-/// The only way in which the program writes a file that somebody may want back: a temporary file in the target's
-/// folder, already locked as the target shall be, flushed to disk, takes the target's place by rename, with the old
-/// rights. A symbolic link's target is replaced, not the link; a link that somebody else laid in a sticky folder that
-/// all may write to is followed nowhere on the way. A full disk, a crash or a kill leaves the old or the new file,
-/// complete. Only where the folder forbids a temporary file or its rename are the bytes written in place (never after a
-/// full disk); a temporary file that could be made lies beside the target as "NAME.andere" until they are flushed, and
-/// stays there if they never are. Other temporary files that a killed save left behind are removed by the next one.
+/// The only way in which the program writes a file that somebody may want back (see System::Replace): a full disk, a
+/// crash or a kill leaves the old or the new file, complete.
 class TVantrelSafeSave {
  public:
   TVantrelSafeSave() = delete;
@@ -29,18 +22,9 @@ class TVantrelSafeSave {
   static std::unique_ptr<TVantrelFileHandle> Write(const std::string& fileName, std::span<const std::uint8_t> bytes,
                                                    TVantrelFileAccessMode access,
                                                    std::unique_ptr<TVantrelFileHandle>* own = nullptr,
-                                                   const TVantrelFileRights& most = {});
+                                                   const System::TFileRights& most = {});
 
   /// Copies a file, whoever holds it, to its name with `ending` beside it, or with `ending` and 2, 3 and so on where
   /// there is such a copy. The copy is no more readable than the file. Returns the stamp of what was copied.
   static TVantrelFileStamp CopyBeside(const std::string& fileName, const std::string& ending);
-
- private:
-  /// In place, with the hold passing from `own` to the new handle once the bytes are written.
-  static std::unique_ptr<TVantrelFileHandle> OverwriteOwn(const std::string& target,
-                                                          std::span<const std::uint8_t> bytes,
-                                                          TVantrelFileAccessMode access, const TVantrelFileHandle& own,
-                                                          std::optional<TVantrelTempFile>& spare);
-  static std::unique_ptr<TVantrelFileHandle> HandleOn(const std::string& target, TVantrelFileAccessMode access,
-                                                      int descriptor);
 };

@@ -34,11 +34,6 @@ TVantrelMsgBoxResult AskToSave() {
   return MsgBoxAsk(ResourceText(ShellTexts::NoteCaption), ResourceText(ShellTexts::SaveQuestion));
 }
 
-bool IsSameFile(const std::string& path, const std::string& other) {
-  std::error_code ignored;
-  return std::filesystem::equivalent(path, other, ignored);
-}
-
 /// The whole name for one that was chosen in the save dialog: without final dots, of a kind of its own or of the usual.
 std::string TargetOf(std::string path) {
   while (path.ends_with('.') && !path.ends_with("/.")) path.pop_back();
@@ -213,7 +208,7 @@ bool TMainForm::AcceptsTarget(const std::string& path) {
     MsgBoxError(FormatText(ShellTexts::SaveUnknownKind, ShownFileName(path)));
     return false;
   }
-  const bool isOwn = IsSameFile(target, CurrentProject->FileName()) && !CurrentProject->IsFileChanged();
+  const bool isOwn = System::IsSameFile(target, CurrentProject->FileName()) && !CurrentProject->IsFileChanged();
   return isOwn || !TVantrelFileSystem::Exists(target) ||
          MsgBoxAsk(ResourceText(ShellTexts::NoteCaption),
                    FormatText(ShellTexts::OverwriteQuestion, ShownFileName(target))) == TVantrelMsgBoxResult::mbrYes;

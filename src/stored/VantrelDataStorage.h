@@ -66,7 +66,7 @@ class TVantrelDataStorage : public TVantrelAbstractDataObject {
   /// The next save first keeps what stands in the file beside it: another program's version, or what could not be read.
   bool KeepsOriginal() const;
   /// What a file may be open to at most that is made of the content of this document's file.
-  const TVantrelFileRights& FileRights() const { return FStamp.Rights(); }
+  const System::TFileRights& FileRights() const { return FStamp.Rights(); }
   /// The damage that the last load met, if any. A load that succeeds clears it.
   const std::optional<TVantrelLoadDamage>& LoadDamage() const { return FLoadDamage; }
   /// What the last load passed over, if it succeeded.

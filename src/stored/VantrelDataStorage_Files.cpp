@@ -109,8 +109,7 @@ void TVantrelDataStorage::BeginReading(const TVantrelFileStream& file) {
 }
 
 bool TVantrelDataStorage::IsOn(const std::unique_ptr<TVantrelFileStream>& held, const std::string& name) {
-  std::error_code error;
-  return held != nullptr && std::filesystem::equivalent(held->Handle().FileName(), name, error);
+  return held != nullptr && System::IsSameFile(held->Handle().FileName(), name);
 }
 
 void TVantrelDataStorage::WriteFile(std::unique_ptr<TVantrelFileStream>& held, const std::string& name,
@@ -119,7 +118,7 @@ void TVantrelDataStorage::WriteFile(std::unique_ptr<TVantrelFileStream>& held, c
   KeepOriginal(name);
   // A file that is written in its own place keeps its own rights.
   const bool keepsItsOwn = FStamp.IsOf(name) && TVantrelFileSystem::Exists(name);
-  const auto most = keepsItsOwn ? TVantrelFileRights() : FStamp.Rights();
+  const auto most = keepsItsOwn ? System::TFileRights() : FStamp.Rights();
   const auto save = [&](std::unique_ptr<TVantrelFileHandle>* own) {
     return TVantrelSafeSave::Write(name, bytes, access, own, most);
   };
@@ -194,11 +193,10 @@ bool TVantrelDataStorage::KeepsOriginal() const {
 }
 
 void TVantrelDataStorage::KeepOriginal(const std::string& name) {
-  std::error_code error;
   if (FStamp.IsOf(name) && FStamp.IsOutdated()) {
-    FStamp = TVantrelSafeSave::CopyBeside(name, ".andere");
+    FStamp = TVantrelSafeSave::CopyBeside(name, System::OtherVersion);
     FDamagedFile.clear();
-  } else if (!FDamagedFile.empty() && std::filesystem::equivalent(FDamagedFile, name, error)) {
+  } else if (!FDamagedFile.empty() && System::IsSameFile(FDamagedFile, name)) {
     KeepBytesBeside(name);
     FDamagedFile.clear();
   }

@@ -26,7 +26,7 @@ bool IsAddress(const std::string& name) {
 
 /// The code of a failure for errno: one that cannot be taken for a success.
 std::uint32_t CodeOf(int error) {
-  return error == ENOEXEC ? BadFormat : std::min(EVantrelWin32Error::CodeOfErrno(error), NoAssociation);
+  return error == ENOEXEC ? BadFormat : std::min(System::CodeOf({error, std::generic_category()}), NoAssociation);
 }
 
 /// 0 if the file can be read from the start directory, else the system's code.

@@ -149,7 +149,8 @@ TEST_F(ConvertInPlaceTest, KeepsWholeBytesBesideTornOnes) {
 
 TEST_F(ConvertInPlaceTest, FindsAFullDiskWhileTheOldBytesAreWhole) {
   Prepare(static_cast<fs::perms>(0555));
-  const auto run = RunWithFault(FCommand, FZiel, TDiskFault::Full, 1);
+  // The first call asks for a file beside it.
+  const auto run = RunWithFault(FCommand, FZiel, TDiskFault::Full, 2);
   EXPECT_TRUE(run.Fired && run.ExitCode == 2);
   EXPECT_EQ(ReadFileText(FTarget), FOld);
 }

@@ -18,7 +18,7 @@ using enum TVantrelFileOpenMode;
 using THandle = std::unique_ptr<TVantrelFileHandle>;
 
 THandle Save(const std::string& name, std::string_view text, TVantrelFileAccessMode access = famShareExclusive,
-             THandle* own = nullptr, const TVantrelFileRights& most = {}) {
+             THandle* own = nullptr, const System::TFileRights& most = {}) {
   const std::span bytes(reinterpret_cast<const std::uint8_t*>(text.data()), text.size());
   return TVantrelSafeSave::Write(name, bytes, access, own, most);
 }
@@ -124,7 +124,7 @@ int AsUser(TCall call) {
 TEST_F(SafeSave, WhatTakesInAnotherFileIsNoMoreReadable) {
   WriteFileText(FFolder / "g", "geheim");
   ::chmod((FFolder / "g").c_str(), 0600);
-  const auto most = TVantrelFileRights::Of({FFolder / "g", famShareDenyNone, fomOpenRead});
+  const auto most = TVantrelFileHandle(FFolder / "g", famShareDenyNone, fomOpenRead).File().Rights();
   const auto save = [&] { return Save(FName, "neu", famShareExclusive, nullptr, most) != nullptr ? 0 : 1; };
   for (const bool inPlace : {false, true}) {
     WriteFileText(FName, "alt");

@@ -4,25 +4,25 @@
 #include <string>
 #include <utility>
 
-#include "VantrelFileStreams.h"
+#include "Posix.h"
+
+namespace Posix {
 
 /// A temporary file beside a target whose place it shall take, held from its first moment on as the target shall be.
 /// Unless it takes that place or is kept it goes with this object. Its name (".NAME.mytessaron-PID-N.tmp") says whose
-/// it is, so that what a killed program left behind is found. Failures raise EVantrelFileHandleError.
-class TVantrelTempFile {
+/// it is, so that what a killed program left behind is found. Failures are thrown.
+class TTempFile {
  public:
   /// Nothing where the target's folder forbids a new file (no right, read-only).
-  static std::optional<TVantrelTempFile> Create(const std::string& target, TVantrelFileAccessMode access,
-                                                unsigned permissions);
+  static std::optional<TTempFile> Create(const std::string& target, TVantrelFileAccessMode access,
+                                         unsigned permissions);
   /// Removes the temporary files of this target that nobody holds. Never raises.
   static void RemoveLeftOvers(const std::string& target) noexcept;
 
-  TVantrelTempFile(TVantrelTempFile&& other) noexcept
-      : FName(std::exchange(other.FName, {})),
-        FDescriptor(std::exchange(other.FDescriptor, -1)),
-        FIsKept(other.FIsKept) {}
-  TVantrelTempFile& operator=(TVantrelTempFile&&) = delete;
-  ~TVantrelTempFile();
+  TTempFile(TTempFile&& other) noexcept
+      : FName(std::exchange(other.FName, {})), FFile(std::move(other.FFile)), FIsKept(other.FIsKept) {}
+  TTempFile& operator=(TTempFile&&) = delete;
+  ~TTempFile();
 
   enum class TPlace {
     Taken,      ///< the file is the target
@@ -30,20 +30,22 @@ class TVantrelTempFile {
     Forbidden,  ///< the folder does not let it have the place
   };
 
-  int Descriptor() const { return FDescriptor; }
+  int Descriptor() const { return FFile.Descriptor; }
   /// Renames the file to `target`, which is `expectedMissing` or not. Nothing is done unless it is Taken.
   TPlace TakePlaceOf(const std::string& target, bool expectedMissing);
-  /// Gives the descriptor of a file that has taken its place away.
-  int Release() { return std::exchange(FDescriptor, -1); }
+  /// Gives a file that has taken its place away.
+  System::TFile Release() { return System::TFile(std::move(FFile)); }
   /// Gives the file the free name `name`, at which it stays when this object goes.
   void KeepAs(const std::string& name);
   /// Lets a file that is kept go with this object after all.
   void Drop() { FIsKept = false; }
 
  private:
-  TVantrelTempFile(std::string name, int descriptor) : FName(std::move(name)), FDescriptor(descriptor) {}
+  TTempFile(std::string name, int descriptor) : FName(std::move(name)), FFile(descriptor) {}
 
   std::string FName;
-  int FDescriptor;
+  System::TFile::TNative FFile;
   bool FIsKept = false;
 };
+
+}  // namespace Posix

@@ -1,4 +1,4 @@
-#include "VantrelFileRights.h"
+#include "FileRights.h"
 
 #include <sys/stat.h>
 #include <sys/xattr.h>
@@ -53,21 +53,29 @@ bool CopyAttributes(int from, int to, bool withAccessList) {
 bool SetMode(int descriptor, unsigned mode) {
   return ::fchmod(descriptor, mode) == 0;
 }
+/// The mode of a file of `group` that has `mode`, within the limit.
+unsigned Within(unsigned mode, unsigned group, const System::TFileRights& limit) {
+  const auto* native = limit.Native();
+  if (native == nullptr) return mode;
+  unsigned most = native->Mode;
+  // Another group may be people of any kind.
+  if (group != native->Group) most &= ~GroupBits | (most & S_IRWXO) << 3;
+  return (mode & most) | OwnerReadsAndWrites;
+}
 }  // namespace
 
-TVantrelFileRights TVantrelFileRights::Of(const TVantrelFileHandle& file) {
-  TVantrelFileRights rights;
-  rights.FIsLimited = true;
+System::TFileRights::TFileRights(TNative native) : FNative(std::make_shared<TNative>(native)) {}
+
+System::TFileRights Posix::FileRights::Of(int descriptor) {
   struct stat status {};
-  const bool isKnown = ::fstat(file.Descriptor(), &status) == 0;
-  rights.FMode = isKnown ? status.st_mode & (S_IRWXU | S_IRWXG | S_IRWXO) : 0U;
-  rights.FGroup = status.st_gid;
+  const bool isKnown = ::fstat(descriptor, &status) == 0;
+  unsigned mode = isKnown ? status.st_mode & (S_IRWXU | S_IRWXG | S_IRWXO) : 0U;
   // The bits of the group are those of the whole list, then.
-  if (HasAccessList(file.Descriptor())) rights.FMode &= ~GroupBits;
-  return rights;
+  if (HasAccessList(descriptor)) mode &= ~GroupBits;
+  return System::TFileRights(System::TFileRights::TNative{mode, status.st_gid});
 }
 
-void TVantrelFileRights::Copy(int from, int to, const TVantrelFileRights& most) {
+void Posix::FileRights::Copy(int from, int to, const System::TFileRights& most) {
   struct stat old {};
   struct stat created {};
   if (::fstat(from, &old) != 0 || ::fstat(to, &created) != 0) return;
@@ -77,29 +85,21 @@ void TVantrelFileRights::Copy(int from, int to, const TVantrelFileRights& most) 
       created.st_gid == old.st_gid || (ownerIsKept && created.st_uid != old.st_uid) || keep(static_cast<uid_t>(-1));
   // One that the folder has given.
   ::fremovexattr(to, AccessList);
-  const bool listIsKept = CopyAttributes(from, to, groupIsKept && !most.FIsLimited);
+  const bool listIsKept = CopyAttributes(from, to, groupIsKept && most.Native() == nullptr);
   unsigned mode = old.st_mode & PermissionBits;
   if (!ownerIsKept) mode &= ~static_cast<unsigned>(S_ISUID);
   if (!groupIsKept || !listIsKept) mode &= ~(GroupBits | S_ISGID);
-  SetMode(to, most.Within(mode, old.st_gid));
+  SetMode(to, Within(mode, old.st_gid, most));
 }
 
-unsigned TVantrelFileRights::ModeOfNew() const {
-  return FIsLimited ? (NewFileMode & FMode) | OwnerReadsAndWrites : NewFileMode;
+unsigned Posix::FileRights::ModeOfNew(const System::TFileRights& most) {
+  return most.Native() == nullptr ? NewFileMode : (NewFileMode & most.Native()->Mode) | OwnerReadsAndWrites;
 }
 
-unsigned TVantrelFileRights::Within(unsigned mode, unsigned group) const {
-  if (!FIsLimited) return mode;
-  unsigned most = FMode;
-  // Another group may be people of any kind.
-  if (group != FGroup) most &= ~GroupBits | (most & S_IRWXO) << 3;
-  return (mode & most) | OwnerReadsAndWrites;
-}
-
-void TVantrelFileRights::Limit(int descriptor) const {
+void Posix::FileRights::Limit(int descriptor, const System::TFileRights& most) {
   struct stat status {};
-  if (!FIsLimited || ::fstat(descriptor, &status) != 0 || !S_ISREG(status.st_mode)) return;
-  unsigned mode = Within(status.st_mode, status.st_gid);
+  if (most.Native() == nullptr || ::fstat(descriptor, &status) != 0 || !S_ISREG(status.st_mode)) return;
+  unsigned mode = Within(status.st_mode, status.st_gid, most);
   // The bits of the group are those of the whole list, which would stay when it is gone.
   if (HasAccessList(descriptor)) mode &= ~GroupBits;
   if (SetMode(descriptor, mode)) ::fremovexattr(descriptor, AccessList);

@@ -1,4 +1,4 @@
-#include "VantrelTempFile.h"
+#include "TempFile.h"
 
 #include <fcntl.h>
 #include <fmt/format.h>
@@ -10,11 +10,11 @@
 #include <cstdio>
 #include <filesystem>
 
-#include "VantrelExceptions.h"
-#include "VantrelFileLocks.h"
+#include "FileLocks.h"
 
+namespace Posix {
 namespace {
-using VantrelFileLocks::THold;
+using FileLocks::THold;
 
 constexpr const char* Marker = ".mytessaron-";
 constexpr const char* Ending = ".tmp";
@@ -58,32 +58,32 @@ bool IsAbandoned(const std::string& name) {
   const int descriptor = ::open(name.c_str(), O_RDWR | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK);
   if (descriptor < 0) return false;
   const bool abandoned =
-      VantrelFileLocks::Take(descriptor, {true, true}, TVantrelFileAccessMode::famShareExclusive) == THold::Held;
+      FileLocks::Take(descriptor, {true, true}, TVantrelFileAccessMode::famShareExclusive) == THold::Held;
   ::close(descriptor);
   return abandoned;
 }
 }  // namespace
 
-std::optional<TVantrelTempFile> TVantrelTempFile::Create(const std::string& target, TVantrelFileAccessMode access,
-                                                         unsigned permissions) {
+std::optional<TTempFile> TTempFile::Create(const std::string& target, TVantrelFileAccessMode access,
+                                           unsigned permissions) {
   const auto prefix = (FolderOf(target) / PrefixOf(target)).string();
   for (int number = 1; number <= Attempts; ++number) {
     const auto name = fmt::format("{}{}-{}{}", prefix, ::getpid(), number, Ending);
     const int descriptor = ::open(name.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, permissions);
     if (descriptor < 0 && errno == EEXIST) continue;
     if (descriptor < 0 && ForbidsFiles(errno)) return std::nullopt;
-    if (descriptor < 0) throw EVantrelFileHandleError();
-    TVantrelTempFile file(name, descriptor);
+    if (descriptor < 0) Fail();
+    TTempFile file(name, descriptor);
     // Between the two calls another save may have taken the file for a left-over.
-    if (VantrelFileLocks::Take(descriptor, {true, true}, access) != THold::Refused &&
-        VantrelFileLocks::IsSameFile(descriptor, name)) {
+    if (FileLocks::Take(descriptor, {true, true}, access) != THold::Refused &&
+        FileLocks::IsSameFile(descriptor, name)) {
       return file;
     }
   }
-  throw EVantrelFileHandleError(TVantrelErrorCode::SharingViolation);
+  Fail(TVantrelErrorCode::SharingViolation);
 }
 
-void TVantrelTempFile::RemoveLeftOvers(const std::string& target) noexcept {
+void TTempFile::RemoveLeftOvers(const std::string& target) noexcept {
   try {
     const auto prefix = PrefixOf(target);
     for (const auto& entry : std::filesystem::directory_iterator(FolderOf(target))) {
@@ -96,22 +96,22 @@ void TVantrelTempFile::RemoveLeftOvers(const std::string& target) noexcept {
   }
 }
 
-TVantrelTempFile::~TVantrelTempFile() {
-  if (FDescriptor < 0) return;
-  if (!FIsKept) ::unlink(FName.c_str());
-  ::close(FDescriptor);
+TTempFile::~TTempFile() {
+  if (FFile.Descriptor >= 0 && !FIsKept) ::unlink(FName.c_str());
 }
 
-void TVantrelTempFile::KeepAs(const std::string& name) {
-  if (RenameToFree(FName, name) != 0) throw EVantrelFileHandleError();
+void TTempFile::KeepAs(const std::string& name) {
+  if (RenameToFree(FName, name) != 0) Fail();
   FName = name;
   FIsKept = true;
 }
 
-TVantrelTempFile::TPlace TVantrelTempFile::TakePlaceOf(const std::string& target, bool expectedMissing) {
+TTempFile::TPlace TTempFile::TakePlaceOf(const std::string& target, bool expectedMissing) {
   const int result = expectedMissing ? RenameToFree(FName, target) : ::rename(FName.c_str(), target.c_str());
   if (result != 0 && expectedMissing && errno == EEXIST) return TPlace::CameToBe;
   if (result != 0 && ForbidsFiles(errno)) return TPlace::Forbidden;
-  if (result != 0) throw EVantrelFileHandleError();
+  if (result != 0) Fail();
   return TPlace::Taken;
 }
+
+}  // namespace Posix

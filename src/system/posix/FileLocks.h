@@ -2,13 +2,13 @@
 
 #include <string>
 
-#include "VantrelFileStreams.h"
+#include "Posix.h"
 
 /// The sharing of file handles, as advisory locks of the open file description. Whoever opens a file says what the
 /// handle does and what it denies to others; each of the four is a byte far behind the end of any file, locked
 /// shared, since a descriptor for reading can take no other lock. A handle takes its own bytes first and then looks
 /// at those of the opposite meaning: of two that come at the same time both may see each other, never neither.
-namespace VantrelFileLocks {
+namespace Posix::FileLocks {
 
 /// What a handle does with the file.
 struct TUse {
@@ -38,7 +38,7 @@ void Release(int descriptor);
 /// same file, with no moment in which neither holds it.
 void PassOn(int from, int to, TUse use, TVantrelFileAccessMode access);
 
-/// False where `fileName` no longer leads to the file of `descriptor`.
-bool IsSameFile(int descriptor, const std::string& fileName);
+/// False where `name` no longer leads to the file of `descriptor`.
+bool IsSameFile(int descriptor, const std::string& name);
 
-}  // namespace VantrelFileLocks
+}  // namespace Posix::FileLocks

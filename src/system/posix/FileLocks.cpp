@@ -1,4 +1,4 @@
-#include "VantrelFileLocks.h"
+#include "FileLocks.h"
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -33,25 +33,25 @@ bool DeniesWriting(TVantrelFileAccessMode access) {
 }
 
 /// Reading, writing, denying reads, denying writes: the opposite of each is two bytes away.
-std::array<bool, ByteCount> BytesOf(VantrelFileLocks::TUse use, TVantrelFileAccessMode access) {
+std::array<bool, ByteCount> BytesOf(Posix::FileLocks::TUse use, TVantrelFileAccessMode access) {
   return {use.Reads, use.Writes, DeniesReading(access), DeniesWriting(access)};
 }
 
 /// Locks the bytes, whoever has those of the opposite meaning. Nothing is locked unless all are.
-VantrelFileLocks::THold TakeBytes(int descriptor, const std::array<bool, ByteCount>& wanted) {
-  using VantrelFileLocks::THold;
+Posix::FileLocks::THold TakeBytes(int descriptor, const std::array<bool, ByteCount>& wanted) {
+  using Posix::FileLocks::THold;
   for (std::size_t byte = 0; byte < wanted.size(); ++byte) {
     auto lock = LockOf(F_RDLCK, FirstByte + static_cast<off_t>(byte));
     if (!wanted[byte] || ::fcntl(descriptor, F_OFD_SETLK, &lock) == 0) continue;
     const bool refused = errno == EAGAIN || errno == EACCES;
-    VantrelFileLocks::Release(descriptor);
+    Posix::FileLocks::Release(descriptor);
     return refused ? THold::Refused : THold::NoLocks;
   }
   return THold::Held;
 }
 }  // namespace
 
-namespace VantrelFileLocks {
+namespace Posix::FileLocks {
 
 TUse UseOf(TVantrelFileOpenMode openMode) {
   return {openMode != TVantrelFileOpenMode::fomOpenWrite, openMode != TVantrelFileOpenMode::fomOpenRead};
@@ -94,11 +94,11 @@ void PassOn(int from, int to, TUse use, TVantrelFileAccessMode access) {
   Release(from);
 }
 
-bool IsSameFile(int descriptor, const std::string& fileName) {
+bool IsSameFile(int descriptor, const std::string& name) {
   struct stat held {};
   struct stat named {};
-  return ::fstat(descriptor, &held) == 0 && ::stat(fileName.c_str(), &named) == 0 && held.st_dev == named.st_dev &&
+  return ::fstat(descriptor, &held) == 0 && ::stat(name.c_str(), &named) == 0 && held.st_dev == named.st_dev &&
          held.st_ino == named.st_ino;
 }
 
-}  // namespace VantrelFileLocks
+}  // namespace Posix::FileLocks
