@@ -4,10 +4,10 @@
 #include <filesystem>
 #include <map>
 
+#include "Environment.h"
 #include "ProductNames.h"
 #include "VantrelFileStreams.h"
 #include "VantrelFileSystem.h"
-#include "VantrelFolders.h"
 #include "VantrelPaths.h"
 #include "VantrelRegistryPreferences.h"
 #include "VantrelText.h"
@@ -83,8 +83,8 @@ void ReadInstallation() {
 
 void MakePaths() {
   const auto place = ProductNames::Path({ProductNames::Vendor, ProductNames::Central}, '/');
-  CommonDataFolder = MachinePath(TVantrelFolderKind::Data, place);
-  UserDataFolder = TVantrelFilePath::Combine(UserFolder(TVantrelFolderKind::Data), place);
+  CommonDataFolder = System::MachinePath(System::TFolderKind::Data, place);
+  UserDataFolder = TVantrelFilePath::Combine(System::UserFolder(System::TFolderKind::Data), place);
   EnvironmentFolder = OptionsFolder = CommonDataFolder;
   MakeFilePaths();
   // A name that depends on the current folder leads to a file that anybody may have laid there.

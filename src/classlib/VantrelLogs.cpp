@@ -1,24 +1,13 @@
 #include "VantrelLogs.h"
 
-#include <pwd.h>
-#include <unistd.h>
-
 #include <algorithm>
-#include <array>
-#include <filesystem>
 
+#include "Environment.h"
+#include "ProgramFile.h"
 #include "VantrelExceptions.h"
 #include "VantrelText.h"
 
 namespace {
-std::string LoggedOnUser() {
-  std::array<char, 4096> buffer;
-  passwd record{};
-  passwd* found = nullptr;
-  getpwuid_r(geteuid(), &record, buffer.data(), buffer.size(), &found);
-  return found == nullptr ? std::string() : found->pw_name;
-}
-
 TVantrelPtr<TVantrelAbstractLog> CreateTextLog(TVantrelLogPreferences& preferences) {
   return CreateVantrel<TVantrelTextLog>(preferences.ReadString("FileName"), preferences.ReadInteger("BufferLimit"));
 }
@@ -41,8 +30,7 @@ constexpr struct {
 }  // namespace
 
 std::string TVantrelLogManager::ConfigurationFileName() {
-  std::error_code error;
-  return std::filesystem::read_symlink("/proc/self/exe", error).string() + ".log.config";
+  return System::OwnProgramName() + ".log.config";
 }
 
 void TVantrelLogManager::SelfConfiguration(TVantrelLogPreferences& preferences) {
@@ -111,7 +99,7 @@ void TVantrelLogManager::AddEntry(TVantrelLogEventType eventType, std::string_vi
 
 void TVantrelLogManager::AddEntry(TVantrelLogEventType eventType, std::string_view eventText,
                                   std::string_view nameSpace) {
-  AddEntry(eventType, eventText, nameSpace, LoggedOnUser());
+  AddEntry(eventType, eventText, nameSpace, System::UserName());
 }
 
 TVantrelLogManager& LogManager() {

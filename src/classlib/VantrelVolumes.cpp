@@ -1,104 +1,27 @@
 #include "VantrelVolumes.h"
 
-#include <mntent.h>
-#include <sys/stat.h>
-#include <sys/statvfs.h>
-
-#include <algorithm>
-#include <array>
-#include <cerrno>
-#include <cstdio>
-#include <filesystem>
-#include <fstream>
-#include <memory>
-#include <string_view>
-
 #include "ClasslibTexts.h"
 #include "VantrelExceptions.h"
 #include "VantrelPaths.h"
 
 namespace {
-struct TMount {
-  std::string Device;
-  std::string Folder;
-  std::string Kind;
-};
-
-struct statvfs SpaceOf(const std::string& path) {
-  struct statvfs space {};
-  if (::statvfs(path.c_str(), &space) != 0) throw EVantrelFileSystemError();
-  return space;
-}
-
-std::vector<TMount> Mounts() {
-  const std::unique_ptr<std::FILE, int (*)(std::FILE*)> table(::setmntent("/proc/self/mounts", "re"), ::endmntent);
-  if (table == nullptr) throw EVantrelFileSystemError();
-  std::vector<TMount> mounts;
-  while (const auto* entry = ::getmntent(table.get())) {
-    mounts.push_back({entry->mnt_fsname, entry->mnt_dir, entry->mnt_type});
-  }
-  return mounts;
-}
-
-/// The mount that the path lies below; the last of several at one place hides the others.
-TMount MountOf(const std::string& path) {
-  std::error_code error;
-  const auto full = std::filesystem::canonical(path, error).string();
-  if (error) throw EVantrelFileSystemError(System::CodeOf(error));
-  TMount found;
-  for (auto& mount : Mounts()) {
-    const bool covers = mount.Folder == "/" || full == mount.Folder || full.starts_with(mount.Folder + "/");
-    if (covers && mount.Folder.size() >= found.Folder.size()) found = std::move(mount);
-  }
-  return found;
-}
-
-template <std::size_t Count>
-bool IsOneOf(const std::string& kind, const std::array<std::string_view, Count>& kinds) {
-  return std::ranges::find(kinds, kind) != kinds.end();
-}
-
-bool IsRemovable(const TMount& mount) {
-  struct stat device {};
-  if (::stat(mount.Device.c_str(), &device) != 0 || !S_ISBLK(device.st_mode)) return false;
-  const auto disk = std::filesystem::path(mount.Device).filename().string();
-  std::error_code error;
-  const auto system = std::filesystem::canonical("/sys/class/block/" + disk, error);
-  // A partition's entry lies in that of its disk, which alone tells.
-  for (const auto& folder : {system, system.parent_path()}) {
-    if (char flag = 0; std::ifstream(folder / "removable").get(flag)) return flag == '1';
-  }
-  return false;
-}
+using EError = EVantrelFileSystemError;
 
 [[noreturn]] void RaiseNoDriveLetters() {
-  throw EVantrelFileSystemError(TVantrelErrorCode::NotSupported, ClasslibTexts::NoDriveLetters);
+  throw EError(TVantrelErrorCode::NotSupported, ClasslibTexts::NoDriveLetters);
 }
 }  // namespace
 
 bool TVantrelVolumes::PingDisk(const std::string& path) {
-  struct statvfs space {};
-  return ::statvfs(path.c_str(), &space) == 0;
+  return static_cast<bool>(System::DiskInfoOf(path));
 }
 
 TVantrelDiskInfo TVantrelVolumes::GetDiskInfo(const std::string& path) {
-  const auto space = SpaceOf(path);
-  const auto bytes = [&](fsblkcnt_t blocks) { return static_cast<std::int64_t>(blocks * space.f_frsize); };
-  return {bytes(space.f_blocks), bytes(space.f_bfree), bytes(space.f_bavail)};
+  return CheckSystem<EError>(System::DiskInfoOf(path));
 }
 
 TVantrelDriveType TVantrelVolumes::GetDriveType(const std::string& path) {
-  using enum TVantrelDriveType;
-  constexpr std::array<std::string_view, 8> remote{"nfs", "nfs4", "cifs", "smb3", "ncpfs", "fuse.sshfs", "9p", "afs"};
-  constexpr std::array<std::string_view, 2> memory{"tmpfs", "ramfs"};
-  constexpr std::array<std::string_view, 1> disc{"iso9660"};
-  if (!PingDisk(path)) return dtypeNoRootDir;
-  const auto mount = MountOf(path);
-  if (IsOneOf(mount.Kind, remote)) return dtypeRemote;
-  if (IsOneOf(mount.Kind, memory)) return dtypeRamDisk;
-  if (IsOneOf(mount.Kind, disc)) return dtypeCDRom;
-  if (mount.Folder.empty()) return dtypeUnknown;
-  return IsRemovable(mount) ? dtypeRemovable : dtypeFixed;
+  return CheckSystem<EError>(System::DriveTypeOf(path));
 }
 
 bool TVantrelVolumes::IsRemote(const std::string& path) {
@@ -106,38 +29,19 @@ bool TVantrelVolumes::IsRemote(const std::string& path) {
 }
 
 std::vector<std::string> TVantrelVolumes::GetDrives() {
-  std::vector<std::string> folders;
-  for (const auto& mount : Mounts()) {
-    if (mount.Device.starts_with('/')) folders.push_back(mount.Folder);
-  }
-  return folders;
+  return CheckSystem<EError>(System::Drives());
 }
 
 TVantrelVolumeInfo TVantrelVolumes::GetVolumeInfo(const std::string& path) {
-  using enum TVantrelFileSystemFlag;
-  const auto space = SpaceOf(path);
-  TVantrelVolumeInfo info{GetVolumeLabel(path),
-                          MountOf(path).Kind,
-                          space.f_fsid,
-                          static_cast<int>(space.f_namemax),
-                          {fsystemCaseSensitive, fsystemUnicode}};
-  if ((space.f_flag & ST_RDONLY) != 0) info.Flags.insert(fsystemReadOnly);
-  return info;
+  return CheckSystem<EError>(System::VolumeInfoOf(path));
 }
 
 std::string TVantrelVolumes::GetVolumeLabel(const std::string& path) {
-  const auto mount = MountOf(path);
-  std::error_code error;
-  for (std::filesystem::directory_iterator entry("/dev/disk/by-label", error), end; !error && entry != end;
-       entry.increment(error)) {
-    std::error_code gone;
-    if (std::filesystem::equivalent(entry->path(), mount.Device, gone)) return entry->path().filename().string();
-  }
-  return {};
+  return GetVolumeInfo(path).Label;
 }
 
 void TVantrelVolumes::SetVolumeLabel(const std::string&, const std::string&) {
-  throw EVantrelFileSystemError(TVantrelErrorCode::NotSupported, ClasslibTexts::NoVolumeLabels);
+  throw EError(TVantrelErrorCode::NotSupported, ClasslibTexts::NoVolumeLabels);
 }
 
 bool TVantrelVolumes::HasDriveLetter(const std::string& path) {

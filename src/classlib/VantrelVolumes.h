@@ -1,36 +1,7 @@
 #pragma once
 
 #include "VantrelFileSystem.h"
-
-/// What kind of disk a path lies on.
-enum class TVantrelDriveType : std::uint8_t {
-  dtypeUnknown,
-  dtypeNoRootDir,
-  dtypeRemovable,
-  dtypeFixed,
-  dtypeRemote,
-  dtypeCDRom,
-  dtypeRamDisk
-};
-/// What the file system of a volume does.
-enum class TVantrelFileSystemFlag : std::uint8_t { fsystemCaseSensitive, fsystemUnicode, fsystemReadOnly };
-
-/// Space on the disk that a path lies on, in bytes.
-struct TVantrelDiskInfo {
-  std::int64_t TotalSize = 0;
-  std::int64_t FreeSize = 0;
-  /// Free for this user.
-  std::int64_t AvailableSize = 0;
-};
-
-/// The volume that a path lies on.
-struct TVantrelVolumeInfo {
-  std::string Label;
-  std::string FileSystemName;
-  std::uint64_t SerialNumber = 0;
-  int MaximumNameLength = 0;
-  std::set<TVantrelFileSystemFlag> Flags;
-};
+#include "Volumes.h"
 
 /// The file system with its disks and volumes. Failures raise EVantrelFileSystemError with the system's error, and with
 /// code 50 and a text of its own where a drive letter or a volume that can be renamed is needed: this system has

@@ -6,9 +6,10 @@
 
 #include "CliTexts.h"
 #include "Commands.h"
+#include "Processes.h"
 #include "ProjectFiles.h"
+#include "VantrelExceptions.h"
 #include "VantrelI18n.h"
-#include "Workers.h"
 #include "uProjectDefects.h"
 #include "uRecordTexts.h"
 
@@ -66,11 +67,11 @@ class TChecking {
   TCliResult Run() {
     auto quiet = FContext;
     quiet.AskPassword = nullptr;
-    RunInWorkers(
+    CheckSystem<EVantrelWin32Error>(System::RunInWorkers(
         static_cast<int>(FFiles.size()),
         [&](int index, std::string& text) { return CheckFile(FileOf(index), quiet, text); },
         [this](int through) { ShowProgress(through); },
-        [this](int index, const TWorkerResult& worker) { Tell(index, worker); });
+        [this](int index, const System::TWorkerResult& worker) { Tell(index, worker); }));
     for (const auto& [index, worker] : FWaiting) AskAndPrint(index, worker);
     return FWorst;
   }
@@ -86,12 +87,12 @@ class TChecking {
     FContext.Err.flush();
   }
 
-  bool MustAsk(const TWorkerResult& worker) const {
+  bool MustAsk(const System::TWorkerResult& worker) const {
     return !worker.Died && worker.Code == NeedsPassword && FContext.AskPassword;
   }
 
   /// The user is asked once all workers are through, so from there on results wait.
-  void Tell(int index, const TWorkerResult& worker) {
+  void Tell(int index, const System::TWorkerResult& worker) {
     if (MustAsk(worker) || !FWaiting.empty()) {
       FWaiting.emplace_back(index, worker);
     } else {
@@ -99,16 +100,16 @@ class TChecking {
     }
   }
 
-  void AskAndPrint(int index, const TWorkerResult& worker) {
+  void AskAndPrint(int index, const System::TWorkerResult& worker) {
     if (!MustAsk(worker)) return Print(index, worker);
     auto asked = FContext;
     asked.Password = FContext.AskPassword(FileOf(index));
-    RunInWorkers(
+    CheckSystem<EVantrelWin32Error>(System::RunInWorkers(
         1, [&](int, std::string& text) { return CheckFile(FileOf(index), asked, text); }, [](int) {},
-        [&](int, const TWorkerResult& second) { Print(index, second); });
+        [&](int, const System::TWorkerResult& second) { Print(index, second); }));
   }
 
-  void Print(int index, const TWorkerResult& worker) {
+  void Print(int index, const System::TWorkerResult& worker) {
     const bool failed = worker.Died || worker.Code >= static_cast<int>(TCliResult::Failed);
     if (FContext.ShowProgress) FContext.Err << EraseLine << std::flush;
     (failed ? FContext.Err : FContext.Out)
@@ -118,7 +119,7 @@ class TChecking {
 
   const Commands::TArguments& FFiles;
   TCliContext& FContext;
-  std::vector<std::pair<int, TWorkerResult>> FWaiting;
+  std::vector<std::pair<int, System::TWorkerResult>> FWaiting;
   TCliResult FWorst = TCliResult::Good;
 };
 

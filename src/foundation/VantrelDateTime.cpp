@@ -6,7 +6,6 @@
 #include <chrono>
 #include <cmath>
 #include <cstdlib>
-#include <ctime>
 
 #include "FoundationTexts.h"
 #include "VantrelExceptions.h"
@@ -70,20 +69,6 @@ class TPartsText {
   char FText[32];
   std::size_t FLength = 0;
 };
-
-/// Minutes that the local time is ahead of UTC.
-int LocalOffset(const TDateTimeParts& parts) {
-  std::tm time{};
-  time.tm_year = parts.Year - 1900;
-  time.tm_mon = parts.Month - 1;
-  time.tm_mday = parts.Day;
-  time.tm_hour = parts.Hour;
-  time.tm_min = parts.Minute;
-  time.tm_sec = parts.Second;
-  time.tm_isdst = -1;
-  std::mktime(&time);
-  return static_cast<int>(time.tm_gmtoff / 60);
-}
 
 /// Characters `first` to `first` + `count` - 1, counted from 1, as far as there are any.
 std::string_view Slice(std::string_view text, std::size_t first, std::size_t count) {
@@ -174,12 +159,7 @@ TDateTimeParts DecodeDateTime(TDateTime value) {
 }
 
 TDateTime CurrentDateTime() {
-  const auto now = std::chrono::floor<std::chrono::milliseconds>(std::chrono::system_clock::now());
-  const std::time_t seconds = std::chrono::system_clock::to_time_t(now);
-  std::tm time{};
-  localtime_r(&seconds, &time);
-  return EncodeDateTime({time.tm_year + 1900, time.tm_mon + 1, time.tm_mday, time.tm_hour, time.tm_min,
-                         std::min(time.tm_sec, 59), static_cast<int>(now.time_since_epoch().count() % 1000)});
+  return EncodeDateTime(System::PartsOf(System::Now(), false));
 }
 
 TVantrelDayOfWeek DayOfWeek(TDateTime value) {
@@ -206,12 +186,12 @@ std::string TimeToShortText(TDateTime value) {
 
 std::string TimeToOffsetText(TDateTime value) {
   const TDateTimeParts parts = DecodeDateTime(value);
-  return TPartsText().ExactTime(parts).Offset(LocalOffset(parts)).Text();
+  return TPartsText().ExactTime(parts).Offset(System::LocalOffset(parts)).Text();
 }
 
 std::string DateTimeToOffsetText(TDateTime value) {
   const TDateTimeParts parts = DecodeDateTime(value);
-  return TPartsText().Date(parts).Put('T').ExactTime(parts).Offset(LocalOffset(parts)).Text();
+  return TPartsText().Date(parts).Put('T').ExactTime(parts).Offset(System::LocalOffset(parts)).Text();
 }
 
 TDateTime TextToDateTime(std::string_view text) {

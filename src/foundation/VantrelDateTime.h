@@ -4,6 +4,8 @@
 #include <string>
 #include <string_view>
 
+#include "LocalTime.h"
+
 /// Days since 1899-12-30; the fraction is the time of day, counted away from zero for days before.
 using TDateTime = double;
 
@@ -19,12 +21,6 @@ enum class TVantrelDayOfMonth : std::uint8_t {
 };
 // clang-format on
 enum class TVantrelWeekOfMonth : std::uint8_t { Week1 = 1, Week2, Week3, Week4, Week5, LastWeek };
-
-/// A point of time as a calendar and a clock tell it; at first the day 0.
-struct TDateTimeParts {
-  int Year = 1899, Month = 12, Day = 30;
-  int Hour = 0, Minute = 0, Second = 0, Millisecond = 0;
-};
 
 /// Raises EVantrelDateTimeError where the parts are no date between the years 1 and 9999 or no time of a day.
 TDateTime EncodeDateTime(const TDateTimeParts& parts);

@@ -28,6 +28,7 @@ const char* TextOfKind(System::TCode code) {
       return FoundationTexts::NotSupported;
     case NetworkFailed:
       return FoundationTexts::NetworkFailed;
+    case NoProgram:
     case Unknown:
       break;
   }

@@ -5,6 +5,8 @@
 #include <array>
 #include <memory>
 
+#include "SystemFolders.h"
+
 namespace {
 constexpr std::size_t BlockSize = 128 * 1024;
 

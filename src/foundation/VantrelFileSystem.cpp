@@ -1,36 +1,23 @@
 #include "VantrelFileSystem.h"
 
-#include <fcntl.h>
-#include <fnmatch.h>
-#include <sys/stat.h>
-#include <unistd.h>
-
 #include <algorithm>
-#include <cerrno>
 #include <filesystem>
 
 #include "FoundationTexts.h"
+#include "SystemFolders.h"
 #include "VantrelExceptions.h"
 #include "VantrelPaths.h"
 
 namespace {
 namespace fs = std::filesystem;
-
-constexpr unsigned NewDirectoryMode = 0777;
+using EError = EVantrelFileSystemError;
 
 void Check(const std::error_code& error) {
-  if (error) throw EVantrelFileSystemError(System::CodeOf(error));
+  CheckSystem<EError>(System::CodeOf(error));
 }
 
 void RaiseIf(bool fails, std::errc error) {
   if (fails) Check(std::make_error_code(error));
-}
-
-/// A link that leads nowhere answers for itself.
-struct stat StatusOf(const std::string& path) {
-  struct stat status {};
-  if (::stat(path.c_str(), &status) != 0 && ::lstat(path.c_str(), &status) != 0) throw EVantrelFileSystemError();
-  return status;
 }
 
 bool IsLink(const std::string& path) {
@@ -44,8 +31,8 @@ std::vector<std::string> MatchingFiles(const std::string& directory, const std::
   std::error_code error;
   for (TIterator entry(directory, error), end; !error && entry != end; entry.increment(error)) {
     std::error_code unreadable;
-    const bool matches = ::fnmatch(mask.c_str(), entry->path().filename().c_str(), FNM_NOESCAPE) == 0;
-    if (matches && !entry->is_directory(unreadable)) files.push_back(entry->path().string());
+    if (System::Matches(entry->path().filename().string(), mask) && !entry->is_directory(unreadable))
+      files.push_back(entry->path().string());
   }
   Check(error);
   std::ranges::sort(files);
@@ -76,20 +63,14 @@ void MoveToOtherDisk(const std::string& source, const std::string& target) {
 }
 
 void Move(const std::string& source, const std::string& target) {
-  if (::renameat2(AT_FDCWD, source.c_str(), AT_FDCWD, target.c_str(), RENAME_NOREPLACE) == 0) return;
-  std::error_code failure(errno, std::generic_category());
-  if (failure == std::errc::cross_device_link) return MoveToOtherDisk(source, target);
-  if (failure == std::errc::invalid_argument || failure == std::errc::function_not_supported) {
-    RaiseIf(TVantrelFileSystem::Exists(target), std::errc::file_exists);
-    fs::rename(source, target, failure);
-  }
-  Check(failure);
+  const auto code = System::MoveFile(source, target);
+  if (System::KindOf(code) == System::TFailureKind::OtherDevice) return MoveToOtherDisk(source, target);
+  CheckSystem<EError>(code);
 }
 }  // namespace
 
 bool TVantrelFileSystem::Exists(const std::string& path) {
-  struct stat status {};
-  return ::lstat(path.c_str(), &status) == 0;
+  return System::Exists(path);
 }
 
 bool TVantrelFileSystem::IsDirectory(const std::string& path) {
@@ -103,29 +84,27 @@ bool TVantrelFileSystem::IsFileInDirectory(const std::string& path, const std::s
 }
 
 bool TVantrelFileSystem::SameFile(const std::string& path1, const std::string& path2) {
-  std::error_code error;
-  const bool same = fs::equivalent(path1, path2, error);
-  Check(error);
-  return same;
+  RaiseIf(!Exists(path1) && !Exists(path2), std::errc::no_such_file_or_directory);
+  return System::IsSameFile(path1, path2);
 }
 
 TVantrelFileMode TVantrelFileSystem::GetFileMode(const std::string& path) {
-  if (::faccessat(AT_FDCWD, path.c_str(), R_OK, AT_EACCESS) != 0) return TVantrelFileMode::fmodeUnknown;
-  return ::faccessat(AT_FDCWD, path.c_str(), W_OK, AT_EACCESS) == 0 ? TVantrelFileMode::fmodeReadWrite
-                                                                    : TVantrelFileMode::fmodeReadOnly;
+  if (System::CheckRight(path, System::TRight::Read) != System::Success) return TVantrelFileMode::fmodeUnknown;
+  return System::CheckRight(path, System::TRight::Write) == System::Success ? TVantrelFileMode::fmodeReadWrite
+                                                                            : TVantrelFileMode::fmodeReadOnly;
 }
 
 std::int64_t TVantrelFileSystem::GetSize(const std::string& path) {
-  return StatusOf(path).st_size;
+  return CheckSystem<EError>(System::InfoOf(path)).Size;
 }
 
 TVantrelFileAttributes TVantrelFileSystem::GetAttributes(const std::string& path) {
   using enum TVantrelFileAttribute;
-  const auto status = StatusOf(path);
+  const auto info = CheckSystem<EError>(System::InfoOf(path));
   TVantrelFileAttributes attributes;
-  if ((status.st_mode & (S_IWUSR | S_IWGRP | S_IWOTH)) == 0) attributes.insert(fattrReadOnly);
+  if (info.IsReadOnly) attributes.insert(fattrReadOnly);
   if (fs::path(path).filename().string().starts_with('.')) attributes.insert(fattrHidden);
-  if (S_ISDIR(status.st_mode)) attributes.insert(fattrDirectory);
+  if (info.IsFolder) attributes.insert(fattrDirectory);
   if (IsLink(path)) attributes.insert(fattrReparsePoint);
   if (attributes.empty()) attributes.insert(fattrNormal);
   return attributes;
@@ -164,7 +143,7 @@ void TVantrelFileSystem::MoveDirectory(const std::string& source, const std::str
 }
 
 void TVantrelFileSystem::DeleteFile(const std::string& path) {
-  if (::unlink(path.c_str()) != 0) throw EVantrelFileSystemError();
+  CheckSystem<EError>(System::RemoveFile(path));
 }
 
 void TVantrelFileSystem::DeleteFileAfterReboot(const std::string&) {
@@ -179,9 +158,7 @@ void TVantrelFileSystem::CreateDirectory(const std::string& path) {
   const bool isDrive = path.ends_with(':') && path.find('/') == std::string::npos;
   if (path.empty() || isDrive || TVantrelFilePath::IsRoot(path) || IsDirectory(path)) return;
   CreateDirectory(fs::path(path).parent_path().string());
-  if (::mkdir(path.c_str(), NewDirectoryMode) == 0) return;
-  const auto code = System::LastCode();
-  if (errno != EEXIST || !IsDirectory(path)) throw EVantrelFileSystemError(code);
+  CheckSystem<EError>(System::MakeFolder(path));
 }
 
 bool TVantrelFileSystem::ForceDirectory(const std::string& path) {
@@ -206,7 +183,7 @@ void TVantrelFileSystem::DeleteDirectory(const std::string& path, bool recursive
   RaiseIf(!IsDirectory(path), Exists(path) ? std::errc::not_a_directory : std::errc::no_such_file_or_directory);
   if (IsLink(path)) return DeleteFile(path);
   if (recursive) ClearDirectory(path);
-  if (::rmdir(path.c_str()) != 0) throw EVantrelFileSystemError();
+  CheckSystem<EError>(System::RemoveFolder(path));
 }
 
 std::vector<std::string> TVantrelFileSystem::GetFiles(const std::string& directory, const std::string& mask,

@@ -16,7 +16,6 @@ namespace {
 constexpr std::string_view Section = "[Dictionary]";
 constexpr std::string_view ByteOrderMark = "\xEF\xBB\xBF";
 constexpr std::string_view LineBreak = "\r\n";
-constexpr const char* OwnFile = "/proc/self/exe";
 
 void ReplaceAll(std::string& text, std::string_view from, std::string_view to) {
   for (auto at = text.find(from); at != std::string::npos; at = text.find(from, at + to.size())) {
@@ -153,7 +152,7 @@ int TVantrelI18nManager::ExtractAndMergeStrings(const std::string& binaryFileNam
 }
 
 int TVantrelI18nManager::ExtractAndMergeStrings() {
-  return ExtractAndMergeStrings(OwnFile);
+  return ExtractAndMergeStrings(System::OwnProgramFile());
 }
 
 std::string TVantrelI18nManager::Translate(std::string_view text) const {

@@ -1,12 +1,10 @@
-#include <fcntl.h>
 #include <fmt/format.h>
-#include <unistd.h>
 
 #include <array>
-#include <cerrno>
 #include <filesystem>
 
 #include "FoundationTexts.h"
+#include "SystemFolders.h"
 #include "VantrelExceptions.h"
 #include "VantrelFileSystem.h"
 #include "VantrelGuid.h"
@@ -14,7 +12,6 @@
 
 namespace {
 constexpr std::array<const char*, 7> ShortDayNames{"So", "Mo", "Di", "Mi", "Do", "Fr", "Sa"};
-constexpr unsigned PrivateMode = 0600;
 
 std::string DateStamp(TDateTime time) {
   const auto parts = DecodeDateTime(time);
@@ -36,16 +33,14 @@ std::string TVantrelFilePath::GetPathFromRegistry(std::string_view, std::string_
 std::string TVantrelFilePath::GetTempPath() {
   std::error_code error;
   const auto path = std::filesystem::temp_directory_path(error);
-  if (error) throw EVantrelFileSystemError(System::CodeOf(error));
+  CheckSystem<EVantrelFileSystemError>(System::CodeOf(error));
   return AddTrailingPathDelimiter(path.string());
 }
 
 std::string TVantrelFilePath::GetTempFileName(std::string_view directory, std::string_view prefix) {
   const auto name = std::string(prefix) + GuidToText(NewGuid(), TVantrelGuidFormat::gfWithoutBrackets);
   auto path = Combine(directory, AddExtension(name, "tmp"));
-  const int descriptor = ::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, PrivateMode);
-  if (descriptor < 0) throw EVantrelFileSystemError();
-  ::close(descriptor);
+  CheckSystem<EVantrelFileSystemError>(System::MakeFile(path));
   return path;
 }
 

@@ -1,9 +1,6 @@
 #include "VantrelResources.h"
 
-#include <elf.h>
-
 #include <algorithm>
-#include <bit>
 #include <iterator>
 
 #include "FoundationTexts.h"
@@ -14,43 +11,19 @@
 namespace {
 constexpr std::string_view NamePrefix = "vantrel_";
 constexpr int MaxIdentifier = 65535;
-constexpr unsigned char ByteOrder = std::endian::native == std::endian::little ? ELFDATA2LSB : ELFDATA2MSB;
 
 [[noreturn]] void RaiseNoBinary() {
   throw EVantrelReaderError(ResourceText(FoundationTexts::NoBinary));
 }
 
-void ReadAt(TVantrelStream& binary, std::uint64_t offset, void* target, std::uint64_t size) {
+bool Holds(TVantrelStream& binary, std::uint64_t offset, std::uint64_t size) {
   const auto fileSize = static_cast<std::uint64_t>(binary.Size());
-  if (offset > fileSize || size > fileSize - offset) RaiseNoBinary();
+  return offset <= fileSize && size <= fileSize - offset;
+}
+
+void ReadAt(TVantrelStream& binary, std::uint64_t offset, void* target, std::uint64_t size) {
   binary.SetPosition(static_cast<std::int64_t>(offset));
   TVantrelStreamReader(binary, 0).Read(target, static_cast<std::int64_t>(size));
-}
-
-/// `count` values, taking no memory for more than the file can hold.
-template <class T>
-std::vector<T> ReadMany(TVantrelStream& binary, std::uint64_t offset, std::uint64_t count) {
-  if (count > static_cast<std::uint64_t>(binary.Size()) / sizeof(T)) RaiseNoBinary();
-  std::vector<T> values(count);
-  ReadAt(binary, offset, values.data(), count * sizeof(T));
-  return values;
-}
-
-Elf64_Ehdr ReadHeader(TVantrelStream& binary) {
-  Elf64_Ehdr header;
-  ReadAt(binary, 0, &header, sizeof header);
-  const bool known = std::string_view(reinterpret_cast<const char*>(header.e_ident), SELFMAG) == ELFMAG &&
-                     header.e_ident[EI_CLASS] == ELFCLASS64 && header.e_ident[EI_DATA] == ByteOrder;
-  if (!known || (header.e_shnum != 0 && header.e_shentsize != sizeof(Elf64_Shdr))) RaiseNoBinary();
-  return header;
-}
-
-std::string_view NameAt(const std::vector<char>& names, std::size_t start) {
-  if (start >= names.size()) RaiseNoBinary();
-  const std::string_view rest(names.data() + start, names.size() - start);
-  const auto end = rest.find('\0');
-  if (end == std::string_view::npos) RaiseNoBinary();
-  return rest.substr(0, end);
 }
 }  // namespace
 
@@ -91,28 +64,28 @@ std::vector<std::uint8_t> TVantrelResourceStringTable::GenerateResData() const {
 }
 
 TVantrelResourceNameEnumerator::TVantrelResourceNameEnumerator(TVantrelStream& binary) {
-  const Elf64_Ehdr header = ReadHeader(binary);
-  if (header.e_shnum == 0) return;
-  const auto sections = ReadMany<Elf64_Shdr>(binary, header.e_shoff, header.e_shnum);
-  if (header.e_shstrndx >= sections.size()) RaiseNoBinary();
-  const Elf64_Shdr& nameSection = sections[header.e_shstrndx];
-  const auto names = ReadMany<char>(binary, nameSection.sh_offset, nameSection.sh_size);
-  for (const Elf64_Shdr& section : sections) {
-    const std::string_view name = NameAt(names, section.sh_name);
-    if (section.sh_type == SHT_PROGBITS && name.starts_with(NamePrefix))
-      FPlaces.push_back({std::string(name), section.sh_offset, section.sh_size});
-  }
+  const auto readAt = [&](std::uint64_t offset, void* target, std::uint64_t size) {
+    const bool isThere = Holds(binary, offset, size);
+    if (isThere) ReadAt(binary, offset, target, size);
+    return isThere;
+  };
+  auto sections = System::SectionsOf(static_cast<std::uint64_t>(binary.Size()), readAt);
+  if (!sections) RaiseNoBinary();
+  std::ranges::copy_if(*sections, std::back_inserter(FPlaces),
+                       [](const auto& section) { return section.Name.starts_with(NamePrefix); });
 }
 
 std::vector<std::string> TVantrelResourceNameEnumerator::Names() const {
   std::vector<std::string> names;
-  std::ranges::transform(FPlaces, std::back_inserter(names), &TPlace::Name);
+  std::ranges::transform(FPlaces, std::back_inserter(names), &System::TSection::Name);
   return names;
 }
 
 std::vector<std::uint8_t> TVantrelResourceReader::Read(std::string_view name) const {
-  const auto& places = FDirectory.FPlaces;
-  const auto place = std::ranges::find(places, name, &TVantrelResourceNameEnumerator::TPlace::Name);
-  return place == places.end() ? std::vector<std::uint8_t>()
-                               : ReadMany<std::uint8_t>(FBinary, place->Offset, place->Size);
+  const auto place = std::ranges::find(FDirectory.FPlaces, name, &System::TSection::Name);
+  if (place == FDirectory.FPlaces.end()) return {};
+  if (!Holds(FBinary, place->Offset, place->Size)) RaiseNoBinary();
+  std::vector<std::uint8_t> bytes(place->Size);
+  ReadAt(FBinary, place->Offset, bytes.data(), place->Size);
+  return bytes;
 }

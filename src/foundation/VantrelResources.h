@@ -7,6 +7,8 @@
 #include <string_view>
 #include <vector>
 
+#include "ProgramFile.h"
+
 class TVantrelStream;
 
 // The resources of a compiled file are those sections of it (64-bit ELF) whose names begin with "vantrel_".
@@ -46,14 +48,7 @@ class TVantrelResourceNameEnumerator {
 
  private:
   friend class TVantrelResourceReader;
-  struct TPlace {
-    std::string Name;
-    /// In bytes.
-    std::uint64_t Offset;
-    std::uint64_t Size;
-  };
-
-  std::vector<TPlace> FPlaces;
+  std::vector<System::TSection> FPlaces;
 };
 
 /// Reads the resources of a compiled file out of a stream, which has to outlive it.

@@ -1,5 +1,6 @@
 #include "VantrelSafeSave.h"
 
+#include "SystemFolders.h"
 #include "VantrelExceptions.h"
 
 using EError = EVantrelFileHandleError;

@@ -1,25 +1,18 @@
-#include <locale.h>
-#include <wctype.h>
-
 #include <algorithm>
 
+#include "Letters.h"
 #include "VantrelText.h"
 #include "VantrelUtf8.h"
 
 namespace {
-locale_t LetterLocale() {
-  static const locale_t letters = newlocale(LC_CTYPE_MASK, "C.UTF-8", nullptr);
-  return letters;
-}
-
 char32_t Upper(char32_t code) {
   if (code < 0x80) return code >= 'a' && code <= 'z' ? code - 0x20 : code;
-  return LetterLocale() == nullptr ? code : towupper_l(static_cast<wint_t>(code), LetterLocale());
+  return System::UpperLetter(code);
 }
 
 char32_t Lower(char32_t code) {
   if (code < 0x80) return code >= 'A' && code <= 'Z' ? code + 0x20 : code;
-  return LetterLocale() == nullptr ? code : towlower_l(static_cast<wint_t>(code), LetterLocale());
+  return System::LowerLetter(code);
 }
 
 template <class TMap>

@@ -7,7 +7,7 @@
 #include "DesktopMsgBox.h"
 #include "DesktopStudentsView.h"
 #include "DesktopWelcomeView.h"
-#include "HeapPages.h"
+#include "Memory.h"
 #include "QtText.h"
 #include "ShellTexts.h"
 #include "VantrelI18n.h"
@@ -36,7 +36,7 @@ TViewClasses ViewsOn(TDesktopMainWindow& window) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  TakeHeapInLargePages();
+  System::TakeHeapInLargePages();
   TDesktopApplication application(argc, argv);
   PrepareApplication(application);
   TVantrelClassRegistry classes;

@@ -3,6 +3,8 @@
 #include <chrono>
 #include <string>
 
+#include "SystemFolders.h"
+
 /// Keeps all programs but one from changing the files of a folder, from construction to destruction; the others wait
 /// for a while. Where the file system has no locks there is none.
 class TVantrelFolderLock {
@@ -13,10 +15,7 @@ class TVantrelFolderLock {
   /// Locks the folder that the file lies in, and makes it where it is missing. Raises EVantrelFileHandleError with code
   /// 32 where another program does not let it go in time, EVantrelFileSystemError where it cannot be made.
   explicit TVantrelFolderLock(const std::string& fileName, std::chrono::milliseconds patience = Patience);
-  TVantrelFolderLock(const TVantrelFolderLock&) = delete;
-  TVantrelFolderLock& operator=(const TVantrelFolderLock&) = delete;
-  ~TVantrelFolderLock();
 
  private:
-  int FDescriptor = -1;
+  System::TFolderLock FLock;
 };

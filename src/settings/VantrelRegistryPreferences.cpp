@@ -1,8 +1,8 @@
 #include "VantrelRegistryPreferences.h"
 
+#include "Environment.h"
 #include "ProductNames.h"
 #include "SettingsTexts.h"
-#include "VantrelFolders.h"
 #include "VantrelI18n.h"
 #include "VantrelText.h"
 
@@ -19,8 +19,9 @@ std::string EncodeRegistryTag(std::string_view name) {
 
 std::string RegistryFileName(TVantrelRegistryRoot root) {
   const auto place = ProductNames::Path({ProductNames::Vendor, RegistryName}, '/');
-  return root == TVantrelRegistryRoot::HKEY_CURRENT_USER ? UserFolder(TVantrelFolderKind::Configuration) + "/" + place
-                                                         : MachinePath(TVantrelFolderKind::Configuration, place);
+  return root == TVantrelRegistryRoot::HKEY_CURRENT_USER
+             ? System::UserFolder(System::TFolderKind::Configuration) + "/" + place
+             : System::MachinePath(System::TFolderKind::Configuration, place);
 }
 
 TVantrelRegistryPreferences::TVantrelRegistryPreferences(TVantrelRegistryRoot root, TVantrelRegistryAccess access)

@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <filesystem>
 
+#include "Environment.h"
 #include "SettingsTexts.h"
 #include "VantrelFileSystem.h"
-#include "VantrelFolders.h"
 #include "VantrelI18n.h"
 
 std::string TrimSeparators(std::string_view path) {
@@ -59,8 +59,9 @@ std::string TVantrelStorage::FileName() const {
   if (!FCustomXMLFile.empty()) return FCustomXMLFile;
   std::string place = FStoragePath + ".pref";
   std::ranges::replace(place, '\\', '/');
-  return FStorageType == TVantrelStorageType::cstUser ? UserFolder(TVantrelFolderKind::Configuration) + "/" + place
-                                                      : MachinePath(TVantrelFolderKind::Configuration, place);
+  return FStorageType == TVantrelStorageType::cstUser
+             ? System::UserFolder(System::TFolderKind::Configuration) + "/" + place
+             : System::MachinePath(System::TFolderKind::Configuration, place);
 }
 
 std::unique_ptr<TVantrelAbstractPreferences> TVantrelStorage::OpenStore() {

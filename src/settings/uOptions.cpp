@@ -1,8 +1,5 @@
 #include "uOptions.h"
 
-#include <fcntl.h>
-#include <unistd.h>
-
 #include <algorithm>
 #include <filesystem>
 
@@ -26,13 +23,16 @@ constexpr struct {
              {"RechtschreibungMischfaelle", &TMyTessaronOptions::RechtschreibungMischfaelle, true},
              {"RechtschreibungWiederholt", &TMyTessaronOptions::RechtschreibungWiederholt, false}};
 
+bool HasRight(const std::filesystem::path& path, System::TRight right) {
+  return System::CheckRight(path.string(), right) == System::Success;
+}
+
 /// True for a file that may be written, and for a missing one that could be made, if need be with its folders.
 bool CanBeWritten(std::filesystem::path path) {
   std::error_code error;
-  if (std::filesystem::exists(path, error)) return ::faccessat(AT_FDCWD, path.c_str(), W_OK, AT_EACCESS) == 0;
+  if (std::filesystem::exists(path, error)) return HasRight(path, System::TRight::Write);
   while (path.has_relative_path() && !std::filesystem::exists(path, error)) path = path.parent_path();
-  return std::filesystem::is_directory(path, error) &&
-         ::faccessat(AT_FDCWD, path.c_str(), W_OK | X_OK, AT_EACCESS) == 0;
+  return std::filesystem::is_directory(path, error) && HasRight(path, System::TRight::MakeFilesIn);
 }
 
 }  // namespace

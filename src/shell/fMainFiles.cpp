@@ -5,6 +5,7 @@
 #include <filesystem>
 
 #include "ShellTexts.h"
+#include "SystemFolders.h"
 #include "VantrelDateTime.h"
 #include "VantrelExceptions.h"
 #include "VantrelFileSystem.h"

@@ -3,6 +3,7 @@
 #include <filesystem>
 
 #include "StoredTexts.h"
+#include "SystemFolders.h"
 #include "VantrelDataStorage.h"
 #include "VantrelExceptions.h"
 #include "VantrelFileSystem.h"

@@ -61,6 +61,7 @@ enum class TFailureKind {
   OtherDevice,
   NotAccepted,
   Interrupted,
+  NoProgram,
   NotSupported,
   NetworkFailed,
 };

@@ -93,10 +93,4 @@ TResult<TFile> Replace(const std::string& name, std::span<const std::uint8_t> by
 /// What is added to the name of a file for that of another version of it.
 inline constexpr const char* OtherVersion = ".andere";
 
-/// The first of the name of a file with `ending` and that with 2, 3 and so on behind it that nothing has.
-std::string FreeNameBeside(const std::string& name, const std::string& ending);
-
-/// True where both names lead to one file or folder.
-bool IsSameFile(const std::string& name1, const std::string& name2);
-
 }  // namespace System

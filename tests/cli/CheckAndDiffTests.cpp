@@ -1,9 +1,7 @@
 #include <cmath>
-#include <csignal>
 #include <limits>
 
 #include "CliFixture.h"
-#include "Workers.h"
 #include "uProjectDefects.h"
 
 namespace {
@@ -147,25 +145,6 @@ TEST_F(CheckTest, AsksForPasswordsAndKeepsTheOrder) {
   EXPECT_THAT(asked, testing::ElementsAre(first, second));
   EXPECT_LT(Out().find(first), Out().find(good));
   EXPECT_THAT(Err(), HasSubstr("Passwort ist nicht korrekt"));
-}
-
-TEST(WorkersTest, ADeadWorkerCostsItsOwnJobOnly) {
-  std::vector<std::string> results;
-  RunInWorkers(
-      12,
-      [](int index, std::string& text) {
-        if (index == 3) ::raise(SIGKILL);
-        if (index == 5) ::_exit(0);
-        text = std::string(static_cast<std::size_t>(index) * 100000, 'x');
-        return index;
-      },
-      [](int) {},
-      [&](int index, const TWorkerResult& worker) {
-        EXPECT_EQ(index, static_cast<int>(results.size()));
-        results.push_back(worker.Died ? "died" : std::to_string(worker.Text.size() + worker.Code));
-      });
-  EXPECT_THAT(results, testing::ElementsAre("0", "100001", "200002", "died", "400004", "died", "600006", "700007",
-                                            "800008", "900009", "1000010", "1100011"));
 }
 
 class DiffTest : public CliFixture {

@@ -30,6 +30,9 @@ TValue Checked(TValue result) {
   return result;
 }
 
+/// As rename, and fails with EEXIST where something has the name `to`.
+int RenameToFree(const std::string& from, const std::string& to);
+
 /// What `call` gives, or the code of its failure.
 template <class TCall>
 auto Guarded(TCall call) -> System::TResult<decltype(call())> {

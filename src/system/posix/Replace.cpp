@@ -1,5 +1,4 @@
 #include <fcntl.h>
-#include <fmt/format.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -10,6 +9,7 @@
 
 #include "FileLocks.h"
 #include "FileRights.h"
+#include "SystemFolders.h"
 #include "TempFile.h"
 
 namespace System {
@@ -181,14 +181,6 @@ TResult<TFile> Replace(const std::string& name, TBytes bytes, TVantrelFileAccess
       return std::move(*saved);
     }
   });
-}
-
-std::string FreeNameBeside(const std::string& name, const std::string& ending) {
-  std::string free = name + ending;
-  struct stat status {};
-  for (int number = 2; ::lstat(free.c_str(), &status) == 0; ++number)
-    free = fmt::format("{}{}{}", name, ending, number);
-  return free;
 }
 
 }  // namespace System

@@ -43,6 +43,8 @@ System::TFailureKind System::KindOf(TCode code) {
     case EINTR:
     case ECANCELED:
       return Interrupted;
+    case ENOEXEC:
+      return NoProgram;
     case ENOSYS:
     case EOPNOTSUPP:
       return NotSupported;

@@ -170,11 +170,4 @@ TFileRights TFile::Rights() const {
   return Posix::FileRights::Of(FNative->Descriptor);
 }
 
-bool IsSameFile(const std::string& name1, const std::string& name2) {
-  struct stat first {};
-  struct stat second {};
-  return ::stat(name1.c_str(), &first) == 0 && ::stat(name2.c_str(), &second) == 0 && first.st_dev == second.st_dev &&
-         first.st_ino == second.st_ino;
-}
-
 }  // namespace System

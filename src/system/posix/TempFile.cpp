@@ -46,13 +46,6 @@ bool ForbidsFiles(int error) {
   return error == EACCES || error == EPERM || error == EROFS;
 }
 
-/// As rename, and fails with EEXIST where there is such a file, as far as the file system can tell.
-int RenameToFree(const std::string& from, const std::string& to) {
-  const int result = ::renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE);
-  const bool refusesTheFlag = result != 0 && (errno == EINVAL || errno == ENOSYS);
-  return refusesTheFlag ? ::rename(from.c_str(), to.c_str()) : result;
-}
-
 /// True if nobody holds the file; on a file system without locks nobody can tell.
 bool IsAbandoned(const std::string& name) {
   const int descriptor = ::open(name.c_str(), O_RDWR | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK);

@@ -4,13 +4,21 @@
 #include <string>
 #include <string_view>
 
+/// What the system knows of the user and of the folders for him.
+namespace System {
+
+/// The name of the user; empty if nobody knows.
+std::string UserName();
+
 /// What a folder is for: settings, or data.
-enum class TVantrelFolderKind : std::uint8_t { Configuration, Data };
+enum class TFolderKind : std::uint8_t { Configuration, Data };
 
 /// The user's folder of that kind by the rules of the desktop, without a delimiter at its end: $XDG_CONFIG_HOME, else
 /// ".config" in the home folder; $XDG_DATA_HOME, else ".local/share" there.
-std::string UserFolder(TVantrelFolderKind kind);
+std::string UserFolder(TFolderKind kind);
 /// A file or folder in the folders of that kind that all users share ($XDG_CONFIG_DIRS, else /etc/xdg; $XDG_DATA_DIRS,
 /// else /usr/local/share and /usr/share): in the first that has it, or simply in the first. Relative folders do not
 /// count.
-std::string MachinePath(TVantrelFolderKind kind, std::string_view place);
+std::string MachinePath(TFolderKind kind, std::string_view place);
+
+}  // namespace System

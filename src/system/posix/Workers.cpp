@@ -1,17 +1,15 @@
-#include "Workers.h"
-
 #include <sys/mman.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <csignal>
 #include <map>
-#include <optional>
 #include <thread>
-#include <vector>
 
-#include "VantrelExceptions.h"
+#include "Posix.h"
+#include "Processes.h"
 
 namespace {
 
@@ -34,7 +32,7 @@ class TWorkers {
   std::size_t Count() const { return FRunning.size(); }
   void Start(int index, const TJob& job);
   /// Waits for any of them and gives its job.
-  std::pair<int, TWorkerResult> Wait();
+  std::pair<int, System::TWorkerResult> Wait();
 
  private:
   struct TWorker {
@@ -43,20 +41,20 @@ class TWorkers {
     int Answer;
   };
   [[noreturn]] static void Work(int index, int answer, const TJob& job);
-  static TWorkerResult ResultOf(int answer);
+  static System::TWorkerResult ResultOf(int answer);
 
   std::map<pid_t, TWorker> FRunning;
 };
 
 void TWorkers::Start(int index, const TJob& job) {
   const int answer = ::memfd_create("answer", MFD_CLOEXEC);
-  if (answer < 0) throw EVantrelWin32Error();
+  if (answer < 0) Posix::Fail();
   const auto process = ::fork();
   if (process == 0) Work(index, answer, job);
   if (process < 0) {
-    const EVantrelWin32Error error;
+    const System::TFailure failure(System::LastCode());
     ::close(answer);
-    throw error;
+    throw failure;
   }
   FRunning.emplace(process, TWorker{index, answer});
 }
@@ -73,23 +71,23 @@ void TWorkers::Work(int index, int answer, const TJob& job) {
   ::_exit(0);
 }
 
-std::pair<int, TWorkerResult> TWorkers::Wait() {
+std::pair<int, System::TWorkerResult> TWorkers::Wait() {
   int status = 0;
   auto worker = FRunning.end();
   while (worker == FRunning.end()) {
     const auto process = ::waitpid(-1, &status, 0);
-    if (process < 0 && errno != EINTR) throw EVantrelWin32Error();
+    if (process < 0 && errno != EINTR) Posix::Fail();
     worker = FRunning.find(process);
   }
   const auto [index, answer] = worker->second;
   FRunning.erase(worker);
-  auto result = WIFEXITED(status) && WEXITSTATUS(status) == 0 ? ResultOf(answer) : TWorkerResult();
+  auto result = WIFEXITED(status) && WEXITSTATUS(status) == 0 ? ResultOf(answer) : System::TWorkerResult();
   ::close(answer);
   return {index, std::move(result)};
 }
 
-TWorkerResult TWorkers::ResultOf(int answer) {
-  TWorkerResult result{false, 0, std::string(static_cast<std::size_t>(::lseek(answer, 0, SEEK_END)), '\0')};
+System::TWorkerResult TWorkers::ResultOf(int answer) {
+  System::TWorkerResult result{false, 0, std::string(static_cast<std::size_t>(::lseek(answer, 0, SEEK_END)), '\0')};
   for (std::size_t done = 0; done < result.Text.size();) {
     const auto part = ::pread(answer, result.Text.data() + done, result.Text.size() - done, static_cast<off_t>(done));
     if (part <= 0) return {};
@@ -103,8 +101,8 @@ TWorkerResult TWorkers::ResultOf(int answer) {
 
 }  // namespace
 
-void RunInWorkers(int count, const TJob& job, const std::function<void(int through)>& finished,
-                  const std::function<void(int index, const TWorkerResult& worker)>& result) {
+System::TCode System::RunInWorkers(int count, const TJob& job, const std::function<void(int through)>& finished,
+                                   const std::function<void(int index, const TWorkerResult& worker)>& result) try {
   const std::size_t cores = std::max(1U, std::thread::hardware_concurrency());
   std::map<int, TWorkerResult> waiting;
   TWorkers workers;
@@ -117,4 +115,7 @@ void RunInWorkers(int count, const TJob& job, const std::function<void(int throu
       waiting.erase(waiting.begin());
     }
   }
+  return Success;
+} catch (const TFailure& failure) {
+  return failure.Code;
 }

@@ -1,4 +1,4 @@
-#include "HeapPages.h"
+#include "Memory.h"
 
 #include <malloc.h>
 #include <sys/mman.h>
@@ -7,7 +7,7 @@
 #include <cstdint>
 #include <cstdlib>
 
-void TakeHeapInLargePages() {
+void System::TakeHeapInLargePages() {
   constexpr int step = 64 << 20;  // bytes; the system gives them only where they are written to
   constexpr std::size_t some = 100 << 10;
   constexpr std::uintptr_t page = 2 << 20;

@@ -1,13 +1,14 @@
-#include "VantrelFolders.h"
+#include "Environment.h"
 
 #include <pwd.h>
 #include <unistd.h>
 
 #include <algorithm>
+#include <array>
 #include <cstdlib>
 #include <vector>
 
-#include "VantrelFileSystem.h"
+#include "SystemFolders.h"
 
 namespace {
 /// By kind.
@@ -19,7 +20,7 @@ constexpr struct {
 } Rules[] = {{"XDG_CONFIG_HOME", "/.config", "XDG_CONFIG_DIRS", "/etc/xdg"},
              {"XDG_DATA_HOME", "/.local/share", "XDG_DATA_DIRS", "/usr/local/share:/usr/share"}};
 
-const auto& RulesOf(TVantrelFolderKind kind) {
+const auto& RulesOf(System::TFolderKind kind) {
   return Rules[static_cast<std::size_t>(kind)];
 }
 
@@ -28,11 +29,23 @@ std::string_view Environment(const char* name) {
   return value == nullptr ? std::string_view() : value;
 }
 
+/// Of the user's record.
+struct TUser {
+  std::string Name;
+  std::string HomeFolder;
+};
+
+TUser CurrentUser() {
+  std::array<char, 4096> buffer;
+  passwd record{};
+  passwd* found = nullptr;
+  ::getpwuid_r(::geteuid(), &record, buffer.data(), buffer.size(), &found);
+  return found == nullptr ? TUser{"", "/"} : TUser{found->pw_name, found->pw_dir};
+}
+
 std::string HomeFolder() {
   const auto home = Environment("HOME");
-  if (home.starts_with('/')) return std::string(home);
-  const passwd* user = ::getpwuid(::geteuid());
-  return user == nullptr ? "/" : user->pw_dir;
+  return home.starts_with('/') ? std::string(home) : CurrentUser().HomeFolder;
 }
 
 /// The absolute ones among folders with colons between them.
@@ -47,15 +60,23 @@ std::vector<std::string> Folders(std::string_view list) {
 }
 }  // namespace
 
-std::string UserFolder(TVantrelFolderKind kind) {
+namespace System {
+
+std::string UserName() {
+  return CurrentUser().Name;
+}
+
+std::string UserFolder(TFolderKind kind) {
   const auto folder = Environment(RulesOf(kind).UserVariable);
   return folder.starts_with('/') ? std::string(folder) : HomeFolder() + RulesOf(kind).BelowHome;
 }
 
-std::string MachinePath(TVantrelFolderKind kind, std::string_view place) {
+std::string MachinePath(TFolderKind kind, std::string_view place) {
   auto folders = Folders(Environment(RulesOf(kind).MachineVariable));
   if (folders.empty()) folders = Folders(RulesOf(kind).MachineFolders);
   for (auto& folder : folders) folder.append("/").append(place);
-  const auto found = std::ranges::find_if(folders, TVantrelFileSystem::Exists);
+  const auto found = std::ranges::find_if(folders, Exists);
   return found == folders.end() ? folders.front() : *found;
 }
+
+}  // namespace System
