@@ -1,11 +1,11 @@
 #include "uTessaron.h"
 
 #include <algorithm>
-#include <filesystem>
 #include <map>
 
 #include "Environment.h"
 #include "ProductNames.h"
+#include "SystemFolders.h"
 #include "VantrelFileStreams.h"
 #include "VantrelFileSystem.h"
 #include "VantrelPaths.h"
@@ -88,7 +88,7 @@ void MakePaths() {
   EnvironmentFolder = OptionsFolder = CommonDataFolder;
   MakeFilePaths();
   // A name that depends on the current folder leads to a file that anybody may have laid there.
-  if (!std::filesystem::path(PathsFileName).is_absolute() || !TVantrelFileSystem::Exists(PathsFileName)) return;
+  if (!System::PathOf(PathsFileName).is_absolute() || !TVantrelFileSystem::Exists(PathsFileName)) return;
   auto entries = ReadPathsFile();
   if (const auto folder = entries["TessaronEnvironmentFolder"]; !folder.empty()) EnvironmentFolder = folder;
   if (const auto folder = entries["TessaronOptionsFolder"]; !folder.empty()) OptionsFolder = folder;

@@ -7,6 +7,7 @@
 #include "CliTexts.h"
 #include "Commands.h"
 #include "SampleNames.h"
+#include "SystemFolders.h"
 #include "VantrelI18n.h"
 #include "uProject.h"
 #include "uRecordTexts.h"
@@ -42,7 +43,7 @@ constexpr TCommand CommandTable[] = {
     {"sample", 1, 1, "fs", Commands::Sample},  {"texts", 1, 1, "f", Commands::Texts}};
 
 std::string FirstLine(const std::string& fileName) {
-  std::ifstream file(fileName, std::ios::binary);
+  std::ifstream file(System::PathOf(fileName), std::ios::binary);
   std::string line;
   std::getline(file, line);
   if (file.bad() || !file.is_open()) throw ECliError(PrintableText(CliTexts::NoPasswordFile, fileName));

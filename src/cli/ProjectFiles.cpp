@@ -5,6 +5,7 @@
 #include <filesystem>
 
 #include "CliTexts.h"
+#include "SystemFolders.h"
 #include "VantrelI18n.h"
 #include "VantrelPaths.h"
 #include "VantrelSafeSave.h"
@@ -96,7 +97,7 @@ void TellDamage(const TMyTessaronProject& project, const TCliContext& context) {
 }
 
 void RequireFreeTarget(const std::string& target, const TCliContext& context) {
-  const std::filesystem::path path(target);
+  const auto path = System::PathOf(target);
   std::error_code error;
   if (path.has_parent_path() && !std::filesystem::is_directory(path.parent_path(), error))
     throw ECliError(PrintableText(CliTexts::PathNotFound, target));

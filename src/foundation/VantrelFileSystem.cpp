@@ -10,6 +10,7 @@
 
 namespace {
 namespace fs = std::filesystem;
+using System::PathOf;
 using EError = EVantrelFileSystemError;
 
 void Check(const std::error_code& error) {
@@ -22,17 +23,17 @@ void RaiseIf(bool fails, std::errc error) {
 
 bool IsLink(const std::string& path) {
   std::error_code error;
-  return fs::is_symlink(path, error);
+  return fs::is_symlink(PathOf(path), error);
 }
 
 template <class TIterator>
 std::vector<std::string> MatchingFiles(const std::string& directory, const std::string& mask) {
   std::vector<std::string> files;
   std::error_code error;
-  for (TIterator entry(directory, error), end; !error && entry != end; entry.increment(error)) {
+  for (TIterator entry(PathOf(directory), error), end; !error && entry != end; entry.increment(error)) {
     std::error_code unreadable;
-    if (System::Matches(entry->path().filename().string(), mask) && !entry->is_directory(unreadable))
-      files.push_back(entry->path().string());
+    if (System::Matches(System::NameOf(entry->path().filename()), mask) && !entry->is_directory(unreadable))
+      files.push_back(System::NameOf(entry->path()));
   }
   Check(error);
   std::ranges::sort(files);
@@ -42,7 +43,7 @@ std::vector<std::string> MatchingFiles(const std::string& directory, const std::
 /// The path without links and dots, as far as it exists.
 fs::path Canonical(const std::string& path) {
   std::error_code error;
-  const auto absolute = fs::absolute(path, error);
+  const auto absolute = fs::absolute(PathOf(path), error);
   Check(error);
   auto canonical = fs::weakly_canonical(absolute, error);
   Check(error);
@@ -53,12 +54,12 @@ fs::path Canonical(const std::string& path) {
 void MoveToOtherDisk(const std::string& source, const std::string& target) {
   RaiseIf(TVantrelFileSystem::Exists(target), std::errc::file_exists);
   std::error_code failure;
-  fs::copy(source, target, fs::copy_options::recursive | fs::copy_options::copy_symlinks, failure);
+  fs::copy(PathOf(source), PathOf(target), fs::copy_options::recursive | fs::copy_options::copy_symlinks, failure);
   std::error_code ignored;
-  if (failure) fs::remove_all(target, ignored);
+  if (failure) fs::remove_all(PathOf(target), ignored);
   Check(failure);
-  fs::last_write_time(target, fs::last_write_time(source, ignored), ignored);
-  fs::remove_all(source, failure);
+  fs::last_write_time(PathOf(target), fs::last_write_time(PathOf(source), ignored), ignored);
+  fs::remove_all(PathOf(source), failure);
   Check(failure);
 }
 
@@ -75,7 +76,7 @@ bool TVantrelFileSystem::Exists(const std::string& path) {
 
 bool TVantrelFileSystem::IsDirectory(const std::string& path) {
   std::error_code error;
-  return fs::is_directory(path, error);
+  return fs::is_directory(PathOf(path), error);
 }
 
 bool TVantrelFileSystem::IsFileInDirectory(const std::string& path, const std::string& directory) {
@@ -103,7 +104,7 @@ TVantrelFileAttributes TVantrelFileSystem::GetAttributes(const std::string& path
   const auto info = CheckSystem<EError>(System::InfoOf(path));
   TVantrelFileAttributes attributes;
   if (info.IsReadOnly) attributes.insert(fattrReadOnly);
-  if (fs::path(path).filename().string().starts_with('.')) attributes.insert(fattrHidden);
+  if (System::LastNameOf(path).starts_with('.')) attributes.insert(fattrHidden);
   if (info.IsFolder) attributes.insert(fattrDirectory);
   if (IsLink(path)) attributes.insert(fattrReparsePoint);
   if (attributes.empty()) attributes.insert(fattrNormal);
@@ -114,16 +115,17 @@ void TVantrelFileSystem::SetAttributes(const std::string& path, const TVantrelFi
   constexpr auto writing = fs::perms::owner_write | fs::perms::group_write | fs::perms::others_write;
   std::error_code error;
   if (attributes.contains(TVantrelFileAttribute::fattrReadOnly)) {
-    fs::permissions(path, writing, fs::perm_options::remove, error);
+    fs::permissions(PathOf(path), writing, fs::perm_options::remove, error);
   } else {
-    fs::permissions(path, fs::perms::owner_write, fs::perm_options::add, error);
+    fs::permissions(PathOf(path), fs::perms::owner_write, fs::perm_options::add, error);
   }
   Check(error);
 }
 
 void TVantrelFileSystem::CopyFile(const std::string& source, const std::string& target, bool failIfExists) {
   std::error_code error;
-  fs::copy_file(source, target, failIfExists ? fs::copy_options::none : fs::copy_options::overwrite_existing, error);
+  fs::copy_file(PathOf(source), PathOf(target),
+                failIfExists ? fs::copy_options::none : fs::copy_options::overwrite_existing, error);
   Check(error);
 }
 
@@ -157,7 +159,7 @@ std::string TVantrelFileSystem::MakeFileNameUnique(const std::string& path) {
 void TVantrelFileSystem::CreateDirectory(const std::string& path) {
   const bool isDrive = path.ends_with(':') && path.find('/') == std::string::npos;
   if (path.empty() || isDrive || TVantrelFilePath::IsRoot(path) || IsDirectory(path)) return;
-  CreateDirectory(fs::path(path).parent_path().string());
+  CreateDirectory(System::FolderOf(path));
   CheckSystem<EError>(System::MakeFolder(path));
 }
 
@@ -172,7 +174,7 @@ bool TVantrelFileSystem::ForceDirectory(const std::string& path) {
 
 void TVantrelFileSystem::ClearDirectory(const std::string& path) {
   std::error_code error;
-  for (fs::directory_iterator entry(path, error), end; !error && entry != end; entry.increment(error)) {
+  for (fs::directory_iterator entry(PathOf(path), error), end; !error && entry != end; entry.increment(error)) {
     fs::remove_all(entry->path(), error);
     Check(error);
   }
@@ -196,11 +198,11 @@ std::string TVantrelFileSystem::GetCurrentDirectory() {
   std::error_code error;
   const auto path = fs::current_path(error);
   Check(error);
-  return path.string();
+  return System::NameOf(path);
 }
 
 void TVantrelFileSystem::SetCurrentDirectory(const std::string& path) {
   std::error_code error;
-  fs::current_path(path, error);
+  fs::current_path(PathOf(path), error);
   Check(error);
 }

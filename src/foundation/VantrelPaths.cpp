@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <vector>
 
+#include "SystemFolders.h"
 #include "VantrelExceptions.h"
 #include "VantrelText.h"
 
@@ -195,7 +196,7 @@ bool TVantrelFilePath::IsPathEqual(std::string_view path1, std::string_view path
 std::string TVantrelFilePath::GetFullPath(std::string_view path) {
   if (path.empty() || IsPathRooted(path)) return std::string(path);
   std::error_code error;
-  const auto full = std::filesystem::absolute(path, error).lexically_normal().string();
+  const auto full = System::NameOf(std::filesystem::absolute(System::PathOf(path), error).lexically_normal());
   if (error) throw EVantrelFileSystemError(System::CodeOf(error));
   if (Utf16Length(full) > LongestFullPath) throw EVantrelFileSystemError(TVantrelErrorCode::PathNotFound);
   return full;

@@ -34,7 +34,7 @@ std::string TVantrelFilePath::GetTempPath() {
   std::error_code error;
   const auto path = std::filesystem::temp_directory_path(error);
   CheckSystem<EVantrelFileSystemError>(System::CodeOf(error));
-  return AddTrailingPathDelimiter(path.string());
+  return AddTrailingPathDelimiter(System::NameOf(path));
 }
 
 std::string TVantrelFilePath::GetTempFileName(std::string_view directory, std::string_view prefix) {

@@ -2,12 +2,13 @@
 
 #include <filesystem>
 
+#include "SystemFolders.h"
 #include "VantrelExceptions.h"
 #include "VantrelFileSystem.h"
 
 namespace {
 System::TFolderLock LockFolderOf(const std::string& fileName, std::chrono::milliseconds patience) {
-  const auto folder = std::filesystem::absolute(fileName).parent_path().string();
+  const auto folder = System::NameOf(std::filesystem::absolute(System::PathOf(fileName)).parent_path());
   TVantrelFileSystem::CreateDirectory(folder);
   return CheckSystem<EVantrelFileHandleError>(System::TFolderLock::Take(folder, patience));
 }

@@ -1,10 +1,10 @@
 #include "VantrelStorage.h"
 
 #include <algorithm>
-#include <filesystem>
 
 #include "Environment.h"
 #include "SettingsTexts.h"
+#include "SystemFolders.h"
 #include "VantrelFileSystem.h"
 #include "VantrelI18n.h"
 
@@ -71,7 +71,7 @@ std::unique_ptr<TVantrelAbstractPreferences> TVantrelStorage::OpenStore() {
     return store;
   }
   const auto fileName = FileName();
-  TVantrelFileSystem::CreateDirectory(std::filesystem::path(fileName).parent_path().string());
+  TVantrelFileSystem::CreateDirectory(System::FolderOf(fileName));
   auto store = std::make_unique<TVantrelXMLPreferences>(fileName, false);
   FDamage = store->Damage();
   return store;

@@ -4,6 +4,7 @@
 #include <filesystem>
 
 #include "SettingsTexts.h"
+#include "SystemFolders.h"
 #include "VantrelDataIO.h"
 #include "VantrelI18n.h"
 
@@ -24,7 +25,7 @@ constexpr struct {
              {"RechtschreibungWiederholt", &TMyTessaronOptions::RechtschreibungWiederholt, false}};
 
 bool HasRight(const std::filesystem::path& path, System::TRight right) {
-  return System::CheckRight(path.string(), right) == System::Success;
+  return System::CheckRight(System::NameOf(path), right) == System::Success;
 }
 
 /// True for a file that may be written, and for a missing one that could be made, if need be with its folders.
@@ -47,8 +48,8 @@ TMyTessaronOptions::~TMyTessaronOptions() {
 }
 
 std::string TMyTessaronOptions::GetDefaultFileName() const {
-  if (CanBeWritten(FCommonFileName)) return FCommonFileName;
-  return std::filesystem::path(FOwnFolder) / std::filesystem::path(FCommonFileName).filename();
+  if (CanBeWritten(System::PathOf(FCommonFileName))) return FCommonFileName;
+  return System::NameOf(System::PathOf(FOwnFolder) / System::PathOf(FCommonFileName).filename());
 }
 
 std::string TMyTessaronOptions::Load() {

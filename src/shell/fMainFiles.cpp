@@ -28,7 +28,7 @@ bool IsModified() {
 
 bool FileIsThere(const std::string& path) {
   std::error_code ignored;
-  return std::filesystem::is_regular_file(path, ignored);
+  return std::filesystem::is_regular_file(System::PathOf(path), ignored);
 }
 
 TVantrelMsgBoxResult AskToSave() {
@@ -133,7 +133,7 @@ void TMainForm::OpenFile() {
   if (!FPorts.Dialogs.OpenFile(FOpenFileDialog)) return;
   const TVantrelWaitScope wait(FWaitCursor);
   const std::string path = FOpenFileDialog.FileName;
-  FOpenFileDialog.InitialDir = std::filesystem::path(path).parent_path().string();
+  FOpenFileDialog.InitialDir = System::FolderOf(path);
   try {
     LoadChosenFile(path);
   } catch (const std::exception& error) {
@@ -169,7 +169,7 @@ void TMainForm::OpenFileOfUser(const std::string& path) {
 
 void TMainForm::OpenCommandLineFile() {
   if (!FArguments.empty() && FileIsThere(FArguments.front()))
-    OpenNamedFile(std::filesystem::absolute(FArguments.front()).lexically_normal().string());
+    OpenNamedFile(System::NameOf(std::filesystem::absolute(System::PathOf(FArguments.front())).lexically_normal()));
   UpdateCommands();
 }
 

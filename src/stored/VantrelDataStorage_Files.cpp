@@ -1,7 +1,5 @@
 // The file operations of a document: which file is opened how, and what becomes of it.
 
-#include <filesystem>
-
 #include "StoredTexts.h"
 #include "SystemFolders.h"
 #include "VantrelDataStorage.h"
@@ -115,7 +113,7 @@ bool TVantrelDataStorage::IsOn(const std::unique_ptr<TVantrelFileStream>& held, 
 
 void TVantrelDataStorage::WriteFile(std::unique_ptr<TVantrelFileStream>& held, const std::string& name,
                                     const std::vector<std::uint8_t>& bytes, TVantrelFileAccessMode access) {
-  TVantrelFileSystem::CreateDirectory(std::filesystem::path(name).parent_path().string());
+  TVantrelFileSystem::CreateDirectory(System::FolderOf(name));
   KeepOriginal(name);
   // A file that is written in its own place keeps its own rights.
   const bool keepsItsOwn = FStamp.IsOf(name) && TVantrelFileSystem::Exists(name);

@@ -13,6 +13,10 @@ namespace System {
 /// The one way from a name to a path, and back.
 std::filesystem::path PathOf(std::string_view name);
 std::string NameOf(const std::filesystem::path& path);
+/// The folder that the name tells; empty where it tells none.
+std::string FolderOf(const std::string& name);
+/// What stands behind the folder.
+std::string LastNameOf(const std::string& name);
 
 /// True for a file, a folder or a link, wherever that leads; false for an empty name.
 bool Exists(const std::string& name);

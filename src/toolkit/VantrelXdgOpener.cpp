@@ -1,7 +1,6 @@
 #include "VantrelXdgOpener.h"
 
 #include <algorithm>
-#include <filesystem>
 #include <iomanip>
 #include <sstream>
 #include <vector>
@@ -24,8 +23,8 @@ std::uint32_t CodeOf(System::TCode code) {
 
 /// 0 if the file can be read from the start directory, else the system's code.
 std::uint32_t CheckFile(const TVantrelLaunch& launch) {
-  const auto path = std::filesystem::path(launch.StartDir) / launch.FileName;
-  return CodeOf(System::CheckRight(path.string(), System::TRight::Read));
+  const auto path = System::PathOf(launch.StartDir) / System::PathOf(launch.FileName);
+  return CodeOf(System::CheckRight(System::NameOf(path), System::TRight::Read));
 }
 
 std::vector<std::string> CommandOf(const TVantrelLaunch& launch) {

@@ -1,8 +1,8 @@
 #include "fWelcomeView.h"
 
 #include <algorithm>
-#include <filesystem>
 
+#include "SystemFolders.h"
 #include "VantrelDateTime.h"
 #include "VantrelExceptions.h"
 #include "VantrelFileSystem.h"
@@ -76,8 +76,7 @@ void TWelcomeView::UpdateContent() {
 
   const auto fileTime = FileTimeText(project->FileName());
   SetText(FileVersionText, FormatText(ViewTexts::FileVersion, project->ProductVersion()));
-  SetText(FilepathText,
-          FormatText(ViewTexts::Filepath, std::filesystem::path(project->FileName()).parent_path().string()));
+  SetText(FilepathText, FormatText(ViewTexts::Filepath, System::FolderOf(project->FileName())));
   SetText(WriteProtectedText, ResourceText(ViewTexts::WriteProtected));
   SetText(CreatedOnText, FormatText(ViewTexts::CreatedOn, fileTime));
   SetText(ChangedOnText, FormatText(ViewTexts::ChangedOn, fileTime));

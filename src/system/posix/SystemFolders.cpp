@@ -32,6 +32,14 @@ std::string NameOf(const std::filesystem::path& path) {
   return path.string();
 }
 
+std::string FolderOf(const std::string& name) {
+  return NameOf(PathOf(name).parent_path());
+}
+
+std::string LastNameOf(const std::string& name) {
+  return NameOf(PathOf(name).filename());
+}
+
 bool Exists(const std::string& name) {
   struct stat status {};
   return ::lstat(name.c_str(), &status) == 0;
