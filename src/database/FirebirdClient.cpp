@@ -22,10 +22,10 @@ struct TFunction {
 };
 
 TFirebirdClient Load() {
-  void* const library = LoadSharedLibrary(LibraryName);
+  void* const library = System::LoadSharedLibrary(LibraryName);
   if (library == nullptr) RaiseNoClient();
   const auto function = [library](const char* name) {
-    void* const address = FindFunction(library, name);
+    void* const address = System::FindFunction(library, name);
     if (address == nullptr) RaiseNoClient();
     return TFunction{address};
   };

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -74,8 +73,6 @@ class TVantrelFilePath {
   static std::string GetGuidFileName(std::string_view directory, std::string_view extension);
   /// The path itself if nothing has it, else with " (2)", " (3)", ... behind the name.
   static std::string GetUniqueFileName(std::string_view path);
-  /// `path` if that is free, else the first free one of the paths that `numbered` makes of 2, 3 and so on.
-  static std::string FirstFreePath(std::string path, const std::function<std::string(int number)>& numbered);
 
   /// "-yyyy-mm-dd-ddd-hh-nn-ss" between name and extension, ddd being the German short day name; without a time the
   /// present one. Raises as DecodeDateTime.

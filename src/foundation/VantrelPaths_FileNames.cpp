@@ -49,12 +49,8 @@ std::string TVantrelFilePath::GetGuidFileName(std::string_view directory, std::s
 }
 
 std::string TVantrelFilePath::GetUniqueFileName(std::string_view path) {
-  return FirstFreePath(std::string(path), [path](int number) { return Stamped(path, fmt::format(" ({})", number)); });
-}
-
-std::string TVantrelFilePath::FirstFreePath(std::string path, const std::function<std::string(int number)>& numbered) {
-  for (int number = 2; TVantrelFileSystem::Exists(path); ++number) path = numbered(number);
-  return path;
+  return System::FirstFreeName(std::string(path),
+                               [path](int number) { return Stamped(path, fmt::format(" ({})", number)); });
 }
 
 std::string TVantrelFilePath::GetTimeStampedFileName(std::string_view path, std::optional<TDateTime> time) {

@@ -2,6 +2,7 @@
 
 #include <chrono>
 #include <filesystem>
+#include <functional>
 #include <memory>
 #include <string>
 
@@ -22,7 +23,9 @@ std::string LastNameOf(const std::string& name);
 bool Exists(const std::string& name);
 /// True where both names lead to one file or folder.
 bool IsSameFile(const std::string& name1, const std::string& name2);
-/// The first of the name of a file with `ending` and that with 2, 3 and so on behind it that nothing has.
+/// `name` if nothing has it, else the first free one of those that `numbered` makes of 2, 3 and so on.
+std::string FirstFreeName(std::string name, const std::function<std::string(int number)>& numbered);
+/// Likewise the name of a file with `ending`, or with a number behind that.
 std::string FreeNameBeside(const std::string& name, const std::string& ending);
 /// Whether the name of a file matches `mask` ("*", "?", "[a-z]").
 bool Matches(const std::string& fileName, const std::string& mask);

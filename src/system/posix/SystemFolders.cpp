@@ -52,10 +52,13 @@ bool IsSameFile(const std::string& name1, const std::string& name2) {
          first.st_ino == second.st_ino;
 }
 
+std::string FirstFreeName(std::string name, const std::function<std::string(int number)>& numbered) {
+  for (int number = 2; Exists(name); ++number) name = numbered(number);
+  return name;
+}
+
 std::string FreeNameBeside(const std::string& name, const std::string& ending) {
-  std::string free = name + ending;
-  for (int number = 2; Exists(free); ++number) free = fmt::format("{}{}{}", name, ending, number);
-  return free;
+  return FirstFreeName(name + ending, [&](int number) { return fmt::format("{}{}{}", name, ending, number); });
 }
 
 bool Matches(const std::string& fileName, const std::string& mask) {

@@ -2,10 +2,10 @@
 
 #include <dlfcn.h>
 
-void* LoadSharedLibrary(const char* fileName) {
+void* System::LoadSharedLibrary(const char* fileName) {
   return ::dlopen(fileName, RTLD_NOW | RTLD_LOCAL);
 }
 
-void* FindFunction(void* library, const char* name) {
+void* System::FindFunction(void* library, const char* name) {
   return ::dlsym(library, name);
 }
