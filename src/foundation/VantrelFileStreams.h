@@ -19,6 +19,7 @@ class TVantrelFileHandle {
   TVantrelFileHandle(const TVantrelFileHandle&) = delete;
   TVantrelFileHandle& operator=(const TVantrelFileHandle&) = delete;
 
+  /// What the system has opened.
   System::TFile& File() { return FFile; }
   const System::TFile& File() const { return FFile; }
   const std::string& FileName() const { return FFileName; }
