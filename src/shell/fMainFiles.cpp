@@ -57,7 +57,7 @@ std::string FreeName(const std::string& path) {
 std::string ReasonOf(const std::string& path, const std::exception& error) {
   const auto* refused = dynamic_cast<const EVantrelFileHandleError*>(&error);
   if (refused != nullptr && refused->ErrorCode() == static_cast<std::uint32_t>(TVantrelErrorCode::SharingViolation) &&
-      CurrentProject != nullptr && IsSameFile(path, CurrentProject->FileName()))
+      CurrentProject != nullptr && System::IsSameFile(path, CurrentProject->FileName()))
     return ResourceText(ShellTexts::OpenHere);
   if (refused == nullptr || refused->ErrorCode() != static_cast<std::uint32_t>(TVantrelErrorCode::AccessDenied) ||
       TVantrelFileSystem::GetFileMode(path) != TVantrelFileMode::fmodeReadOnly)

@@ -187,8 +187,7 @@ bool TVantrelDataStorage::TrySaveToFile(const std::string& name, TVantrelDataSto
 }
 
 bool TVantrelDataStorage::KeepsOriginal() const {
-  std::error_code error;
-  return IsFileChanged() || (!FDamagedFile.empty() && std::filesystem::equivalent(FDamagedFile, FFileName, error));
+  return IsFileChanged() || (!FDamagedFile.empty() && System::IsSameFile(FDamagedFile, FFileName));
 }
 
 void TVantrelDataStorage::KeepOriginal(const std::string& name) {
