@@ -27,6 +27,8 @@ constexpr auto TTessaronConnection::FieldTable() {
                     Byte("Protocol", &T::FProtocol), String("Server", &T::Server));
 }
 
+template class TVantrelRecordOf<TTessaronConnection>;
+
 std::string TTessaronConnection::DatabaseName(bool withProtocol) const {
   if (!withProtocol || Protocol() == TDBProtocol::dbpLocal) return FileName;
   return fmt::format("{}:{}", UpperCase(Server), FileName);
@@ -49,29 +51,11 @@ int TTessaronConnection::Compare(const TVantrelObject& other) const {
   return connection == nullptr ? 0 : CompareText(Alias, connection->Alias);
 }
 
-void TTessaronConnection::DoCreate() {
-  TVantrelDataClassOf::DoCreate();
-  DoClear();
-}
-
 void TTessaronConnection::DoClear() {
-  Fields::ClearAll(Fields::Of<FieldTable>, *this);
+  TVantrelRecordOf::DoClear();
   Alias = DefaultConnectionAlias;
   ODBCDataSource = DefaultOdbcDataSource;
   OptFileName = TessaronOptFileName;
-}
-
-void TTessaronConnection::Assign(const TVantrelObject& source) {
-  Fields::AssignAll(Fields::Of<FieldTable>, *this, source);
-}
-
-void TTessaronConnection::ReadData(TVantrelDataObjectReader& reader) {
-  TVantrelDataClassOf::ReadData(reader);
-  Fields::ReadAll(Fields::Of<FieldTable>, *this, reader);
-}
-
-void TTessaronConnection::WriteData(TVantrelDataObjectWriter& writer) const {
-  Fields::WriteAll(Fields::Of<FieldTable>, *this, writer);
 }
 
 TTessaronConnection* TTessaronConnections::AddConnection(std::string_view alias) {

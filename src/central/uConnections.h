@@ -4,17 +4,20 @@
 #include <string>
 #include <string_view>
 
-#include "VantrelDataFields.h"
+#include "VantrelDataRecords.h"
 #include "VantrelDataStorage.h"
 
 /// How a database is reached: as a file of this machine, or through a server.
 enum class TDBProtocol : std::uint8_t { dbpLocal, dbpTCPIP };
 
+class TTessaronConnection;
+extern template class TVantrelRecordOf<TTessaronConnection>;
+
 /// Where the databases of one installation and their folders lie. Known by its alias.
-class TTessaronConnection : public TVantrelDataClassOf<TTessaronConnection> {
+class TTessaronConnection : public TVantrelRecordOf<TTessaronConnection> {
  public:
   static constexpr std::string_view ClassName = "TTessaronConnection";
-  using TVantrelDataClassOf::TVantrelDataClassOf;
+  using TVantrelRecordOf::TVantrelRecordOf;
 
   std::string Alias;
   std::int16_t Region = 0;
@@ -45,13 +48,10 @@ class TTessaronConnection : public TVantrelDataClassOf<TTessaronConnection> {
 
   /// By alias, without regard to case.
   int Compare(const TVantrelObject& other) const override;
-  void DoCreate() override;
   void DoClear() override;
-  void Assign(const TVantrelObject& source) override;
-  void ReadData(TVantrelDataObjectReader& reader) override;
-  void WriteData(TVantrelDataObjectWriter& writer) const override;
 
  private:
+  friend TVantrelRecordOf<TTessaronConnection>;
   static constexpr auto FieldTable();
   bool IsLocal() const;
 
