@@ -18,6 +18,7 @@ TAchievementsPane::TAchievementsPane(TGridPaneUi& ui, TLookupTables& lookups, co
   ConnectEvents();
   FLookups.Grades.SetOnFilterRecord([this](const auto& row) { return OffersGrade(row); });
   FLookups.Grades.SetFiltered(true);
+  FChanges = CurrentProject->Listen([this](const TProjectChange& change) { ShowChange(change); });
   UpdateCount();
 }
 
@@ -127,6 +128,17 @@ void TAchievementsPane::UpdateCount() {
   FUi.Status().SetValue(FormatText(ViewTexts::Count, FSource == nullptr ? 0 : FSource->GetRecordCount()));
 }
 
+void TAchievementsPane::ShowChange(const TProjectChange& change) {
+  auto& grid = FUi.Grid();
+  if (FSource == nullptr) return;
+  for (int row = 0; row < FSource->GetRecordCount(); ++row) {
+    if (FSource->GetRecordHandle(row) != &change.Record) continue;
+    // What the open editor posts its grid shows itself.
+    if (row != grid.FocusedRecord() || !grid.IsEditing()) grid.RecordChanged(row);
+    return;
+  }
+}
+
 TCourse* TAchievementsPane::FocusedCourse() const {
   const int focused = FUi.Grid().FocusedRecord();
   if (FSource == nullptr || focused < 0 || focused >= FSource->GetRecordCount()) return nullptr;
@@ -140,5 +152,4 @@ void TAchievementsPane::EditAssessment(const TViewFrame& frame) {
   const auto text = frame.EditAssessment(course->SubjectToken, course->Beurteilung);
   if (!text) return;
   CurrentProject->ChangeField(*course, "Beurteilung", *text);
-  FUi.Grid().DataChanged();
 }

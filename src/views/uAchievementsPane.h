@@ -31,7 +31,7 @@ struct TAchievementsSettings {
 
 /// The grid of courses in which grades are entered: its columns and which of them may be edited, what they keep when
 /// the content changes, the lookups of the grades, the keys, the posting of edits, and the assessment text of the
-/// focused course.
+/// focused course. A course that changes elsewhere is shown anew alone.
 class TAchievementsPane {
  public:
   using TGradeTypeList = std::vector<TGradeTypes>;
@@ -69,6 +69,7 @@ class TAchievementsPane {
   void SetGridOptions();
   void ConnectEvents();
   void BuildColumns(bool isTextClass);
+  void ShowChange(const TProjectChange& change);
   bool OffersGrade(const TVantrelMemTable::TRow& row) const;
   int FirstGradeColumn() const;
   TGridKeyAction AnswerKey(int ordinal, TGridKey key);
@@ -84,4 +85,5 @@ class TAchievementsPane {
   TKeptRow FKeptRow;
   TModifiedMark FModifiedMark;
   std::unique_ptr<TMyTessaronSource> FSource;
+  TProjectListeners::TToken FChanges;
 };

@@ -1,3 +1,4 @@
+#include <QSignalSpy>
 #include <QTabWidget>
 #include <algorithm>
 
@@ -138,7 +139,12 @@ TEST_F(StudentsViewTest, AssessmentComesBackFromItsDialog) {
   FView->EditZeugnisbeurteilungen();
   EXPECT_FALSE(FProject->Modified());
   FAssessment = "sehr gut";
+  QSignalSpy changed(Grid().View().model(), &QAbstractItemModel::dataChanged);
+  QSignalSpy rebuilt(Grid().View().model(), &QAbstractItemModel::modelReset);
   FView->EditZeugnisbeurteilungen();
+  EXPECT_EQ(changed.count(), 1);
+  EXPECT_EQ(changed.front().front().toModelIndex().row(), Grid().View().currentIndex().row());
+  EXPECT_EQ(rebuilt.count(), 0);
   EXPECT_EQ(Course(0).Beurteilung, "sehr gut");
   EXPECT_TRUE(FProject->Modified());
 }
