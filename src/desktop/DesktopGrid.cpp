@@ -16,6 +16,7 @@ TDesktopGrid::TDesktopGrid(QWidget* parent)
     : QWidget(parent),
       FModel(*this),
       FView(new TGridView(FModel, *this)),
+      FSelection(*FView),
       FInfo(new QLabel),
       FFilterLine(new TFilterLine([this] { LiftFilter(); })) {
   auto* layout = new QVBoxLayout(this);
@@ -46,6 +47,7 @@ TDesktopGrid::TDesktopGrid(QWidget* parent)
 TDesktopGrid::~TDesktopGrid() {
   if (FModel.Data().Table() != nullptr) FModel.Data().Table()->RemoveListener(this);
   FView->OnCurrent = nullptr;
+  FView->selectionModel()->disconnect(FView);
   // The view goes before the model that it shows.
   delete FView;
 }
@@ -79,7 +81,9 @@ void TDesktopGrid::BindSource(TVantrelGridSource* source) {
   BeginUpdate();
   if (FModel.Data().Table() != nullptr) FModel.Data().Table()->RemoveListener(this);
   FModel.Data().BindSource(source);
+  FSelection.Forget();
   FKeepsFocus = false;
+  FFocusedId = 0;
   EndUpdate();
 }
 
@@ -87,8 +91,10 @@ void TDesktopGrid::BindTable(TVantrelMemTable* table) {
   BeginUpdate();
   if (FModel.Data().Table() != nullptr) FModel.Data().Table()->RemoveListener(this);
   FModel.Data().BindTable(table);
+  FSelection.Forget();
   if (table != nullptr) table->AddListener(this);
   FKeepsFocus = false;
+  FFocusedId = 0;
   EndUpdate();
 }
 
@@ -108,6 +114,7 @@ void TDesktopGrid::BeginUpdate() {
   FOldRow = FView->currentIndex().row();
   FHadKeyboard = FView->IsKeyboardIn();
   FRestoring = true;
+  FSelection.Suspend();
   FModel.Suspend();
 }
 
@@ -117,6 +124,7 @@ void TDesktopGrid::EndUpdate() {
   FView->ApplyColumns();
   FView->FitRows();
   RestoreFocus();
+  RestoreSelection();
   FKeepsFocus = true;
   FRestoring = false;
   // An editor that was open has gone, and the keyboard with it.
@@ -135,7 +143,17 @@ void TDesktopGrid::RestoreFocus() {
   FView->GotoCell(row >= 0 ? row : std::min(FOldRow, FModel.rowCount() - 1), FFocusedColumn);
 }
 
+void TDesktopGrid::RestoreSelection() {
+  const auto idAt = [this](int row) { return FModel.Data().RecordId(FModel.RecordAt(row)); };
+  bool stays = FFocusedId != 0;
+  // Another record than the one that has the focus still, though it is shown: the selection follows.
+  for (int row = 0; row < FModel.rowCount() && stays; ++row)
+    stays = idAt(row) != FFocusedId || row == FView->currentIndex().row();
+  FSelection.Resume(stays);
+}
+
 void TDesktopGrid::SetFocused(int record) {
+  FFocusedId = FModel.Data().RecordId(record);
   const int previous = std::exchange(FFocused, record);
   auto* table = FModel.Data().Table();
   if (table != nullptr && record >= 0 && table->RecNo() != record + 1) table->SetRecNo(record + 1);

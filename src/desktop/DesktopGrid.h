@@ -3,6 +3,7 @@
 #include <QWidget>
 
 #include "GridModel.h"
+#include "GridSelection.h"
 #include "GridView.h"
 #include "VantrelMemTable.h"
 
@@ -42,6 +43,9 @@ class TDesktopGrid : public QWidget, public TVantrelGrid, private TVantrelTableL
 
   int RecordCount() const override { return FModel.Data().RecordCount(); }
   TVariant Value(int record, int ordinal) const override { return FModel.Data().Value(record, ordinal); }
+  TVariant FieldValue(int record, std::string_view field) const override {
+    return FModel.Data().FieldValue(record, field);
+  }
   std::string DisplayText(int record, int ordinal) const override;
   std::vector<TGridShownRow> ShownRows() const override;
   std::vector<int> ShownColumns() const override;
@@ -94,6 +98,7 @@ class TDesktopGrid : public QWidget, public TVantrelGrid, private TVantrelTableL
   void RecordMoved() override;
   void Rebuild() { BeginUpdate(), EndUpdate(); }
   void RestoreFocus();
+  void RestoreSelection();
   void SetFocused(int record);
   void Current(const QModelIndex& current);
   void ShowInfo();
@@ -103,16 +108,17 @@ class TDesktopGrid : public QWidget, public TVantrelGrid, private TVantrelTableL
   void AddSortActions(QMenu& menu, int ordinal);
   void AddFilterActions(QMenu& menu, int ordinal);
   void AddColumnActions(QMenu& menu, int ordinal);
-  std::vector<int> SelectedRecords() const;
   int OrdinalOf(const QString& id) const;
 
   TGridModel FModel;
   TGridView* FView;
+  TGridSelection FSelection;
   QLabel* FInfo;
   TFilterLine* FFilterLine;
   int FUpdates = 0;
   int FOldRow = -1;
   int FFocused = -1;
+  std::uint64_t FFocusedId = 0;
   int FFocusedColumn = -1;
   bool FKeepsFocus = true;
   bool FHadKeyboard = false;

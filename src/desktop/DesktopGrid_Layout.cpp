@@ -40,45 +40,33 @@ int TDesktopGrid::OrdinalOf(const QString& id) const {
   return found == Columns().end() ? -1 : static_cast<int>(found - Columns().begin());
 }
 
-std::vector<int> TDesktopGrid::SelectedRecords() const {
-  std::vector<int> rows;
-  for (const auto& index : FView->selectionModel()->selectedRows(FView->VisibleColumn(-1))) rows.push_back(index.row());
-  std::sort(rows.begin(), rows.end());
-  std::vector<int> records;
-  for (const int row : rows)
-    if (const int record = FModel.RecordAt(row); record >= 0) records.push_back(record);
-  return records;
-}
-
 int TDesktopGrid::SelectedCount() const {
-  return static_cast<int>(SelectedRecords().size());
+  return static_cast<int>(FSelection.Records().size());
 }
 
 int TDesktopGrid::SelectedRecord(int index) const {
-  const auto records = SelectedRecords();
+  const auto records = FSelection.Records();
   return index < 0 || index >= static_cast<int>(records.size()) ? -1 : records[static_cast<std::size_t>(index)];
 }
 
 void TDesktopGrid::ClearSelection() {
-  FView->selectionModel()->clearSelection();
+  FSelection.Select({});
 }
 
 void TDesktopGrid::SelectRecords(const std::vector<int>& records) {
   if (!FModel.Options().MultiSelect && (records.size() > 1 || !FModel.Options().ReadOnly)) return;
-  QItemSelection selection;
-  for (const int record : records)
-    if (const int row = FModel.RowOf(record); row >= 0) selection.select(FModel.index(row, 0), FModel.index(row, 0));
-  FView->selectionModel()->select(selection, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+  FSelection.Select(records);
 }
 
 void TDesktopGrid::DeleteSelection() {
   auto* table = FModel.Data().Table();
   if (table == nullptr) return;
-  const auto records = SelectedRecords();
+  std::vector<std::uint64_t> selected;
+  for (const int record : FSelection.Records()) selected.push_back(table->RecordId(record));
   BeginUpdate();
   table->DisableControls();
-  for (auto record = records.rbegin(); record != records.rend(); ++record) {
-    table->SetRecNo(*record + 1);
+  for (const auto id : selected) {
+    table->SetRecNo(table->RecordOf(id) + 1);
     table->Delete();
   }
   table->EnableControls();

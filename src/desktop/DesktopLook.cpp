@@ -1,6 +1,7 @@
 #include "DesktopLook.h"
 
 #include <QApplication>
+#include <QFontInfo>
 #include <QLibraryInfo>
 #include <QLocale>
 #include <QMainWindow>
@@ -110,6 +111,11 @@ TDialogScope::TDialogScope() {
 
 TDialogScope::~TDialogScope() {
   if (FCursor) QApplication::setOverrideCursor(*FCursor);
+}
+
+double FontScale(const QWidget& widget) {
+  constexpr double usualFont = 14;
+  return std::max(1.0, QFontInfo(widget.font()).pixelSize() / usualFont);
 }
 
 QColor Blend(const QColor& under, const QColor& over, double share) {

@@ -48,5 +48,8 @@ class TDialogScope {
   std::optional<QCursor> FCursor;
 };
 
+/// How much larger than usual the font of a widget is, from 1 on. Widths are told for the usual one.
+double FontScale(const QWidget& widget);
+
 /// `share` of `over` (0 to 1) laid on `under`.
 QColor Blend(const QColor& under, const QColor& over, double share);

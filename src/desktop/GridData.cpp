@@ -50,6 +50,17 @@ void TGridData::SetValue(int record, int ordinal, const TVariant& value) {
   }
 }
 
+TVariant TGridData::FieldValue(int record, std::string_view field) const {
+  const auto* found = FTable == nullptr ? nullptr : FTable->FindField(field);
+  return found == nullptr ? TVariant::Null() : FTable->ValueAt(record, found->Index());
+}
+
+std::uint64_t TGridData::RecordId(int record) const {
+  if (FTable != nullptr) return FTable->RecordId(record);
+  if (FSource == nullptr || record < 0 || record >= RecordCount()) return 0;
+  return reinterpret_cast<std::uintptr_t>(FSource->GetRecordHandle(record));
+}
+
 QString TGridData::DisplayText(int record, int ordinal) const {
   const auto value = Read(record, ordinal);
   return value ? DisplayTextOf(Column(ordinal), ordinal, *value) : UserText(DesktopTexts::InvalidValue);

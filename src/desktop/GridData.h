@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <cstdint>
 #include <optional>
 #include <set>
 #include <vector>
@@ -19,6 +20,10 @@ class TGridData {
   int RecordCount() const;
   /// Null where reading the value raises.
   TVariant Value(int record, int ordinal) const { return Read(record, ordinal).value_or(TVariant::Null()); }
+  /// The value of a field of the bound table, also of one that no column shows; null without such a field.
+  TVariant FieldValue(int record, std::string_view field) const;
+  /// A number that stays with the record while the rows are bound; 0 where there is no such record.
+  std::uint64_t RecordId(int record) const;
   bool IsReadable(int record, int ordinal) const { return Read(record, ordinal).has_value(); }
   void SetValue(int record, int ordinal, const TVariant& value);
   /// What the user reads in a cell. Never raises: what cannot be shown is told in words.

@@ -78,6 +78,7 @@ int TGridModel::columnCount(const QModelIndex& parent) const {
 }
 
 QVariant TGridModel::data(const QModelIndex& index, int role) const {
+  if (!index.isValid()) return {};
   const auto& row = Row(index.row());
   if (role != Qt::DisplayRole && role != Qt::ToolTipRole && role != Qt::AccessibleTextRole) return {};
   const QString text = row.Record < 0 ? row.Text : FData.DisplayText(row.Record, index.column());
@@ -86,7 +87,7 @@ QVariant TGridModel::data(const QModelIndex& index, int role) const {
 }
 
 QVariant TGridModel::headerData(int section, Qt::Orientation orientation, int role) const {
-  if (orientation == Qt::Vertical || section >= columnCount()) return {};
+  if (orientation == Qt::Vertical || section < 0 || section >= columnCount()) return {};
   const auto& column = FData.Column(section);
   if (role == Qt::DisplayRole) return FromUtf8(column.Caption);
   if (role == Qt::ToolTipRole) return TipIfCut(FromUtf8(column.Caption), column.Width);
@@ -94,6 +95,7 @@ QVariant TGridModel::headerData(int section, Qt::Orientation orientation, int ro
 }
 
 Qt::ItemFlags TGridModel::flags(const QModelIndex& index) const {
+  if (!index.isValid()) return Qt::NoItemFlags;
   Qt::ItemFlags flags = Qt::ItemIsEnabled | Qt::ItemIsSelectable;
   if (IsGroup(index)) return flags;
   if (!FOptions.ReadOnly && FData.Column(index.column()).Editing) flags |= Qt::ItemIsEditable;
@@ -107,5 +109,6 @@ void TGridModel::Write(const QModelIndex& index, const TVariant& value) {
 }
 
 void TGridModel::RecordChanged(int record) {
-  if (const int row = RowOf(record); row >= 0) emit dataChanged(index(row, 0), index(row, columnCount() - 1));
+  if (const int row = RowOf(record); row >= 0 && columnCount() > 0)
+    emit dataChanged(index(row, 0), index(row, columnCount() - 1));
 }

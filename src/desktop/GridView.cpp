@@ -82,17 +82,12 @@ void TGridView::ColumnResized(int ordinal, int width) {
   FitRows();
 }
 
-double TGridView::Scale() const {
-  constexpr double usualFont = 14;
-  return std::max(1.0, QFontInfo(font()).pixelSize() / usualFont);
-}
-
 int TGridView::ToPixels(int width) const {
-  return static_cast<int>(std::lround(width * Scale()));
+  return static_cast<int>(std::lround(width * FontScale(*this)));
 }
 
 int TGridView::FromPixels(int pixels) const {
-  return static_cast<int>(std::lround(pixels / Scale()));
+  return static_cast<int>(std::lround(pixels / FontScale(*this)));
 }
 
 int TGridView::WidthOfColumns() const {
@@ -224,6 +219,16 @@ bool TGridView::IsTinted(int ordinal) const {
   auto& tint = FTints[static_cast<std::size_t>(ordinal)];
   if (!tint) tint = !MayEdit(ordinal);
   return *tint;
+}
+
+void TGridView::selectAll() {
+  if (selectionMode() == ExtendedSelection && OnSelectAll) OnSelectAll();
+}
+
+QItemSelectionModel::SelectionFlags TGridView::selectionCommand(const QModelIndex& index, const QEvent* event) const {
+  const auto command = QTableView::selectionCommand(index, event);
+  FSelectsRange = command.testFlag(QItemSelectionModel::Current);
+  return command;
 }
 
 void TGridView::focusInEvent(QFocusEvent* event) {

@@ -53,7 +53,12 @@ class TGridView : public QTableView {
   std::function<void()> OnRowsChange;  ///< the rows must be built anew
   std::function<void(const QModelIndex& current)> OnCurrent;
   std::function<void(const QPoint& place)> OnMenu;
+  std::function<void()> OnSelectAll;
   std::function<bool()> OnLiftFilter;  ///< false where there is no filter
+
+  void selectAll() override;
+  /// What was selected last came about by Shift or by dragging: a range that grows and shrinks.
+  bool SelectsRange() const { return FSelectsRange; }
 
   /// A key of the open editor: true where it does not go on to it.
   bool EditorKey(const QKeyEvent& event);
@@ -65,6 +70,7 @@ class TGridView : public QTableView {
 
  protected:
   bool edit(const QModelIndex& index, EditTrigger trigger, QEvent* event) override;
+  QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex& index, const QEvent* event) const override;
   void keyPressEvent(QKeyEvent* event) override;
   bool focusNextPrevChild(bool next) override;
   void focusInEvent(QFocusEvent* event) override;
@@ -81,7 +87,6 @@ class TGridView : public QTableView {
   void verticalScrollbarValueChanged(int value) override;
 
  private:
-  double Scale() const;
   void FitRow(int row);
   /// True where that changed a width.
   bool FillRest();
@@ -111,5 +116,6 @@ class TGridView : public QTableView {
   bool FClickedCurrent = false;
   bool FApplying = false;  ///< widths change by the program, not by the user
   QString FSearch;
+  mutable bool FSelectsRange = false;
   mutable std::vector<std::optional<bool>> FTints;
 };

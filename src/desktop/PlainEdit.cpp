@@ -10,23 +10,24 @@ namespace {
 /// Refuses what would make a line longer than can be typed. A longer one that was set can be shortened.
 class TLengthValidator : public QValidator {
  public:
-  TLengthValidator(QLineEdit& edit, int most) : QValidator(&edit), FMost(most) {
-    connect(&edit, &QLineEdit::textChanged, this, [this](const QString& text) { FLength = text.size(); });
-  }
+  /// `length` is that of the line before a change.
+  TLengthValidator(QLineEdit& edit, qsizetype most, const qsizetype& length)
+      : QValidator(&edit), FMost(most), FLength(length) {}
   State validate(QString& input, int&) const override {
     return input.size() <= std::max(FMost, FLength) ? Acceptable : Invalid;
   }
 
  private:
   qsizetype FMost;
-  qsizetype FLength = 0;
+  const qsizetype& FLength;
 };
 }  // namespace
 
 TPlainEdit::TPlainEdit(const TEditorDescription& description, QWidget* parent)
     : QLineEdit(parent), TValueEditor(*this, description) {
   setPlaceholderText(FromUtf8(description.NullText));
-  if (description.MaxLength > 0) setValidator(new TLengthValidator(*this, description.MaxLength));
+  if (description.MaxLength > 0) setValidator(new TLengthValidator(*this, description.MaxLength, FLength));
+  connect(this, &QLineEdit::textChanged, this, [this](const QString& now) { FLength = now.size(); });
   connect(this, &QLineEdit::inputRejected, this, [this] { Refuse(); });
   connect(this, &QLineEdit::textEdited, this, [this] { Changed(); });
 }
@@ -50,7 +51,9 @@ TVariant TPlainEdit::Entered() const {
 }
 
 void TPlainEdit::Show(const TVariant& value, const QString&) {
-  setText(FromUtf8(value.AsTextOrEmpty()));
+  const QString shown = FromUtf8(value.AsTextOrEmpty());
+  FLength = shown.size();
+  setText(shown);
 }
 
 void PlaceCursor(QLineEdit& edit, bool atEnd) {

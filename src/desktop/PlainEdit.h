@@ -16,6 +16,9 @@ class TPlainEdit : public QLineEdit, public TValueEditor {
  protected:
   TVariant Entered() const override;
   void Show(const TVariant& value, const QString& shown) override;
+
+ private:
+  qsizetype FLength = 0;
 };
 
 /// The cursor behind the text, or all of it to be replaced.

@@ -1,6 +1,5 @@
 // The password dialog and the about window.
 #include <QBoxLayout>
-#include <QDialog>
 #include <QIcon>
 #include <QLabel>
 #include <QLineEdit>
@@ -10,16 +9,16 @@
 
 #include "DesktopDialogs.h"
 #include "DesktopLook.h"
+#include "DesktopModalForm.h"
 #include "DesktopTexts.h"
 #include "QtText.h"
 
 namespace {
 
 /// A dialog of fixed size: a column of parts, then a row of buttons on the right.
-class TSmallDialog : public QDialog {
+class TSmallDialog : public TDesktopModalForm {
  public:
-  explicit TSmallDialog(const QString& title)
-      : QDialog(ActiveWindow()), FParts(new QVBoxLayout), FButtons(new QHBoxLayout) {
+  explicit TSmallDialog(const QString& title) : FParts(new QVBoxLayout), FButtons(new QHBoxLayout) {
     setWindowTitle(title);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(16, 16, 16, 12);
@@ -38,10 +37,6 @@ class TSmallDialog : public QDialog {
   }
   /// As large as its parts need, and `height` pixels high where that is enough for them.
   void FixSize(int height = 0) { setFixedSize(sizeHint().width(), std::max(sizeHint().height(), height)); }
-  bool Run() {
-    const TDialogScope scope;
-    return exec() == Accepted;
-  }
 
  private:
   QVBoxLayout* FParts;
@@ -69,7 +64,7 @@ std::string TDesktopDialogs::AskPassword() {
   QObject::connect(ok, &QPushButton::clicked, &dialog, &QDialog::accept);
   QObject::connect(cancel, &QPushButton::clicked, &dialog, &QDialog::reject);
   dialog.FixSize();
-  return dialog.Run() ? ToUtf8(editor->text()) : std::string();
+  return dialog.ShowModal() ? ToUtf8(editor->text()) : std::string();
 }
 
 void TDesktopDialogs::ShowAbout(const TAboutInfo& about) {
@@ -99,5 +94,5 @@ void TDesktopDialogs::ShowAbout(const TAboutInfo& about) {
   QObject::connect(close, &QPushButton::clicked, &dialog, &QDialog::accept);
   dialog.FixSize(height);
   dialog.move(dialog.screen()->geometry().center() - dialog.rect().center());
-  dialog.Run();
+  dialog.ShowModal();
 }

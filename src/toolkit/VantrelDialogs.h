@@ -85,6 +85,8 @@ class TVantrelFormItem {
 class TVantrelModalForm {
  public:
   virtual ~TVantrelModalForm() = default;
+  /// Asked whenever it is about to end, however that came about; `ok` as ShowModal will answer. False keeps it open.
+  std::function<bool(bool ok)> OnCloseQuery;
   /// True if it ended with its OK button.
   virtual bool ShowModal() = 0;
   /// Ends it from a handler.

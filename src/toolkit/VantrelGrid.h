@@ -132,6 +132,8 @@ class TVantrelGrid {
   /// All records of the source, whatever the filter.
   virtual int RecordCount() const = 0;
   virtual TVariant Value(int record, int ordinal) const = 0;
+  /// Of a field of the bound table, also of one that has no column; null where there is no such field or no table.
+  virtual TVariant FieldValue(int record, std::string_view field) const = 0;
   virtual std::string DisplayText(int record, int ordinal) const = 0;
   /// What is shown, from the top, with all groups opened.
   virtual std::vector<TGridShownRow> ShownRows() const = 0;
@@ -163,9 +165,11 @@ class TVantrelGrid {
   virtual void SetFilterActive(bool active) = 0;
 
   virtual int SelectedCount() const = 0;
-  /// The n-th selected record from the top, -1 if there is none.
+  /// The n-th selected record, -1 if there is none: in the order of the clicks, those selected at once from the top. A
+  /// sort keeps the selection; a record that a filter or a closed group hides leaves it.
   virtual int SelectedRecord(int index) const = 0;
   virtual void ClearSelection() = 0;
+  /// These alone, in this order; what is not shown is passed over.
   virtual void SelectRecords(const std::vector<int>& records) = 0;
   /// Deletes the selected records from the bound table.
   virtual void DeleteSelection() = 0;

@@ -176,13 +176,13 @@ void TVantrelMemTable::Post() {
 }
 
 void TVantrelMemTable::PostNew() {
-  const auto sorted = [this](const TRow& value, const std::unique_ptr<TRow>& row) {
+  const auto sorted = [this](const TRow& value, const std::unique_ptr<TRecord>& row) {
     const auto field = static_cast<std::size_t>(FSortField);
     return Before(value[field], (*row)[field]);
   };
   auto place = FSortField < 0 ? FRows.end() : std::upper_bound(FRows.begin(), FRows.end(), FBuffer, sorted);
   const bool atEnd = place == FRows.end();
-  TRow* row = FRows.insert(place, std::make_unique<TRow>(std::move(FBuffer)))->get();
+  TRecord* row = FRows.insert(place, std::make_unique<TRecord>(std::move(FBuffer), ++FLastId))->get();
   if (!atEnd || FFiltered) {
     FIndexes.clear();
     RebuildView(row);
@@ -195,12 +195,12 @@ void TVantrelMemTable::PostNew() {
 }
 
 void TVantrelMemTable::PostChange() {
-  TRow* row = CurrentRow();
+  TRecord* row = CurrentRow();
   std::erase_if(FIndexes, [&](const auto& entry) {
     const auto field = static_cast<std::size_t>(entry.first);
     return !((*row)[field] == FBuffer[field]);
   });
-  *row = std::move(FBuffer);
+  static_cast<TRow&>(*row) = std::move(FBuffer);
   if (FSortField >= 0) SortRows(FSortField, false);
   if (FSortField >= 0 || FFiltered) RebuildView(row);
 }
@@ -303,6 +303,15 @@ TVariant TVantrelMemTable::ValueAt(int record, int field) const {
   return (*FView[static_cast<std::size_t>(record)])[static_cast<std::size_t>(field)];
 }
 
+std::uint64_t TVantrelMemTable::RecordId(int record) const {
+  return record < 0 || record >= RecordCount() ? 0 : FView[static_cast<std::size_t>(record)]->Id;
+}
+
+int TVantrelMemTable::RecordOf(std::uint64_t id) const {
+  const auto place = std::ranges::find(FView, id, &TRecord::Id);
+  return place == FView.end() ? -1 : static_cast<int>(place - FView.begin());
+}
+
 void TVantrelMemTable::Sort(std::string_view field, bool descending) {
   LeaveEdit();
   SortRows(FieldByName(field).Index(), descending);
@@ -334,12 +343,12 @@ void TVantrelMemTable::SetFiltered(bool filtered) {
 
 /// Fills the view anew, with `current` as the current record if it is there, else the first one.
 void TVantrelMemTable::RebuildView(const TRow* current) {
-  std::vector<TRow*> view;
+  std::vector<TRecord*> view;
   view.reserve(FRows.size());
   for (const auto& row : FRows)
     if (Passes(*row)) view.push_back(row.get());
   FView = std::move(view);
-  const auto place = std::ranges::find(FView, current);
+  const auto place = std::find(FView.begin(), FView.end(), current);
   FCursor = place != FView.end() ? static_cast<int>(place - FView.begin()) : std::min(0, RecordCount() - 1);
   FBof = FEof = FView.empty();
 }

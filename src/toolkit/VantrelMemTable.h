@@ -123,6 +123,11 @@ class TVantrelMemTable : public TVantrelObject {
   /// A posted value by record (from 0, among those that pass the filter) and field index; null outside.
   TVariant ValueAt(int record, int field) const;
 
+  /// A number that stays with the record as long as it is in the table, and is never given to another one; 0 outside.
+  std::uint64_t RecordId(int record) const;
+  /// The place of the record of that number from 0 on, among those that pass the filter; -1 if it is not there.
+  int RecordOf(std::uint64_t id) const;
+
   /// Sorts the records once, equal ones staying in order, texts without regard to case, null first.
   void Sort(std::string_view field, bool descending = false);
   /// Keeps the records in ascending order of a field; an empty name ends that.
@@ -142,6 +147,10 @@ class TVantrelMemTable : public TVantrelObject {
  private:
   friend class TVantrelField;
   using TIndex = std::unordered_map<double, std::size_t>;
+  struct TRecord : TRow {
+    TRecord(TRow&& values, std::uint64_t id) : TRow(std::move(values)), Id(id) {}
+    const std::uint64_t Id;
+  };
   using TNotification = void (TVantrelTableListener::*)();
 
   void RequireActive() const;
@@ -152,15 +161,16 @@ class TVantrelMemTable : public TVantrelObject {
   bool Passes(const TRow& row) const { return !FFiltered || !FOnFilterRecord || FOnFilterRecord(row); }
   void PostNew();
   void PostChange();
-  TRow* CurrentRow() const { return FCursor < 0 ? nullptr : FView[static_cast<std::size_t>(FCursor)]; }
+  TRecord* CurrentRow() const { return FCursor < 0 ? nullptr : FView[static_cast<std::size_t>(FCursor)]; }
   std::size_t PlaceOf(int field, const TVariant& value) const;
   void AddToIndex(TIndex& index, int field, std::size_t place) const;
   void Notify(TNotification notification);
 
   std::vector<std::unique_ptr<TVantrelField>> FFields;
   /// All records in their order, and those of them that pass the filter.
-  std::vector<std::unique_ptr<TRow>> FRows;
-  std::vector<TRow*> FView;
+  std::vector<std::unique_ptr<TRecord>> FRows;
+  std::vector<TRecord*> FView;
+  std::uint64_t FLastId = 0;
   /// First place in FRows by value, per number field that was looked for.
   mutable std::unordered_map<int, TIndex> FIndexes;
   TRow FBuffer;

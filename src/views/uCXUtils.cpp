@@ -29,24 +29,18 @@ void TCXUtils::SyncSelectionToFocus(TVantrelGrid& gridView) {
 }
 
 TVariant TCXUtils::GetSelectedRecord(const TVantrelGrid& gridView, int recordIndex, std::string_view fieldname) {
-  const auto& columns = gridView.Columns();
-  const auto column = std::ranges::find(columns, fieldname, &TGridColumn::Field);
-  const int record = gridView.SelectedRecord(recordIndex);
-  if (column == columns.end() || record < 0) return TVariant::Null();
-  return gridView.Value(record, static_cast<int>(column - columns.begin()));
+  return gridView.FieldValue(gridView.SelectedRecord(recordIndex), fieldname);
 }
 
 void TCXUtils::SelectAll(TVantrelGrid& gridView, bool forceSelect) {
   std::vector<int> records;
-  int count = gridView.RecordCount();
   if (gridView.IsGrouped()) {
     records = gridView.FocusedGroupRecords();
-    count = static_cast<int>(records.size());
   } else {
     for (const auto& row : gridView.ShownRows())
       if (row.Record >= 0) records.push_back(row.Record);
   }
-  if (gridView.SelectedCount() == count && !forceSelect)
+  if (gridView.SelectedCount() == static_cast<int>(records.size()) && !forceSelect)
     gridView.ClearSelection();
   else
     gridView.SelectRecords(records);

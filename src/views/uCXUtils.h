@@ -20,10 +20,10 @@ class TCXUtils {
 
   /// Selects just the focused record, if there is one.
   static void SyncSelectionToFocus(TVantrelGrid& gridView);
-  /// The value that the n-th selected record has in the column of that field; null if there is none.
+  /// The value of a field of the n-th selected record, whether a column shows it or not; null if there is none.
   static TVariant GetSelectedRecord(const TVantrelGrid& gridView, int recordIndex, std::string_view fieldname);
-  /// Selects all records, in a grouped grid those of the focused group instead of what was selected. If they are
-  /// selected already and `forceSelect` is off, clears the selection.
+  /// Selects all records that are shown, in a grouped grid those of the focused group instead of what was selected. If
+  /// they are selected already and `forceSelect` is off, clears the selection.
   static void SelectAll(TVantrelGrid& gridView, bool forceSelect);
   /// Makes it an editor by lookup list, which the Delete key clears.
   static void SetExtLookupComboBoxProperties(TEditorDescription& properties, const TEditorLookup& view,

@@ -13,12 +13,14 @@ TEST(CXUtils, GridHelpers) {
   auto& command = commands.Add({});
   grid.SetOptions({.MultiSelect = true, .Grouping = true});
   table.AddField("ID", TVantrelFieldType::ftInteger);
+  table.AddField("Name", TVantrelFieldType::ftInteger);
   table.Open();
-  grid.AddColumn({.Id = "id", .Caption = "Nr.", .Field = "ID"});
+  grid.AddColumn({.Id = "name", .Caption = "Name", .Field = "Name"});
   grid.BindTable(&table);
   for (int i = 0; i < 3; ++i) {
     table.Append();
     table.FieldByName("ID").SetValue(i * 10);
+    table.FieldByName("Name").SetValue(i);
     table.Post();
   }
   TCXUtils::SelectAll(grid, false);
@@ -29,6 +31,13 @@ TEST(CXUtils, GridHelpers) {
   EXPECT_EQ(grid.SelectedCount(), 3);
   TCXUtils::SelectAll(grid, false);
   EXPECT_EQ(grid.SelectedCount(), 0);
+  grid.AddFilter(0, 1, "");
+  grid.SetFilterActive(true);
+  for (const int selected : {1, 0}) {
+    TCXUtils::SelectAll(grid, false);
+    EXPECT_EQ(grid.SelectedCount(), selected);
+  }
+  grid.SetFilterActive(false);
   grid.GroupColumn(0, 0);
   grid.FocusRecord(1);
   grid.ClearSelection();

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QAbstractItemModelTester>
 #include <QMenu>
 #include <QTest>
 #include <QTimer>
@@ -142,4 +143,5 @@ class GridTest : public testing::Test {
   TRowsSource Source{
       {{"Özil", TVariant::Null(), 5, "P"}, {"adam", 102, 12, "F"}, {"Zink", 101, TVariant::Null(), "P"}}};
   TDesktopGrid Grid;
+  QAbstractItemModelTester ModelTester{Grid.View().model()};
 };

@@ -4,6 +4,7 @@
 
 #include "ColumnChooser.h"
 #include "GridFixture.h"
+#include "uCXUtils.h"
 
 TEST_F(GridTest, SortsByWhatIsReadAndKeepsTheFocus) {
   FocusCell(2, Name);
@@ -226,6 +227,58 @@ TEST_F(ListTest, FocusAndTableGoTogether) {
     EXPECT_EQ(Grid.FocusedRecord(), shown);
   }
   EXPECT_FALSE(Grid.CanGotoPrev() || Grid.CanGotoNext());
+}
+
+TEST_F(ListTest, SelectionKeepsTheOrderOfTheClicks) {
+  const auto click = [this](int row, Qt::KeyboardModifiers modifiers) {
+    auto& view = Grid.View();
+    const QPoint place = view.visualRect(view.model()->index(row, 0)).center();
+    QTest::mouseClick(view.viewport(), Qt::LeftButton, modifiers, place);
+  };
+  const auto selected = [this] {
+    std::vector<std::string> tokens;
+    for (int i = 0; i < Grid.SelectedCount(); ++i)
+      tokens.push_back(TCXUtils::GetSelectedRecord(Grid, i, "Token").AsText());
+    return tokens;
+  };
+  using TTokens = std::vector<std::string>;
+  click(3, {});
+  click(1, Qt::ControlModifier);
+  click(4, Qt::ControlModifier);
+  EXPECT_EQ(selected(), (TTokens{"2", "1", "tf"}));
+  Grid.ClickHeader(0, false);
+  Grid.ClickHeader(0, false);
+  EXPECT_EQ(selected(), (TTokens{"2", "1", "tf"}));
+  Grid.SetColumnSort(0, TGridSortOrder::None, -1);
+  Grades.Sort("Token", true);
+  EXPECT_EQ(selected(), (TTokens{"2", "1", "tf"}));
+  EXPECT_EQ(Grid.View().selectionModel()->selectedRows().size(), 3);
+  Grades.Sort("ID");
+  Grid.AddFilter(0, "2", "2");
+  Grid.SetFilterActive(true);
+  EXPECT_EQ(selected(), TTokens{"2"});
+  Grid.SetFilterActive(false);
+  EXPECT_EQ(selected(), TTokens{"2"});
+  click(3, {});
+  click(1, Qt::ShiftModifier);
+  EXPECT_EQ(selected(), (TTokens{"1", "15", "2"}));
+  click(2, Qt::ShiftModifier);
+  click(0, Qt::ControlModifier);
+  EXPECT_EQ(selected(), (TTokens{"15", "2", "1-"}));
+  Key(Qt::Key_A, Qt::ControlModifier);
+  EXPECT_EQ(selected(), (TTokens{"1-", "1", "15", "2", "tf"}));
+  click(4, {});
+  click(1, Qt::ControlModifier);
+  Grid.DeleteSelection();
+  EXPECT_EQ(Grades.RecordCount(), 3);
+  EXPECT_EQ(Grades.RecordOf(Grades.RecordId(2)), 2);
+  EXPECT_EQ(Shown(0, 0) + Shown(1, 0) + Shown(2, 0), "1-152");
+  EXPECT_EQ(selected(), TTokens{"15"});
+  click(0, {});
+  Grades.Append();
+  Grades.FieldByName("Token").SetValue("neu");
+  Grades.Post();
+  EXPECT_EQ(selected(), TTokens{"neu"});
 }
 
 TEST_F(ListTest, SortsByTheClickedColumnAlone) {

@@ -1,0 +1,125 @@
+#include "DesktopFieldForm.h"
+
+#include <QBoxLayout>
+#include <QCheckBox>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QLabel>
+#include <QSignalBlocker>
+#include <cmath>
+
+#include "DesktopLook.h"
+#include "FieldEdit.h"
+#include "QtText.h"
+
+TDesktopFieldForm::TDesktopFieldForm(QWidget* parent) : QWidget(parent) {
+  auto* layout = new QHBoxLayout(this);
+  layout->addStretch();
+}
+
+void TDesktopFieldForm::SetFields(const TFormDescription& form) {
+  auto* row = static_cast<QHBoxLayout*>(layout());
+  for (const auto& group : form.Groups) {
+    auto* box = new QGroupBox(FromUtf8(group.Caption));
+    box->setAlignment(Qt::AlignHCenter);
+    box->setMinimumWidth(static_cast<int>(std::lround(group.Width * FontScale(*box))));
+    auto* fields = new QGridLayout;
+    fields->setColumnStretch(1, 1);
+    for (const auto& field : group.Fields) AddField(*fields, field, form.Ticks);
+    auto* column = new QVBoxLayout(box);
+    column->addLayout(fields);
+    column->addStretch();
+    row->insertWidget(row->count() - 1, box);
+    FGroups[group.Key] = box;
+  }
+  for (std::size_t i = 1; i < FTabOrder.size(); ++i) setTabOrder(FTabOrder[i - 1], FTabOrder[i]);
+}
+
+QWidget* TDesktopFieldForm::AddLabel(TField& added, const TFormField& field, bool ticks) {
+  const QString caption = FromUtf8(field.Caption);
+  if (!ticks) {
+    auto* label = new QLabel(caption);
+    label->setBuddy(&added.Edit->Editor().Widget());
+    return label;
+  }
+  added.Tick = new QCheckBox(caption);
+  connect(added.Tick, &QCheckBox::toggled, this, [this, key = field.Key] {
+    if (const auto handler = OnTick) handler(key);
+  });
+  return added.Tick;
+}
+
+void TDesktopFieldForm::AddField(QGridLayout& layout, const TFormField& field, bool ticks) {
+  constexpr int gapHeight = 8;
+  auto& added = FFields[field.Key];
+  if (field.StartsBlock) {
+    auto* gap = new QWidget;
+    gap->setFixedHeight(gapHeight);
+    layout.addWidget(gap, layout.rowCount(), 0);
+    added.Widgets.push_back(gap);
+  }
+  added.Edit = new TFieldEdit(field.Editor, this);
+  added.Edit->OnChange = [this, key = field.Key] {
+    if (const auto handler = OnChange) handler(key);
+  };
+  added.Edit->OnLeave = [this, key = field.Key] {
+    if (const auto handler = OnLeave) handler(key);
+  };
+  auto& editor = added.Edit->Editor().Widget();
+  editor.setAccessibleName(FromUtf8(field.Caption));
+  auto* label = AddLabel(added, field, ticks);
+  const int row = layout.rowCount();
+  layout.addWidget(label, row, 0);
+  layout.addWidget(&editor, row, 1);
+  if (ticks) FTabOrder.push_back(label);
+  FTabOrder.push_back(&editor);
+  added.Widgets.insert(added.Widgets.end(), {label, &editor});
+}
+
+const TDesktopFieldForm::TField* TDesktopFieldForm::Find(const std::string& key) const {
+  const auto found = FFields.find(key);
+  return found == FFields.end() ? nullptr : &found->second;
+}
+
+TVariant TDesktopFieldForm::Value(const std::string& key) const {
+  const auto* field = Find(key);
+  return field == nullptr ? TVariant::Null() : field->Edit->Value();
+}
+
+void TDesktopFieldForm::SetValue(const std::string& key, const TVariant& value) {
+  if (const auto* field = Find(key)) field->Edit->SetValue(value);
+}
+
+bool TDesktopFieldForm::IsValid(const std::string& key) const {
+  const auto* field = Find(key);
+  return field != nullptr && field->Edit->IsValid();
+}
+
+void TDesktopFieldForm::SetEnabled(const std::string& key, bool enabled) {
+  if (const auto* field = Find(key)) field->Edit->Editor().Widget().setEnabled(enabled);
+}
+
+void TDesktopFieldForm::SetVisible(const std::string& key, bool visible) {
+  if (const auto* field = Find(key))
+    for (auto* widget : field->Widgets) widget->setVisible(visible);
+}
+
+void TDesktopFieldForm::SetGroupVisible(const std::string& key, bool visible) {
+  if (const auto group = FGroups.find(key); group != FGroups.end()) group->second->setVisible(visible);
+}
+
+bool TDesktopFieldForm::IsTicked(const std::string& key) const {
+  const auto* field = Find(key);
+  return field != nullptr && field->Tick != nullptr && field->Tick->isChecked();
+}
+
+void TDesktopFieldForm::SetTicked(const std::string& key, bool ticked) {
+  const auto* field = Find(key);
+  if (field == nullptr || field->Tick == nullptr) return;
+  const QSignalBlocker silent(field->Tick);
+  field->Tick->setChecked(ticked);
+}
+
+void TDesktopFieldForm::SetFocus(const std::string& key) {
+  if (const auto* field = Find(key)) field->Edit->Editor().Widget().setFocus(Qt::OtherFocusReason);
+}

@@ -1,0 +1,43 @@
+#pragma once
+
+#include <QWidget>
+#include <map>
+
+#include "VantrelFieldForm.h"
+
+class QCheckBox;
+class QGridLayout;
+class QGroupBox;
+class TFieldEdit;
+
+/// The form of fields as a widget: groups side by side, in each a column of labels and one of editors.
+class TDesktopFieldForm : public QWidget, public TVantrelFieldForm {
+ public:
+  explicit TDesktopFieldForm(QWidget* parent = nullptr);
+
+  void SetFields(const TFormDescription& form) override;
+  TVariant Value(const std::string& key) const override;
+  void SetValue(const std::string& key, const TVariant& value) override;
+  bool IsValid(const std::string& key) const override;
+  void SetEnabled(const std::string& key, bool enabled) override;
+  void SetVisible(const std::string& key, bool visible) override;
+  void SetGroupVisible(const std::string& key, bool visible) override;
+  bool IsTicked(const std::string& key) const override;
+  void SetTicked(const std::string& key, bool ticked) override;
+  void SetFocus(const std::string& key) override;
+
+ private:
+  struct TField {
+    TFieldEdit* Edit = nullptr;
+    QCheckBox* Tick = nullptr;
+    std::vector<QWidget*> Widgets;  ///< all that is shown of it
+  };
+
+  void AddField(QGridLayout& layout, const TFormField& field, bool ticks);
+  QWidget* AddLabel(TField& added, const TFormField& field, bool ticks);
+  const TField* Find(const std::string& key) const;
+
+  std::map<std::string, TField> FFields;
+  std::map<std::string, QGroupBox*> FGroups;
+  std::vector<QWidget*> FTabOrder;
+};

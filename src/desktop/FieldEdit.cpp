@@ -1,0 +1,101 @@
+#include "FieldEdit.h"
+
+#include <QCoreApplication>
+#include <QKeyEvent>
+
+namespace {
+/// The handler may end the form.
+void Tell(const std::function<void()>& event) {
+  if (const auto handler = event) handler();
+}
+
+/// The keyboard comes from another field, or goes to one.
+bool IsBetweenFields(const QEvent& event) {
+  const auto reason = static_cast<const QFocusEvent&>(event).reason();
+  return reason != Qt::PopupFocusReason && reason != Qt::ActiveWindowFocusReason && reason != Qt::MenuBarFocusReason;
+}
+}  // namespace
+
+TFieldEdit::TFieldEdit(const TEditorDescription& description, QWidget* parent)
+    : FEditor(MakeEditor(description, parent)) {
+  setParent(&FEditor.Widget());
+  FEditor.SetOwner(this);
+  FEditor.Widget().installEventFilter(this);
+}
+
+void TFieldEdit::SetValue(const TVariant& value) {
+  FValue = FEntered = value;
+  Show();
+}
+
+void TFieldEdit::Show() {
+  const auto text =
+      FValue.IsEmpty() ? QString() : EditorText(FEditor.Description(), FValue).value_or(NumberText(FValue));
+  FEditor.SetValue(FValue, text);
+}
+
+void TFieldEdit::EditorChanged() {
+  Take(FEditor.IsComplete() ? FEditor.Value() : FEntered);
+}
+
+void TFieldEdit::Take(const TVariant& value) {
+  if (value == FValue || (value.IsEmpty() && FValue.IsEmpty())) return;
+  FValue = value;
+  Tell(OnChange);
+}
+
+void TFieldEdit::Enter() {
+  FEntered = FValue;
+  if (FEditor.IsChanged()) Show();
+  FEditor.Reload();
+}
+
+void TFieldEdit::Leave() {
+  if (!FEditor.IsComplete()) FEditor.Restore();
+  Tell(OnLeave);
+}
+
+bool TFieldEdit::TakeBack() {
+  const bool wasOpen = FEditor.CloseList();
+  if (!FEditor.IsChanged()) return wasOpen;
+  FEditor.Restore();
+  Take(FEntered);
+  return true;
+}
+
+bool TFieldEdit::TakeReturn() {
+  if (FEditor.HasLines()) return false;
+  const bool wasOpen = FEditor.CloseList();
+  if (!FEditor.Description().ReturnMovesOn) return wasOpen;
+  QKeyEvent tab(QEvent::KeyPress, Qt::Key_Tab, Qt::NoModifier);
+  QCoreApplication::sendEvent(&FEditor.Widget(), &tab);
+  return true;
+}
+
+bool TFieldEdit::TakeKey(const QKeyEvent& key) {
+  const bool isReturn = key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter;
+  const bool isTab = key.key() == Qt::Key_Tab || key.key() == Qt::Key_Backtab;
+  if ((isReturn || isTab) && FEditor.KeepsOpen()) {
+    FEditor.Refuse();
+    return true;
+  }
+  if (isReturn) return TakeReturn();
+  if (key.key() == Qt::Key_Escape) return TakeBack();
+  return FEditor.TakeKey(key);
+}
+
+bool TFieldEdit::eventFilter(QObject* watched, QEvent* event) {
+  switch (event->type()) {
+    case QEvent::KeyPress:
+      return TakeKey(*static_cast<QKeyEvent*>(event));
+    case QEvent::FocusIn:
+      if (IsBetweenFields(*event)) Enter();
+      break;
+    case QEvent::FocusOut:
+      if (IsBetweenFields(*event)) Leave();
+      break;
+    default:
+      break;
+  }
+  return QObject::eventFilter(watched, event);
+}

@@ -1,0 +1,38 @@
+#pragma once
+
+#include <QObject>
+#include <functional>
+
+#include "ValueEditor.h"
+
+/// A field of a form: its editor, from the keyboard's coming to its going.
+class TFieldEdit : public QObject, public TEditorOwner {
+ public:
+  TFieldEdit(const TEditorDescription& description, QWidget* parent);
+
+  TValueEditor& Editor() { return FEditor; }
+  const TVariant& Value() const { return FValue; }
+  void SetValue(const TVariant& value);
+  bool IsValid() const { return FEditor.IsComplete(); }
+
+  void EditorChanged() override;
+
+  std::function<void()> OnChange;
+  std::function<void()> OnLeave;
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  void Show();
+  void Take(const TVariant& value);
+  void Enter();
+  void Leave();
+  bool TakeKey(const QKeyEvent& key);
+  bool TakeReturn();
+  bool TakeBack();
+
+  TValueEditor& FEditor;
+  TVariant FValue = TVariant::Null();
+  TVariant FEntered = TVariant::Null();  ///< as it was when the keyboard came
+};

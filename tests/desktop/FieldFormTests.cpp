@@ -1,0 +1,233 @@
+#include <gtest/gtest.h>
+
+#include <QCheckBox>
+#include <QGroupBox>
+#include <QLineEdit>
+#include <QTest>
+#include <QTimer>
+#include <QTreeWidget>
+#include <QWheelEvent>
+
+#include "DesktopFieldForm.h"
+#include "DesktopModalForm.h"
+#include "LookupEdit.h"
+#include "VantrelMemTable.h"
+
+/// A form with a field of each kind, and a text before it that Return leaves.
+class FieldFormTest : public testing::Test {
+ protected:
+  FieldFormTest() {
+    Grades.AddField("ID", TVantrelFieldType::ftInteger);
+    Grades.AddField("Token", TVantrelFieldType::ftText, 20);
+    Grades.Open();
+    for (int id = 1; id <= 4; ++id) {
+      Grades.Append();
+      Grades.FieldByName("ID").SetValue(100 + id);
+      Grades.FieldByName("Token").SetValue(std::to_string(id));
+      Grades.Post();
+    }
+    Build(false);
+  }
+
+  void Build(bool ticks) {
+    Form = std::make_unique<TDesktopFieldForm>();
+    using enum TEditorKind;
+    Form->SetFields(
+        {.Groups =
+             {{"texts",
+               "Texte",
+               {{"text", "Text", {.ReturnMovesOn = true, .MaxLength = 8}}, {"memo", "Bemerkung", {.Kind = Memo}}}},
+              {"values",
+               "Werte",
+               {{"days", "Tage", {.Kind = Spin, .ValueKind = TValueKind::Integer, .NullText = "(NULL)"}},
+                {"mark",
+                 "Note",
+                 {.Kind = Spin, .ValueKind = TValueKind::Float, .Minimum = 1, .Decimals = 2, .DeleteClears = true},
+                 true},
+                {"date", "Datum", {.Kind = Date, .ValueKind = TValueKind::Date, .NullText = "-", .DeleteClears = true}},
+                {"grade",
+                 "Verhalten",
+                 {.Kind = Lookup,
+                  .ValueKind = TValueKind::Integer,
+                  .Lookup = {&Grades, "ID", "Token", {}},
+                  .DeleteClears = true}},
+                {"moved", "Versetzt", {.Kind = List, .Items = {{"versetzt", "J"}, {"nicht versetzt", "N"}}}}}}},
+         .Ticks = ticks});
+    Form->OnChange = [this](const std::string& key) { Told.push_back(key + "=" + Form->Value(key).AsTextOrEmpty()); };
+    Form->OnLeave = [this](const std::string& key) { Left.push_back(key); };
+    Form->show();
+    Form->activateWindow();
+    QTest::qWait(1);
+  }
+
+  QWidget& Editor(const std::string& key) {
+    Form->SetFocus(key);
+    return *QApplication::focusWidget();
+  }
+  static QString Shown(const QWidget& editor) {
+    const auto* line = qobject_cast<const QLineEdit*>(&editor);
+    return (line != nullptr ? line : editor.findChild<QLineEdit*>())->text();
+  }
+  static std::string Focus() { return QApplication::focusWidget()->accessibleName().toStdString(); }
+  /// '\n' is Return, '\b' Backspace.
+  static void Type(const char* keys) {
+    for (; *keys != '\0'; ++keys) {
+      auto* editor = QApplication::focusWidget();
+      if (*keys == '\n' || *keys == '\b')
+        QTest::keyClick(editor, *keys == '\n' ? Qt::Key_Return : Qt::Key_Backspace);
+      else
+        QTest::keyClick(editor, *keys);
+    }
+  }
+
+  TVantrelMemTable Grades;
+  std::unique_ptr<TDesktopFieldForm> Form;
+  std::vector<std::string> Told, Left;
+};
+
+TEST_F(FieldFormTest, EachKindTakesWhatIsTypedAndEscapeTakesItBack) {
+  const TVariant null = TVariant::Null();
+  const struct {
+    const char* Key;
+    TVariant Before;
+    const char* Typed;
+    TVariant After;
+  } cases[] = {{"text", "ab", "cd", "abcd"},
+               {"text", "", "123456789", "12345678"},
+               {"text", "zwölf Zeichen", "x", "zwölf Zeichen"},
+               {"text", "zwölf Zeichen", "\b", "zwölf Zeiche"},
+               {"memo", "eins\ncd", "\bx\ny", "x\nyeins\ncd"},
+               {"days", null, "12", 12},
+               {"days", 3, "x", 3},
+               {"days", 7, "\b", null},
+               {"mark", null, "2,345", 2.34},
+               {"mark", 2.5, "\b\b\b0,5", 2.5},
+               {"date", null, "1.2.24", TVariant::DateTime(45323)},
+               {"date", TVariant::DateTime(45323), "\b", TVariant::DateTime(45323)},
+               {"grade", null, "2", 102},
+               {"grade", 103, "x", 103},
+               {"grade", 4711, "x\b", 4711},
+               {"moved", "J", "n", "N"},
+               {"moved", "J", "x\b", "J"}};
+  for (const auto& [key, before, typed, after] : cases) {
+    Form->SetValue(key, before);
+    Told.clear();
+    auto& editor = Editor(key);
+    Type(typed);
+    EXPECT_EQ(Form->Value(key), after) << key << typed;
+    EXPECT_EQ(Told.empty(), before == after && std::string(typed) != "\b\b\b0,5") << key << typed;
+    QTest::keyClick(&editor, Qt::Key_Escape);
+    EXPECT_EQ(Form->Value(key), before) << key << typed;
+    EXPECT_TRUE(Form->IsValid(key));
+  }
+}
+
+TEST_F(FieldFormTest, UntouchedIsUnchanged) {
+  for (const auto& [key, value] : {std::pair("mark", TVariant(0.1F)),
+                                   {"date", TVariant::DateTime(45351.75)},
+                                   {"grade", TVariant(4711)},
+                                   {"moved", TVariant("?")},
+                                   {"days", TVariant(-1)}}) {
+    Form->SetValue(key, value);
+    auto& editor = Editor(key);
+    QWheelEvent wheel(QPointF(5, 5), QPointF(5, 5), {}, {0, 120}, Qt::NoButton, {}, Qt::NoScrollPhase, false);
+    QApplication::sendEvent(&editor, &wheel);
+    QTest::keyClick(&editor, Qt::Key_Tab);
+    EXPECT_EQ(Form->Value(key), value) << key;
+    EXPECT_EQ(Form->Value(key).Kind(), value.Kind()) << key;
+  }
+  EXPECT_TRUE(Told.empty());
+}
+
+TEST_F(FieldFormTest, KeysLeadThroughTheFields) {
+  Form->SetEnabled("memo", false);
+  Form->SetVisible("mark", false);
+  auto& first = Editor("text");
+  QTest::keyClick(&first, Qt::Key_Return);
+  EXPECT_EQ(Focus(), "Tage");
+  Type("4\n");
+  EXPECT_EQ(Focus(), "Tage");
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+  EXPECT_EQ(Focus(), "Datum");
+  Type("1.2");
+  EXPECT_FALSE(Form->IsValid("date"));
+  for (const auto key : {Qt::Key_Tab, Qt::Key_Return}) QTest::keyClick(QApplication::focusWidget(), key);
+  EXPECT_EQ(Focus(), "Datum");
+  Form->SetFocus("grade");
+  EXPECT_TRUE(Form->IsValid("date") && Form->Value("date").IsNull());
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Backtab, Qt::ShiftModifier);
+  EXPECT_EQ(Focus(), "Datum");
+  EXPECT_EQ(Told, std::vector<std::string>{"days=4"});
+  EXPECT_EQ(Left, (std::vector<std::string>{"text", "days", "date", "grade"}));
+}
+
+TEST_F(FieldFormTest, DeleteEmptiesAFieldWhereItIsTold) {
+  const struct {
+    const char* Key;
+    TVariant Value;
+    bool Clears;
+  } cases[] = {{"days", 12, false},
+               {"mark", 2.25, true},
+               {"date", TVariant::DateTime(45323), true},
+               {"grade", 104, true},
+               {"moved", "J", false}};
+  for (const auto& [key, value, clears] : cases) {
+    Form->SetValue(key, value);
+    QTest::keyClick(&Editor(key), Qt::Key_Delete);
+    EXPECT_EQ(Form->Value(key).IsNull(), clears) << key;
+  }
+  EXPECT_EQ(Shown(Editor("date")), "");
+  EXPECT_EQ(static_cast<QLineEdit&>(Editor("date")).placeholderText(), "-");
+}
+
+TEST_F(FieldFormTest, ALookupOffersWhatPassesTheFilterNow) {
+  Grades.SetOnFilterRecord([](const auto& row) { return row[1].AsText() != "3"; });
+  Form->SetValue("grade", 103);
+  Grades.SetFiltered(true);
+  auto& editor = static_cast<TLookupEdit&>(Editor("grade"));
+  EXPECT_EQ(Shown(editor), "3");
+  EXPECT_FALSE(editor.IsListOpen());
+  QTest::mouseClick(&editor, Qt::LeftButton);
+  ASSERT_TRUE(editor.IsListOpen());
+  EXPECT_EQ(editor.List().topLevelItemCount(), 3);
+  QTest::keyClick(&editor, Qt::Key_Return);
+  EXPECT_FALSE(editor.IsListOpen());
+  QTest::keyClick(&editor, Qt::Key_Down);
+  EXPECT_EQ(Told, std::vector<std::string>{"grade=101"});
+  Form->SetValue("grade", 102);
+  EXPECT_EQ(Shown(editor), "2");
+  EXPECT_EQ(Told.size(), 1U);
+}
+
+TEST_F(FieldFormTest, TicksAndGroups) {
+  Build(true);
+  std::vector<std::string> ticked;
+  Form->OnTick = [&](const std::string& key) { ticked.push_back(key); };
+  Form->SetTicked("text", true);
+  Editor("text");
+  for (int i = 0; i < 2; ++i) QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab, {});
+  ASSERT_EQ(Focus(), "Bemerkung");
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Backtab, Qt::ShiftModifier);
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Space);
+  EXPECT_EQ(ticked, std::vector<std::string>{"memo"});
+  EXPECT_TRUE(Form->IsTicked("text") && Form->IsTicked("memo"));
+  EXPECT_FALSE(Form->IsTicked("days") || Form->IsTicked("unbekannt"));
+  Form->SetGroupVisible("values", false);
+  EXPECT_FALSE(Form->findChildren<QGroupBox*>()[1]->isVisible());
+}
+
+TEST(ModalFormTest, AsksBeforeItEnds) {
+  TDesktopModalForm form;
+  std::vector<bool> asked;
+  form.OnCloseQuery = [&](bool ok) {
+    asked.push_back(ok);
+    return asked.size() > 2;
+  };
+  QTimer::singleShot(0, [&] {
+    form.Close(true);
+    QTest::keyClick(&form, Qt::Key_Escape);
+    form.close();
+  });
+  EXPECT_FALSE(form.ShowModal());
+  EXPECT_EQ(asked, (std::vector{true, false, false}));
+}
