@@ -102,8 +102,9 @@ TEST_F(RibbonTest, OneOfARadioGroupIsDown) {
 
 TEST_F(RibbonTest, FoldsAndOpensOverTheView) {
   const int open = Window.centralWidget()->y();
+  const int page = Ribbon().Page(0).height();
   QTest::mouseDClick(&Tabs(), Qt::LeftButton, {}, Tabs().tabRect(0).center());
-  EXPECT_TRUE(QTest::qWaitFor([&] { return Ribbon().IsFolded() && Window.centralWidget()->y() < open - 50; }));
+  EXPECT_TRUE(QTest::qWaitFor([&] { return Ribbon().IsFolded() && Window.centralWidget()->y() < open - page / 2; }));
   EXPECT_FALSE(Button(0, 0)->isVisible());
 
   ClickTab(1);
