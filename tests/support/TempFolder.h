@@ -11,7 +11,10 @@
 /// A folder of its own for one test; goes with it.
 class TempFolder {
  public:
-  TempFolder() : FPath(NextPath()) { std::filesystem::create_directories(FPath); }
+  TempFolder() : FPath(NextPath()) {
+    // What an earlier program of the same number left behind is passed over.
+    while (!std::filesystem::create_directory(FPath)) FPath = NextPath();
+  }
   TempFolder(const TempFolder&) = delete;
   TempFolder& operator=(const TempFolder&) = delete;
   ~TempFolder() {
