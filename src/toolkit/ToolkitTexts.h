@@ -8,6 +8,12 @@ inline constexpr const char* TableOpen = "Die Tabelle ist bereits geöffnet.";
 inline constexpr const char* TableNotInEdit = "Die Tabelle ist nicht im Bearbeitungsmodus.";
 inline constexpr const char* TableNoRecord = "Die Tabelle hat keinen aktuellen Datensatz.";
 
+inline constexpr const char* SheetName = "Tabelle";
+inline constexpr const char* SheetTooLarge =
+    "Die Liste ist für dieses Format zu groß: Es fasst {} Zeilen, {} Spalten und {} Zeichen je Zelle. Bitte wählen Sie "
+    "beim Exportieren das HTML-Format.";
+inline constexpr const char* SheetNotMade = "Die Tabelle konnte nicht erstellt werden: {}";
+
 inline constexpr const char* MsgBoxError = "Fehler";
 
 inline constexpr const char* LaunchError = "Systemfehler (Fehlercode: {}).\r\n{}";

@@ -1,0 +1,103 @@
+#include "VantrelSheet.h"
+
+#include <algorithm>
+
+#include "ToolkitTexts.h"
+#include "VantrelI18n.h"
+#include "VantrelText.h"
+
+namespace {
+
+constexpr std::size_t MaxNameUnits = 31;
+constexpr std::size_t MaxTextUnits = 32767;
+/// In characters. What is longer is wrapped.
+constexpr int MinWidth = 6;
+constexpr int MaxWidth = 60;
+
+bool IsHighSurrogate(char16_t unit) {
+  return (unit & 0xFC00) == 0xD800;
+}
+
+/// The longest line of a text, in UTF-16 units.
+int LineWidth(std::string_view text) {
+  std::size_t width = 0;
+  for (std::size_t start = 0; start <= text.size();) {
+    const auto end = std::min(text.find('\n', start), text.size());
+    width = std::max(width, Utf16Length(text.substr(start, end - start)));
+    start = end + 1;
+  }
+  return static_cast<int>(std::min(width, MaxTextUnits));
+}
+
+void TrimApostrophes(std::string& name) {
+  while (name.starts_with('\'')) name.erase(0, 1);
+  while (name.ends_with('\'')) name.pop_back();
+}
+
+}  // namespace
+
+std::string SheetTools::CellText(std::string_view text) {
+  auto units = Utf8ToUtf16(RepairUtf8(text));
+  for (std::size_t i = 0; i < units.size(); ++i) {
+    if ((units[i] & 0xF800) != 0xD800) continue;
+    const bool isPair = IsHighSurrogate(units[i]) && i + 1 < units.size() && (units[i + 1] & 0xFC00) == 0xDC00;
+    if (isPair)
+      ++i;
+    else
+      units[i] = 0xFFFD;
+  }
+  std::u16string shown;
+  for (std::size_t i = 0; i < units.size(); ++i) {
+    const auto unit = units[i];
+    if (unit == u'\r')
+      shown += i + 1 < units.size() && units[i + 1] == u'\n' ? u"" : u"\n";
+    else if (unit >= u' ' ? unit != 0x7F && unit < 0xFFFE : unit == u'\n' || unit == u'\t')
+      shown += unit;
+  }
+  return Utf16ToUtf8(shown);
+}
+
+std::string SheetTools::SheetName(std::string_view title) {
+  std::string name = CellText(title);
+  std::erase_if(name, [](char c) {
+    return c == '\n' || c == '\t' || std::string_view("[]:*?/\\").find(c) != std::string_view::npos;
+  });
+  auto units = Utf8ToUtf16(name);
+  if (units.size() > MaxNameUnits)
+    units.resize(IsHighSurrogate(units[MaxNameUnits - 1]) ? MaxNameUnits - 1 : MaxNameUnits);
+  name = Utf16ToUtf8(units);
+  TrimApostrophes(name);
+  return name.empty() ? ResourceText(ToolkitTexts::SheetName) : name;
+}
+
+bool SheetTools::IsNumber(const TSheetCell& cell) {
+  constexpr double firstOfMarch1900 = 61;
+  const bool isDate = cell.Format.find('Y') != std::string::npos;
+  return cell.Number && (!isDate || *cell.Number >= firstOfMarch1900);
+}
+
+int SheetTools::ColumnWidth(const TSheet& sheet, std::size_t column) {
+  int width = LineWidth(sheet.Captions[column]);
+  for (const auto& row : sheet.Rows)
+    if (!row.IsHeading && column < row.Cells.size()) width = std::max(width, LineWidth(row.Cells[column].Text));
+  return std::clamp(width, MinWidth, MaxWidth);
+}
+
+bool SheetTools::IsWrapped(std::string_view text) {
+  return text.find('\n') != std::string_view::npos || Utf16Length(text) > static_cast<std::size_t>(MaxWidth);
+}
+
+void SheetTools::RaiseTooLarge(std::size_t maxRows, std::size_t maxColumns) {
+  throw ESheetLimitError(FormatText(ToolkitTexts::SheetTooLarge, maxRows, maxColumns, MaxTextUnits));
+}
+
+void SheetTools::CheckLimits(const TSheet& sheet, std::size_t maxRows, std::size_t maxColumns) {
+  const auto isLong = [](const TSheetCell& cell) {
+    return cell.Text.size() > MaxTextUnits && Utf16Length(cell.Text) > MaxTextUnits;
+  };
+  const bool fits = sheet.Rows.size() < maxRows && sheet.Captions.size() <= maxColumns &&
+                    std::ranges::none_of(sheet.Rows, [&](const auto& row) {
+                      return row.Cells.size() > maxColumns || std::ranges::any_of(row.Cells, isLong);
+                    });
+  if (!fits) RaiseTooLarge(maxRows, maxColumns);
+}

@@ -1,0 +1,106 @@
+#include <xlsxwriter.h>
+
+#include <filesystem>
+#include <map>
+#include <memory>
+
+#include "ToolkitTexts.h"
+#include "VantrelFileStreams.h"
+#include "VantrelI18n.h"
+#include "VantrelSheet.h"
+
+namespace {
+
+/// The library frees a workbook when it closes it, and only then.
+class TWorkbook {
+ public:
+  explicit TWorkbook(const std::string& fileName) : FBook(workbook_new(fileName.c_str())) {
+    Require(FBook == nullptr ? LXW_ERROR_MEMORY_MALLOC_FAILED : LXW_NO_ERROR);
+  }
+  TWorkbook(const TWorkbook&) = delete;
+  TWorkbook& operator=(const TWorkbook&) = delete;
+  ~TWorkbook() {
+    if (FBook != nullptr) workbook_close(FBook);
+  }
+
+  void Close() { Require(workbook_close(std::exchange(FBook, nullptr))); }
+  lxw_worksheet* AddSheet(const std::string& name) { return workbook_add_worksheet(FBook, name.c_str()); }
+  lxw_format* AddFormat(const std::string& number, bool isBold, bool wraps) {
+    auto* format = workbook_add_format(FBook);
+    format_set_num_format(format, number.c_str());
+    format_set_align(format, LXW_ALIGN_VERTICAL_TOP);
+    if (isBold) format_set_bold(format);
+    if (wraps) format_set_text_wrap(format);
+    return format;
+  }
+
+ private:
+  static void Require(lxw_error error) {
+    if (error != LXW_NO_ERROR)
+      throw EVantrelException(FormatText(ToolkitTexts::SheetNotMade, std::string(lxw_strerror(error))));
+  }
+
+  lxw_workbook* FBook;
+};
+
+class TXlsxWriter {
+ public:
+  TXlsxWriter(const TSheet& sheet, TWorkbook& book)
+      : FSheet(sheet), FBook(book), FPage(book.AddSheet(SheetTools::SheetName(sheet.Name))) {}
+
+  void Write() {
+    constexpr int margin = 2;
+    for (std::size_t i = 0; i < FSheet.Captions.size(); ++i) {
+      const auto column = static_cast<lxw_col_t>(i);
+      worksheet_set_column(FPage, column, column, SheetTools::ColumnWidth(FSheet, i) + margin, nullptr);
+      WriteText(0, i, FSheet.Captions[i], FBold);
+    }
+    worksheet_freeze_panes(FPage, 1, 0);
+    for (std::size_t row = 0; row < FSheet.Rows.size(); ++row) {
+      const auto& [cells, isHeading] = FSheet.Rows[row];
+      for (std::size_t i = 0; i < cells.size(); ++i) WriteCell(row + 1, i, cells[i], isHeading);
+    }
+  }
+
+ private:
+  void WriteText(std::size_t row, std::size_t column, const std::string& text, lxw_format* format) {
+    worksheet_write_string(FPage, static_cast<lxw_row_t>(row), static_cast<lxw_col_t>(column),
+                           SheetTools::CellText(text).c_str(), format);
+  }
+  void WriteCell(std::size_t row, std::size_t column, const TSheetCell& cell, bool isHeading) {
+    if (SheetTools::IsNumber(cell)) {
+      auto& format = FNumbers[cell.Format];
+      if (format == nullptr) format = FBook.AddFormat(cell.Format, false, false);
+      worksheet_write_number(FPage, static_cast<lxw_row_t>(row), static_cast<lxw_col_t>(column), *cell.Number, format);
+    } else if (!cell.Text.empty()) {
+      auto* plain = SheetTools::IsWrapped(cell.Text) ? FWrapped : FText;
+      WriteText(row, column, cell.Text, isHeading ? FBold : plain);
+    }
+  }
+
+  const TSheet& FSheet;
+  TWorkbook& FBook;
+  lxw_worksheet* FPage;
+  lxw_format* FBold = FBook.AddFormat("@", true, false);
+  lxw_format* FText = FBook.AddFormat("@", false, false);
+  lxw_format* FWrapped = FBook.AddFormat("@", false, true);
+  std::map<std::string, lxw_format*> FNumbers;
+};
+
+}  // namespace
+
+std::vector<std::uint8_t> XlsxBytes(const TSheet& sheet, const std::string& scratchFile) {
+  SheetTools::CheckLimits(sheet, LXW_ROW_MAX, LXW_COL_MAX);
+  struct TScratch {
+    const std::string& Name;
+    ~TScratch() {
+      std::error_code error;
+      std::filesystem::remove(Name, error);
+    }
+  } const scratch{scratchFile};
+  TWorkbook book(scratchFile);
+  TXlsxWriter(sheet, book).Write();
+  book.Close();
+  TVantrelFileStream stream(scratchFile, TVantrelFileAccessMode::famShareDenyWrite, TVantrelFileOpenMode::fomOpenRead);
+  return stream.ReadAll();
+}

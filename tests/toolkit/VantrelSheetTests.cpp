@@ -1,0 +1,116 @@
+#include "VantrelSheet.h"
+
+#include <fmt/format.h>
+#include <gmock/gmock.h>
+
+#include <cstdio>
+
+#include "ErrorOf.h"
+#include "TempFolder.h"
+
+namespace {
+
+/// What another program reads in the file, by its lines.
+std::string CellsIn(const std::string& file) {
+  const auto command = fmt::format("/usr/bin/python3 support/sheet-cells '{}' 2>&1", file);
+  FILE* pipe = ::popen(command.c_str(), "r");
+  std::string told;
+  char buffer[4096];
+  while (const auto count = std::fread(buffer, 1, sizeof(buffer), pipe)) told.append(buffer, count);
+  ::pclose(pipe);
+  return told;
+}
+
+/// The same of the sheet itself.
+std::string CellsOf(const TSheet& sheet, const std::string& name) {
+  std::string told = name + " frozen\n";
+  for (std::size_t i = 0; i < sheet.Captions.size(); ++i)
+    told += fmt::format("0\t{}\tbold\t{}\n", i, sheet.Captions[i]);
+  for (std::size_t row = 0; row < sheet.Rows.size(); ++row)
+    for (std::size_t i = 0; i < sheet.Rows[row].Cells.size(); ++i) {
+      const auto& cell = sheet.Rows[row].Cells[i];
+      std::string text = cell.Number ? fmt::format("{:.10g} {}", *cell.Number, cell.Format) : cell.Text;
+      for (std::size_t at = 0; (at = text.find('\n', at)) != std::string::npos; at += 2) text.replace(at, 1, "\\n");
+      const auto* kind = sheet.Rows[row].IsHeading ? "bold" : "text";
+      if (!text.empty()) told += fmt::format("{}\t{}\t{}\t{}\n", row + 1, i, cell.Number ? "number" : kind, text);
+    }
+  return told;
+}
+
+std::string Repeated(std::string_view text, std::size_t count) {
+  std::string all;
+  for (std::size_t i = 0; i < count; ++i) all += text;
+  return all;
+}
+
+TSheet SheetOfEverything() {
+  TSheet sheet{.Name = "Mathematik", .Captions = {"Name", "Note <1>", "Faktor", "Geburtsdatum"}};
+  sheet.Rows.push_back({.Cells = {{"Klasse: 9a"}}, .IsHeading = true});
+  sheet.Rows.push_back(
+      {.Cells = {{"Stein & \"Söhne\""}, {"2-"}, {"0,5", 0.5, "0.0"}, {"01.03.2011", 40603, "DD.MM.YYYY"}}});
+  sheet.Rows.push_back({.Cells = {{"=1+1"}, {"09"}, {}, {"31.12.1899", {}, {}}}});
+  sheet.Rows.push_back({.Cells = {{"Zeile 1\nZeile 2\n\nEnde"}, {"😀 zählt zwei"}, {"-12", -12, "0"}, {}}});
+  return sheet;
+}
+
+/// A file of that kind with the sheet in it.
+std::string Written(const TempFolder& folder, const TSheet& sheet, const std::string& kind) {
+  const auto file = folder / ("liste." + kind);
+  if (kind == "html") {
+    WriteFileText(file, HtmlPage(sheet));
+  } else {
+    const auto bytes = kind == "xls" ? XlsBytes(sheet) : XlsxBytes(sheet, folder / "zwischen");
+    WriteFileText(file, std::string(bytes.begin(), bytes.end()));
+  }
+  return file;
+}
+
+TEST(Sheet, OtherProgramsReadWhatWasWritten) {
+  const TempFolder folder;
+  const auto sheet = SheetOfEverything();
+  for (const std::string kind : {"xls", "xlsx", "html"})
+    EXPECT_EQ(CellsIn(Written(folder, sheet, kind)), CellsOf(sheet, "Mathematik")) << kind;
+  EXPECT_FALSE(std::filesystem::exists(folder / "zwischen"));
+}
+
+TEST(Sheet, TextsArriveWholeWhereverTheyAreBroken) {
+  const TempFolder folder;
+  TSheet sheet{.Name = "Texte", .Captions = {"Kurz", "Lang"}};
+  // Lengths that bring every kind of text to the end of a record, with the break at every place.
+  for (std::size_t i = 0; i < 120; ++i)
+    sheet.Rows.push_back({.Cells = {{fmt::format("{} {}", i, Repeated(i % 3 == 0 ? "ä" : "€", 4000 + i))},
+                                    {fmt::format("{}{}", i, Repeated("😀", 2000 + 41 * i))}}});
+  sheet.Rows.push_back({.Cells = {{Repeated("x", 32767)}, {Repeated("x", 32767)}}});
+  for (std::size_t i = 0; i < 200; ++i)
+    sheet.Rows.push_back({.Cells = {{fmt::format("{}", i)}, {Repeated("€", 32000 - i)}}});
+  const auto file = Written(folder, sheet, "xls");
+  EXPECT_GT(std::filesystem::file_size(file), 109u * 128 * 512) << "the container's table outgrows its header";
+  EXPECT_EQ(CellsIn(file), CellsOf(sheet, "Texte"));
+}
+
+TEST(Sheet, WhatAFormCannotHoldIsRefused) {
+  const TempFolder folder;
+  const auto refusal = [](std::size_t rows, std::size_t columns, std::size_t units) {
+    TSheet sheet{.Captions = std::vector<std::string>(columns, "x")};
+    sheet.Rows.resize(rows);
+    if (rows > 0) sheet.Rows.back().Cells = {{std::string(units, 'x')}};
+    return ErrorOf<ESheetLimitError>([&] { XlsBytes(sheet); });
+  };
+  EXPECT_EQ(refusal(65535, 256, 32767), "");
+  for (const auto& told : {refusal(65536, 1, 1), refusal(1, 257, 1), refusal(1, 1, 32768)})
+    EXPECT_THAT(told, testing::HasSubstr("HTML-Format"));
+  EXPECT_THAT(ErrorOf<EVantrelException>([&] { XlsxBytes({}, folder / "fehlt/zwischen"); }),
+              testing::HasSubstr("Tabelle"));
+}
+
+TEST(Sheet, NamesAndTextsAreWhatSpreadsheetsAllow) {
+  EXPECT_EQ(SheetTools::SheetName("[Q1]: Was*ist?/das\\"), "Q1 Wasistdas");
+  EXPECT_EQ(SheetTools::SheetName("''"), "Tabelle");
+  EXPECT_EQ(SheetTools::SheetName(Repeated("n", 30) + "😀"), Repeated("n", 30));
+  EXPECT_EQ(SheetTools::SheetName(Repeated("ä", 40)), Repeated("ä", 31));
+  EXPECT_EQ(SheetTools::CellText("a\r\nb\rc\x01\xFF\xED\xA0\x80"), "a\nb\nc\uFFFD\uFFFD");
+  EXPECT_FALSE(SheetTools::IsNumber({"1.1.1900", 2, "DD.MM.YYYY"}));
+  EXPECT_TRUE(SheetTools::IsNumber({"2", 2, "0"}));
+}
+
+}  // namespace
