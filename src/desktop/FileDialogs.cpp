@@ -19,24 +19,6 @@
 
 namespace {
 
-/// Stays open while the chosen name is refused. Folders are entered, whatever they are called.
-class TJudgingDialog : public QFileDialog {
- public:
-  TJudgingDialog(QWidget* parent, const TFileDialog& told) : QFileDialog(parent), FAccepts(told.Accepts) {}
-
- protected:
-  void accept() override {
-    // The list of completions has seized the keyboard: keys that come before it goes would be lost.
-    if (auto* completions = QApplication::activePopupWidget()) completions->close();
-    const auto chosen = selectedFiles();
-    const bool isFile = !chosen.isEmpty() && !QFileInfo(chosen.front()).isDir();
-    if (!isFile || !FAccepts || FAccepts(ToUtf8(chosen.front()))) QFileDialog::accept();
-  }
-
- private:
-  std::function<bool(const std::string&)> FAccepts;
-};
-
 /// "Text|pattern|Text|pattern" as Qt wants it.
 QStringList NameFilters(const std::string& filter) {
   const auto parts = FromUtf8(filter).split('|');
@@ -45,6 +27,34 @@ QStringList NameFilters(const std::string& filter) {
     filters << QString("%1 (%2)").arg(parts[i], parts[i + 1] == "*.*" ? QString("*") : parts[i + 1]);
   return filters;
 }
+
+/// Stays open while the chosen name is refused. Folders are entered, whatever they are called.
+class TJudgingDialog : public QFileDialog {
+ public:
+  TJudgingDialog(QWidget* parent, TFileDialog& told) : QFileDialog(parent), FTold(told) {}
+
+  /// Takes over which filter is chosen.
+  void TakeFilter() {
+    // The dialog itself answers with the shortened text.
+    const auto filters = NameFilters(FTold.Filter);
+    const auto chosen = std::find_if(filters.begin(), filters.end(),
+                                     [filter = selectedNameFilter()](const auto& f) { return f.startsWith(filter); });
+    if (chosen != filters.end()) FTold.FilterIndex = static_cast<int>(chosen - filters.begin()) + 1;
+  }
+
+ protected:
+  void accept() override {
+    // The list of completions has seized the keyboard: keys that come before it goes would be lost.
+    if (auto* completions = QApplication::activePopupWidget()) completions->close();
+    const auto chosen = selectedFiles();
+    const bool isFile = !chosen.isEmpty() && !QFileInfo(chosen.front()).isDir();
+    if (isFile) TakeFilter();
+    if (!isFile || !FTold.Accepts || FTold.Accepts(ToUtf8(chosen.front()))) QFileDialog::accept();
+  }
+
+ private:
+  TFileDialog& FTold;
+};
 
 constexpr int SizeColumn = 1, DateColumn = 3;
 
@@ -94,12 +104,7 @@ bool Choose(TFileDialog& told, QFileDialog::AcceptMode mode) {
   const TDialogScope scope;
   if (shown.exec() != QDialog::Accepted || shown.selectedFiles().isEmpty()) return false;
   told.FileName = ToUtf8(shown.selectedFiles().front());
-  // The dialog itself answers with the shortened text.
-  const auto filters = NameFilters(told.Filter);
-  const auto chosen =
-      std::find_if(filters.begin(), filters.end(),
-                   [filter = shown.selectedNameFilter()](const auto& f) { return f.startsWith(filter); });
-  if (chosen != filters.end()) told.FilterIndex = static_cast<int>(chosen - filters.begin()) + 1;
+  shown.TakeFilter();
   return true;
 }
 

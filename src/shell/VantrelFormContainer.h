@@ -55,15 +55,3 @@ class TVantrelFormContainer {
   bool FEmbeddedCached = false;
   bool FEmbeddedCloseQuery = true;
 };
-
-/// The wait cursor for the length of a scope.
-class TVantrelWaitScope {
- public:
-  explicit TVantrelWaitScope(TVantrelWaitCursor& cursor) : FCursor(cursor) { FCursor.Start(); }
-  TVantrelWaitScope(const TVantrelWaitScope&) = delete;
-  TVantrelWaitScope& operator=(const TVantrelWaitScope&) = delete;
-  ~TVantrelWaitScope() { FCursor.Stop(); }
-
- private:
-  TVantrelWaitCursor& FCursor;
-};

@@ -1,6 +1,7 @@
 #include "fMain.h"
 
 #include <algorithm>
+#include <filesystem>
 
 #include "ShellTexts.h"
 #include "VantrelFileLauncher.h"
@@ -8,6 +9,7 @@
 #include "VantrelMsgBox.h"
 #include "ViewTexts.h"
 #include "dialogs/fAboutDialog.h"
+#include "mGridExport.h"
 #include "uOptions.h"
 
 using enum TMyTessaronViews;
@@ -31,6 +33,7 @@ TMainForm::TMainForm(TMainFormPorts ports, std::vector<std::string> arguments)
                  .EditZeugnisbeurteilungenCommand = FCommands.EditZeugnisbeurteilungenCommand,
                  .ExportToExcelCommand = FCommands.ExportToExcelCommand,
                  .Lookups = [this]() -> TLookupTables& { return FLookups.OfOpen(); },
+                 .ExportGrid = [this](TVantrelGrid& grid, const std::string& title) { ExportGrid(grid, title); },
                  .RecentFiles = [this] { return FRecentFiles.Items(); },
                  .OpenRecentFile = [this](int index) { FWindow.OnRecentClick(index); }},
       FFormContainer(FPorts.Dialogs, FWaitCursor) {
@@ -76,6 +79,14 @@ void TMainForm::FormCreate() {
   LoadOptions();
   OpenCommandLineFile();
   UpdateStatusText();
+}
+
+void TMainForm::ExportGrid(const TVantrelGrid& grid, const std::string& title) {
+  TGridExportModule module(FPorts.Dialogs, [this](const std::string& name) {
+    FWindow.SetStatusNote(FormatText(ViewTexts::Exported, name));
+  });
+  module.SaveDialog.InitialDir = std::filesystem::path(CurrentProject->FileName()).parent_path().string();
+  module.ExportCXGridToExcel(grid, title, true);
 }
 
 void TMainForm::LoadOptions() {

@@ -62,6 +62,7 @@ class TMainForm final : public TBaseMainForm {
   }
   void UpdateFilter();
   void ShowManual();
+  void ExportGrid(const TVantrelGrid& grid, const std::string& title);
 
   TVantrelPtr<TMyTessaronProject> CreateProject();
   bool CheckProjectPassword(TVantrelPtr<TMyTessaronProject>& project);

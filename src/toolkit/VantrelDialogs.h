@@ -16,7 +16,7 @@ struct TFileDialog {
   std::string DefaultExtension;  ///< without dot; empty for none
   std::string FileName;          ///< the preset path; after the dialog, the chosen one
   /// Judges the chosen path, with boxes of its own where that needs words: unless it answers true the dialog stays.
-  /// May be unset.
+  /// FilterIndex is the chosen one by then. May be unset.
   std::function<bool(const std::string& path)> Accepts;
 };
 
@@ -65,6 +65,18 @@ class TVantrelWaitCursor {
  private:
   TVantrelDialogs& FDialogs;
   int FCount = 0;
+};
+
+/// The wait cursor for the length of a scope.
+class TVantrelWaitScope {
+ public:
+  explicit TVantrelWaitScope(TVantrelWaitCursor& cursor) : FCursor(cursor) { FCursor.Start(); }
+  TVantrelWaitScope(const TVantrelWaitScope&) = delete;
+  TVantrelWaitScope& operator=(const TVantrelWaitScope&) = delete;
+  ~TVantrelWaitScope() { FCursor.Stop(); }
+
+ private:
+  TVantrelWaitCursor& FCursor;
 };
 
 /// An editor, label or group of a form, by what the logic does with it. The value of a label is its text; an empty

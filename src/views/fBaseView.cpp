@@ -79,8 +79,9 @@ void TBaseView::GotoLast() {
 }
 
 void TBaseView::ExportToExcel() {
+  PostEdits();
   auto* grid = ExportedGrid();
-  if (grid != nullptr && FFrame.ExportGrid) FFrame.ExportGrid(*grid);
+  if (grid != nullptr && FFrame.ExportGrid) FFrame.ExportGrid(*grid, Title());
 }
 
 std::string TBaseView::StoredLayout() const {

@@ -37,7 +37,7 @@ struct TViewFrame {
   std::function<std::optional<std::string>(const std::string& subjectToken, const std::string& text)> EditAssessment =
       {};
   /// Likewise: lets the user write the grid to a file.
-  std::function<void(TVantrelGrid& grid)> ExportGrid = {};
+  std::function<void(TVantrelGrid& grid, const std::string& title)> ExportGrid = {};
 
   /// The recent documents, and how one of them is opened.
   std::function<std::vector<TRecentItem>()> RecentFiles = [] { return std::vector<TRecentItem>(); };
@@ -156,6 +156,8 @@ class TBaseView : public TBaseForm {
   virtual TVantrelGrid* NavigatedGrid() { return nullptr; }
   /// The grid that is exported; null where there is none.
   virtual TVantrelGrid* ExportedGrid() { return nullptr; }
+  /// What the view calls its content.
+  virtual std::string Title() { return {}; }
   /// The layout of the list grid is what outlives the view; empty if none was stored.
   std::string StoredLayout() const;
   void StoreLayout(const std::string& layout);

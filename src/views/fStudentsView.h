@@ -29,6 +29,7 @@ class TStudentsView final : public TBaseView {
  protected:
   TFormUi& Ui() override { return *FUi; }
   TVantrelGrid* NavigatedGrid() override { return &FUi->Students().Grid(); }
+  std::string Title() override { return FUi->TitleLabel().Value().AsTextOrEmpty(); }
   TVantrelGrid* ExportedGrid() override { return &FUi->Achievements().Grid(); }
 
  private:

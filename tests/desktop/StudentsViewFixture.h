@@ -27,7 +27,7 @@ class StudentsViewTest : public SampleProjectTest {
     FLookups.AfterLoad(*FProject);
     FLookups.SetOpen(FProject.get());
     FFrame.EditAssessment = [this](const std::string&, const std::string&) { return FAssessment; };
-    FFrame.ExportGrid = [](TVantrelGrid&) {};
+    FFrame.ExportGrid = [](TVantrelGrid&, const std::string&) {};
     for (const char* name : {"Note1", "Note2", "Beurteilung"}) {
       auto* column = FProject->Options().Columns().Find(name);
       if (column == nullptr) column = FProject->Options().Columns().AddColumn(name, name, true, true, true, 0);

@@ -59,6 +59,7 @@ class FakeDialogs : public TVantrelDialogs {
 
   std::string FileName, Password, Splash;
   TFileDialog Last;
+  int FilterIndex = 0;  ///< which the user chooses; 0 leaves it
   TAboutInfo About;
   bool Waiting = false;
   std::list<std::function<void()>> Timers;
@@ -66,6 +67,7 @@ class FakeDialogs : public TVantrelDialogs {
  private:
   bool Answer(TFileDialog& dialog) {
     Last = dialog;
+    if (FilterIndex > 0) dialog.FilterIndex = FilterIndex;
     if (FileName.empty() || (dialog.Accepts && !dialog.Accepts(FileName))) return false;
     dialog.FileName = FileName;
     return true;

@@ -22,6 +22,16 @@ inline constexpr const char* StudentLastName = "Nachname";
 inline constexpr const char* StudentBirthday = "Geburtsdatum";
 inline constexpr const char* FitColumns = "Spaltenbreiten anpassen";
 
+// Export
+inline constexpr const char* NoteCaption = "Hinweis";
+inline constexpr const char* ExportTitle = "Liste exportieren nach";
+inline constexpr const char* ExportFilter =
+    "Excel-Format (*.xls)|*.xls|HTML-Format (*.html)|*.html|Excel-Format ab 2007 (*.xlsx)|*.xlsx";
+inline constexpr const char* ExportOverwrite =
+    "Die Datei „{}“ ist bereits vorhanden.\r\nMöchten Sie sie durch die Liste ersetzen?";
+inline constexpr const char* ExportFailed = "Die Liste konnte nicht nach „{}“ exportiert werden.\r\n\r\n{}";
+inline constexpr const char* Exported = "Exportiert: {}";
+
 // Welcome
 inline constexpr const char* InfoGroup = "Version";
 inline constexpr const char* FileGroup = "Aktuelle Datei";
