@@ -45,12 +45,12 @@ std::string TargetOf(std::string path) {
 
 /// A name beside the file that is free: "NAME (2).kvrx".
 std::string FreeName(const std::string& path) {
-  const std::filesystem::path file(path);
-  const auto start = (file.parent_path() / file.stem()).string();
-  int number = 2;
-  const auto name = [&] { return fmt::format("{} ({}){}", start, number, file.extension().string()); };
-  while (TVantrelFileSystem::Exists(name())) ++number;
-  return name();
+  const auto file = System::PathOf(path);
+  const auto start = System::NameOf(file.parent_path() / file.stem());
+  const auto numbered = [&](int number) {
+    return fmt::format("{} ({}){}", start, number, System::NameOf(file.extension()));
+  };
+  return System::FirstFreeName(numbered(2), [&](int number) { return numbered(number + 1); });
 }
 
 /// What went wrong with a file; of one that must not be written, why.
