@@ -3,6 +3,7 @@
 #include <QLabel>
 #include <QPlainTextEdit>
 
+#include "ElidedLabel.h"
 #include "QtText.h"
 #include "VantrelDialogs.h"
 
@@ -38,6 +39,7 @@ class TDesktopLabelItem : public TDesktopTextItem {
   void ShowText(const QString& text) override {
     FLabel.setText(text);
     FLabel.setAccessibleName(text);
+    if (dynamic_cast<TElidedLabel*>(&FLabel) != nullptr) FLabel.setToolTip(text);
   }
 
   QLabel& FLabel;

@@ -62,6 +62,7 @@ void TDesktopGrid::Release() {
            editing = std::exchange(OnEditing, nullptr), edit = std::exchange(OnEditChanged, nullptr),
            started = std::exchange(OnEditStarted, nullptr), reverted = std::exchange(OnEditReverted, nullptr),
            key = std::exchange(OnKeyDown, nullptr), click = std::exchange(OnDoubleClick, nullptr),
+           column = std::exchange(OnColumnChanged, nullptr), first = std::exchange(OnFirstKey, nullptr),
            header = std::exchange(OnHeaderClick, nullptr), sort = std::exchange(OnSortChanged, nullptr),
            text = std::exchange(OnDisplayText, nullptr)] {});
 }
@@ -160,8 +161,12 @@ void TDesktopGrid::SetFocused(int record) {
   if (record != previous && OnFocusChanged) OnFocusChanged(previous, record);
 }
 
+void TDesktopGrid::SetFocusedColumn(int ordinal) {
+  if (std::exchange(FFocusedColumn, ordinal) != ordinal && OnColumnChanged) OnColumnChanged(ordinal);
+}
+
 void TDesktopGrid::Current(const QModelIndex& current) {
-  if (current.isValid()) FFocusedColumn = current.column();
+  if (current.isValid()) SetFocusedColumn(current.column());
   if (!FRestoring) SetFocused(FModel.RecordAt(current.row()));
 }
 
@@ -252,7 +257,7 @@ void TDesktopGrid::FocusRecord(int record) {
 
 void TDesktopGrid::FocusColumn(int ordinal) {
   if (ordinal < 0) return;
-  FFocusedColumn = ordinal;
+  SetFocusedColumn(ordinal);
   if (FView->currentIndex().isValid()) FView->GotoCell(FView->currentIndex().row(), ordinal);
 }
 
@@ -277,15 +282,15 @@ void TDesktopGrid::ShowInfo() {
   FInfo->setText(search.isEmpty() ? search : UserText(DesktopTexts::Search).arg(search));
   FInfo->setVisible(!search.isEmpty());
   QString filter;
-  if (IsFiltered()) {
+  if (const auto active = FModel.ActiveFilter(); !active.empty()) {
     QStringList items;
-    for (const auto& item : FModel.Filter) items << item.DisplayText;
+    for (const auto& item : active) items << item.DisplayText;
     const auto rows = FModel.AllRows();
     const auto shown = std::ranges::count_if(rows, [](const auto& row) { return row.Record >= 0; });
     filter = UserText(DesktopTexts::FilterLine)
                  .arg(items.join(", "), QString::number(shown), QString::number(RecordCount()));
   }
-  FFilterLine->Tell(filter);
+  FFilterLine->Tell(filter, IsFilteredByUser());
 }
 
 QWidget& TDesktopGrid::FilterLine() {

@@ -91,6 +91,9 @@ class TDesktopGrid : public QWidget, public TVantrelGrid, private TVantrelTableL
   void ClickHeader(int ordinal, bool adds);
   /// Sorts by a column alone; None takes it out of the sort.
   void SortBy(int ordinal, TGridSortOrder order, bool adds);
+  /// The user's own filter, beside that of the view. Lifting answers false where there is none.
+  void FilterByUser(int ordinal, const TVariant& value, const QString& displayText);
+  bool LiftFilter();
   /// The menu of a cell, also by key.
   void ShowMenu(const QPoint& place);
 
@@ -100,14 +103,13 @@ class TDesktopGrid : public QWidget, public TVantrelGrid, private TVantrelTableL
   void RestoreFocus();
   void RestoreSelection();
   void SetFocused(int record);
+  void SetFocusedColumn(int ordinal);
   void Current(const QModelIndex& current);
   void ShowInfo();
-  bool IsFiltered() const { return FModel.FilterActive && !FModel.Filter.empty(); }
-  /// False where there is no filter.
-  bool LiftFilter();
   void AddSortActions(QMenu& menu, int ordinal);
   void AddFilterActions(QMenu& menu, int ordinal);
   void AddColumnActions(QMenu& menu, int ordinal);
+  bool IsFilteredByUser() const;
   int OrdinalOf(const QString& id) const;
 
   TGridModel FModel;

@@ -6,11 +6,21 @@
 
 #include "DesktopGrid.h"
 #include "DesktopLook.h"
+#include "ElidedLabel.h"
 #include "QtText.h"
 #include "ViewTexts.h"
 
+namespace {
+constexpr int countWidth = 200;  // below a grid with many columns
+}
+
 TDesktopGridPane::TDesktopGridPane(const char* heading, bool fits)
-    : FPanel(new QWidget), FGrid(new TDesktopGrid), FCount(new QLabel), FStatus(*FCount) {
+    : FPanel(new QWidget),
+      FGrid(new TDesktopGrid),
+      FCount(new QLabel),
+      FNoteLabel(new TElidedLabel),
+      FStatus(*FCount),
+      FNote(*FNoteLabel) {
   auto* layout = new QVBoxLayout(FPanel);
   layout->setContentsMargins(0, 0, 0, 0);
   layout->setSpacing(0);
@@ -25,7 +35,9 @@ TDesktopGridPane::TDesktopGridPane(const char* heading, bool fits)
   layout->addLayout(status);
   if (fits) status->addWidget(MakeFitButton());
   FCount->setMargin(3);
+  if (fits) FCount->setMinimumWidth(countWidth);
   status->addWidget(FCount);
+  status->addWidget(FNoteLabel, 2);
   status->addWidget(&FGrid->FilterLine(), 1);
   status->addStretch();
 }

@@ -20,6 +20,7 @@ class TDesktopGridPane final : public TGridPaneUi {
   TDesktopGrid& DesktopGrid() { return *FGrid; }
   TVantrelGrid& Grid() override;
   TVantrelFormItem& Status() override { return FStatus; }
+  TVantrelFormItem& Note() override { return FNote; }
 
  private:
   QWidget* MakeFitButton();
@@ -27,7 +28,8 @@ class TDesktopGridPane final : public TGridPaneUi {
   QWidget* FPanel;
   TDesktopGrid* FGrid;
   QLabel* FCount;
-  TDesktopLabelItem FStatus;
+  QLabel* FNoteLabel;
+  TDesktopLabelItem FStatus, FNote;
   /// Receiver of the button's signal: none comes after the end.
   QObject FReceiver;
 };

@@ -10,7 +10,7 @@
 
 void TDesktopGrid::ClearFilter() {
   BeginUpdate();
-  FModel.Filter.clear();
+  std::erase_if(FModel.Filter, [](const auto& item) { return !item.OfUser; });
   EndUpdate();
 }
 
@@ -26,11 +26,20 @@ void TDesktopGrid::SetFilterActive(bool active) {
   EndUpdate();
 }
 
-bool TDesktopGrid::LiftFilter() {
-  if (!IsFiltered()) return false;
+void TDesktopGrid::FilterByUser(int ordinal, const TVariant& value, const QString& displayText) {
   BeginUpdate();
-  ClearFilter();
-  SetFilterActive(false);
+  FModel.Filter.push_back({ordinal, value, displayText, true});
+  EndUpdate();
+}
+
+bool TDesktopGrid::IsFilteredByUser() const {
+  return std::ranges::any_of(FModel.Filter, &TGridFilterItem::OfUser);
+}
+
+bool TDesktopGrid::LiftFilter() {
+  if (!IsFilteredByUser()) return false;
+  BeginUpdate();
+  std::erase_if(FModel.Filter, &TGridFilterItem::OfUser);
   EndUpdate();
   return true;
 }

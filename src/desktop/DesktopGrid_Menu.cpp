@@ -23,13 +23,10 @@ void TDesktopGrid::AddFilterActions(QMenu& menu, int ordinal) {
     menu.addAction(
         UserText(DesktopTexts::FilterByCell).arg(shown.left(40).replace('&', "&&")), this, [this, ordinal, shown] {
           const QString caption = FromUtf8(FModel.Data().Column(ordinal).Caption);
-          BeginUpdate();
-          AddFilter(ordinal, Value(FFocused, ordinal), ToUtf8(UserText(DesktopTexts::FilterItem).arg(caption, shown)));
-          SetFilterActive(true);
-          EndUpdate();
+          FilterByUser(ordinal, Value(FFocused, ordinal), UserText(DesktopTexts::FilterItem).arg(caption, shown));
         });
   }
-  menu.addAction(UserText(DesktopTexts::FilterOff), this, [this] { LiftFilter(); })->setEnabled(IsFiltered());
+  menu.addAction(UserText(DesktopTexts::FilterOff), this, [this] { LiftFilter(); })->setEnabled(IsFilteredByUser());
   menu.addSeparator();
 }
 

@@ -49,6 +49,7 @@ struct TGridFilterItem {
   int Ordinal = 0;
   TVariant Value;
   QString DisplayText;
+  bool OfUser = false;  ///< set and lifted by the user; else by the view
 };
 
 /// A row as shown: a record, or the heading of a group with the key by which it stays closed.

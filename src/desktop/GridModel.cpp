@@ -32,7 +32,9 @@ void TGridModel::Resume() {
 }
 
 std::vector<TGridFilterItem> TGridModel::ActiveFilter() const {
-  return FilterActive ? Filter : std::vector<TGridFilterItem>();
+  auto active = Filter;
+  std::erase_if(active, [this](const auto& item) { return !item.OfUser && !FilterActive; });
+  return active;
 }
 
 int TGridModel::RecordAt(int row) const {

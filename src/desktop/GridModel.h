@@ -32,7 +32,9 @@ class TGridModel : public QAbstractTableModel {
   void SetClosed(int row, bool closed);
 
   std::vector<TGridFilterItem> Filter;
+  /// Whether the items of the view act. Those of the user always do.
   bool FilterActive = false;
+  std::vector<TGridFilterItem> ActiveFilter() const;
   /// The rows with all groups opened.
   std::vector<TGridRow> AllRows() const { return BuildGridRows(FData, FOptions, ActiveFilter(), {}); }
 
@@ -49,8 +51,6 @@ class TGridModel : public QAbstractTableModel {
   TVariant Read(const QModelIndex& index) const { return FData.Value(RecordAt(index.row()), index.column()); }
 
  private:
-  std::vector<TGridFilterItem> ActiveFilter() const;
-
   TGridData FData;
   TGridOptions FOptions;
   std::vector<TGridRow> FRows;

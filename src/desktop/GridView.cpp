@@ -91,8 +91,13 @@ int TGridView::FromPixels(int pixels) const {
 }
 
 int TGridView::WidthOfColumns() const {
-  const int rows = verticalHeader()->isHidden() ? 0 : verticalHeader()->sizeHint().width();
-  return horizontalHeader()->length() + rows + verticalScrollBar()->sizeHint().width() + 2 * frameWidth();
+  int width = verticalHeader()->isHidden() ? 0 : verticalHeader()->sizeHint().width();
+  for (int ordinal = 0; ordinal < FModel.columnCount(); ++ordinal) {
+    const auto& column = FModel.Data().Column(ordinal);
+    // What takes the rest needs no more than it was given.
+    if (column.Visible) width += column.TakesRest ? ToPixels(column.Width) : columnWidth(ordinal);
+  }
+  return width + verticalScrollBar()->sizeHint().width() + 2 * frameWidth();
 }
 
 void TGridView::FitRows() {
@@ -232,7 +237,14 @@ QItemSelectionModel::SelectionFlags TGridView::selectionCommand(const QModelInde
 }
 
 void TGridView::focusInEvent(QFocusEvent* event) {
-  if (FModel.RecordAt(currentIndex().row()) < 0 && !currentIndex().isValid()) MoveRow(1);
+  if (FModel.RecordAt(currentIndex().row()) < 0 && !currentIndex().isValid()) {
+    // The table view would focus a cell of its own choice.
+    if (FEvents.OnFirstKey) {
+      QAbstractScrollArea::focusInEvent(event);
+      return viewport()->update();
+    }
+    MoveRow(1);
+  }
   QTableView::focusInEvent(event);
 }
 
@@ -296,6 +308,11 @@ void TGridView::paintEvent(QPaintEvent* event) {
   PaintFrozen();
   FTints.clear();
   PaintGroups();
+  if (!hasFocus() || currentIndex().isValid()) return;
+  // The keyboard is here, in no cell yet.
+  QPainter painter(viewport());
+  painter.setPen(QPen(palette().color(QPalette::Highlight), 2));
+  painter.drawRect(viewport()->rect().adjusted(1, 1, -1, -1));
 }
 
 void TGridView::PaintGroups() {

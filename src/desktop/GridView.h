@@ -63,6 +63,8 @@ class TGridView : public QTableView {
   /// A key of the open editor: true where it does not go on to it.
   bool EditorKey(const QKeyEvent& event);
 
+  /// What is typed into a cell that cannot be edited moves nothing.
+  void keyboardSearch(const QString&) override {}
   // Frozen columns stand still while the others scroll.
   QRect visualRect(const QModelIndex& index) const override;
   QModelIndex indexAt(const QPoint& place) const override;
@@ -98,6 +100,8 @@ class TGridView : public QTableView {
   bool MayEdit(int ordinal) const;
   bool MayEditCell(const QModelIndex& index) const;
   bool TakeKey(QKeyEvent* event);
+  /// The first key that a grid without a focused record gets: true where it has found its row and does nothing more.
+  bool TakeFirstKey(const QKeyEvent& event);
   bool TakeGroupKey(QKeyEvent* event);
   bool TakeSearchKey(QKeyEvent* event);
   bool Search(const QString& text, int fromRow);

@@ -1,5 +1,7 @@
 // The keys of a grid, with and without an open editor.
 #include <QKeyEvent>
+#include <algorithm>
+#include <initializer_list>
 #include <utility>
 
 #include "GridDelegate.h"
@@ -92,7 +94,7 @@ bool TGridView::focusNextPrevChild(bool next) {
 }
 
 void TGridView::keyPressEvent(QKeyEvent* event) {
-  if (TakeGroupKey(event) || TakeSearchKey(event) || TakeKey(event)) {
+  if (TakeFirstKey(*event) || TakeGroupKey(event) || TakeSearchKey(event) || TakeKey(event)) {
     event->accept();
     return;
   }
@@ -128,6 +130,19 @@ bool TGridView::TakeKey(QKeyEvent* event) {
   const bool opens =
       event->key() == Qt::Key_F4 || ((event->modifiers() & Qt::AltModifier) != 0 && event->key() == Qt::Key_Down);
   return opens && edit(current, AllEditTriggers, nullptr);
+}
+
+bool TGridView::TakeFirstKey(const QKeyEvent& event) {
+  if (currentIndex().isValid() || !FEvents.OnFirstKey) return false;
+  const auto isOneOf = [&](std::initializer_list<int> keys) {
+    return std::ranges::find(keys, event.key()) != keys.end();
+  };
+  const bool moves = isOneOf({Qt::Key_Up, Qt::Key_Down, Qt::Key_Left, Qt::Key_Right, Qt::Key_Home, Qt::Key_End,
+                              Qt::Key_PageUp, Qt::Key_PageDown, Qt::Key_Return, Qt::Key_Enter});
+  const bool plain = (event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) == 0;
+  const bool types = plain && !event.text().isEmpty() && event.text().front().isPrint();
+  if (moves || types || isOneOf({Qt::Key_Delete, Qt::Key_F2, Qt::Key_F4})) FEvents.OnFirstKey();
+  return moves;
 }
 
 bool TGridView::TakeGroupKey(QKeyEvent* event) {

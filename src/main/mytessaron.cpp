@@ -2,6 +2,7 @@
 
 #include "DesktopApplication.h"
 #include "DesktopDialogs.h"
+#include "DesktopListView.h"
 #include "DesktopLook.h"
 #include "DesktopMainWindow.h"
 #include "DesktopMsgBox.h"
@@ -12,8 +13,10 @@
 #include "ShellTexts.h"
 #include "VantrelI18n.h"
 #include "VantrelRegistry.h"
+#include "ViewTexts.h"
 #include "fMain.h"
 #include "fStudentsView.h"
+#include "fSubjectsView.h"
 #include "fWelcomeView.h"
 #include "mStorage.h"
 #include "uOptions.h"
@@ -30,6 +33,8 @@ std::vector<std::string> ArgumentsOf(int argc, char** argv) {
 TViewClasses ViewsOn(TDesktopMainWindow& window) {
   using enum TMyTessaronViews;
   return {{viewWelcome, ViewClass<TWelcomeView>([&] { return std::make_unique<TDesktopWelcomeView>(window); })},
+          {viewSubjects, ViewClass<TSubjectsView>(
+                             [&] { return std::make_unique<TDesktopListView>(window, ViewTexts::SubjectsLabel); })},
           {viewStudents, ViewClass<TStudentsView>([&] { return std::make_unique<TDesktopStudentsView>(window); })}};
 }
 

@@ -19,7 +19,6 @@ inline constexpr const char* PositionColumn = "Position";
 inline constexpr const char* FactorColumn = "Faktor";
 
 inline constexpr const char* CourseWithoutStudent = "Der Kurs {} ({}) hat in der Datei keinen Schüler.";
-inline constexpr const char* StudentWithoutClass = "Die Klasse von {} ist in der Datei nicht vorhanden.";
 inline constexpr const char* BeyondSmallInt = "Der Wert {} passt nicht in das Feld „{}“ der Datei (-32768 bis 32767).";
 inline constexpr const char* OrdinalNotFound = "{} not found";
 inline constexpr const char* TokenLabel = "Kürzel";

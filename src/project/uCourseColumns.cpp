@@ -15,25 +15,24 @@ constexpr int LargestCount = 99999;
 constexpr int FactorPlaces = 4;
 constexpr TPerGrid OnlyStudents(true, false), OnlySubjects(false, true);
 
-const TClass& ClassOf(const TCourse& course) {
-  const auto& student = course.RequireStudent();
-  const auto* schoolClass = CurrentProject->Classes().Find(student.ClassId.Value);
-  if (schoolClass == nullptr)
-    throw EVantrelException(FormatText(ProjectTexts::StudentWithoutClass, student.DisplayName()));
-  return *schoolClass;
+/// A value of the class of the course's student; null where the file has no such class.
+template <class TRead>
+TVariant ClassValue(const TCourse& course, TRead read) {
+  const auto* schoolClass = CurrentProject->Classes().Find(course.RequireStudent().ClassId.Value);
+  return schoolClass == nullptr ? TVariant::Null() : TVariant(read(*schoolClass));
 }
 
 TVariant NameOf(const TCourse& course) {
   return course.Name();
 }
 TVariant GradeTypeOf(const TCourse& course) {
-  return static_cast<std::int32_t>(ClassOf(course).GradeType());
+  return ClassValue(course, [](const TClass& of) { return static_cast<std::int32_t>(of.GradeType()); });
 }
 TVariant GradeTypeNameOf(const TCourse& course) {
-  return GetGradeTypeName(ClassOf(course).GradeType());
+  return ClassValue(course, [](const TClass& of) { return GetGradeTypeName(of.GradeType()); });
 }
 TVariant TokenOfClass(const TCourse& course) {
-  return ClassOf(course).Token;
+  return ClassValue(course, [](const TClass& of) { return of.Token; });
 }
 
 /// The value of a field of the course's student.

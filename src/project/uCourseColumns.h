@@ -66,8 +66,8 @@ struct TCourseColumn {
   /// Where its null values count as grades that are still to be entered.
   int TMissingGrades::*MissingCount = nullptr;
 
-  /// The value of the course. Some columns raise EVantrelException: for a course without a student, and for a class
-  /// that the file has not.
+  /// The value of the course; null for one of a class that the file has not. Some columns raise EVantrelException for a
+  /// course without a student.
   TVariant Value(const TCourse& course) const;
 };
 

@@ -41,7 +41,7 @@ class TStudentCoursesSource final : public TMyTessaronSource {
 };
 
 /// The courses of one subject, with columns of the student and the class. Reading raises EVantrelException for unknown
-/// ordinals, for a course without a student, and for a class that the file has not.
+/// ordinals and for a course without a student.
 class TSubjectCoursesSource final : public TMyTessaronSource {
  public:
   explicit TSubjectCoursesSource(TVantrelPtr<TVantrelDataList> list)

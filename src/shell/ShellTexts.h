@@ -33,6 +33,7 @@ inline constexpr const char* AlleNichtEditierbar = "Alle (nicht editierbar!)";
 inline constexpr const char* Noten = "Noten/Füllwerte";
 inline constexpr const char* Punkte = "Punkte/Füllwert";
 inline constexpr const char* Beurteilungstexte = "Beurteilungstexte";
+inline constexpr const char* GotoOpenGrade = "Nächste offene Note";
 inline constexpr const char* EditZeugnisbeurteilungen = "Zeugnisbeurteilungen bearbeiten";
 inline constexpr const char* BatchCertificateData = "Sammelzuweisung...";
 inline constexpr const char* ExportToExcel = "Export nach Excel";

@@ -59,6 +59,7 @@ TMainHandlers TMainForm::Handlers() {
   on.GotoNext = ToForm(&TBaseForm::GotoNext);
   on.GotoLast = ToForm(&TBaseForm::GotoLast);
   on.UpdateFilter = [this] { UpdateFilter(); };
+  on.GotoOpenGrade = ToForm(&TBaseForm::GotoOpenGrade);
   on.EditZeugnisbeurteilungen = ToForm(&TBaseForm::EditZeugnisbeurteilungen);
   on.ExportToExcel = ToForm(&TBaseForm::ExportToExcel);
   on.ShowManual = [this] { ShowManual(); };

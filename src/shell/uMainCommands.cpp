@@ -28,6 +28,7 @@ TMainCommands::TMainCommands(const TMainHandlers& on)
       Noten(Add(ShellTexts::Noten, "", "", on.UpdateFilter, GradeTypeGroup)),
       Punkte(Add(ShellTexts::Punkte, "", "", on.UpdateFilter, GradeTypeGroup)),
       Beurteilungstexte(Add(ShellTexts::Beurteilungstexte, "", "", on.UpdateFilter, GradeTypeGroup)),
+      GotoOpenGradeCommand(Add(ShellTexts::GotoOpenGrade, "go-jump", "F8", on.GotoOpenGrade)),
       EditZeugnisbeurteilungenCommand(
           Add(ShellTexts::EditZeugnisbeurteilungen, "document-edit", "", on.EditZeugnisbeurteilungen)),
       BatchCertificateDataCommand(Add(ShellTexts::BatchCertificateData, "tools-wizard", "", on.BatchCertificateData)),
@@ -86,7 +87,7 @@ TRibbonDescription TMainCommands::Ribbon() {
                     {{&GotoFirstCommand}, {&GotoPrevCommand}, {&GotoNextCommand}, {&GotoLastCommand}}},
                    {RibbonIds::BeurteilungBar,
                     ResourceText(ShellTexts::BeurteilungBar),
-                    {{&AlleNichtEditierbar}, {&Noten}, {&Punkte}, {&Beurteilungstexte}}},
+                    {{&AlleNichtEditierbar}, {&Noten}, {&Punkte}, {&Beurteilungstexte}, {&GotoOpenGradeCommand}}},
                    {RibbonIds::ExtrasBar,
                     ResourceText(ShellTexts::ExtrasBar),
                     {{&EditZeugnisbeurteilungenCommand}, {&BatchCertificateDataCommand}, {&ExportToExcelCommand}}}}},

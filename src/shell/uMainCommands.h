@@ -22,7 +22,7 @@ struct TMainHandlers {
   std::function<void()> OpenFile, SaveFile, SaveFileAs, CloseApplication;
   std::map<TMyTessaronViews, std::function<void()>> ShowView;
   std::function<void()> GotoFirst, GotoPrev, GotoNext, GotoLast;
-  std::function<void()> UpdateFilter, EditZeugnisbeurteilungen, BatchCertificateData, ExportToExcel;
+  std::function<void()> UpdateFilter, GotoOpenGrade, EditZeugnisbeurteilungen, BatchCertificateData, ExportToExcel;
   std::function<void()> ShowManual, ShowVersion;
 };
 
@@ -50,7 +50,7 @@ class TMainCommands {
   TVantrelCommand &OpenFileCommand, &SaveFileCommand, &SaveFileAsCommand, &CloseApplicationCommand;
   TVantrelCommand &StudentsViewCommand, &SubjectsViewCommand, &ClassesViewCommand;
   TVantrelCommand &GotoFirstCommand, &GotoPrevCommand, &GotoNextCommand, &GotoLastCommand;
-  TVantrelCommand &AlleNichtEditierbar, &Noten, &Punkte, &Beurteilungstexte;
+  TVantrelCommand &AlleNichtEditierbar, &Noten, &Punkte, &Beurteilungstexte, &GotoOpenGradeCommand;
   TVantrelCommand &EditZeugnisbeurteilungenCommand, &BatchCertificateDataCommand, &ExportToExcelCommand;
   TVantrelCommand &WelcomeViewCommand, &ManualCommand, &VersionCommand;
 };

@@ -80,6 +80,11 @@ class TVantrelGrid {
 
   /// Events. The grid calls what is set, on the one thread, to its end.
   std::function<void(int previousRecord, int record)> OnFocusChanged;
+  /// Another column has the focus, whether a record has it or not.
+  std::function<void(int ordinal)> OnColumnChanged;
+  /// A key that is meant for a cell comes while no record has the focus: the view may focus one, which takes the key.
+  /// Where this is unset the first record has the focus as soon as the keyboard comes.
+  std::function<void()> OnFirstKey;
   /// Others are shown, or they stand in another order. Told after the focus has found its place among them.
   std::function<void()> OnRowsChanged;
   /// The veto: asked before an editor opens and when a cell is tinted, so it must answer without side effects.
@@ -158,8 +163,9 @@ class TVantrelGrid {
   virtual void PostEdit() = 0;
   virtual bool IsEditing() const = 0;
 
-  /// Filter: the records whose column equals the value, all items together. It acts only while it is active; the
-  /// display texts are shown below the rows then, with a button that lifts it, as Escape does in a read-only grid.
+  /// The view's filter: the records whose column equals the value, all items together. It acts only while it is active;
+  /// the display texts are shown below the rows then. What the user filters by acts beside it and is lifted by the user
+  /// alone, with a button or with Escape in a read-only grid. Both end with the columns.
   virtual void ClearFilter() = 0;
   virtual void AddFilter(int ordinal, const TVariant& value, const std::string& displayText) = 0;
   virtual void SetFilterActive(bool active) = 0;

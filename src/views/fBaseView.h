@@ -105,6 +105,8 @@ class TBaseForm : public TVantrelForm {
   /// Shows the courses of classes of one grade type (0 to 2; -1 and null for all), and of one class alone (null for
   /// all).
   virtual void UpdateFilter(const TVariant& /*gradeType*/, const TVariant& /*classValue*/) {}
+  /// Focuses the next grade that is still to be entered.
+  virtual void GotoOpenGrade() {}
 
   // What the main window tells the form on show.
   /// The recent documents have changed.

@@ -47,6 +47,9 @@ void TAchievementsPane::ConnectEvents() {
     if (OnCourseChanged) OnCourseChanged();
     if (FSettings.GradesFollowRow) ReapplyGradeFilter();
   };
+  grid.OnColumnChanged = [this](int) { TellShown(); };
+  grid.OnRowsChanged = [this] { TellShown(); };
+  if (FSettings.KeptBy == nullptr) grid.OnFirstKey = [this] { BeginWork(); };
   grid.OnEditing = [this](int ordinal) {
     return FEditable[static_cast<std::size_t>(ordinal)] && (!MayEdit || MayEdit());
   };
@@ -58,7 +61,7 @@ void TAchievementsPane::Show(std::unique_ptr<TMyTessaronSource> source, bool isT
   auto& grid = FUi.Grid();
   const TGridUpdate update(grid);
   FRemembered.Save(grid);
-  FKeptRow.Save(grid, FSource.get());
+  if (FSettings.KeptBy != nullptr) FKeptRow.Save(grid, FSource.get());
   grid.BindSource(nullptr);
   FSource = std::move(source);
   BuildColumns(isTextClass);
@@ -71,12 +74,11 @@ void TAchievementsPane::Show(std::unique_ptr<TMyTessaronSource> source, bool isT
 void TAchievementsPane::BuildColumns(bool isTextClass) {
   auto& grid = FUi.Grid();
   grid.ClearColumns();
-  grid.ClearFilter();
   for (const auto& source : FColumns) {
     const int ordinal = grid.AddColumn(source);
     if (source.Visible && FCourseColumns.Posts(ordinal)) {
-      grid.OnEditChanged = [this](int) {
-        FKeptRow.Touch();
+      grid.OnEditChanged = [this](int edited) {
+        Touch(edited);
         return true;
       };
     }
@@ -99,6 +101,37 @@ int TAchievementsPane::FirstGradeColumn() const {
   return -1;
 }
 
+void TAchievementsPane::Touch(int ordinal) {
+  FKeptRow.Touch();
+  if (FCourseColumns.IsGrade(ordinal)) FUsedColumn = ordinal;
+}
+
+void TAchievementsPane::BeginWork() {
+  Grid().FocusColumn(WorkColumn());
+  Grid().GotoFirst();
+}
+
+/// The grade column used last, else the first that can be edited, else any other that can.
+int TAchievementsPane::WorkColumn() const {
+  const auto& columns = FUi.Grid().Columns();
+  const auto canEdit = [&](int ordinal) {
+    const auto place = static_cast<std::size_t>(ordinal);
+    return columns[place].Visible && columns[place].Editing && FEditable[place];
+  };
+  if (FUsedColumn >= 0 && canEdit(FUsedColumn)) return FUsedColumn;
+  int other = -1;
+  for (int ordinal = 0; ordinal < static_cast<int>(columns.size()); ++ordinal) {
+    if (!canEdit(ordinal)) continue;
+    if (FCourseColumns.IsGrade(ordinal)) return ordinal;
+    if (other < 0) other = ordinal;
+  }
+  return other;
+}
+
+void TAchievementsPane::TellShown() {
+  if (OnShownChanged) OnShownChanged();
+}
+
 void TAchievementsPane::ReapplyGradeFilter() {
   FLookups.Grades.SetFiltered(false);
   FLookups.Grades.SetFiltered(true);
@@ -113,7 +146,7 @@ bool TAchievementsPane::OffersGrade(const TVantrelMemTable::TRow& row) const {
 }
 
 TGridKeyAction TAchievementsPane::AnswerKey(int ordinal, TGridKey key) {
-  if (key == TGridKey::Enter || key == TGridKey::Delete) FKeptRow.Touch();
+  if (key == TGridKey::Enter || key == TGridKey::Delete) Touch(ordinal);
   return key == TGridKey::Enter && FCourseColumns.IsGrade(ordinal) ? TGridKeyAction::MoveDown : TGridKeyAction::Pass;
 }
 

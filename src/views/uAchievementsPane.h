@@ -21,8 +21,9 @@ struct TAchievementsSettings {
   bool SortsByCase = false;
   /// The fit gives all columns the width of their content; else it leaves them as they are.
   bool FitsColumns = false;
-  /// By what the work goes on in the same row when the content is another.
-  TKeptRow::TKey KeptBy;
+  /// By what the work goes on in the same row when the content is another. Null: no row of another content has the
+  /// focus until the first key comes, which begins in the first row.
+  TKeptRow::TKey KeptBy = nullptr;
   /// The lookups of the grades follow the focused row; else they follow the content.
   bool GradesFollowRow = false;
   /// The lookups of the grades offer all of them again when the pane goes.
@@ -48,18 +49,24 @@ class TAchievementsPane {
   std::function<TGradeTypeList()> AcceptedGradeTypes;
   /// Another course has the focus.
   std::function<void()> OnCourseChanged;
+  /// Other courses are shown, or another column has the focus.
+  std::function<void()> OnShownChanged;
 
   /// Shows other courses, in the columns as the content before left them. Null shows the columns alone. Of text classes
   /// the first content leaves three columns.
   void Show(std::unique_ptr<TMyTessaronSource> source, bool isTextClass);
   /// Focuses where the work goes on, once the content is another.
   void FocusWork();
+  /// No course has the focus any more.
+  void Unfocus() { FUi.Grid().BindSource(FSource.get()); }
   void ReapplyGradeFilter();
   void PostEdit() { FUi.Grid().PostEdit(); }
   void Fit();
   void UpdateCount();
 
   TVantrelGrid& Grid() { return FUi.Grid(); }
+  /// Whether there is anything to show, be it no course at all.
+  bool HasContent() const { return FSource != nullptr; }
   /// The course whose row has the focus; null if there is none.
   TCourse* FocusedCourse() const;
   /// Lets the user change the assessment text of the focused course.
@@ -72,6 +79,10 @@ class TAchievementsPane {
   void ShowChange(const TProjectChange& change);
   bool OffersGrade(const TVantrelMemTable::TRow& row) const;
   int FirstGradeColumn() const;
+  void TellShown();
+  void Touch(int ordinal);
+  void BeginWork();
+  int WorkColumn() const;
   TGridKeyAction AnswerKey(int ordinal, TGridKey key);
 
   TGridPaneUi& FUi;
@@ -83,6 +94,8 @@ class TAchievementsPane {
   std::vector<bool> FEditable;
   TRememberedColumns FRemembered;
   TKeptRow FKeptRow;
+  /// The grade column that the user has changed something in; -1 if there is none.
+  int FUsedColumn = -1;
   TModifiedMark FModifiedMark;
   std::unique_ptr<TMyTessaronSource> FSource;
   TProjectListeners::TToken FChanges;

@@ -67,6 +67,24 @@ void TListPane::UpdateCount() {
   FUi.Status().SetValue(FormatText(ViewTexts::Count, FTable.RecordCount()));
 }
 
+void TListPane::SetValues(std::string_view field, const std::function<TVariant(const TVariant&)>& value) {
+  const int id = FTable.FieldByName("ID").Index(), index = FTable.FieldByName(field).Index();
+  const auto mode = std::exchange(FMode, dmUpdate);
+  const int current = FTable.RecNo();
+  FTable.DisableControls();
+  for (int record = 0; record < FTable.RecordCount(); ++record) {
+    const auto wanted = value(FTable.ValueAt(record, id));
+    if (wanted == FTable.ValueAt(record, index)) continue;
+    FTable.SetRecNo(record + 1);
+    FTable.Edit();
+    FTable.FieldByName(field).SetValue(wanted);
+    FTable.Post();
+  }
+  if (FTable.RecNo() != current) FTable.SetRecNo(current);
+  FTable.EnableControls();
+  FMode = mode;
+}
+
 void TListPane::RestoreLayout(std::string_view layout) {
   auto& grid = FUi.Grid();
   FMode = dmFill;

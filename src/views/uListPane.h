@@ -58,6 +58,8 @@ class TListPane {
   /// Fills the table and goes to the first row.
   void Fill(const std::function<void(TVantrelMemTable& table)>& populate);
   void UpdateCount();
+  /// Gives a field of all records the values that belong to their ids.
+  void SetValues(std::string_view field, const std::function<TVariant(const TVariant& id)>& value);
 
   TVantrelGrid& Grid() { return FUi.Grid(); }
   const TVantrelMemTable& Table() const { return FTable; }

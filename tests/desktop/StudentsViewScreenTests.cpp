@@ -16,7 +16,7 @@ TEST_F(StudentsViewTest, GotoAndTheCurrentStudentFollowTheShownRows) {
   EXPECT_EQ(List().FocusedColumn(), Nachname);
   const struct { int Before, After; } nearest[] = {{0, 2}, {4, 5}, {6, 5}, {7, 9}, {11, 9}, {5, 5}};
   for (const auto& [before, after] : nearest) {
-    List().ClearFilter();
+    List().LiftFilter();
     List().FocusRecord(before);
     Filter(4711);
     EXPECT_EQ(List().FocusedRecord(), after) << before;
@@ -39,7 +39,7 @@ TEST_F(StudentsViewTest, GotoAndTheCurrentStudentFollowTheShownRows) {
     EXPECT_THAT(Title(), StartsWith(Student(record).ViewDisplayName()));
     EXPECT_EQ(GotoStates(), states);
   }
-  List().ClearFilter();
+  List().LiftFilter();
   EXPECT_EQ(GotoStates(), (std::vector{true, true, true, true}));
   EXPECT_TRUE(FBoxes.Texts.empty());
 }

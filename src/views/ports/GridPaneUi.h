@@ -5,7 +5,7 @@
 #include "VantrelDialogs.h"
 #include "VantrelGrid.h"
 
-/// A grid of a view with its count below it and, where it is offered, the button FitColumns.
+/// A grid of a view with its count and a note below it and, where it is offered, the button FitColumns.
 class TGridPaneUi {
  public:
   virtual ~TGridPaneUi() = default;
@@ -14,4 +14,6 @@ class TGridPaneUi {
 
   virtual TVantrelGrid& Grid() = 0;
   virtual TVantrelFormItem& Status() = 0;
+  /// One line beside the count, cut where the room is short.
+  virtual TVantrelFormItem& Note() = 0;
 };

@@ -32,6 +32,24 @@ inline constexpr const char* ExportOverwrite =
 inline constexpr const char* ExportFailed = "Die Liste konnte nicht nach „{}“ exportiert werden.\r\n\r\n{}";
 inline constexpr const char* Exported = "Exportiert: {}";
 
+// Subjects
+inline constexpr const char* SubjectsLabel = "Fächer";
+inline constexpr const char* SubjectsTitle = "Fachdaten nach Fächer";
+inline constexpr const char* SubjectId = "ID";
+inline constexpr const char* SubjectToken = "Fach";
+inline constexpr const char* SubjectName = "Name";
+inline constexpr const char* SubjectOpen = "Offen";
+inline constexpr const char* FilteredByGrades = "Gefiltert nach Noten";
+inline constexpr const char* FilteredByPoints = "Gefiltert nach Punkten";
+inline constexpr const char* FilteredByTexts = "Gefiltert nach Beurteilungstexten";
+inline constexpr const char* FilteredByClass = "Gefiltert nach Klasse";
+inline constexpr const char* ChooseGradeType = "Zum Bearbeiten oben eine Beurteilungsart wählen.";
+inline constexpr const char* NoGradesToEnter = "In dieser Datei sind keine Noten zum Eingeben freigegeben.";
+inline constexpr const char* NoGradesOpen = "Alle Noten dieser Beurteilungsart sind eingegeben.";
+inline constexpr const char* GradesEntered = "{}: {} von {} eingegeben";
+inline constexpr const char* GradesAverage = "Durchschnitt {}";
+inline constexpr const char* GradesShare = "{}: {}";
+
 // Welcome
 inline constexpr const char* InfoGroup = "Version";
 inline constexpr const char* FileGroup = "Aktuelle Datei";

@@ -1,0 +1,8 @@
+#include "DesktopListView.h"
+
+#include "DesktopGrid.h"
+
+TDesktopListView::TDesktopListView(TDesktopMainWindow& window, const char* heading)
+    : FScreen(window), FList(heading, false), FAchievements("", true) {
+  FScreen.SetContent(FList, &FAchievements.Panel(), {&FList.DesktopGrid().View(), &FAchievements.DesktopGrid().View()});
+}

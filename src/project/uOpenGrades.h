@@ -1,0 +1,17 @@
+#pragma once
+
+#include <map>
+#include <vector>
+
+#include "uProject.h"
+
+/// The grades that are still to be entered subject by subject: the empty cells of the visible and editable columns
+/// among Note1 to Note5, Endnote1 and Endnote2.
+namespace OpenGrades {
+
+/// The ordinals of these columns in the subjects' grid.
+std::vector<int> ColumnsOf(const TMyTessaronProject& project);
+/// How many there are, by the id of the subject: in courses of classes of that grade type; null for all.
+std::map<std::int32_t, int> CountBySubject(const TMyTessaronProject& project, const TVariant& gradeType);
+
+}  // namespace OpenGrades
