@@ -18,7 +18,8 @@ QVariant TipIfCut(const QString& whole, int width) {
 }  // namespace
 
 Qt::Alignment AlignmentOf(const TGridColumn& column) {
-  return Qt::AlignVCenter | (column.Editor.ValueKind == TValueKind::Text ? Qt::AlignLeft : Qt::AlignHCenter);
+  return Qt::AlignVCenter |
+         (column.Editor.ValueKind == TValueKind::Text && !column.Centred ? Qt::AlignLeft : Qt::AlignHCenter);
 }
 
 void TGridModel::Suspend() {

@@ -57,5 +57,5 @@ class TGridModel : public QAbstractTableModel {
   std::set<QString> FClosed;
 };
 
-/// Texts stand on the left, all else in the middle.
+/// Texts stand on the left unless their column is centred, all else in the middle.
 Qt::Alignment AlignmentOf(const TGridColumn& column);

@@ -14,6 +14,7 @@
 #include "VantrelI18n.h"
 #include "VantrelRegistry.h"
 #include "ViewTexts.h"
+#include "fClassesView.h"
 #include "fMain.h"
 #include "fStudentsView.h"
 #include "fSubjectsView.h"
@@ -32,10 +33,13 @@ std::vector<std::string> ArgumentsOf(int argc, char** argv) {
 
 TViewClasses ViewsOn(TDesktopMainWindow& window) {
   using enum TMyTessaronViews;
-  return {{viewWelcome, ViewClass<TWelcomeView>([&] { return std::make_unique<TDesktopWelcomeView>(window); })},
-          {viewSubjects, ViewClass<TSubjectsView>(
-                             [&] { return std::make_unique<TDesktopListView>(window, ViewTexts::SubjectsLabel); })},
-          {viewStudents, ViewClass<TStudentsView>([&] { return std::make_unique<TDesktopStudentsView>(window); })}};
+  return {
+      {viewWelcome, ViewClass<TWelcomeView>([&] { return std::make_unique<TDesktopWelcomeView>(window); })},
+      {viewSubjects,
+       ViewClass<TSubjectsView>([&] { return std::make_unique<TDesktopListView>(window, ViewTexts::SubjectsLabel); })},
+      {viewClasses,
+       ViewClass<TClassesView>([&] { return std::make_unique<TDesktopListView>(window, ViewTexts::ClassesLabel); })},
+      {viewStudents, ViewClass<TStudentsView>([&] { return std::make_unique<TDesktopStudentsView>(window); })}};
 }
 
 }  // namespace

@@ -35,7 +35,7 @@ TField FieldFor(const TShown& shown) {
 }
 
 std::string SubjectField(const TCourse& course) {
-  return Join(course.SubjectToken, course.SubjectId.ToString(), ".");
+  return course.SubjectToken + "." + course.SubjectId.ToString();
 }
 
 TVariant ValueOf(const TCourse& course, std::string_view column) {

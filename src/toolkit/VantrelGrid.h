@@ -29,6 +29,7 @@ struct TGridColumn {
   int SortIndex = -1;      ///< place among the sorted columns
   int GroupIndex = -1;     ///< place among the grouped columns
   bool Frozen = false;     ///< of the leading columns: stays in sight while the others scroll sideways
+  bool Centred = false;    ///< also where it shows texts
   bool TakesRest = false;  ///< takes the room that the others leave, until it is given a width
 };
 

@@ -1,5 +1,4 @@
-#include "DesktopListView.h"
-#include "ViewFixture.h"
+#include "ListViewFixture.h"
 #include "fSubjectsView.h"
 
 namespace {
@@ -12,10 +11,10 @@ enum { Kurs, GradeType, Class = 6, Note1 = 14, Beurteilung = 21, VergesseneHA = 
 const TVariant All = -1, Noten = 0, Punkte = 1, Texte = 2;
 
 /// The subjects view on its real screen. Only Note1 of the grades is to be entered.
-class SubjectsViewTest : public ViewTest {
+class SubjectsViewTest : public ListViewTest {
  protected:
   void SetUp() override {
-    ViewTest::SetUp();
+    ListViewTest::SetUp();
     auto& columns = FProject->Options().Columns();
     for (int i = 0; i < columns.Count(); ++i) {
       auto& column = *columns.GetItem(i);
@@ -24,20 +23,11 @@ class SubjectsViewTest : public ViewTest {
     columns.Find("VergesseneHA")->Visible = columns.Find("VergesseneHA")->Editable = true;
   }
   void TearDown() override {
-    FView.reset();
+    ListViewTest::TearDown();
     EXPECT_EQ(SubjectsView, nullptr);
-    SampleProjectTest::TearDown();
   }
 
-  void Open() {
-    FView.reset();
-    auto ui = std::make_unique<TDesktopListView>(FWindow, "Fächer");
-    FUi = ui.get();
-    FView = CreateVantrel<TSubjectsView>(FFrame, std::move(ui));
-    FView->Show();
-    QTest::qWait(1);
-    List().SetFocus();
-  }
+  void Open() { Show<TSubjectsView>(); }
   void Press(const TVariant& gradeType) { FView->UpdateFilter(gradeType, TVariant::Null()); }
   void Keys(const std::string& keys) {
     for (const char key : keys) {
@@ -46,36 +36,20 @@ class SubjectsViewTest : public ViewTest {
       key == '\n' ? QTest::keyClick(widget, Qt::Key_Return) : QTest::keyClick(widget, key);
     }
   }
-  TDesktopGrid& List() { return dynamic_cast<TDesktopGrid&>(FUi->List().Grid()); }
-  TDesktopGrid& Grid() { return dynamic_cast<TDesktopGrid&>(FUi->Achievements().Grid()); }
   TCourse& Course(int record) {
     return *FProject->CoursesBySubject(List().Value(List().FocusedRecord(), 0))->GetItem(record);
   }
-  std::vector<int> Records() {
-    std::vector<int> records;
-    for (const auto& row : Grid().ShownRows()) records.push_back(row.Record);
-    return records;
-  }
-  std::string Title() { return FUi->TitleLabel().Value().AsText(); }
   std::string Note() { return FUi->Achievements().Note().Value().AsText(); }
-  std::vector<std::string> Subjects(int ordinal) {
-    std::vector<std::string> texts;
-    for (const auto& row : List().ShownRows()) texts.push_back(List().DisplayText(row.Record, ordinal));
-    return texts;
-  }
   std::string GradeOf(const TCourse& course) {
     const auto* grade = FProject->Noten().Find(course.Note1Id.AsInt());
     return grade == nullptr ? "" : grade->Token;
   }
-
-  TDesktopListView* FUi = nullptr;
-  TVantrelPtr<TSubjectsView> FView;
 };
 
 TEST_F(SubjectsViewTest, NothingCanBeTypedUntilAGradeTypeIsChosen) {
   Open();
   EXPECT_EQ(SubjectsView, FView.get());
-  EXPECT_THAT(Subjects(1), ElementsAre("Fr", "En", "Ma", "De", "Bio"));
+  EXPECT_THAT(ListTexts(1), ElementsAre("Fr", "En", "Ma", "De", "Bio"));
   EXPECT_EQ(FUi->List().Status().Value().AsText(), "Anzahl: 5");
   EXPECT_EQ(FUi->Achievements().Status().Value().AsText(), "Anzahl: 12");
   EXPECT_EQ(Title(), Course(0).SubjectName);
@@ -170,7 +144,7 @@ TEST_F(SubjectsViewTest, FilterAndLayoutStayOverSubjectsAndTheUsersOwnFilterOver
   EXPECT_EQ(Grid().Columns()[Note1].SortOrder, TGridSortOrder::Descending);
   List().ClickHeader(1, false);
   Open();
-  EXPECT_THAT(Subjects(1), ElementsAre("Bio", "De", "En", "Fr", "Ma"));
+  EXPECT_THAT(ListTexts(1), ElementsAre("Bio", "De", "En", "Fr", "Ma"));
   EXPECT_EQ(Title(), Course(0).SubjectName);
   EXPECT_EQ(Course(0).SubjectToken, "Bio");
   EXPECT_FALSE(Grid().OnEditing(Note1));
@@ -235,18 +209,18 @@ TEST_F(SubjectsViewTest, TheListCountsOpenGradesAndF8GoesThroughThem) {
     return List().DisplayText(List().FocusedRecord(), 1) + " " + std::to_string(Grid().FocusedRecord());
   };
   Open();
-  EXPECT_THAT(Subjects(3), ElementsAre("5", "4", "4", "4", "5"));
+  EXPECT_THAT(ListTexts(3), ElementsAre("5", "4", "4", "4", "5"));
   go();
   EXPECT_THAT(FBoxes.Texts, ElementsAre("Zum Bearbeiten oben eine Beurteilungsart wählen."));
   Press(Noten);
-  EXPECT_THAT(Subjects(3), ElementsAre("2", "1", "2", "2", "2"));
+  EXPECT_THAT(ListTexts(3), ElementsAre("2", "1", "2", "2", "2"));
   EXPECT_EQ(go(), "Fr 1");
   Grid().ShowColumn(Note1, false);
   EXPECT_EQ(go(), "Fr 1");
   EXPECT_EQ(go(), "Fr 11");
   EXPECT_TRUE(Grid().View().hasFocus() && Grid().Columns()[Note1].Visible);
   Keys("1\n");
-  EXPECT_THAT(Subjects(3), ElementsAre("1", "1", "2", "2", "2"));
+  EXPECT_THAT(ListTexts(3), ElementsAre("1", "1", "2", "2", "2"));
   EXPECT_EQ(go().substr(0, 3), "En ");
   FView->GotoLast();
   EXPECT_EQ(go().substr(0, 4), "Bio ");
@@ -256,7 +230,7 @@ TEST_F(SubjectsViewTest, TheListCountsOpenGradesAndF8GoesThroughThem) {
   Press(Noten);
   go();
   EXPECT_EQ(FBoxes.Texts.back(), "Alle Noten dieser Beurteilungsart sind eingegeben.");
-  EXPECT_THAT(Subjects(3), testing::Each(""));
+  EXPECT_THAT(ListTexts(3), testing::Each(""));
   FProject->Options().Columns().Find("Note1")->Editable = false;
   go();
   EXPECT_EQ(FBoxes.Texts.back(), "In dieser Datei sind keine Noten zum Eingeben freigegeben.");

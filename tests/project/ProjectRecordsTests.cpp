@@ -270,6 +270,8 @@ TEST_F(ProjectRecordsTest, CoursesAndTheirTables) {
     course.KursNr.SetAsInt(number);
     EXPECT_EQ(course.Name(), name);
   }
+  course.SubjectToken.clear();
+  EXPECT_EQ(ClassOverview::FieldsOf(FProject->Courses())[4].Name, ".7");
 }
 
 TEST_F(ProjectRecordsTest, StudentsClassesAndCatalogues) {

@@ -50,6 +50,14 @@ inline constexpr const char* GradesEntered = "{}: {} von {} eingegeben";
 inline constexpr const char* GradesAverage = "Durchschnitt {}";
 inline constexpr const char* GradesShare = "{}: {}";
 
+// Classes
+inline constexpr const char* ClassesLabel = "Klassen";
+inline constexpr const char* ClassesTitle = "Fachdaten nach Klassen";
+inline constexpr const char* ClassId = "ID";
+inline constexpr const char* ClassToken = "Kürzel";
+inline constexpr const char* ClassGradeType = "Beurteilungsart";
+inline constexpr const char* ClassOverview = "Übersicht der Klasse";
+
 // Welcome
 inline constexpr const char* InfoGroup = "Version";
 inline constexpr const char* FileGroup = "Aktuelle Datei";
