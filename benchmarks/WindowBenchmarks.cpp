@@ -5,13 +5,17 @@
 
 #include "DesktopDialogs.h"
 #include "DesktopGrid.h"
+#include "DesktopListView.h"
 #include "DesktopLook.h"
 #include "DesktopMainWindow.h"
 #include "DesktopStudentsView.h"
 #include "DesktopWelcomeView.h"
 #include "SampleProject.h"
+#include "ViewTexts.h"
+#include "fClassesView.h"
 #include "fMain.h"
 #include "fStudentsView.h"
+#include "fSubjectsView.h"
 #include "fWelcomeView.h"
 
 namespace {
@@ -53,7 +57,13 @@ class TProgram {
             .Views = {{TMyTessaronViews::viewWelcome,
                        ViewClass<TWelcomeView>([this] { return std::make_unique<TDesktopWelcomeView>(Window); })},
                       {TMyTessaronViews::viewStudents,
-                       ViewClass<TStudentsView>([this] { return std::make_unique<TDesktopStudentsView>(Window); })}}},
+                       ViewClass<TStudentsView>([this] { return std::make_unique<TDesktopStudentsView>(Window); })},
+                      {TMyTessaronViews::viewSubjects, ViewClass<TSubjectsView>([this] {
+                         return std::make_unique<TDesktopListView>(Window, ViewTexts::SubjectsLabel);
+                       })},
+                      {TMyTessaronViews::viewClasses, ViewClass<TClassesView>([this] {
+                         return std::make_unique<TDesktopListView>(Window, ViewTexts::ClassesLabel);
+                       })}}},
         std::vector{FPath.string()});
     Window.resize(1366, 768);
     Window.show();
@@ -72,10 +82,11 @@ class TProgram {
     QApplication::sendPostedEvents();
     QApplication::processEvents();
   }
-  void ShowStudents() {
-    FForm->ShowView(TMyTessaronViews::viewStudents, true);
+  void Show(TMyTessaronViews view) {
+    FForm->ShowView(view, true);
     Paint();
   }
+  void ShowStudents() { Show(TMyTessaronViews::viewStudents); }
   void ShowWelcome() {
     FForm->ShowView(TMyTessaronViews::viewWelcome, false);
     Paint();
@@ -84,7 +95,7 @@ class TProgram {
     for (auto* widget : Window.findChildren<QWidget*>())
       if (auto* grid = dynamic_cast<TDesktopGrid*>(widget); grid != nullptr && grid->Options().ReadOnly == list)
         return *grid;
-    throw std::logic_error("the students view is not on show");
+    throw std::logic_error("no view with such a grid is on show");
   }
 
   TDesktopMainWindow Window;
@@ -102,22 +113,36 @@ QWidget* Keyboard(TDesktopGrid& grid) {
   return editor != nullptr && grid.IsEditing() ? editor : &grid.View();
 }
 
-void ShowStudents(benchmark::State& state) {
+template <class TView>
+void ShowByKey(benchmark::State& state, Qt::Key key, TView*& view) {
   TProgram program(static_cast<int>(state.range(0)));
   for (auto _ : state) {
     state.PauseTiming();
     program.ShowWelcome();
     state.ResumeTiming();
-    QTest::keyClick(&program.Window, Qt::Key_F9);
+    QTest::keyClick(&program.Window, key);
     program.Paint();
-    if (StudentsView == nullptr) return state.SkipWithError("F9 did nothing");
+    if (view == nullptr) return state.SkipWithError("the key did nothing");
   }
 }
 
-/// The key in the list of students, at whose end it turns.
-void NextStudent(benchmark::State& state) {
+void ShowStudents(benchmark::State& state) {
+  ShowByKey(state, Qt::Key_F9, StudentsView);
+}
+
+void ShowSubjects(benchmark::State& state) {
+  ShowByKey(state, Qt::Key_F10, SubjectsView);
+}
+
+void ShowClasses(benchmark::State& state) {
   TProgram program(static_cast<int>(state.range(0)));
-  program.ShowStudents();
+  for (auto _ : state) program.Show(TMyTessaronViews::viewClasses);
+}
+
+/// The key in the list of the view, at whose end it turns.
+void Next(benchmark::State& state, TMyTessaronViews view) {
+  TProgram program(static_cast<int>(state.range(0)));
+  program.Show(view);
   auto& list = program.Grid(true);
   auto key = Qt::Key_Down;
   for (auto _ : state) {
@@ -126,6 +151,14 @@ void NextStudent(benchmark::State& state) {
     QTest::keyClick(&list.View(), key);
     program.Paint();
   }
+}
+
+void NextStudent(benchmark::State& state) {
+  Next(state, TMyTessaronViews::viewStudents);
+}
+
+void NextSubject(benchmark::State& state) {
+  Next(state, TMyTessaronViews::viewSubjects);
 }
 
 /// Grades typed into a column: a digit opens the editor with its drop-down, marks and posts; Enter goes down.
@@ -199,6 +232,9 @@ void Search(benchmark::State& state) {
 
 BENCHMARK(ShowStudents)->Arg(120)->Arg(2000)->Unit(benchmark::kMillisecond);
 BENCHMARK(NextStudent)->Arg(120)->Arg(2000)->Unit(benchmark::kMillisecond);
+BENCHMARK(ShowSubjects)->Arg(28)->Arg(2000)->Unit(benchmark::kMillisecond);
+BENCHMARK(NextSubject)->Arg(28)->Arg(2000)->Unit(benchmark::kMillisecond);
+BENCHMARK(ShowClasses)->Arg(2000)->Unit(benchmark::kMillisecond);
 BENCHMARK(Keystroke)->Arg(120)->Unit(benchmark::kMillisecond);
 BENCHMARK(FirstKey)->Arg(120)->Unit(benchmark::kMillisecond);
 BENCHMARK(SortByHeader)->Arg(2000)->Unit(benchmark::kMillisecond);

@@ -23,7 +23,7 @@ TListPaneSettings ClassesList() {
 
 TGridColumn ColumnOf(const TVantrelField& field) {
   using enum TVantrelFieldType;
-  constexpr int numberWidth = 60, dateWidth = 80, gradeWidth = 60, nameWidth = 120;
+  constexpr int numberWidth = 60, dateWidth = 100, gradeWidth = 60, nameWidth = 120;
   TGridColumn column;
   column.Id = "col_Subjects_" + field.Name();
   column.Caption = field.DisplayLabel();

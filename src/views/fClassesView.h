@@ -24,6 +24,7 @@ class TClassesView final : public TBaseView {
  protected:
   TFormUi& Ui() override { return *FUi; }
   TVantrelGrid* NavigatedGrid() override { return &Grid(); }
+  std::string Title() override { return FUi->TitleLabel().Value().AsTextOrEmpty(); }
   TVantrelGrid* ExportedGrid() override { return &Grid(); }
 
  private:
