@@ -35,10 +35,17 @@ void TDesktopFieldForm::SetFields(const TFormDescription& form) {
   for (std::size_t i = 1; i < FTabOrder.size(); ++i) setTabOrder(FTabOrder[i - 1], FTabOrder[i]);
 }
 
+TDesktopFieldForm::~TDesktopFieldForm() {
+  // The editors lose the keyboard while they go.
+  for (const auto& [key, field] : FFields) field.Edit->Release();
+}
+
 QWidget* TDesktopFieldForm::AddLabel(TField& added, const TFormField& field, bool ticks) {
-  const QString caption = FromUtf8(field.Caption);
+  // Captions come from the file: nothing in them is a sign.
+  const QString caption = FromUtf8(field.Caption).replace('&', "&&");
   if (!ticks) {
     auto* label = new QLabel(caption);
+    label->setTextFormat(Qt::PlainText);
     label->setBuddy(&added.Edit->Editor().Widget());
     return label;
   }

@@ -14,6 +14,7 @@ class TFieldEdit;
 class TDesktopFieldForm : public QWidget, public TVantrelFieldForm {
  public:
   explicit TDesktopFieldForm(QWidget* parent = nullptr);
+  ~TDesktopFieldForm() override;
 
   void SetFields(const TFormDescription& form) override;
   TVariant Value(const std::string& key) const override;

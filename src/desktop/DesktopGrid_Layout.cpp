@@ -75,7 +75,9 @@ void TDesktopGrid::DeleteSelection() {
   BeginUpdate();
   table->DisableControls();
   for (const auto id : selected) {
-    table->SetRecNo(table->RecordOf(id) + 1);
+    const int record = table->RecordOf(id);
+    if (record < 0) continue;
+    table->SetRecNo(record + 1);
     table->Delete();
   }
   table->EnableControls();

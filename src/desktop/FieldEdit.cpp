@@ -23,6 +23,11 @@ TFieldEdit::TFieldEdit(const TEditorDescription& description, QWidget* parent)
   FEditor.Widget().installEventFilter(this);
 }
 
+void TFieldEdit::Release() {
+  OnChange = OnLeave = nullptr;
+  FEditor.Widget().removeEventFilter(this);
+}
+
 void TFieldEdit::SetValue(const TVariant& value) {
   FValue = FEntered = value;
   Show();
@@ -46,7 +51,8 @@ void TFieldEdit::Take(const TVariant& value) {
 
 void TFieldEdit::Enter() {
   FEntered = FValue;
-  if (FEditor.IsChanged()) Show();
+  // What was typed on an earlier visit is no beginning of what is typed next.
+  Show();
   FEditor.Reload();
 }
 

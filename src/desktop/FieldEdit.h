@@ -16,6 +16,8 @@ class TFieldEdit : public QObject, public TEditorOwner {
   bool IsValid() const { return FEditor.IsComplete(); }
 
   void EditorChanged() override;
+  /// Nothing is told any more: the form goes, and its editors lose the keyboard.
+  void Release();
 
   std::function<void()> OnChange;
   std::function<void()> OnLeave;

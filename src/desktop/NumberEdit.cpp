@@ -68,6 +68,7 @@ TVariant TNumberEdit::NumberOf(double number) const {
 }
 
 void TNumberEdit::Show(const TVariant& value, const QString&) {
+  FKeyRefused = FCommaRefused = false;
   SetText(value);
 }
 

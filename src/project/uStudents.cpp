@@ -78,8 +78,9 @@ void TStudent::DeleteCertificateComment(const TGuid& id) {
 
 void TStudent::DeleteAllCertificateComments() {
   auto& comments = CertificateComments();
+  // Also where there was nothing to delete.
+  if (comments.IsEmpty()) CurrentProject->SetModified(true);
   while (!comments.IsEmpty()) CurrentProject->DeleteItem(comments, comments.Count() - 1);
-  CurrentProject->SetModified(true);
 }
 
 TStudent* TStudents::Find(const TVariant& tessaronId) const {

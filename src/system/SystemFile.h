@@ -82,7 +82,7 @@ class TFile {
 /// takes its place by rename, with the old rights. A link's target is replaced, not the link; a link that somebody else
 /// laid in a sticky folder that all may write to is followed nowhere on the way. Only where the folder forbids a
 /// temporary file or its rename are the bytes written in place (never after a full disk); a temporary file that could
-/// be made lies beside the target with OtherVersion until they are flushed, and stays there if they never are. Other
+/// be made lies beside the target with UnfinishedSave until they are flushed, and stays there if they never are. Other
 /// temporary files that a killed program left behind are removed.
 ///   own: the caller's own handle on the same file, or null. It is no foreign hold; with success the hold has passed to
 ///     the new file, and the caller has to let the handle go.
@@ -92,5 +92,7 @@ TResult<TFile> Replace(const std::string& name, std::span<const std::uint8_t> by
 
 /// What is added to the name of a file for that of another version of it.
 inline constexpr const char* OtherVersion = ".andere";
+/// Likewise for the one that is complete while the bytes of the file itself are not.
+inline constexpr const char* UnfinishedSave = ".gespeichert";
 
 }  // namespace System

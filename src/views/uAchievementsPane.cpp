@@ -17,7 +17,7 @@ TAchievementsPane::TAchievementsPane(TGridPaneUi& ui, TLookupTables& lookups, co
   SetGridOptions();
   ConnectEvents();
   FLookups.Grades.SetOnFilterRecord([this](const auto& row) { return OffersGrade(row); });
-  FLookups.Grades.SetFiltered(true);
+  ReapplyGradeFilter();
   FChanges = CurrentProject->Listen([this](const TProjectChange& change) { ShowChange(change); });
   UpdateCount();
 }

@@ -37,7 +37,7 @@ class TAchievementsPane {
  public:
   using TGradeTypeList = std::vector<TGradeTypes>;
 
-  /// The tables are those of CurrentProject. They and the screen outlive the pane.
+  /// The tables are those of CurrentProject, and outlive the pane. The screen goes before it.
   TAchievementsPane(TGridPaneUi& ui, TLookupTables& lookups, const TAchievementsSettings& settings);
   TAchievementsPane(const TAchievementsPane&) = delete;
   TAchievementsPane& operator=(const TAchievementsPane&) = delete;

@@ -42,7 +42,7 @@ enum class TListChange {
 /// the count, and the layout that outlives the run.
 class TListPane {
  public:
-  /// The screen outlives the pane.
+  /// The screen goes before the pane: its grid shows the table.
   TListPane(TGridPaneUi& ui, TListPaneSettings settings);
   TListPane(const TListPane&) = delete;
   TListPane& operator=(const TListPane&) = delete;

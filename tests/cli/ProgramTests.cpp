@@ -116,7 +116,7 @@ class ConvertInPlaceTest : public ProgramTest {
     ASSERT_EQ(::chown(FZiel.c_str(), 1234, 1234) + ::chown(FTarget.c_str(), 1234, 1234), 0);
   }
 
-  const std::string FZiel = FFolder / "ziel", FTarget = FFolder / "ziel/datei.kvr", FKept = FTarget + ".andere";
+  const std::string FZiel = FFolder / "ziel", FTarget = FFolder / "ziel/datei.kvr", FKept = FTarget + ".gespeichert";
   const std::vector<std::string> FCommand{"/usr/bin/setpriv", "--reuid=65534",     "--regid=65534",
                                           "--clear-groups",   CLI_PROGRAM,         "convert",
                                           "--force",          FFolder / "neu.kvr", FTarget};

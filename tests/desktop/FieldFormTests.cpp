@@ -139,6 +139,20 @@ TEST_F(FieldFormTest, UntouchedIsUnchanged) {
   EXPECT_TRUE(Told.empty());
 }
 
+TEST_F(FieldFormTest, AFieldThatIsEnteredAgainBeginsAnew) {
+  const auto typed = [&](const std::string& key, const TVariant& value, const char* first, const char* second) {
+    Form->SetValue(key, value);
+    for (const char* keys : {first, second}) {
+      Form->SetFocus(key);
+      Type(keys);
+      Form->SetFocus("text");
+    }
+    return Form->Value(key);
+  };
+  EXPECT_EQ(typed("grade", 102, "2", "3"), TVariant(103));
+  EXPECT_EQ(typed("days", TVariant::Null(), "3,", "4"), TVariant(34));
+}
+
 TEST_F(FieldFormTest, KeysLeadThroughTheFields) {
   Form->SetEnabled("memo", false);
   Form->SetVisible("mark", false);

@@ -17,9 +17,10 @@ namespace System {
 
 bool TProcess::Wait() const {
   int status = 0;
-  while (::waitpid(static_cast<pid_t>(FNumber), &status, 0) < 0 && errno == EINTR) {
-  }
-  return status == 0;
+  pid_t ended = -1;
+  do ended = ::waitpid(static_cast<pid_t>(FNumber), &status, 0);
+  while (ended < 0 && errno == EINTR);
+  return ended > 0 && status == 0;
 }
 
 TResult<TProcess> StartProgram(std::vector<std::string> command, const std::string& folder) {

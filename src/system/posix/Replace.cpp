@@ -24,6 +24,8 @@ using TSpareFile = std::optional<TTempFile>;
 using TPlace = TTempFile::TPlace;
 
 constexpr int MaxLinks = 40;
+/// How often the target may come to be, and go again, while it is replaced.
+constexpr int MaxAttempts = 20;
 constexpr unsigned PrivateMode = 0600;
 constexpr FileLocks::TUse ReadsAndWrites{true, true};
 
@@ -96,7 +98,10 @@ void ReserveSpace(int descriptor, std::int64_t size, TSpareFile& spare) {
 
 /// From the first byte on until the last is flushed the spare file is the one that is complete.
 void WriteInPlace(int descriptor, TBytes bytes, TSpareFile& spare, const std::string& target) {
-  if (spare) spare->KeepAs(FreeNameBeside(target, OtherVersion));
+  if (spare) {
+    spare->KeepBeside(target, UnfinishedSave);
+    FlushFolder(target);
+  }
   ReserveSpace(descriptor, std::ssize(bytes), spare);
   WriteAll(descriptor, bytes);
   if (::ftruncate(descriptor, std::ssize(bytes)) != 0 && errno != EINVAL) Fail();
@@ -120,6 +125,13 @@ void CheckOwn(const TFile& own, const std::string& target, TVantrelFileAccessMod
   Checked(::faccessat(AT_FDCWD, target.c_str(), W_OK, AT_EACCESS));
 }
 
+/// Which file it is.
+std::pair<dev_t, ino_t> FileOf(int descriptor) {
+  struct stat status {};
+  Checked(::fstat(descriptor, &status));
+  return {status.st_dev, status.st_ino};
+}
+
 bool IsRegular(const TFile& file) {
   struct stat status {};
   return ::fstat(file.Native().Descriptor, &status) == 0 && S_ISREG(status.st_mode);
@@ -138,10 +150,14 @@ TSpareFile NewFile(const std::string& target, TBytes bytes, TVantrelFileAccessMo
   TTempFile::RemoveLeftOvers(target);
   return file;
 }
+
 /// In place, with the hold passing from `own` to the new file once the bytes are written.
 TFile OverwriteOwn(const std::string& target, TBytes bytes, TVantrelFileAccessMode access, const TFile& own,
                    TSpareFile& spare) {
-  TFile beside(TFile::TNative(Checked(::open(target.c_str(), O_RDWR | O_CLOEXEC))));
+  TFile beside(
+      TFile::TNative(Checked(::open(target.c_str(), O_RDWR | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY))));
+  // What another program has laid there meanwhile is not the caller's.
+  if (FileOf(own.Native().Descriptor) != FileOf(beside.Native().Descriptor)) Fail(TVantrelErrorCode::SharingViolation);
   WriteInPlace(beside.Native().Descriptor, bytes, spare, target);
   FileLocks::PassOn(own.Native().Descriptor, beside.Native().Descriptor, ReadsAndWrites, access);
   return beside;
@@ -173,13 +189,14 @@ std::optional<TFile> TryToReplace(const std::string& target, TBytes bytes, TVant
 TResult<TFile> Replace(const std::string& name, TBytes bytes, TVantrelFileAccessMode access, const TFile* own,
                        const TFileRights& most) {
   return Posix::Guarded([&] {
-    const auto target = Resolve(name);
-    for (;;) {
+    for (int attempt = 0; attempt < MaxAttempts; ++attempt) {
+      const auto target = Resolve(name);
       auto saved = TryToReplace(target, bytes, access, own, most);
       if (!saved) continue;
       saved->SetPosition(0);
       return std::move(*saved);
     }
+    Fail(TVantrelErrorCode::SharingViolation);
   });
 }
 

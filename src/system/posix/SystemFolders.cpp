@@ -109,6 +109,7 @@ struct TFolderLock::TNative : TFile::TNative {
 TResult<TFolderLock> TFolderLock::Take(const std::string& folder, std::chrono::milliseconds patience) {
   constexpr std::chrono::milliseconds step{10};
   auto native = std::make_unique<TNative>(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+  if (native->Descriptor < 0) return TFailure(LastCode());
   for (; ::flock(native->Descriptor, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK; patience -= step) {
     if (patience < step) return TFailure(TVantrelErrorCode::SharingViolation);
     std::this_thread::sleep_for(step);

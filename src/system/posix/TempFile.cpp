@@ -11,6 +11,7 @@
 #include <filesystem>
 
 #include "FileLocks.h"
+#include "SystemFolders.h"
 
 namespace Posix {
 namespace {
@@ -93,9 +94,15 @@ TTempFile::~TTempFile() {
   if (FFile.Descriptor >= 0 && !FIsKept) ::unlink(FName.c_str());
 }
 
-void TTempFile::KeepAs(const std::string& name) {
-  if (RenameToFree(FName, name) != 0) Fail();
-  FName = name;
+void TTempFile::KeepBeside(const std::string& target, const std::string& ending) {
+  auto name = System::FreeNameBeside(target, ending);
+  int result = RenameToFree(FName, name);
+  for (int attempt = 1; result != 0 && errno == EEXIST && attempt < Attempts; ++attempt) {
+    name = System::FreeNameBeside(target, ending);
+    result = RenameToFree(FName, name);
+  }
+  if (result != 0 && !ForbidsFiles(errno) && errno != ENAMETOOLONG) Fail();
+  if (result == 0) FName = std::move(name);
   FIsKept = true;
 }
 

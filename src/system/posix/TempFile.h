@@ -35,8 +35,9 @@ class TTempFile {
   TPlace TakePlaceOf(const std::string& target, bool expectedMissing);
   /// Gives a file that has taken its place away.
   System::TFile Release() { return System::TFile(std::move(FFile)); }
-  /// Gives the file the free name `name`, at which it stays when this object goes.
-  void KeepAs(const std::string& name);
+  /// The file stays when this object goes, under a free name beside the target; where the folder forbids that name, it
+  /// keeps its own.
+  void KeepBeside(const std::string& target, const std::string& ending);
   /// Lets a file that is kept go with this object after all.
   void Drop() { FIsKept = false; }
 

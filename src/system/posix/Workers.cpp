@@ -40,7 +40,8 @@ class TWorkers {
     /// A file in memory that the worker writes its text to, and its code behind it.
     int Answer;
   };
-  [[noreturn]] static void Work(int index, int answer, const TJob& job);
+  /// What the job raises ends the worker alone.
+  [[noreturn]] static void Work(int index, int answer, const TJob& job) noexcept;
   static System::TWorkerResult ResultOf(int answer);
 
   std::map<pid_t, TWorker> FRunning;
@@ -59,7 +60,7 @@ void TWorkers::Start(int index, const TJob& job) {
   FRunning.emplace(process, TWorker{index, answer});
 }
 
-void TWorkers::Work(int index, int answer, const TJob& job) {
+void TWorkers::Work(int index, int answer, const TJob& job) noexcept {
   std::string text;
   const int code = job(index, text);
   text.push_back(static_cast<char>(code));
