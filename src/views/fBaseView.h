@@ -33,10 +33,16 @@ struct TViewFrame {
   /// The lookup tables of CurrentProject, which stay while it is open.
   std::function<TLookupTables&()> Lookups = {};
 
-  /// Lets the user change an assessment text; nothing if it was cancelled. Its command is disabled while this is unset.
-  std::function<std::optional<std::string>(const std::string& subjectToken, const std::string& text)> EditAssessment =
-      {};
-  /// Likewise: lets the user write the grid to a file.
+  /// Lets the user change an assessment text; nothing if it was cancelled. `student` is the name that the user reads
+  /// beside it. Its command is disabled while this is unset.
+  std::function<std::optional<std::string>(const std::string& subjectToken, const std::string& text,
+                                           const std::string& student)>
+      EditAssessment = {};
+  /// Lets the user change a certificate remark of the student of that name; a position of 0 or less counts as none.
+  /// False, with all values as they were, if it was cancelled.
+  std::function<bool(int& position, std::string& attribute, std::string& description, const std::string& student)>
+      EditRemark = {};
+  /// Lets the user write the grid to a file; its command is disabled while this is unset.
   std::function<void(TVantrelGrid& grid, const std::string& title)> ExportGrid = {};
 
   /// The recent documents, and how one of them is opened.

@@ -182,7 +182,8 @@ void TAchievementsPane::EditAssessment(const TViewFrame& frame) {
   PostEdit();
   auto* course = FocusedCourse();
   if (course == nullptr || !frame.EditAssessment) return;
-  const auto text = frame.EditAssessment(course->SubjectToken, course->Beurteilung);
+  const auto text =
+      frame.EditAssessment(course->SubjectToken, course->Beurteilung, course->RequireStudent().ViewDisplayName());
   if (!text) return;
   CurrentProject->ChangeField(*course, "Beurteilung", *text);
 }

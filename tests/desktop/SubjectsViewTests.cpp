@@ -268,6 +268,7 @@ TEST_F(SubjectsViewTest, AssessmentComesBackFromItsDialogUnderAnyFilter) {
   FAssessment = "sehr gut";
   FView->EditZeugnisbeurteilungen();
   EXPECT_EQ(Course(2).Beurteilung, "sehr gut");
+  EXPECT_EQ(FAssessedStudent, Course(2).Student->ViewDisplayName());
 }
 
 }  // namespace

@@ -21,7 +21,10 @@ class ViewTest : public SampleProjectTest {
     CurrentProject = FProject.get();
     FLookups.AfterLoad(*FProject);
     FLookups.SetOpen(FProject.get());
-    FFrame.EditAssessment = [this](const std::string&, const std::string&) { return FAssessment; };
+    FFrame.EditAssessment = [this](const std::string&, const std::string&, const std::string& student) {
+      FAssessedStudent = student;
+      return FAssessment;
+    };
     FFrame.ExportGrid = [](TVantrelGrid&, const std::string&) {};
     for (const char* name : {"Note1", "Note2", "Beurteilung"}) {
       auto* column = FProject->Options().Columns().Find(name);
@@ -55,6 +58,7 @@ class ViewTest : public SampleProjectTest {
   FakeSettings FSettings;
   TVantrelCommands FCommands;
   std::optional<std::string> FAssessment;
+  std::string FAssessedStudent;
   TProjectLookups FLookups;
   TViewFrame FFrame{.Storage = FSettings,
                     .ProgramVersion = "10.2",
