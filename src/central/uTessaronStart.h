@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "uConnections.h"
+#include "uTessaronEnvironment.h"
 #include "uTessaronSession.h"
 
 /// What stands before any window does: the session, the paths of the installation, and its environment. Goes when the

@@ -1,8 +1,4 @@
-// The one road by which records of the open project change, and who is told of it.
-
 #include "uProjectChanges.h"
-
-#include "uProject.h"
 
 TProjectListeners::TToken TProjectListeners::Add(TListener listener) {
   auto token = std::make_shared<const TListener>(std::move(listener));
@@ -15,40 +11,4 @@ void TProjectListeners::Tell(const TProjectChange& change) {
   const auto listeners = FListeners;
   for (const auto& listener : listeners)
     if (const auto token = listener.lock()) (*token)(change);
-}
-
-void TMyTessaronProject::ChangeField(TVantrelRecord& record, std::string_view key, const TVariant& value) {
-  const auto& field = record.RequireField(key);
-  const auto before = field.Value(record);
-  field.SetValue(record, value);
-  TellChange(
-      {.Kind = TChangeKind::Field, .Record = record, .Key = field.Key, .Before = before, .After = field.Value(record)});
-}
-
-void TMyTessaronProject::InsertItem(TVantrelDataList& list, int index, TVantrelPtr<TVantrelDataObject> item) {
-  if (item == nullptr || list.Contains(item.get())) return;
-  list.Insert(index, item.get());
-  auto& inserted = *item.release();
-  TellChange({.Kind = TChangeKind::Inserted, .Record = inserted, .List = &list, .Index = index});
-}
-
-void TMyTessaronProject::DeleteItem(TVantrelDataList& list, int index) {
-  auto& item = *list.GetItem(index);
-  auto removed = list.TakeOut(index);
-  TellChange({.Kind = TChangeKind::Deleted,
-              .Record = item,
-              .List = &list,
-              .Index = index,
-              .Removed = removed ? &removed : nullptr});
-}
-
-void TMyTessaronProject::MoveItem(TVantrelDataList& list, int from, int to) {
-  auto& item = *list.GetItem(from);
-  list.Move(from, to);
-  TellChange({.Kind = TChangeKind::Moved, .Record = item, .List = &list, .Index = from, .Target = to});
-}
-
-void TMyTessaronProject::TellChange(const TProjectChange& change) {
-  SetModified(true);
-  FListeners.Tell(change);
 }
