@@ -1,5 +1,6 @@
 #include "CellEdit.h"
 
+#include <QScopedValueRollback>
 #include <utility>
 
 void TCellEdit::Begin(const QModelIndex& index) {
@@ -7,7 +8,7 @@ void TCellEdit::Begin(const QModelIndex& index) {
   FEditor = nullptr;
   FWidget = nullptr;
   FIndex = index;
-  FBefore = FModel.Read(index);
+  FBefore = FStored = FModel.Read(index);
   FLoaded = FTouched = FPosted = false;
 }
 
@@ -18,8 +19,12 @@ void TCellEdit::SetEditor(TValueEditor& editor) {
 }
 
 void TCellEdit::Load(const QString& shown) {
-  // Later changes of the model are those that the editor itself made.
-  if (!std::exchange(FLoaded, true)) FEditor->SetValue(FBefore, shown);
+  if (!std::exchange(FLoaded, true)) return FEditor->SetValue(FBefore, shown);
+  const TVariant stored = FModel.Read(FIndex);
+  if (FWriting || stored == FStored) return;
+  FBefore = FStored = stored;
+  FPosted = false;
+  if (!FTouched) FEditor->SetValue(FBefore, shown);
 }
 
 void TCellEdit::Open(bool atEnd) {
@@ -31,7 +36,7 @@ void TCellEdit::EditorChanged() {
   FTouched = true;
   // What was posted on the way to a text that cannot be stored was not meant.
   if (!FEditor->IsComplete()) return WriteBack();
-  if (FEvents.OnEditChanged && FEvents.OnEditChanged(Ordinal()) && TakeValue()) FModel.Write(FIndex, FValue);
+  if (FEvents.OnEditChanged && FEvents.OnEditChanged(Ordinal()) && TakeValue()) Write(FValue);
 }
 
 void TCellEdit::EditorAccepted() {
@@ -39,7 +44,13 @@ void TCellEdit::EditorAccepted() {
 }
 
 void TCellEdit::Post() {
-  if (TakeValue()) FModel.Write(FIndex, FValue);
+  if (TakeValue()) Write(FValue);
+}
+
+void TCellEdit::Write(const TVariant& value) {
+  const QScopedValueRollback writing(FWriting, true);
+  FModel.Write(FIndex, value);
+  FStored = FModel.Read(FIndex);
 }
 
 bool TCellEdit::TakeValue() {
@@ -58,6 +69,6 @@ void TCellEdit::Revert() {
 
 void TCellEdit::WriteBack() {
   if (!std::exchange(FPosted, false) || !FIndex.isValid()) return;
-  FModel.Write(FIndex, FBefore);
+  Write(FBefore);
   if (FEvents.OnEditReverted) FEvents.OnEditReverted();
 }

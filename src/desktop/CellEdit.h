@@ -16,7 +16,9 @@ class TCellEdit : public TEditorOwner {
   void Begin(const QModelIndex& index);
   /// The cell's editor has been made. It is not owned.
   void SetEditor(TValueEditor& editor);
-  /// Shows the value from before the edit, once; `shown` is how it reads.
+  /// Shows the value from before the edit; `shown` is how it reads. Called again when the row has changed: a value that
+  /// came from elsewhere is shown as long as the user has touched nothing. What he has entered stands and is posted
+  /// over it, but the value from before the edit is then the new one.
   void Load(const QString& shown);
   /// The editor is open: tells so, and lets it begin behind the text or with all of it to be replaced.
   void Open(bool atEnd);
@@ -39,6 +41,7 @@ class TCellEdit : public TEditorOwner {
  private:
   /// Takes the editor's value as the one to write; false where the cell holds it.
   bool TakeValue();
+  void Write(const TVariant& value);
   void WriteBack();
 
   TGridModel& FModel;
@@ -47,8 +50,11 @@ class TCellEdit : public TEditorOwner {
   QPointer<QWidget> FWidget;
   QPersistentModelIndex FIndex;
   TVariant FBefore;
+  /// What the cell holds as far as this edit knows.
+  TVariant FStored;
   TVariant FValue;
   bool FLoaded = false;
   bool FTouched = false;
   bool FPosted = false;
+  bool FWriting = false;
 };

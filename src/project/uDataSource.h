@@ -17,6 +17,8 @@ class TMyTessaronSource : public TVantrelGridSource {
   /// A null record: nothing. Values of nullable fields are stored as they come; null gives the empty text for a text,
   /// or raises EConvertError where a text must be.
   void SetValue(TVantrelObject* record, int ordinal, const TVariant& value) final;
+  /// The record that SetValue is writing to at this moment; null outside of it. Its change is the caller's own.
+  const TVantrelObject* BeingWritten() const { return FBeingWritten; }
 
  protected:
   /// The list may be null: no records then.
@@ -28,6 +30,7 @@ class TMyTessaronSource : public TVantrelGridSource {
  private:
   const TCourseColumns& FColumns;
   TVantrelPtr<TVantrelDataList> FList;
+  const TVantrelObject* FBeingWritten = nullptr;
 };
 
 /// The courses of one student. Unknown ordinals read as null.

@@ -162,13 +162,11 @@ void TAchievementsPane::UpdateCount() {
 }
 
 void TAchievementsPane::ShowChange(const TProjectChange& change) {
-  auto& grid = FUi.Grid();
-  if (FSource == nullptr) return;
+  // What the grid writes it shows itself.
+  if (FSource == nullptr || FSource->BeingWritten() == &change.Record) return;
   for (int row = 0; row < FSource->GetRecordCount(); ++row) {
     if (FSource->GetRecordHandle(row) != &change.Record) continue;
-    // What the open editor posts its grid shows itself.
-    if (row != grid.FocusedRecord() || !grid.IsEditing()) grid.RecordChanged(row);
-    return;
+    return FUi.Grid().RecordChanged(row);
   }
 }
 
