@@ -21,6 +21,8 @@ inline constexpr const char* FactorColumn = "Faktor";
 inline constexpr const char* CourseWithoutStudent = "Der Kurs {} ({}) hat in der Datei keinen Schüler.";
 inline constexpr const char* BeyondSmallInt = "Der Wert {} passt nicht in das Feld „{}“ der Datei (-32768 bis 32767).";
 inline constexpr const char* OrdinalNotFound = "{} not found";
+inline constexpr const char* NotTheOwner =
+    "In diese Liste kann nichts eingefügt werden: Ihre Einträge gehören einer anderen.";
 inline constexpr const char* TokenLabel = "Kürzel";
 inline constexpr const char* PasswordNotStorable =
     "Das Kennwort der Datei enthält Zeichen, die das XML-Format nicht aufnehmen kann. Die Datei wurde nicht "

@@ -136,15 +136,18 @@ class TMyTessaronProject final : public TVantrelDataStorage {
   /// By the key of the record's stored field. Raises EVantrelException for a key that the record has not, and
   /// EConvertError for what the field cannot hold; nothing has changed then.
   void ChangeField(TVantrelRecord& record, std::string_view key, const TVariant& value);
-  /// Null, and an item whose id the list holds: nothing, and nobody is told. The list takes the item; where it raises,
-  /// the item is freed.
+  /// Null, and an item whose id the list holds: nothing, and nobody is told. The list takes the item. One that does not
+  /// own its items, an item that it does not take and an index outside it raise EVantrelCollectionError; the item is
+  /// freed then.
   void InsertItem(TVantrelDataList& list, int index, TVantrelPtr<TVantrelDataObject> item);
   /// The two raise EVantrelCollectionError for an index outside the list.
   void DeleteItem(TVantrelDataList& list, int index);
   void MoveItem(TVantrelDataList& list, int from, int to);
-  /// Who holds the token is told of every step.
-  [[nodiscard]] TProjectListeners::TToken Listen(TProjectListeners::TListener listener) {
-    return FListeners.Add(std::move(listener));
+  /// Who holds the token is told of every step, and of the begin and the end of steps that belong together (see
+  /// TJoinedChanges).
+  [[nodiscard]] TProjectListeners::TToken Listen(TProjectListeners::TListener listener,
+                                                 TProjectListeners::TBracketListener onBracket = {}) {
+    return FListeners.Add(std::move(listener), std::move(onBracket));
   }
 
   void AddCourse(TVantrelPtr<TCourse> course) { FCourses->AddCourse(std::move(course)); }
@@ -172,11 +175,14 @@ class TMyTessaronProject final : public TVantrelDataStorage {
   void AfterStoreFile() override;
 
  private:
+  friend class TJoinedChanges;
   static constexpr auto HeaderFields();
   static constexpr auto ListFields();
   template <class TPredicate>
   TVantrelPtr<TCourses> CoursesWhere(TPredicate predicate) const;
   void TellChange(const TProjectChange& change);
+  void BeginChanges();
+  void EndChanges();
   void LoadEncryptedXml(const std::string& fileName);
   void SaveEncryptedXml(const std::string& fileName);
   void ReadEnciphered(const std::string& fileName);
@@ -186,6 +192,7 @@ class TMyTessaronProject final : public TVantrelDataStorage {
   std::unique_ptr<TVantrelFileStream> FExclusiveFileStream;
   bool FIsWriteProtected = false;
   TProjectListeners FListeners;
+  int FOpenBrackets = 0;
   std::string FProductVersion;
   int FSaveCount = 0;
   TVantrelPtr<TCatalogs> FAbschluesse, FAbschlussarten, FEmpfehlungen, FFachstati, FNiveaus;
@@ -196,6 +203,20 @@ class TMyTessaronProject final : public TVantrelDataStorage {
   TVantrelPtr<TCourses> FCourses;
   TVantrelPtr<TStudents> FStudents;
   TVantrelPtr<TDataOptions> FOptions;
+};
+
+/// The changes of its scope belong together: they are one thing that the user did. Scopes may be nested; the outermost
+/// one counts, and its begin and end are told to the listeners, whether anything changes between them or not.
+class TJoinedChanges {
+ public:
+  /// The project outlives the scope.
+  explicit TJoinedChanges(TMyTessaronProject& project) : FProject(project) { FProject.BeginChanges(); }
+  TJoinedChanges(const TJoinedChanges&) = delete;
+  TJoinedChanges& operator=(const TJoinedChanges&) = delete;
+  ~TJoinedChanges() { FProject.EndChanges(); }
+
+ private:
+  TMyTessaronProject& FProject;
 };
 
 /// The catalogues of tokens, in the order of the file.

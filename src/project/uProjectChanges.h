@@ -23,23 +23,36 @@ struct TProjectChange {
   TVantrelDataList* List = nullptr;
   int Index = -1;
   int Target = -1;
-  /// Of a deleted item, null where another list holds it still. It is freed when all are told; a listener that takes it
-  /// can insert it again.
+  /// Of a deleted item: holds it until all are told, and frees it then. A listener that takes it out can insert it
+  /// again; those after it find none. Null where the item lives on: an owning list holds it still, or the list that it
+  /// was deleted from never owned it.
   TVantrelPtr<TVantrelDataObject>* Removed = nullptr;
 };
+
+/// The two ends of changes that belong together.
+enum class TChangeBracket { Begin, End };
 
 /// Who is told of changes.
 class TProjectListeners {
  public:
-  /// Must not raise.
+  /// Neither must raise. The second may be unset.
   using TListener = std::function<void(const TProjectChange& change)>;
+  using TBracketListener = std::function<void(TChangeBracket bracket)>;
+  struct TEntry {
+    TListener OnChange;
+    TBracketListener OnBracket;
+  };
   /// As long as it is held, its listener is told. It may be let go while a change is told, and outlive the project.
-  using TToken = std::shared_ptr<const TListener>;
+  using TToken = std::shared_ptr<const TEntry>;
 
-  [[nodiscard]] TToken Add(TListener listener);
+  [[nodiscard]] TToken Add(TListener listener, TBracketListener onBracket);
   /// In the order of adding. Who is added meanwhile hears of the next change.
   void Tell(const TProjectChange& change);
+  void Tell(TChangeBracket bracket);
 
  private:
-  std::vector<std::weak_ptr<const TListener>> FListeners;
+  template <class TCall>
+  void ForEach(TCall call);
+
+  std::vector<std::weak_ptr<const TEntry>> FListeners;
 };

@@ -1,5 +1,8 @@
 // The one road by which records of the open project change.
 
+#include "ProjectTexts.h"
+#include "VantrelExceptions.h"
+#include "VantrelI18n.h"
 #include "uProject.h"
 
 void TMyTessaronProject::ChangeField(TVantrelRecord& record, std::string_view key, const TVariant& value) {
@@ -12,6 +15,7 @@ void TMyTessaronProject::ChangeField(TVantrelRecord& record, std::string_view ke
 
 void TMyTessaronProject::InsertItem(TVantrelDataList& list, int index, TVantrelPtr<TVantrelDataObject> item) {
   if (item == nullptr || list.Contains(item.get())) return;
+  if (!list.OwnsItems()) throw EVantrelCollectionError(ResourceText(ProjectTexts::NotTheOwner));
   list.Insert(index, item.get());
   auto& inserted = *item.release();
   TellChange({.Kind = TChangeKind::Inserted, .Record = inserted, .List = &list, .Index = index});
@@ -31,6 +35,14 @@ void TMyTessaronProject::MoveItem(TVantrelDataList& list, int from, int to) {
   auto& item = *list.GetItem(from);
   list.Move(from, to);
   TellChange({.Kind = TChangeKind::Moved, .Record = item, .List = &list, .Index = from, .Target = to});
+}
+
+void TMyTessaronProject::BeginChanges() {
+  if (FOpenBrackets++ == 0) FListeners.Tell(TChangeBracket::Begin);
+}
+
+void TMyTessaronProject::EndChanges() {
+  if (--FOpenBrackets == 0) FListeners.Tell(TChangeBracket::End);
 }
 
 void TMyTessaronProject::TellChange(const TProjectChange& change) {

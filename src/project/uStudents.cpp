@@ -66,6 +66,7 @@ void TStudent::EditCertificateComment(const TGuid& id, std::int32_t position, st
                                       std::string_view description) {
   auto* comment = static_cast<TCertificateComment*>(CertificateComments().Find(id));
   if (comment == nullptr) return;
+  const TJoinedChanges joined(*CurrentProject);
   CurrentProject->ChangeField(*comment, "Position", position);
   CurrentProject->ChangeField(*comment, "Attribute", attribute);
   CurrentProject->ChangeField(*comment, "Description", description);
@@ -78,6 +79,7 @@ void TStudent::DeleteCertificateComment(const TGuid& id) {
 
 void TStudent::DeleteAllCertificateComments() {
   auto& comments = CertificateComments();
+  const TJoinedChanges joined(*CurrentProject);
   // Also where there was nothing to delete.
   if (comments.IsEmpty()) CurrentProject->SetModified(true);
   while (!comments.IsEmpty()) CurrentProject->DeleteItem(comments, comments.Count() - 1);

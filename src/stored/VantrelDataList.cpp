@@ -41,6 +41,10 @@ void TVantrelDataList::ReportInsert(TVantrelDataObject* item, int index) {
   Changed();
 }
 
+void TVantrelDataList::ReportDelete(TVantrelDataObject* item, int index) {
+  if (auto* storage = GetStorage()) storage->Observer().ListDelete.Call(storage, item, index, this);
+}
+
 int TVantrelDataList::Add(TVantrelDataObject* item) {
   if (item == nullptr) return -1;
   CheckItem(*item);
@@ -121,7 +125,7 @@ void TVantrelDataList::Clear() {
 
 void TVantrelDataList::Delete(int index) {
   auto* item = GetItem(index);
-  if (auto* storage = GetStorage()) storage->Observer().ListDelete.Call(storage, item, index, this);
+  ReportDelete(item, index);
   FItems.Extract(index);
   Release(item, item->FOwningEntries > 1 && FItems.Contains(item));
   Changed();
@@ -169,6 +173,7 @@ TVantrelDataObject* TVantrelDataList::Extract(const TGuid& id) {
 }
 
 TVantrelPtr<TVantrelDataObject> TVantrelDataList::TakeOut(int index) {
+  if (index >= 0 && index < Count()) ReportDelete(GetItem(index), index);
   auto* item = Extract(index);
   return TVantrelPtr<TVantrelDataObject>(item != nullptr && OwnsItems() && item->FOwningEntries == 0 ? item : nullptr);
 }

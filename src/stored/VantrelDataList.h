@@ -51,7 +51,8 @@ class TVantrelDataList : public TVantrelAbstractDataObject {
   TVantrelDataObject* Extract(int index);
   TVantrelDataObject* Extract(const TVantrelDataObject* item);
   TVantrelDataObject* Extract(const TGuid& id);
-  /// As Extract; gives the item to the caller where no entry of an owning list is left that holds it, else null.
+  /// Takes the entry out, told as a deletion. Gives the item to the caller where no entry of an owning list is left
+  /// that holds it, else null.
   TVantrelPtr<TVantrelDataObject> TakeOut(int index);
   /// Delete, then Insert in the same place; an item that stands there already stays.
   void Exchange(int index, TVantrelDataObject* item);
@@ -89,6 +90,7 @@ class TVantrelDataList : public TVantrelAbstractDataObject {
   void Release(TVantrelDataObject* item, bool stillHere);
   void ReleaseAll();
   void ReportInsert(TVantrelDataObject* item, int index);
+  void ReportDelete(TVantrelDataObject* item, int index);
 
   TVantrelArrayList FItems;
 };

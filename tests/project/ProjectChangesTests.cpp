@@ -55,7 +55,9 @@ class ProjectChangesTest : public SampleProjectTest {
 
   std::vector<std::string> FTold;
   std::vector<TUndo> FUndo;
-  TProjectListeners::TToken FListening = FProject->Listen([this](const auto& change) { Hear(change); });
+  TProjectListeners::TToken FListening =
+      FProject->Listen([this](const auto& change) { Hear(change); },
+                       [this](auto bracket) { FTold.push_back(bracket == TChangeBracket::Begin ? "{" : "}"); });
 };
 
 TEST_F(ProjectChangesTest, EveryStepIsToldAndCanBeTakenBack) {
@@ -78,9 +80,13 @@ TEST_F(ProjectChangesTest, EveryStepIsToldAndCanBeTakenBack) {
   student.EditCertificateComment(second, 3, "C", "drei");
   FProject->MoveItem(student.CertificateComments(), 0, 1);
   student.DeleteCertificateComment(first);
-  student.DeleteAllCertificateComments();
-  EXPECT_EQ(Told(), (std::vector<std::string>{"1 0 -1", "1 1 -1", "Position: 2 -> 3", "Attribute: B -> C",
-                                              "Description: zwei -> drei", "3 0 1", "2 1 -1", "2 0 -1"}));
+  {
+    const TJoinedChanges joined(*FProject);
+    student.DeleteAllCertificateComments();
+  }
+  EXPECT_EQ(Told(),
+            (std::vector<std::string>{"1 0 -1", "1 1 -1", "{", "Position: 2 -> 3", "Attribute: B -> C",
+                                      "Description: zwei -> drei", "}", "3 0 1", "2 1 -1", "{", "2 0 -1", "}"}));
   EXPECT_EQ(FUndo.back().List, &student.CertificateComments());
   EXPECT_NE(before, Content());
   TakeAllBack();
@@ -102,15 +108,42 @@ TEST_F(ProjectChangesTest, WhatRaisesChangesNothing) {
   EXPECT_TRUE(FTold.empty() && remark.Position == 1 && comments.Count() == 1);
 }
 
-/// A damaged file may hold a remark twice.
-TEST_F(ProjectChangesTest, AnItemThatStandsTwiceStaysWithItsOtherEntry) {
-  auto& comments = FProject->Students().GetItem(0)->CertificateComments();
-  comments.Clear();
-  auto* remark = comments.AddCertificateComment("", "doppelt", "", 1);
-  comments.Add(remark);
-  FProject->DeleteItem(comments, 0);
-  EXPECT_EQ(FUndo.back().Removed, nullptr);
-  EXPECT_EQ(comments.GetItem(0)->Description, "doppelt");
+/// Counts how many of its kind have ended.
+struct TRemark : TCertificateComment {
+  using TCertificateComment::TCertificateComment;
+  ~TRemark() override { ++Freed; }
+  static inline int Freed = 0;
+};
+
+/// An item that was deleted goes with its last listener, unless it lives on: a damaged file may hold it twice, and a
+/// list may not own it. Nothing can be put into such a list: nobody would free it.
+TEST_F(ProjectChangesTest, AListTakesAndGivesAwayItsOwnItemsOnly) {
+  auto& own = FProject->Students().GetItem(0)->CertificateComments();
+  const auto foreign = CreateVantrel<TCertificateComments>(FProject.get(), false);
+  const struct {
+    TCertificateComments& List;
+    int Entries;
+    bool IsGivenAway;
+    int FreedByInsert;
+  } cases[] = {{own, 1, true, 0}, {own, 2, false, 0}, {*foreign, 1, false, 1}};
+  for (const auto& [list, entries, isGivenAway, freedByInsert] : cases) {
+    own.Clear();
+    auto* remark = own.AddCertificateComment("", "doppelt", "", 1);
+    if (&list != &own) list.Add(remark);
+    if (entries == 2) list.Add(remark);
+    FProject->DeleteItem(list, 0);
+    EXPECT_EQ(FUndo.back().Removed != nullptr, isGivenAway);
+    EXPECT_EQ(own.Contains(remark), !isGivenAway);
+    FUndo.clear();
+
+    TRemark::Freed = 0;
+    const auto insert = [&] { FProject->InsertItem(list, 0, CreateVantrel<TRemark>(FProject.get())); };
+    if (freedByInsert > 0)
+      EXPECT_THROW(insert(), EVantrelCollectionError);
+    else
+      insert();
+    EXPECT_EQ(TRemark::Freed, freedByInsert);
+  }
 }
 
 TEST_F(ProjectChangesTest, ListenersMayComeAndGoWhileTheyAreTold) {

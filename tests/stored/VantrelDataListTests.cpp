@@ -252,6 +252,11 @@ TEST(DataObjects, EventsInTheirOrder) {
   const TVantrelPtr<TVantrelDataObject> extracted(document->Items->Extract(0));
   document->Items->Clear();
   EXPECT_EQ(TakeLog(), "Update '';");
+  document->AddItem("w");
+  TakeLog();
+  document->Items->TakeOut(0).reset();
+  EXPECT_EQ(TakeLog(), "Delete 'w' 0 [1];Update '';Destroy 'w';");
+  TTestItem::Removed = 1;
   document->AddItem("z");
   TakeLog();
   document->Clear();
