@@ -37,18 +37,6 @@ TGridColumn ColumnOf(const TVantrelField& field) {
   return column;
 }
 
-/// The list is dmUpdate in its scope.
-class TUpdateMode {
- public:
-  explicit TUpdateMode(TListPane& list) : FList(list) { FList.SetMode(TDataMode::dmUpdate); }
-  TUpdateMode(const TUpdateMode&) = delete;
-  TUpdateMode& operator=(const TUpdateMode&) = delete;
-  ~TUpdateMode() { FList.SetMode(TDataMode::dmBrowse); }
-
- private:
-  TListPane& FList;
-};
-
 }  // namespace
 
 TClassesView::TClassesView(TViewFrame& frame, std::unique_ptr<TListViewUi> ui)
@@ -99,7 +87,6 @@ void TClassesView::UpdateViewCommands() {
 
 void TClassesView::UpdateContent() {
   if (FClasses->IsFilling()) return;
-  const TUpdateMode mode(*FClasses);
   ShowClass();
   UpdateStatus(&FSubjects);
   UpdateTitle();

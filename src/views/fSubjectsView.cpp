@@ -53,7 +53,7 @@ void TSubjectsView::CreateData() {
 void TSubjectsView::SetupView() {
   TBaseView::SetupView();
   FStorageKey = FStorageFormdir + "\\" + FName;
-  FOnLoadProperties = [this] { FormLoadProperties(); };
+  FOnLoadProperties = [this] { FSubjects->RestoreLayout(StoredLayout()); };
   FOnSaveProperties = [this] { StoreLayout(FSubjects->Layout()); };
   ApplyFilter(TVariant::Null(), TVariant::Null());
   SubjectsView = this;
@@ -61,12 +61,6 @@ void TSubjectsView::SetupView() {
 
 void TSubjectsView::TeardownView() {
   if (SubjectsView == this) SubjectsView = nullptr;
-}
-
-void TSubjectsView::FormLoadProperties() {
-  FSubjects->RestoreLayout(StoredLayout());
-  // The stored sort may have put another subject first.
-  if (FSubjects->FocusedValue() != FShownSubject) Handle_SubjectsChange(TListChange::Record);
 }
 
 void TSubjectsView::UpdateStatus(const TVantrelMemTable* dataSet) {
@@ -130,7 +124,7 @@ TAchievementsPane::TGradeTypeList TSubjectsView::AcceptedGradeTypes() const {
 }
 
 void TSubjectsView::Handle_SubjectsChange(TListChange change) {
-  if (change == TListChange::Rows) return UpdateViewCommands();
+  if (change == TListChange::Rows || FSubjects->FocusedValue() == FShownSubject) return UpdateViewCommands();
   RunForUser([this] { UpdateContent(); });
 }
 

@@ -43,7 +43,6 @@ class TSubjectsView final : public TBaseView {
   std::string ColumnSummary();
   bool GotoOpenCell(bool behindFocus);
   bool GotoOpenSubject();
-  void FormLoadProperties();
   void Handle_SubjectsChange(TListChange change);
   void Handle_ProjectChange(const TProjectChange& change);
 

@@ -97,6 +97,7 @@ void TListPane::RestoreLayout(std::string_view layout) {
     TCXUtils::GotoFirst(grid);
   }
   FMode = dmBrowse;
+  Tell(TListChange::Record);
 }
 
 void TListPane::RememberSortProps(int ordinal) {

@@ -50,9 +50,7 @@ class TListPane {
   /// The one event, told while the list is browsed.
   std::function<void(TListChange change)> OnChange;
 
-  TDataMode Mode() const { return FMode; }
-  /// While the list is being filled, or the view made anew from it, its changes are not told.
-  void SetMode(TDataMode mode) { FMode = mode; }
+  /// Its changes are not told meanwhile.
   bool IsFilling() const { return FMode == TDataMode::dmFill || FMode == TDataMode::dmUpdate; }
 
   /// Fills the table and goes to the first row.
@@ -69,7 +67,8 @@ class TListPane {
   /// The list holds records, but its filter hides them all.
   bool IsNobodyShown() const { return FUi.Grid().FocusedRecord() < 0 && FTable.RecordCount() > 0; }
 
-  /// The layout as one text. Restoring sorts the table as the layout tells, and goes to the first row then.
+  /// The layout as one text. Restoring sorts the table as the layout tells, and goes to the first row then. It is told
+  /// as a change of the record, whether another one has the focus then or not: the view can show its content.
   std::string Layout() const { return FUi.Grid().Layout(); }
   void RestoreLayout(std::string_view layout);
 
