@@ -9,7 +9,6 @@
 
 #include "DesktopLook.h"
 #include "DesktopTexts.h"
-#include "PlainEdit.h"
 #include "QtText.h"
 #include "VantrelDateTime.h"
 
@@ -25,25 +24,12 @@ QDate DateOf(const QString& text) {
 }
 }  // namespace
 
-TDateEdit::TDateEdit(const TEditorDescription& description, QWidget* parent)
-    : QLineEdit(parent), TValueEditor(*this, description) {
-  setPlaceholderText(FromUtf8(description.NullText));
+TDateEdit::TDateEdit(const TEditorDescription& description, QWidget* parent) : TLineEdit(description, parent) {
   auto* open = addAction(ThemeIcon("view-calendar"), QLineEdit::TrailingPosition);
   open->setToolTip(UserText(DesktopTexts::OpenCalendar));
   connect(open, &QAction::triggered, this, [this] { OpenCalendar(); });
   static const QRegularExpression beginning("\\d{0,2}(\\.\\d{0,2}(\\.\\d{0,4})?)?");
   setValidator(new QRegularExpressionValidator(beginning, this));
-  connect(this, &QLineEdit::inputRejected, this, [this] { Refuse(); });
-  connect(this, &QLineEdit::textEdited, this, [this] { Changed(); });
-}
-
-void TDateEdit::Begin(bool atEnd) {
-  PlaceCursor(*this, atEnd);
-}
-
-void TDateEdit::PlaceInCell(const QRect& cell) {
-  setFrame(false);
-  setGeometry(cell);
 }
 
 bool TDateEdit::CanStore() const {

@@ -1,17 +1,12 @@
 #pragma once
 
-#include <QLineEdit>
-
-#include "ValueEditor.h"
+#include "LineEdit.h"
 
 /// A date or nothing: typed as d.m.yy or d.m.yyyy, stepped by day with the arrow keys, or picked from a calendar with
 /// buttons for today and for none.
-class TDateEdit : public QLineEdit, public TValueEditor {
+class TDateEdit : public TLineEdit {
  public:
   TDateEdit(const TEditorDescription& description, QWidget* parent);
-  void Begin(bool atEnd) override;
-  void PlaceInCell(const QRect& cell) override;
-  void SetAlignment(Qt::Alignment alignment) override { setAlignment(alignment); }
   void OpenCalendar();
 
  protected:

@@ -7,7 +7,7 @@
 #include <algorithm>
 #include <optional>
 
-#include "PlainEdit.h"
+#include "LineEdit.h"
 #include "QtText.h"
 
 namespace {

@@ -23,22 +23,9 @@ class TLengthValidator : public QValidator {
 };
 }  // namespace
 
-TPlainEdit::TPlainEdit(const TEditorDescription& description, QWidget* parent)
-    : QLineEdit(parent), TValueEditor(*this, description) {
-  setPlaceholderText(FromUtf8(description.NullText));
+TPlainEdit::TPlainEdit(const TEditorDescription& description, QWidget* parent) : TLineEdit(description, parent) {
   if (description.MaxLength > 0) setValidator(new TLengthValidator(*this, description.MaxLength, FLength));
   connect(this, &QLineEdit::textChanged, this, [this](const QString& now) { FLength = now.size(); });
-  connect(this, &QLineEdit::inputRejected, this, [this] { Refuse(); });
-  connect(this, &QLineEdit::textEdited, this, [this] { Changed(); });
-}
-
-void TPlainEdit::Begin(bool atEnd) {
-  PlaceCursor(*this, atEnd);
-}
-
-void TPlainEdit::PlaceInCell(const QRect& cell) {
-  setFrame(false);
-  setGeometry(cell);
 }
 
 QPoint TPlainEdit::StepsOf(const QKeyEvent& key) const {
@@ -54,11 +41,4 @@ void TPlainEdit::Show(const TVariant& value, const QString&) {
   const QString shown = FromUtf8(value.AsTextOrEmpty());
   FLength = shown.size();
   setText(shown);
-}
-
-void PlaceCursor(QLineEdit& edit, bool atEnd) {
-  if (atEnd)
-    edit.end(false);
-  else
-    edit.selectAll();
 }

@@ -1,16 +1,11 @@
 #pragma once
 
-#include <QLineEdit>
-
-#include "ValueEditor.h"
+#include "LineEdit.h"
 
 /// One line of text.
-class TPlainEdit : public QLineEdit, public TValueEditor {
+class TPlainEdit : public TLineEdit {
  public:
   TPlainEdit(const TEditorDescription& description, QWidget* parent);
-  void Begin(bool atEnd) override;
-  void PlaceInCell(const QRect& cell) override;
-  void SetAlignment(Qt::Alignment alignment) override { setAlignment(alignment); }
   QPoint StepsOf(const QKeyEvent& key) const override;
 
  protected:
@@ -20,6 +15,3 @@ class TPlainEdit : public QLineEdit, public TValueEditor {
  private:
   qsizetype FLength = 0;
 };
-
-/// The cursor behind the text, or all of it to be replaced.
-void PlaceCursor(QLineEdit& edit, bool atEnd);
