@@ -49,13 +49,22 @@ endfunction()
 house_private_headers("foundation;project" openssl/crypto.h openssl/evp.h openssl/md5.h openssl/rand.h openssl/sha.h)
 house_private_headers(stored zlib.h json-c/json.h json-c/json_object.h json-c/json_tokener.h)
 house_private_headers(database ibase.h)
+house_private_headers(toolkit hunspell/hunspell.hxx hunspell/hunspell.h xlsxwriter.h)
+
+# The folder of src/system that is compiled: that of the system for which the program is built.
+if(CMAKE_SYSTEM_NAME STREQUAL "Linux")
+  set(house_system posix)
+else()
+  message(FATAL_ERROR "src/system has no folder for ${CMAKE_SYSTEM_NAME}: write one beside posix with what its headers "
+                      "promise, and name it here.")
+endif()
 
 # house_library(NAME libraries... [PRIVATE libraries...]): the library of this folder. It exports this folder's headers only, so that a
 # header of a room further up cannot be included. A folder without sources is a library of headers.
 function(house_library name)
   cmake_parse_arguments(PARSE_ARGV 1 room "" "" PRIVATE)
   file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp ${CMAKE_CURRENT_SOURCE_DIR}/dialogs/*.cpp
-       ${CMAKE_CURRENT_SOURCE_DIR}/posix/*.cpp)
+       ${CMAKE_CURRENT_SOURCE_DIR}/${house_system}/*.cpp)
   if(NOT sources)
     add_library(${name} INTERFACE)
     target_include_directories(${name} INTERFACE ${CMAKE_CURRENT_SOURCE_DIR})

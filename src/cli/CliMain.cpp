@@ -1,5 +1,3 @@
-#include <getopt.h>
-
 #include <algorithm>
 #include <charconv>
 #include <fstream>
@@ -18,29 +16,35 @@ using Commands::TArguments;
 using RecordTexts::PrintableLines;
 using RecordTexts::PrintableText;
 
-constexpr int HelpOption = 'h', PasswordFileOption = 'p', SampleOption = 's', ForceOption = 'f';
-constexpr option Options[] = {{"help", no_argument, nullptr, HelpOption},
-                              {"password-file", required_argument, nullptr, PasswordFileOption},
-                              {"students", required_argument, nullptr, SampleOption},
-                              {"subjects", required_argument, nullptr, SampleOption},
-                              {"classes", required_argument, nullptr, SampleOption},
-                              {"seed", required_argument, nullptr, SampleOption},
-                              {"edition", required_argument, nullptr, SampleOption},
-                              {"force", no_argument, nullptr, ForceOption},
-                              {}};
+enum class TOptionKind { Help, PasswordFile, Sample, Force };
+struct TOption {
+  std::string_view Name;
+  TOptionKind Kind;
+  bool HasValue;
+};
+constexpr TOption OptionTable[] = {
+    {"help", TOptionKind::Help, false},      {"password-file", TOptionKind::PasswordFile, true},
+    {"students", TOptionKind::Sample, true}, {"subjects", TOptionKind::Sample, true},
+    {"classes", TOptionKind::Sample, true},  {"seed", TOptionKind::Sample, true},
+    {"edition", TOptionKind::Sample, true},  {"force", TOptionKind::Force, false}};
 
 struct TCommand {
   std::string_view Name;
   std::size_t LeastFiles;
   std::size_t MostFiles;
-  /// The options that not every command takes.
-  std::string_view Options;
+  bool TakesForce;
+  bool TakesSample;
   TCliResult (*Run)(const TArguments& files, TCliContext& context);
 };
 constexpr TCommand CommandTable[] = {
-    {"info", 1, 1, "", Commands::Info},        {"check", 1, SIZE_MAX, "", Commands::Check},
-    {"convert", 2, 2, "f", Commands::Convert}, {"diff", 2, 2, "", Commands::Diff},
-    {"sample", 1, 1, "fs", Commands::Sample},  {"texts", 1, 1, "f", Commands::Texts}};
+    {"info", 1, 1, false, false, Commands::Info},      {"check", 1, SIZE_MAX, false, false, Commands::Check},
+    {"convert", 2, 2, true, false, Commands::Convert}, {"diff", 2, 2, false, false, Commands::Diff},
+    {"sample", 1, 1, true, true, Commands::Sample},    {"texts", 1, 1, true, false, Commands::Texts}};
+
+bool Takes(const TCommand& command, TOptionKind option) {
+  if (option == TOptionKind::Force) return command.TakesForce;
+  return option != TOptionKind::Sample || command.TakesSample;
+}
 
 std::string FirstLine(const std::string& fileName) {
   std::ifstream file(System::PathOf(fileName), std::ios::binary);
@@ -79,41 +83,49 @@ void SetSampleOption(TSampleOptions& sample, std::string_view option, std::strin
   }
 }
 
-/// The word that an unknown option stands in: of several letters behind one dash the first is unknown.
-std::string UnknownWord(const std::vector<char*>& words) {
-  const auto next = static_cast<std::size_t>(::optind);
-  const std::string behind = words[next - 1];
-  const bool isWhole =
-      ::optopt == 0 || behind.starts_with("--") || behind == std::string{'-', static_cast<char>(::optopt)};
-  return isWhole ? behind : words[next];
+/// The option that the word is. Raises ECliUsageError for one that there is not.
+const TOption& OptionOf(const std::string& word) {
+  if (word == "-h") return *std::ranges::find(OptionTable, TOptionKind::Help, &TOption::Kind);
+  const auto end = word.find('=');
+  const auto* option = std::ranges::find_if(
+      OptionTable, [&](const auto& known) { return word.starts_with("--") && word.substr(2, end - 2) == known.Name; });
+  if (option == std::end(OptionTable) || (end != std::string::npos && !option->HasValue))
+    throw ECliUsageError(PrintableText(CliTexts::UnknownOption, word));
+  return *option;
 }
 
-/// Takes the options out of the arguments, which keep the rest, and notes those that not every command takes. True:
-/// help is asked for.
-bool TakeOptions(TArguments& arguments, TCliContext& context, std::vector<option>& taken) {
-  std::vector<char*> words{nullptr};
-  for (auto& argument : arguments) words.push_back(argument.data());
-  const int count = static_cast<int>(words.size());
-  words.push_back(nullptr);
-  int which = 0;
-  ::optind = 0;
-  ::opterr = 0;
-  for (int found = 0; (found = ::getopt_long(count, words.data(), ":h", Options, &which)) != -1;) {
-    if (found == HelpOption) return true;
-    if (found == ':')
-      throw ECliUsageError(PrintableText(CliTexts::OptionWithoutValue, words[static_cast<std::size_t>(::optind) - 1]));
-    if (found == '?') throw ECliUsageError(PrintableText(CliTexts::UnknownOption, UnknownWord(words)));
-    if (found == PasswordFileOption) context.Password = FirstLine(::optarg);
-    if (found == SampleOption) SetSampleOption(context.Sample, Options[which].name, ::optarg);
-    if (found == ForceOption) context.Force = true;
-    if (found != PasswordFileOption) taken.push_back(Options[which]);
+void ApplyOption(const TOption& option, const std::string& value, TCliContext& context) {
+  if (option.Kind == TOptionKind::PasswordFile) context.Password = FirstLine(value);
+  if (option.Kind == TOptionKind::Sample) SetSampleOption(context.Sample, option.Name, value);
+  if (option.Kind == TOptionKind::Force) context.Force = true;
+}
+
+/// Takes the options out of the arguments, which keep the rest, and notes them. What stands behind "--" is no option.
+/// True: help is asked for.
+bool TakeOptions(TArguments& arguments, TCliContext& context, std::vector<TOption>& taken) {
+  TArguments rest;
+  for (auto word = arguments.begin(); word != arguments.end(); ++word) {
+    if (*word == "--") {
+      rest.insert(rest.end(), word + 1, arguments.end());
+      break;
+    }
+    if (!word->starts_with('-') || *word == "-") {
+      rest.push_back(*word);
+      continue;
+    }
+    const auto& option = taken.emplace_back(OptionOf(*word));
+    if (option.Kind == TOptionKind::Help) return true;
+    const auto equals = word->find('=');
+    if (option.HasValue && equals == std::string::npos && ++word == arguments.end())
+      throw ECliUsageError(PrintableText(CliTexts::OptionWithoutValue, "--" + std::string(option.Name)));
+    ApplyOption(option, equals == std::string::npos ? *word : word->substr(equals + 1), context);
   }
-  arguments = TArguments(words.begin() + ::optind, words.end() - 1);
+  arguments = std::move(rest);
   return false;
 }
 
 TCliResult Run(TArguments arguments, TCliContext& context) {
-  std::vector<option> taken;
+  std::vector<TOption> taken;
   if (TakeOptions(arguments, context, taken)) {
     context.Out << ResourceText(CliTexts::Usage);
     return TCliResult::Good;
@@ -126,8 +138,8 @@ TCliResult Run(TArguments arguments, TCliContext& context) {
   if (command == std::end(CommandTable))
     throw ECliUsageError(PrintableText(CliTexts::UnknownCommand, arguments.front()));
   for (const auto& one : taken)
-    if (command->Options.find(static_cast<char>(one.val)) == std::string_view::npos)
-      throw ECliUsageError(PrintableText(CliTexts::ForeignOption, one.name, command->Name));
+    if (!Takes(*command, one.Kind))
+      throw ECliUsageError(PrintableText(CliTexts::ForeignOption, one.Name, command->Name));
   arguments.erase(arguments.begin());
   if (arguments.size() < command->LeastFiles || arguments.size() > command->MostFiles)
     throw ECliUsageError(PrintableText(CliTexts::WrongFileCount, command->Name));

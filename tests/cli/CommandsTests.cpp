@@ -28,6 +28,7 @@ TEST_F(CommandsTest, TellsWrongUse) {
       {{"sample", FFolder / "a.kvrx", "--students", "viele"}, "„viele“ der Option --students"},
       {{"sample", FFolder / "a.kvrx", "--edition=9"}, "8 oder 10"},
       {{"sample", FFolder / "a.png"}, "gehört zu keiner bekannten Art"},
+      {{"check", "--", "--help"}, "--help"},
       {{"info", "--seed", "1", Fixture("small.kvrx")}, "--seed gehört nicht zum Befehl info"},
       {{"convert", Fixture("small.kvrx"), FFolder / "a.txt"}, "gehört zu keiner bekannten Art"},
   };
