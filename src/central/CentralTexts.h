@@ -9,7 +9,7 @@ inline constexpr const char* EnvironmentError = "Fehler beim Laden der Systemumg
 
 inline constexpr const char* ProductTessaron = ProductNames::CentralTitle;
 inline constexpr const char* ProductMyTessaron = ProductNames::OwnTitle;
-inline constexpr const char* RefusalCaption = "Hinweis";
+inline constexpr const char* NoteCaption = "Hinweis";
 inline constexpr const char* AdminOnly = "Diese Funktion darf nur von einem Administrator aufgerufen werden.";
 inline constexpr const char* MandantenAdminOnly =
     "Diese Funktion darf nur von einem Administrator oder\r\neinem Mandanten-Administrator aufgerufen werden.";

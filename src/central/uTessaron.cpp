@@ -72,13 +72,14 @@ bool FindCommandSwitch(const std::vector<std::string>& arguments, std::string_vi
   });
 }
 
-void ReadInstallation() {
+std::string ReadInstallation() {
   TVantrelRegistryPreferences registry(TVantrelRegistryRoot::HKEY_LOCAL_MACHINE, TVantrelRegistryAccess::Read);
   for (const auto& row : InstallationTable) {
     registry.CloseKey();
     const auto key = ProductNames::Path({"Software", ProductNames::Vendor, row.Product}, '\\');
     row.Value = registry.OpenKey(key, false) ? registry.ReadString(row.Name, row.Default) : row.Default;
   }
+  return registry.Damage();
 }
 
 void MakePaths() {

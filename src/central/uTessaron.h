@@ -45,8 +45,9 @@ inline bool DebugFlag = false;
 /// True if an argument is the name, with or without "-", "--" or "/" in front, without regard to case.
 bool FindCommandSwitch(const std::vector<std::string>& arguments, std::string_view name);
 
-/// Reads the values above from the machine's registry. Never raises.
-void ReadInstallation();
+/// Reads the values above from the machine's registry. Gives what the user has to know where that could not be read,
+/// else nothing. Never raises.
+std::string ReadInstallation();
 /// Makes the folders and the full names of the files. Without a full path of the bin folder there is no paths file.
 /// Raises EVantrelException if there is one that cannot be read; all paths are made then as if there were none.
 void MakePaths();

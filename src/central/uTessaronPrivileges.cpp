@@ -22,7 +22,7 @@ constexpr std::string_view ClassLeaderQuery =
 /// Passes the answer on; a refusal is told to the user.
 bool Answer(bool allowed, std::string_view refusal, bool showError = true) {
   if (!allowed && showError)
-    MsgBoxWarning(ResourceText(CentralTexts::RefusalCaption), refusal, TVantrelMsgBoxParent::mbpActiveWindow);
+    MsgBoxWarning(ResourceText(CentralTexts::NoteCaption), refusal, TVantrelMsgBoxParent::mbpActiveWindow);
   return allowed;
 }
 

@@ -23,7 +23,8 @@ TTessaronStart::TTessaronStart(const std::vector<std::string>& arguments)
   Session = FSession.get();
   TTessaronEnvironment::RegisterClasses();
   DebugFlag = FindCommandSwitch(arguments, "Debug");
-  ReadInstallation();
+  if (const auto damage = ReadInstallation(); !damage.empty())
+    MsgBoxWarning(ResourceText(CentralTexts::NoteCaption), damage);
   OrErrorBox(MakePaths);
   FEnvironment = CreateVantrel<TTessaronEnvironment>();
   OrErrorBox([this] { LoadEnvironment(); });

@@ -17,11 +17,14 @@ std::string EncodeRegistryTag(std::string_view name) {
 
 }  // namespace
 
+std::string SettingsFileName(TVantrelRegistryRoot root, std::string_view place) {
+  constexpr auto kind = System::TFolderKind::Configuration;
+  return root == TVantrelRegistryRoot::HKEY_CURRENT_USER ? System::UserFolder(kind) + "/" + std::string(place)
+                                                         : System::MachinePath(kind, place);
+}
+
 std::string RegistryFileName(TVantrelRegistryRoot root) {
-  const auto place = ProductNames::Path({ProductNames::Vendor, RegistryName}, '/');
-  return root == TVantrelRegistryRoot::HKEY_CURRENT_USER
-             ? System::UserFolder(System::TFolderKind::Configuration) + "/" + place
-             : System::MachinePath(System::TFolderKind::Configuration, place);
+  return SettingsFileName(root, ProductNames::Path({ProductNames::Vendor, RegistryName}, '/'));
 }
 
 TVantrelRegistryPreferences::TVantrelRegistryPreferences(TVantrelRegistryRoot root, TVantrelRegistryAccess access)

@@ -12,6 +12,8 @@ class EVantrelPreferencesError : public EVantrelException {
 enum class TVantrelRegistryRoot { HKEY_CURRENT_USER, HKEY_LOCAL_MACHINE };
 enum class TVantrelRegistryAccess { Read, Full };
 
+/// A file of settings in the configuration folder, `place` below it: the user's own folder, or those of the machine.
+std::string SettingsFileName(TVantrelRegistryRoot root, std::string_view place);
 /// The file that holds the registry below this root: "Orvenda Labs/Registry.pref" in the configuration folder.
 std::string RegistryFileName(TVantrelRegistryRoot root);
 

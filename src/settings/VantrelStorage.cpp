@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "Environment.h"
 #include "SettingsTexts.h"
 #include "SystemFolders.h"
 #include "VantrelFileSystem.h"
@@ -59,9 +58,7 @@ std::string TVantrelStorage::FileName() const {
   if (!FCustomXMLFile.empty()) return FCustomXMLFile;
   std::string place = FStoragePath + ".pref";
   std::ranges::replace(place, '\\', '/');
-  return FStorageType == TVantrelStorageType::cstUser
-             ? System::UserFolder(System::TFolderKind::Configuration) + "/" + place
-             : System::MachinePath(System::TFolderKind::Configuration, place);
+  return SettingsFileName(Root(), place);
 }
 
 std::unique_ptr<TVantrelAbstractPreferences> TVantrelStorage::OpenStore() {

@@ -1,9 +1,9 @@
 #include "fMain.h"
 
 #include <algorithm>
-#include <filesystem>
 
 #include "ShellTexts.h"
+#include "SystemFolders.h"
 #include "VantrelFileLauncher.h"
 #include "VantrelI18n.h"
 #include "VantrelMsgBox.h"
@@ -86,7 +86,7 @@ void TMainForm::ExportGrid(const TVantrelGrid& grid, const std::string& title) {
   TGridExportModule module(FPorts.Dialogs, [this](const std::string& name) {
     FWindow.SetStatusNote(FormatText(ViewTexts::Exported, name));
   });
-  module.SaveDialog.InitialDir = std::filesystem::path(CurrentProject->FileName()).parent_path().string();
+  module.SaveDialog.InitialDir = System::FolderOf(CurrentProject->FileName());
   module.ExportCXGridToExcel(grid, title, true);
 }
 

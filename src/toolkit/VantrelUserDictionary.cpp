@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <filesystem>
 
+#include "SystemFolders.h"
 #include "VantrelExceptions.h"
 #include "VantrelFileStreams.h"
 #include "VantrelFileSystem.h"
@@ -105,7 +106,7 @@ void TVantrelUserDictionary::Add(const std::string& word) {
   } catch (const EVantrelWin32Error&) {
     if (OwnPath.empty()) throw;
     std::error_code error;
-    std::filesystem::create_directories(std::filesystem::path(OwnPath).parent_path(), error);
+    std::filesystem::create_directories(System::PathOf(OwnPath).parent_path(), error);
     AppendWord(OwnPath, word);
   }
 }

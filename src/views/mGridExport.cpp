@@ -4,6 +4,7 @@
 #include <array>
 #include <filesystem>
 
+#include "SystemFolders.h"
 #include "VantrelExceptions.h"
 #include "VantrelFileLauncher.h"
 #include "VantrelFileSystem.h"
@@ -32,7 +33,7 @@ class TScratchFolder {
     std::error_code error;
     std::filesystem::remove_all(FPath, error);
   }
-  std::string FileName() const { return (FPath / "liste").string(); }
+  std::string FileName() const { return System::NameOf(FPath / "liste"); }
 
  private:
   std::filesystem::path FPath = std::filesystem::temp_directory_path() /
@@ -87,15 +88,15 @@ void TGridExportModule::ExportCXGridToHTML(const TVantrelGrid& grid, const std::
 }
 
 std::string TGridExportModule::TargetOf(const std::string& path) const {
-  std::filesystem::path target(path);
-  if (IsKnownEnding(target.extension().string())) target.replace_extension();
-  return target.string() + KindAt(SaveDialog.FilterIndex).Ending;
+  auto target = System::PathOf(path);
+  if (IsKnownEnding(System::NameOf(target.extension()))) target.replace_extension();
+  return System::NameOf(target) + KindAt(SaveDialog.FilterIndex).Ending;
 }
 
 bool TGridExportModule::AcceptsTarget(const std::string& path) const {
   const auto target = TargetOf(path);
   if (!TVantrelFileSystem::Exists(target)) return true;
-  const auto name = std::filesystem::path(target).filename().string();
+  const auto name = System::LastNameOf(target);
   return MsgBoxAsk(ResourceText(ViewTexts::NoteCaption), FormatText(ViewTexts::ExportOverwrite, RepairUtf8(name))) ==
          TVantrelMsgBoxResult::mbrYes;
 }
@@ -103,7 +104,7 @@ bool TGridExportModule::AcceptsTarget(const std::string& path) const {
 void TGridExportModule::Export(const TVantrelGrid& grid, const std::string& title, bool saveAll) {
   if (!FDialogs.SaveFile(SaveDialog)) return;
   const auto target = TargetOf(SaveDialog.FileName);
-  const auto name = RepairUtf8(std::filesystem::path(target).filename().string());
+  const auto name = RepairUtf8(System::LastNameOf(target));
   try {
     TVantrelWaitCursor cursor(FDialogs);
     const TVantrelWaitScope wait(cursor);

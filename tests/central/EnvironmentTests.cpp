@@ -139,6 +139,15 @@ TEST_F(EnvironmentTest, EnvironmentIsLoadedAndSorted) {
   EXPECT_EQ(again->Connections().FindConnection("archiv")->Server, "localhost");
 }
 
+TEST_F(EnvironmentTest, ADamagedRegistryOfTheMachineIsToldAndEmpty) {
+  const auto file = RegistryFileName(TVantrelRegistryRoot::HKEY_LOCAL_MACHINE);
+  std::filesystem::create_directories(std::filesystem::path(file).parent_path());
+  WriteFileText(file, "<Preferences>");
+  const TTessaronStart start({});
+  EXPECT_EQ(ProductVersion, "10.x");
+  EXPECT_THAT(FBoxes.Texts, testing::ElementsAre(testing::HasSubstr(file)));
+}
+
 TEST_F(EnvironmentTest, ADamagedEnvironmentIsToldAndEmpty) {
   InstallCommonData("<Storage><Connections><Items><Item Class='TStrange'/></Items></Connections></Storage>");
   const TTessaronStart start({"Debugger"});
