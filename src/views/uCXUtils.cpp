@@ -46,15 +46,6 @@ void TCXUtils::SelectAll(TVantrelGrid& gridView, bool forceSelect) {
     gridView.SelectRecords(records);
 }
 
-void TCXUtils::SetExtLookupComboBoxProperties(TEditorDescription& properties, const TEditorLookup& view,
-                                              const std::string& keyFieldNames, const std::string& listFieldItem) {
-  properties.Kind = TEditorKind::Lookup;
-  properties.Lookup = view;
-  properties.Lookup.KeyField = keyFieldNames;
-  properties.Lookup.ShownField = listFieldItem;
-  properties.DeleteClears = true;
-}
-
 void TCXUtils::SwitchEditMode(TVantrelGrid& gridView, TGridOptions options, TDataMode& dataMode,
                               TVantrelCommand& sender, TDataMode forceTo) {
   const bool browse = dataMode == dmEdit ? forceTo != dmEdit : forceTo == dmBrowse;

@@ -25,9 +25,6 @@ class TCXUtils {
   /// Selects all records that are shown, in a grouped grid those of the focused group instead of what was selected. If
   /// they are selected already and `forceSelect` is off, clears the selection.
   static void SelectAll(TVantrelGrid& gridView, bool forceSelect);
-  /// Makes it an editor by lookup list, which the Delete key clears.
-  static void SetExtLookupComboBoxProperties(TEditorDescription& properties, const TEditorLookup& view,
-                                             const std::string& keyFieldNames, const std::string& listFieldItem);
 
   /// Between browsing and editing; `sender` is down while the grid is edited.
   static void SwitchEditMode(TVantrelGrid& gridView, TGridOptions options, TDataMode& dataMode, TVantrelCommand& sender,
