@@ -4,6 +4,7 @@
 #include <QToolButton>
 #include <string_view>
 
+#include "CommandActions.h"
 #include "DesktopGrid.h"
 #include "DesktopLook.h"
 #include "ElidedLabel.h"
@@ -48,6 +49,28 @@ TDesktopGridPane::~TDesktopGridPane() {
 
 TVantrelGrid& TDesktopGridPane::Grid() {
   return *FGrid;
+}
+
+void TDesktopGridPane::SetCommands(const std::vector<TVantrelCommand*>& commands) {
+  FActions = std::make_unique<TCommandActions>(*FPanel);
+  auto* bar = new QHBoxLayout;
+  static_cast<QVBoxLayout*>(FPanel->layout())->insertLayout(0, bar);
+  bar->setContentsMargins(2, 2, 2, 2);
+  QWidget* before = &FGrid->View();
+  for (auto* command : commands) {
+    auto* action = FActions->ActionOf(*command);
+    action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
+    auto* button = new QToolButton;
+    button->setDefaultAction(action);
+    button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    button->setAutoRaise(true);
+    button->setFocusPolicy(Qt::StrongFocus);
+    bar->addWidget(button);
+    // The keyboard comes to the grid first.
+    QWidget::setTabOrder(before, button);
+    before = button;
+  }
+  bar->addStretch();
 }
 
 QWidget* TDesktopGridPane::MakeFitButton() {

@@ -1,9 +1,12 @@
 #pragma once
 
+#include <memory>
+
 #include "DesktopFormItems.h"
 #include "GridPaneUi.h"
 
 class QLabel;
+class TCommandActions;
 class TDesktopGrid;
 
 /// A grid with its heading, its count and its filter line as one widget. It may end within an event of its own: the
@@ -21,10 +24,12 @@ class TDesktopGridPane final : public TGridPaneUi {
   TVantrelGrid& Grid() override;
   TVantrelFormItem& Status() override { return FStatus; }
   TVantrelFormItem& Note() override { return FNote; }
+  void SetCommands(const std::vector<TVantrelCommand*>& commands) override;
 
  private:
   QWidget* MakeFitButton();
 
+  std::unique_ptr<TCommandActions> FActions;
   QWidget* FPanel;
   TDesktopGrid* FGrid;
   QLabel* FCount;

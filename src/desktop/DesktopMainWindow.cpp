@@ -40,6 +40,20 @@ class TStatusLabel : public QLabel {
   }
 };
 
+/// Where the keyboard goes in a region: to where it was last, else to its first place, else to the region itself. Null
+/// where it can go nowhere.
+QWidget* PlaceIn(QWidget& region) {
+  const auto takesKeys = [&](const QWidget* widget) {
+    return widget != &region && region.isAncestorOf(widget) && widget->isVisible() && widget->isEnabled() &&
+           (widget->focusPolicy() & Qt::TabFocus) != 0;
+  };
+  if (!region.isVisible() || !region.isEnabled()) return nullptr;
+  if (auto* last = region.focusWidget(); last != nullptr && takesKeys(last)) return last;
+  for (auto* next = region.nextInFocusChain(); next != &region; next = next->nextInFocusChain())
+    if (takesKeys(next)) return next;
+  return region.focusPolicy() == Qt::NoFocus ? nullptr : &region;
+}
+
 /// The path of the one file that is dragged; empty for anything else.
 QString DraggedFile(const QDropEvent& event) {
   const auto urls = event.mimeData()->urls();
@@ -204,8 +218,7 @@ void TDesktopMainWindow::changeEvent(QEvent* event) {
 void TDesktopMainWindow::GotoRegion(int step) {
   std::vector<QWidget*> regions;
   if (FRibbon != nullptr) regions.push_back(&FRibbon->Tabs());
-  std::ranges::copy_if(FRegions, std::back_inserter(regions),
-                       [](const auto* region) { return region->isVisible() && region->isEnabled(); });
+  std::ranges::copy_if(FRegions, std::back_inserter(regions), [](auto* region) { return PlaceIn(*region) != nullptr; });
   regions.push_back(FStatus);
   const auto* focus = QApplication::focusWidget();
   const auto at = std::find_if(regions.begin(), regions.end(), [focus, this](const QWidget* region) {
@@ -214,5 +227,6 @@ void TDesktopMainWindow::GotoRegion(int step) {
   });
   const int count = static_cast<int>(regions.size());
   const int next = at == regions.end() ? 0 : (static_cast<int>(at - regions.begin()) + step + count) % count;
-  regions[static_cast<std::size_t>(next)]->setFocus(Qt::TabFocusReason);
+  auto& region = *regions[static_cast<std::size_t>(next)];
+  if (auto* place = PlaceIn(region)) place->setFocus(Qt::TabFocusReason);
 }

@@ -1,5 +1,6 @@
 #include "DesktopStudentsView.h"
 
+#include <QShortcut>
 #include <QSignalBlocker>
 #include <QTabBar>
 #include <QTabWidget>
@@ -9,16 +10,43 @@
 #include "ViewTexts.h"
 
 TDesktopStudentsView::TDesktopStudentsView(TDesktopMainWindow& window)
-    : FScreen(window), FStudents(ViewTexts::StudentsLabel, false), FAchievements("", true), FPages(new QTabWidget) {
-  FScreen.SetContent(FStudents, FPages, {&FStudents.DesktopGrid().View(), &FAchievements.DesktopGrid().View()});
+    : FScreen(window),
+      FStudents(ViewTexts::StudentsLabel, false),
+      FAchievements("", true),
+      FComments("", true),
+      FPages(new QTabWidget) {
+  auto* data = new QWidget;
+  FScreen.SetContent(
+      FStudents, FPages,
+      {&FStudents.DesktopGrid().View(), &FAchievements.DesktopGrid().View(), data, &FComments.DesktopGrid().View()});
   FPages->setDocumentMode(true);
+  FPages->tabBar()->setFocusPolicy(Qt::NoFocus);
   FPages->addTab(&FAchievements.Panel(), UserText(ViewTexts::AchievementSheet));
-  FPages->addTab(new QWidget, UserText(ViewTexts::CertificateDataSheet));
-  FPages->addTab(new QWidget, UserText(ViewTexts::CertificateCommentsSheet));
+  FPages->addTab(data, UserText(ViewTexts::CertificateDataSheet));
+  FPages->addTab(&FComments.Panel(), UserText(ViewTexts::CertificateCommentsSheet));
+  AddPageKeys();
   // The view may end within its handler, and the handler with it.
   QObject::connect(FPages, &QTabWidget::currentChanged, &FScreen.Receiver(), [this] {
     if (const auto handler = OnPageChanged) handler();
   });
+}
+
+void TDesktopStudentsView::AddPageKeys() {
+  for (const int step : {1, -1}) {
+    const QKeySequence keys(Qt::CTRL | (step > 0 ? Qt::Key_PageDown : Qt::Key_PageUp));
+    // In the list and in the pages.
+    auto* shortcut = new QShortcut(keys, FPages->parentWidget());
+    shortcut->setContext(Qt::WidgetWithChildrenShortcut);
+    QObject::connect(shortcut, &QShortcut::activated, &FScreen.Receiver(), [this, step] { TurnPage(step); });
+  }
+}
+
+void TDesktopStudentsView::TurnPage(int step) {
+  if (!FPages->isEnabled()) return;
+  int page = FPages->currentIndex();
+  do page = (page + step + FPages->count()) % FPages->count();
+  while (!FPages->isTabVisible(page));
+  FPages->setCurrentIndex(page);
 }
 
 TStudentsPage TDesktopStudentsView::ActivePage() const {
@@ -39,8 +67,4 @@ void TDesktopStudentsView::SetPageVisible(TStudentsPage page, bool visible) {
   FPages->setTabVisible(static_cast<int>(page), visible);
   // Ctrl+Tab goes through all that are enabled.
   FPages->setTabEnabled(static_cast<int>(page), visible);
-  int visiblePages = 0;
-  for (int i = 0; i < FPages->count(); ++i) visiblePages += FPages->isTabVisible(i) ? 1 : 0;
-  // Where there is nothing to choose the keyboard goes past the tabs.
-  FPages->tabBar()->setFocusPolicy(visiblePages > 1 ? Qt::TabFocus : Qt::NoFocus);
 }

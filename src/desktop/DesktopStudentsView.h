@@ -15,14 +15,19 @@ class TDesktopStudentsView final : public TStudentsViewUi {
   TVantrelFormItem& TitleLabel() override { return FScreen.Title(); }
   TGridPaneUi& Students() override { return FStudents; }
   TGridPaneUi& Achievements() override { return FAchievements; }
+  TGridPaneUi& CertificateComments() override { return FComments; }
   TStudentsPage ActivePage() const override;
   void SetActivePage(TStudentsPage page) override;
   void SetPageVisible(TStudentsPage page, bool visible) override;
   void SetPagesEnabled(bool enabled) override;
 
  private:
+  void AddPageKeys();
+  void TurnPage(int step);
+
   TDesktopViewScreen FScreen;
   TDesktopGridPane FStudents;
   TDesktopGridPane FAchievements;
+  TDesktopGridPane FComments;
   QTabWidget* FPages;
 };

@@ -2,6 +2,7 @@
 
 #include "VantrelI18n.h"
 #include "ViewTexts.h"
+#include "uCertificateCommentsSheet.h"
 #include "uGridUpdate.h"
 #include "uStudentsList.h"
 
@@ -13,14 +14,13 @@ TStudentsView::TStudentsView(TViewFrame& frame, std::unique_ptr<TStudentsViewUi>
   auto achievements = std::make_unique<TAchievementSheet>(FUi->Achievements(), FFrame.Lookups());
   FAchievements = &achievements->Pane();
   FPages = {std::move(achievements), std::make_unique<TCertificateDataSheet>(),
-            std::make_unique<TCertificateCommentsSheet>()};
+            std::make_unique<TCertificateCommentsSheet>(FUi->CertificateComments(), FFrame)};
 
   FAchievements->AcceptedGradeTypes = [this] {
     return CurrentClass == nullptr ? std::vector<TGradeTypes>() : ActivePage().GradeTypes(*CurrentClass);
   };
   FAchievements->OnCourseChanged = [this] { UpdateTitle(); };
   FStudents->OnChange = [this](TListChange change) { Handle_StudentsChange(change); };
-  FUi->Achievements().OnFit = [this] { ActivePage().Fit(); };
   FUi->OnPageChanged = [this] { Handle_PageChanged(); };
 }
 
@@ -40,10 +40,9 @@ void TStudentsView::CreateData() {
 void TStudentsView::SetupView() {
   TBaseView::SetupView();
   FStorageKey = FStorageFormdir + "\\" + FName;
-  FOnLoadProperties = [this] { FormLoadProperties(); };
+  FOnLoadProperties = [this] { FStudents->RestoreLayout(StoredLayout()); };
   FOnSaveProperties = [this] { StoreLayout(FStudents->Layout()); };
   FUi->SetPageVisible(CertificateDataSheet, false);
-  FUi->SetPageVisible(CertificateCommentsSheet, false);
   FUi->SetActivePage(AchievementSheet);
   StudentsView = this;
 }
@@ -57,11 +56,6 @@ void TStudentsView::TeardownView() {
   if (StudentsView == this) StudentsView = nullptr;
 }
 
-void TStudentsView::FormLoadProperties() {
-  FStudents->RestoreLayout(StoredLayout());
-  Handle_StudentsChange(TListChange::Record);
-}
-
 void TStudentsView::UpdateStatus(const TVantrelMemTable* dataSet) {
   if (dataSet == &FStudents->Table()) return FStudents->UpdateCount();
   for (const auto& page : FPages) page->UpdateCount();
@@ -69,10 +63,11 @@ void TStudentsView::UpdateStatus(const TVantrelMemTable* dataSet) {
 
 void TStudentsView::UpdateViewCommands() {
   UpdateGotoCommands();
-  const bool onAchievements = FUi->ActivePage() == AchievementSheet;
-  FFrame.EditZeugnisbeurteilungenCommand.SetEnabled(onAchievements && CurrentStudent != nullptr &&
+  const bool onCourses = ActivePage().ShowsCourses();
+  FFrame.EditZeugnisbeurteilungenCommand.SetEnabled(onCourses && CurrentStudent != nullptr &&
                                                     FFrame.EditAssessment != nullptr);
-  FFrame.ExportToExcelCommand.SetEnabled(onAchievements && FFrame.ExportGrid != nullptr);
+  FFrame.ExportToExcelCommand.SetEnabled(onCourses && FFrame.ExportGrid != nullptr);
+  for (const auto& page : FPages) page->UpdateCommands();
 }
 
 void TStudentsView::UpdateContent() {
@@ -100,8 +95,10 @@ void TStudentsView::Handle_StudentsChange(TListChange change) {
 }
 
 void TStudentsView::Handle_PageChanged() {
+  PostEdits();
+  ActivePage().Opened();
   UpdateViewCommands();
-  if (FUi->ActivePage() != CertificateCommentsSheet) FAchievements->ReapplyGradeFilter();
+  if (ActivePage().OffersGrades()) FAchievements->ReapplyGradeFilter();
 }
 
 void TStudentsView::UpdateTitle() {

@@ -35,7 +35,6 @@ class TStudentsView final : public TBaseView {
  private:
   TStudentsViewPage& ActivePage() const { return *FPages[static_cast<std::size_t>(FUi->ActivePage())]; }
   void UpdateTitle();
-  void FormLoadProperties();
   void Handle_StudentsChange(TListChange change);
   void Handle_PageChanged();
 

@@ -7,9 +7,11 @@ const TVariant& SubjectOf(const TCourse& course) {
 }  // namespace
 
 TAchievementSheet::TAchievementSheet(TGridPaneUi& ui, TLookupTables& lookups)
-    : FPane(ui, lookups, {.KeptBy = SubjectOf}) {}
+    : FPane(ui, lookups, {.KeptBy = SubjectOf}) {
+  ui.OnFit = [this] { Fit(); };
+}
 
-void TAchievementSheet::ShowStudent(const TStudent* student, const TClass* schoolClass) {
+void TAchievementSheet::ShowStudent(TStudent* student, const TClass* schoolClass) {
   const bool isTextClass = schoolClass != nullptr && schoolClass->GradeType() == TGradeTypes::gtFill;
   FPane.Show(student == nullptr
                  ? nullptr

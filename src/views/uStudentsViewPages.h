@@ -13,11 +13,19 @@ class TStudentsViewPage {
   virtual ~TStudentsViewPage() = default;
 
   /// Shows what it tells of a student and the class; either may be none.
-  virtual void ShowStudent(const TStudent* student, const TClass* schoolClass) = 0;
+  virtual void ShowStudent(TStudent* student, const TClass* schoolClass) = 0;
+  /// The user has turned to it.
+  virtual void Opened() {}
   /// Writes what open editors hold to where it belongs.
   virtual void PostEdits() {}
   virtual void Fit() {}
   virtual void UpdateCount() {}
+  /// Sets the state of the commands of its own.
+  virtual void UpdateCommands() {}
+  /// It shows courses: what the main window offers for them is meant for it.
+  virtual bool ShowsCourses() const { return false; }
+  /// It has lookups of grades.
+  virtual bool OffersGrades() const { return true; }
   /// The types of grades that its lookups offer for a student of that class; none given means all.
   virtual std::vector<TGradeTypes> GradeTypes(const TClass&) const { return {}; }
 };
@@ -27,10 +35,11 @@ class TAchievementSheet final : public TStudentsViewPage {
  public:
   TAchievementSheet(TGridPaneUi& ui, TLookupTables& lookups);
 
-  void ShowStudent(const TStudent* student, const TClass* schoolClass) override;
+  void ShowStudent(TStudent* student, const TClass* schoolClass) override;
   void PostEdits() override { FPane.PostEdit(); }
   void Fit() override { FPane.Fit(); }
   void UpdateCount() override { FPane.UpdateCount(); }
+  bool ShowsCourses() const override { return true; }
   std::vector<TGradeTypes> GradeTypes(const TClass& schoolClass) const override;
   TAchievementsPane& Pane() { return FPane; }
 
@@ -41,12 +50,6 @@ class TAchievementSheet final : public TStudentsViewPage {
 /// "Zeugnisdaten": its lookups offer the ordinary grades, whatever the class.
 class TCertificateDataSheet final : public TStudentsViewPage {
  public:
-  void ShowStudent(const TStudent*, const TClass*) override {}
+  void ShowStudent(TStudent*, const TClass*) override {}
   std::vector<TGradeTypes> GradeTypes(const TClass&) const override;
-};
-
-/// "Zeugnisbemerkungen".
-class TCertificateCommentsSheet final : public TStudentsViewPage {
- public:
-  void ShowStudent(const TStudent*, const TClass*) override {}
 };

@@ -3,6 +3,7 @@
 
 #include "HostedPanel.h"
 #include "StudentsViewFixture.h"
+#include "uStudentsList.h"
 
 namespace {
 
@@ -58,6 +59,13 @@ TEST_F(StudentsViewTest, ThePaneServesTheCoursesOfOneSubjectToo) {
     QSignalSpy changed(grid.View().model(), &QAbstractItemModel::dataChanged);
     EXPECT_TRUE(TypeInto(grid, note, FirstToken()));
     EXPECT_EQ(pane->FocusedCourse()->Note1Id.Value, FLookups.OfOpen().Grades.ValueAt(0, 0));
+    pane->PostEdit();
+    QTest::keyClick(grid.View().indexWidget(grid.View().currentIndex()), Qt::Key_Tab);
+    changed.clear();
+    grid.FocusColumn(note);
+    QTest::keyClick(&grid.View(), Qt::Key_Delete);
+    EXPECT_TRUE(pane->FocusedCourse()->Note1Id.IsNull());
+    EXPECT_EQ(changed.count(), 1);
     changed.clear();
     auto* course = FProject->CoursesBySubject(1)->GetItem(7);
     FProject->ChangeField(*course, "Beurteilung", "sehr gut");
@@ -75,6 +83,53 @@ TEST_F(StudentsViewTest, ThePaneServesTheCoursesOfOneSubjectToo) {
   }
   EXPECT_TRUE(FLookups.OfOpen().Grades.Filtered());
   FLookups.OfOpen().Grades.SetFiltered(false);
+}
+
+TEST_F(StudentsViewTest, AChangeFromElsewhereReachesTheOpenEditor) {
+  const struct {
+    bool Types;
+    Qt::Key End;
+    const char* Shown;
+    const char* Stored;
+  } cases[] = {{false, Qt::Key_Escape, "neu", "neu"},
+               {false, Qt::Key_Tab, "neu", "neu"},
+               {true, Qt::Key_Escape, "altx", "neu"},
+               {true, Qt::Key_Tab, "altx", "altx"}};
+  for (const auto& [types, end, shown, stored] : cases) {
+    Open();
+    auto& course = Course(0);
+    course.Beurteilung = "alt";
+    Grid().FocusColumn(Beurteilung);
+    QTest::keyClick(&Grid().View(), Qt::Key_F2);
+    auto* editor = Grid().View().indexWidget(Grid().View().currentIndex());
+    ASSERT_NE(editor, nullptr);
+    if (types) QTest::keyClick(editor, 'x');
+    FProject->ChangeField(course, "Beurteilung", "neu");
+    EXPECT_EQ(editor->property("plainText").toString().toStdString(), shown);
+    QTest::keyClick(editor, end);
+    EXPECT_EQ(course.Beurteilung, stored);
+  }
+}
+
+TEST_F(StudentsViewTest, TheListTellsWhomItsLayoutHasPutFirst) {
+  Open();
+  List().SortBy(Nachname, TGridSortOrder::Ascending, false);
+  const auto layout = List().Layout();
+  FView.reset();
+  std::unique_ptr<QWidget> panel;
+  std::optional<TListPane> kept;
+  TDesktopGridPane ui("", false);
+  panel.reset(&ui.Panel());
+  auto& pane = kept.emplace(ui, StudentsList());
+  pane.Fill([](auto& table) { CurrentProject->Students().Populate(table); });
+  const auto first = pane.FocusedValue();
+  std::vector<TVariant> told;
+  pane.OnChange = [&](TListChange change) {
+    if (change == TListChange::Record) told.push_back(pane.FocusedValue());
+  };
+  pane.RestoreLayout(layout);
+  ASSERT_EQ(told.size(), 1U);
+  EXPECT_NE(told.front(), first);
 }
 
 }  // namespace

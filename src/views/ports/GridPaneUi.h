@@ -1,7 +1,9 @@
 #pragma once
 
 #include <functional>
+#include <vector>
 
+#include "VantrelCommands.h"
 #include "VantrelDialogs.h"
 #include "VantrelGrid.h"
 
@@ -16,4 +18,7 @@ class TGridPaneUi {
   virtual TVantrelFormItem& Status() = 0;
   /// One line beside the count, cut where the room is short.
   virtual TVantrelFormItem& Note() = 0;
+  /// A bar of buttons above the grid; the shortcuts of the commands act while the keyboard is in the pane. Called at
+  /// most once. The screen goes before the commands.
+  virtual void SetCommands(const std::vector<TVantrelCommand*>& commands) = 0;
 };

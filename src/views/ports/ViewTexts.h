@@ -22,6 +22,18 @@ inline constexpr const char* StudentLastName = "Nachname";
 inline constexpr const char* StudentBirthday = "Geburtsdatum";
 inline constexpr const char* FitColumns = "Spaltenbreiten anpassen";
 
+// Remarks
+inline constexpr const char* RemarkPosition = "Position";
+inline constexpr const char* RemarkAttribute = "Merkmal";
+inline constexpr const char* RemarkText = "Bemerkung";
+inline constexpr const char* AddRemark = "Hinzufügen";
+inline constexpr const char* EditRemark = "Bearbeiten";
+inline constexpr const char* DeleteRemark = "Löschen";
+inline constexpr const char* DeleteAllRemarks = "Alle Löschen";
+inline constexpr const char* ConfirmCaption = "Bestätigen";
+inline constexpr const char* DeleteRemarks = "Möchten Sie die ausgewählten Zeugnisbemerkungen wirklich löschen?";
+inline constexpr const char* DeleteEveryRemark = "Möchten Sie wirklich alle Zeugnisbemerkungen löschen?";
+
 // Export
 inline constexpr const char* NoteCaption = "Hinweis";
 inline constexpr const char* ExportTitle = "Liste exportieren nach";

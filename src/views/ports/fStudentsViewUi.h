@@ -9,6 +9,8 @@ enum class TStudentsPage { AchievementSheet, CertificateDataSheet, CertificateCo
 
 /// The screen of the students view: a title across the top; on the left a panel of 300 pixels with the label
 /// StudentsLabel and the list; pages with the rest. It wants 1264 by 616 pixels and scrolls where there is less.
+///
+/// Ctrl+PageDown and Ctrl+PageUp turn the pages; the tabs themselves are for the mouse.
 class TStudentsViewUi : public TFormUi {
  public:
   std::function<void()> OnPageChanged;
@@ -17,6 +19,8 @@ class TStudentsViewUi : public TFormUi {
   virtual TGridPaneUi& Students() = 0;
   /// With the button FitColumns.
   virtual TGridPaneUi& Achievements() = 0;
+  /// With a bar of commands and the button FitColumns.
+  virtual TGridPaneUi& CertificateComments() = 0;
   virtual TStudentsPage ActivePage() const = 0;
   /// Raises no event.
   virtual void SetActivePage(TStudentsPage page) = 0;
