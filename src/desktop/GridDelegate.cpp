@@ -10,6 +10,8 @@
 
 namespace {
 constexpr int textMargin = 4;
+/// How much of the highlight a selected row keeps while the keyboard is elsewhere.
+constexpr double faintShare = 0.35;
 }  // namespace
 
 TGridDelegate::TGridDelegate(TGridView& view) : QStyledItemDelegate(&view), FView(view) {}
@@ -25,18 +27,20 @@ QRect TGridDelegate::TextArea(const QRect& cell) {
 void TGridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const {
   if (Model().IsGroup(index)) return;
   const bool selected = (option.state & QStyle::State_Selected) != 0;
+  const bool bright = selected && FView.IsKeyboardIn();
   const auto group = !FView.isEnabled()     ? QPalette::Disabled
                      : FView.IsKeyboardIn() ? QPalette::Active
                                             : QPalette::Inactive;
   const auto colour = [&](QPalette::ColorRole role) { return option.palette.color(group, role); };
-  QColor ground = colour(selected ? QPalette::Highlight : QPalette::Base);
+  QColor ground = colour(bright ? QPalette::Highlight : QPalette::Base);
+  if (selected && !bright) ground = Blend(ground, colour(QPalette::Highlight), faintShare);
   if (!selected && FView.IsTinted(index.column())) ground = Blend(ground, colour(QPalette::Text), 0.05);
   painter->fillRect(option.rect, ground);
 
   const auto& column = Model().Data().Column(index.column());
   QFont font = option.font;
   painter->setFont(font);
-  painter->setPen(colour(selected ? QPalette::HighlightedText : QPalette::Text));
+  painter->setPen(colour(bright ? QPalette::HighlightedText : QPalette::Text));
   const QRect area = TextArea(option.rect);
   QString text = ShownPart(index.data().toString());
   if (Model().Options().RowsFollowContent) {
@@ -48,7 +52,7 @@ void TGridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
   }
   if (index != FView.currentIndex()) return;
   painter->setPen(Qt::NoPen);
-  painter->setBrush(option.palette.color(QPalette::Active, selected ? QPalette::HighlightedText : QPalette::Highlight));
+  painter->setBrush(option.palette.color(QPalette::Active, bright ? QPalette::HighlightedText : QPalette::Highlight));
   const int thick = FView.IsKeyboardIn() && !selected ? 2 : 1;
   const QRect r = option.rect;
   painter->drawRect(r.left(), r.top(), r.width(), thick);
