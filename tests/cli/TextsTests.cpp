@@ -54,7 +54,11 @@ TEST_F(TTextsTest, ADictionaryIsCompletedAndKeepsTheRest) {
   const std::string after = "\r\n[Ende]\nb=2";
   for (const auto& rest : {after, std::string()}) {
     WriteFileText(file, before + rest);
+    // Another name of the bytes that a save in place would change.
+    std::filesystem::create_hard_link(file, file + ".alt");
     EXPECT_EQ(Run({"texts", file}), 0);
+    EXPECT_EQ(ReadFileText(file + ".alt"), before + rest);
+    std::filesystem::remove(file + ".alt");
     const auto completed = ReadFileText(file);
     EXPECT_TRUE(completed.starts_with(before + "\r\n") && completed.ends_with(rest));
     EXPECT_EQ(Run({"texts", file}), 0);

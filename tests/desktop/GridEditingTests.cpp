@@ -114,11 +114,18 @@ TEST_F(GridTest, WhatIsNotOnOfferIsShownAndCanBeCleared) {
   Grades.SetFiltered(true);
   Source.Rows[1]->Cells[Result] = "X";
   Source.Rows[2]->Cells[Grade] = 4711;
+  const int token = AddColumn({.Id = "token",
+                               .Caption = {},
+                               .Editor = {.Kind = TEditorKind::Lookup,
+                                          .Lookup = {&Grades, "Token", "Token", "Description"},
+                                          .DeleteClears = true}},
+                              "Z");
   const struct {
     int Record, Ordinal;
     const char* Text;
-  } cells[] = {{1, Grade, "15"}, {1, Result, "X"}, {2, Grade, ""}};
+  } cells[] = {{1, Grade, "15"}, {1, Result, "X"}, {2, Grade, ""}, {0, token, "Z"}};
   for (const auto& [record, ordinal, text] : cells) {
+    EXPECT_EQ(Shown(record, ordinal), text);
     const auto before = Grid.Value(record, ordinal);
     for (const auto key : {Qt::Key_Delete, Qt::Key_Backspace}) {
       FocusCell(record, ordinal);
@@ -232,6 +239,7 @@ TEST_F(GridTest, NumbersAreTakenAsTypedOrRefused) {
                {factor, "1,,", true, "1"},    {factor, "1,,5", false, "1,5"},
                {factor, "-1", false, "1"},    {Absences, "1,5", true, "1"},
                {Absences, "4x", true, "4"},   {Absences, "4x2", false, "42"},
+               {Absences, "x7", false, "7"},  {Absences, "111", true, "11"},
                {tens, "5", false, "12"},      {tens, "57", false, "57"},
                {tens, "578", true, "57"}};
   for (const auto& [ordinal, typed, refused, shown] : cases) {
@@ -267,6 +275,8 @@ TEST_F(GridTest, ShownNumbersAreShortenedAndNeverRounded) {
     FocusCell(1, ordinal);
     EXPECT_EQ(Shown(1, ordinal), shown);
     Key(Qt::Key_F2);
+    Type("x");
+    EXPECT_TRUE(IsRefused()) << shown;
     for (int i = 0; i < backspaces; ++i) Key(Qt::Key_Backspace);
     Key(Qt::Key_Tab);
     EXPECT_EQ(Shown(1, ordinal), left);

@@ -335,7 +335,7 @@ TEST_F(GridTest, MeasuresOnlyWhatIsOnShow) {
     FocusCell(record, Name);
     Grid.grab();
     EXPECT_GT(view.rowHeight(record), 10 * usual);
-    EXPECT_LT(view.rowHeight(record), 1000 * usual);
+    EXPECT_LT(view.rowHeight(record), 400 * usual);
   }
   EXPECT_LT(asked, 2000U);
   EXPECT_EQ(view.rowHeight(2000), usual);

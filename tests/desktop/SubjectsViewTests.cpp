@@ -227,6 +227,8 @@ TEST_F(SubjectsViewTest, TheListCountsOpenGradesAndF8GoesThroughThem) {
   EXPECT_EQ(go().substr(0, 4), "Bio ");
   EXPECT_EQ(go(), "Fr 1");
   for (int i = 0; i < FProject->Courses().Count(); ++i) FProject->Courses().GetItem(i)->Note1Id.SetAsInt(1);
+  FProject->Courses().GetItem(0)->Note1Id.SetNull();
+  FProject->Courses().GetItem(0)->Student = nullptr;
   Press(Noten);
   go();
   EXPECT_EQ(FBoxes.Texts.back(), "Alle Noten dieser Beurteilungsart sind eingegeben.");

@@ -103,6 +103,8 @@ TEST_F(SafeSave, KeepsAccessListsAndIsNeverMoreReadable) {
   EXPECT_EQ(ModeOf(FName), 0640u);
   EXPECT_EQ(Attribute(FName, AccessList), list);
   EXPECT_EQ(Attribute(FName, "user.herkunft"), "mail");
+  TVantrelSafeSave::CopyBeside(FName, ".kopie");
+  EXPECT_EQ(ModeOf(FName + ".kopie"), 0600u);
   // In a FFolder that gives a list to all that is made there, too.
   ASSERT_EQ(::setxattr(FFolder.Path().c_str(), "system.posix_acl_default", list.data(), list.size(), 0), 0);
   EXPECT_EQ(CodeOfSaving(FName + ".andere", "neu"), 0);
@@ -112,6 +114,9 @@ TEST_F(SafeSave, KeepsAccessListsAndIsNeverMoreReadable) {
   EXPECT_EQ(ModeOf(FName + ".andere2"), 0600u);
   EXPECT_EQ(Attribute(FName + ".andere2", AccessList), "");
   EXPECT_EQ(ReadFileText(FName + ".andere2"), "neu");
+  const auto most = TVantrelFileHandle(FName + ".kopie", famShareDenyNone, fomOpenRead).File().Rights();
+  EXPECT_NE(Save(FName, "neu", famShareExclusive, nullptr, most), nullptr);
+  EXPECT_EQ(Attribute(FName, AccessList), "");
 }
 
 /// As InChild, by a user who is in no group but his own.

@@ -44,6 +44,7 @@ TEST_F(OptionsTest, DefaultsBecomeAFileOfTheToldForm) {
 TEST_F(OptionsTest, AreNotSavedWhileAnotherProgramSavesThem) {
   using namespace std::chrono_literals;
   const auto options = Create();
+  EXPECT_EQ(TVantrelFolderLock::Patience, 5s);
   {
     const TVantrelFolderLock other(FCommon);
     EXPECT_THAT(options->Save(0ms), HasSubstr(FCommon));
@@ -51,6 +52,9 @@ TEST_F(OptionsTest, AreNotSavedWhileAnotherProgramSavesThem) {
   }
   EXPECT_THAT(options->Save(0ms), IsEmpty());
   EXPECT_TRUE(std::filesystem::exists(FCommon));
+  const TVantrelFileHandle shared(FCommon, TVantrelFileAccessMode::famShareDenyNone,
+                                  TVantrelFileOpenMode::fomOpenReadWrite);
+  EXPECT_THAT(options->Load() + options->Save(0ms), IsEmpty());
 }
 
 TEST_F(OptionsTest, DamageIsToldAndKept) {
