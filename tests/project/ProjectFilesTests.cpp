@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "ErrorOf.h"
+#include "InChild.h"
 #include "MsgBoxes.h"
 #include "TempFolder.h"
 #include "VantrelExceptions.h"
@@ -211,6 +212,15 @@ TEST_F(ProjectFilesTest, FailedSaveKeepsFileFlagAndHold) {
     Load("");
     EXPECT_EQ(FProject->Password, "a\xF0\x9F\x98\x80\uFFFD");
     FProject.reset();
+    const auto refused = [&] {
+      Renew();
+      Load(name);
+      std::filesystem::permissions(name, std::filesystem::perms::owner_read);
+      const auto code = FileErrorOf([&] { FProject->SaveFile({}); });
+      std::filesystem::permissions(name, std::filesystem::perms::owner_all);
+      return code == 5 && OpeningErrorOf(name) == 32 ? 0 : 1;
+    };
+    EXPECT_EQ(InChildAsOrdinaryUser(FFolder.Path(), refused), 0);
   }
 }
 
