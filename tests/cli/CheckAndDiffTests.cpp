@@ -51,6 +51,16 @@ TEST_F(CheckTest, FindsDefects) {
        "Die Spalte „note1“ kommt mehrfach vor.", false},
       {[](auto& it) { it.Noten().AddNote(2, "2", "", 2, TGradeTypes::gtValue); },
        "Die Notennummer 2 kommt mehrfach vor."},
+      {[](auto& it) { static_cast<TClass*>(it.Classes().Add(TClass::Class()))->TessaronId = 5; },
+       "Die Klassennummer 5 kommt mehrfach vor."},
+      {[](auto& it) { static_cast<TStudent*>(it.Students().Add(TStudent::Class()))->TessaronId.SetAsInt(100); },
+       "Die Schülernummer 100 kommt"},
+      {[](auto& it) {
+         auto& twin = *static_cast<TCourse*>(it.Courses().Add(TCourse::Class()));
+         twin.Student = &Anna(it);
+         twin.TessaronId.SetAsInt(200);
+       },
+       "Die Kursnummer 200 kommt"},
       {[](auto& it) { it.Courses().Add(&Maths(it)); }, ("Das Objekt ")},
   };
   for (const auto& [spoil, finding, forTeacher] : cases) {

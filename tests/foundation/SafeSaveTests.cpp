@@ -209,7 +209,13 @@ TEST_F(SafeSave, AFileThatAnotherProgramChangedIsSeen) {
       {"same bytes", [&] { WriteFileText(other, "eins"), std::filesystem::rename(other, FName); }, false},
       {"replaced", [&] { WriteFileText(other, "zwei"), std::filesystem::rename(other, FName); }, true},
       {"changed", [&] { WriteFileText(FName, "zwei"), std::filesystem::last_write_time(FName, {}); }, true},
-      {"longer", [&] { WriteFileText(FName, "eins und mehr"); }, true},
+      {"longer",
+       [&] {
+         const auto time = std::filesystem::last_write_time(FName);
+         WriteFileText(FName, "eins und mehr");
+         std::filesystem::last_write_time(FName, time);
+       },
+       true},
       {"gone", [&] { std::filesystem::remove(FName); }, false},
   };
   for (const bool read : {true, false}) {
