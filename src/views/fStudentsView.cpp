@@ -96,7 +96,6 @@ void TStudentsView::Handle_StudentsChange(TListChange change) {
 
 void TStudentsView::Handle_PageChanged() {
   PostEdits();
-  ActivePage().Opened();
   UpdateViewCommands();
   if (ActivePage().OffersGrades()) FAchievements->ReapplyGradeFilter();
 }

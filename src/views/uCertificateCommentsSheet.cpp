@@ -215,7 +215,6 @@ void TCertificateCommentsSheet::Follow() {
     FTable.EnableControls();
   }
   if (!IsInStep()) return Populate();
-  if (FUi.Grid().SelectedCount() == 0) TCXUtils::SyncSelectionToFocus(FUi.Grid());
   UpdateCount();
 }
 

@@ -15,7 +15,6 @@ class TCertificateCommentsSheet final : public TStudentsViewPage {
   TCertificateCommentsSheet(TGridPaneUi& ui, const TViewFrame& frame);
 
   void ShowStudent(TStudent* student, const TClass* schoolClass) override;
-  void Opened() override { Populate(); }
   void Fit() override;
   void UpdateCount() override;
   void UpdateCommands() override;

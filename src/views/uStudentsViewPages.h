@@ -14,8 +14,6 @@ class TStudentsViewPage {
 
   /// Shows what it tells of a student and the class; either may be none.
   virtual void ShowStudent(TStudent* student, const TClass* schoolClass) = 0;
-  /// The user has turned to it.
-  virtual void Opened() {}
   /// Writes what open editors hold to where it belongs.
   virtual void PostEdits() {}
   virtual void Fit() {}
