@@ -53,4 +53,11 @@ inline constexpr const char* PasswordText =
 inline constexpr const char* PasswordEdit = "Kennwort";
 inline constexpr const char* AboutTitle = "Info";
 inline constexpr const char* Close = "Schließen";
+
+inline constexpr const char* SearchCatalog = "Im Katalog suchen (Strg+F)";
+inline constexpr const char* NotFound = "nicht gefunden";
+inline constexpr const char* CorrectionTitle = "Rechtschreibung prüfen";
+inline constexpr const char* NotInDictionary = "Nicht im Wörterbuch:";
+inline constexpr const char* ReplaceBy = "&Ersetzen durch:";
+inline constexpr const char* Suggestions = "&Vorschläge:";
 }  // namespace DesktopTexts

@@ -85,9 +85,17 @@ QString TGridData::TextOf(const TGridColumn& column, int ordinal, const TVariant
   return NumberText(value);
 }
 
-QString ShownPart(const QString& text) {
+namespace {
+/// The end of the last line begins no further one.
+QString WithoutFinalBreak(const QString& text) {
+  return text.chopped(text.endsWith("\r\n") ? 2 : text.endsWith('\n') ? 1 : 0);
+}
+}  // namespace
+
+QString ShownPart(const QString& whole) {
   constexpr qsizetype mostCharacters = 4000;
   constexpr int mostLines = 200;
+  const QString text = WithoutFinalBreak(whole);
   const qsizetype most = std::min(text.size(), mostCharacters);
   qsizetype end = -1;
   for (int line = 0; line < mostLines && end < most; ++line) {

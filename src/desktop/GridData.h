@@ -64,7 +64,8 @@ struct TGridRow {
 std::vector<TGridRow> BuildGridRows(const TGridData& data, const TGridOptions& options,
                                     const std::vector<TGridFilterItem>& filter, const std::set<QString>& closed);
 
-/// The part of a text that a cell measures and paints: no more than can be of use in a grid.
+/// The part of a text that a cell measures and paints: no more than can be of use in a grid, and without the end of its
+/// last line.
 QString ShownPart(const QString& text);
 
 /// The ordinals of the columns that have the index (&TGridColumn::SortIndex or GroupIndex), in its order.

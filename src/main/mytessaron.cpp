@@ -6,7 +6,9 @@
 #include "DesktopLook.h"
 #include "DesktopMainWindow.h"
 #include "DesktopMsgBox.h"
+#include "DesktopSpelling.h"
 #include "DesktopStudentsView.h"
+#include "DesktopTextDialog.h"
 #include "DesktopWelcomeView.h"
 #include "Memory.h"
 #include "QtText.h"
@@ -42,6 +44,12 @@ TViewClasses ViewsOn(TDesktopMainWindow& window) {
       {viewStudents, ViewClass<TStudentsView>([&] { return std::make_unique<TDesktopStudentsView>(window); })}};
 }
 
+TMainDialogs DialogScreens() {
+  return {.TextDialog = [] { return std::make_unique<TDesktopTextDialog>(); },
+          .Correction = [] { return std::make_unique<TDesktopCorrection>(); },
+          .SpellingOptions = [] { return std::make_unique<TDesktopTickDialog>(); }};
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -67,8 +75,12 @@ int main(int argc, char** argv) {
   auto& storage = storageModule->Storage();
   if (!storage.Damage().empty()) MsgBoxWarning(ResourceText(ShellTexts::NoteCaption), storage.Damage());
   TDesktopMainWindow window;
-  const auto form = CreateVantrel<TMainForm>(
-      TMainFormPorts{.Window = window, .Dialogs = dialogs, .Storage = storage, .Views = ViewsOn(window)}, arguments);
+  const auto form = CreateVantrel<TMainForm>(TMainFormPorts{.Window = window,
+                                                            .Dialogs = dialogs,
+                                                            .Storage = storage,
+                                                            .Views = ViewsOn(window),
+                                                            .Screens = DialogScreens()},
+                                             arguments);
   window.show();
   return QApplication::exec();
 }

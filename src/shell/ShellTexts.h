@@ -39,6 +39,7 @@ inline constexpr const char* BatchCertificateData = "Sammelzuweisung...";
 inline constexpr const char* ExportToExcel = "Export nach Excel";
 inline constexpr const char* WelcomeView = "Willkommen";
 inline constexpr const char* Manual = "&Handbuch";
+inline constexpr const char* SpellCheckOptions = "&Rechtschreibung...";
 inline constexpr const char* Version = "&Info...";
 
 // Files

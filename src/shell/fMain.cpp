@@ -9,6 +9,7 @@
 #include "VantrelMsgBox.h"
 #include "ViewTexts.h"
 #include "dialogs/fAboutDialog.h"
+#include "dialogs/fRechtschreibungDialog.h"
 #include "mGridExport.h"
 #include "uOptions.h"
 
@@ -44,6 +45,7 @@ TMainForm::TMainForm(TMainFormPorts ports, std::vector<std::string> arguments)
   FStorageLinks = {{&FOpenFileDialog, {{"InitialDir", "OpenFileDialog", "InitialDir"}}}};
   FOnLoadProperties = [this] { FormLoadProperties(); };
   FOnSaveProperties = [this] { FormSaveProperties(); };
+  ConnectTextDialogs();
 }
 
 TMainHandlers TMainForm::Handlers() {
@@ -63,6 +65,7 @@ TMainHandlers TMainForm::Handlers() {
   on.EditZeugnisbeurteilungen = ToForm(&TBaseForm::EditZeugnisbeurteilungen);
   on.ExportToExcel = ToForm(&TBaseForm::ExportToExcel);
   on.ShowManual = [this] { ShowManual(); };
+  if (FPorts.Screens.SpellingOptions) on.ShowSpellCheck = [this] { ShowSpellCheck(); };
   on.ShowVersion = [this] { FPorts.Dialogs.ShowAbout(AboutInfo(ProgramInfo(), *Session)); };
   return on;
 }
@@ -80,6 +83,30 @@ void TMainForm::FormCreate() {
   LoadOptions();
   OpenCommandLineFile();
   UpdateStatusText();
+}
+
+void TMainForm::ConnectTextDialogs() {
+  if (!FPorts.Screens.TextDialog) return;
+  FViewFrame.EditAssessment = [this](const std::string& subject, std::string text, const std::string& student) {
+    const bool ok = EditZeugnisbeurteilung(TextDialogFrame(), subject, text, student);
+    return ok ? std::optional(text) : std::nullopt;
+  };
+  FViewFrame.EditRemark = [this](int& position, std::string& attribute, std::string& description,
+                                 const std::string& student) {
+    return EditCertificateCommentValues(TextDialogFrame(), position, attribute, description, student);
+  };
+}
+
+TTextDialogFrame TMainForm::TextDialogFrame() {
+  return {.CreateUi = FPorts.Screens.TextDialog,
+          .CreateCorrectionUi = FPorts.Screens.Correction,
+          .Lookups = FLookups.OfOpen(),
+          .Options = *Options,
+          .WaitCursor = FWaitCursor};
+}
+
+void TMainForm::ShowSpellCheck() {
+  EditRechtschreibung(*FPorts.Screens.SpellingOptions(), *Options);
 }
 
 void TMainForm::ExportGrid(const TVantrelGrid& grid, const std::string& title) {

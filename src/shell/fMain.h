@@ -8,8 +8,10 @@
 
 #include "VantrelFormContainer.h"
 #include "dialogs/fSplashScreen.h"
+#include "dialogs/fTextDialog.h"
 #include "fBaseMainForm.h"
 #include "uMainCommands.h"
+#include "uMainDialogs.h"
 #include "uMainViews.h"
 #include "uOpenFileDialog.h"
 #include "uProjectLookups.h"
@@ -21,6 +23,7 @@ struct TMainFormPorts {
   TVantrelDialogs& Dialogs;
   TVantrelStorage& Storage;
   TViewClasses Views;
+  TMainDialogs Screens = {};
 };
 
 /// The spine of the program: owns the open project, opens, saves and closes it, and changes the views. Made before the
@@ -62,6 +65,9 @@ class TMainForm final : public TBaseMainForm {
   }
   void UpdateFilter();
   void ShowManual();
+  void ShowSpellCheck();
+  void ConnectTextDialogs();
+  TTextDialogFrame TextDialogFrame();
   void ExportGrid(const TVantrelGrid& grid, const std::string& title);
 
   TVantrelPtr<TMyTessaronProject> CreateProject();

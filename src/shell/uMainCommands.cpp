@@ -35,6 +35,7 @@ TMainCommands::TMainCommands(const TMainHandlers& on)
       ExportToExcelCommand(Add(ShellTexts::ExportToExcel, "x-office-spreadsheet", "", on.ExportToExcel)),
       WelcomeViewCommand(ViewCommand(viewWelcome)),
       ManualCommand(Add(ShellTexts::Manual, "help-contents", "", on.ShowManual)),
+      SpellCheckOptionsCommand(Add(ShellTexts::SpellCheckOptions, "tools-check-spelling", "", on.ShowSpellCheck)),
       VersionCommand(Add(ShellTexts::Version, "help-about", "", on.ShowVersion)) {
   AlleNichtEditierbar.SetChecked(true);
 }
@@ -95,6 +96,9 @@ TRibbonDescription TMainCommands::Ribbon() {
                   ResourceText(ShellTexts::HelpTab),
                   {{RibbonIds::HelpMenu,
                     ResourceText(ShellTexts::HelpMenu),
-                    {{&WelcomeViewCommand, large}, {&ManualCommand, large, beginsGroup}, {&VersionCommand, large}}}}}};
+                    {{&WelcomeViewCommand, large},
+                     {&ManualCommand, large, beginsGroup},
+                     {&SpellCheckOptionsCommand, large},
+                     {&VersionCommand, large}}}}}};
   return ribbon;
 }

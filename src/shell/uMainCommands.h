@@ -23,7 +23,7 @@ struct TMainHandlers {
   std::map<TMyTessaronViews, std::function<void()>> ShowView;
   std::function<void()> GotoFirst, GotoPrev, GotoNext, GotoLast;
   std::function<void()> UpdateFilter, GotoOpenGrade, EditZeugnisbeurteilungen, BatchCertificateData, ExportToExcel;
-  std::function<void()> ShowManual, ShowVersion;
+  std::function<void()> ShowManual, ShowSpellCheck, ShowVersion;
 };
 
 /// The commands of the main window and where they stand on the ribbon.
@@ -52,5 +52,5 @@ class TMainCommands {
   TVantrelCommand &GotoFirstCommand, &GotoPrevCommand, &GotoNextCommand, &GotoLastCommand;
   TVantrelCommand &AlleNichtEditierbar, &Noten, &Punkte, &Beurteilungstexte, &GotoOpenGradeCommand;
   TVantrelCommand &EditZeugnisbeurteilungenCommand, &BatchCertificateDataCommand, &ExportToExcelCommand;
-  TVantrelCommand &WelcomeViewCommand, &ManualCommand, &VersionCommand;
+  TVantrelCommand &WelcomeViewCommand, &ManualCommand, &SpellCheckOptionsCommand, &VersionCommand;
 };

@@ -1,0 +1,33 @@
+#include "CommandBar.h"
+
+#include <QBoxLayout>
+#include <QPushButton>
+#include <QToolButton>
+
+TCommandBar::TCommandBar(const std::vector<TVantrelCommand*>& commands, TCommandActions& actions) {
+  auto* layout = new QHBoxLayout(this);
+  layout->setContentsMargins(0, 0, 0, 0);
+  layout->setSpacing(2);
+  for (auto* command : commands) {
+    auto* action = actions.ActionOf(*command);
+    // Here the caption keeps its access key.
+    action->setIconText(action->text());
+    auto* button = new QToolButton;
+    button->setDefaultAction(action);
+    button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    button->setAutoRaise(true);
+    button->setFocusPolicy(Qt::StrongFocus);
+    button->setAccessibleName(action->text().remove('&'));
+    layout->addWidget(button);
+  }
+  layout->addStretch();
+}
+
+QPushButton* MakePushButton(QAction& action) {
+  auto* button = new QPushButton(action.text());
+  const auto follow = [button, &action] { button->setEnabled(action.isEnabled()); };
+  follow();
+  QObject::connect(&action, &QAction::changed, button, follow);
+  QObject::connect(button, &QPushButton::clicked, &action, &QAction::trigger);
+  return button;
+}

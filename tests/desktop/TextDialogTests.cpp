@@ -1,0 +1,188 @@
+#include <QHeaderView>
+#include <QLineEdit>
+#include <QScrollBar>
+
+#include "TextDialogFixture.h"
+
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+TEST_F(TextDialogTest, AnAssessmentEndsInOneBreakHoweverOftenItIsSaved) {
+  const struct {
+    const char* Before;
+    const char* After;
+  } cases[] = {{"", ""},
+               {"\r\n", ""},
+               {"eins", "eins\r\n"},
+               {"eins\r\n", "eins\r\n"},
+               {"eins\nzwei\n", "eins\r\nzwei\r\n"},
+               {"eins\r\n\r\n", "eins\r\n\r\n"},
+               {"a\u00A0b\u2028c", "a\u00A0b\u2028c\r\n"}};
+  for (const auto& [before, after] : cases) {
+    FText = before;
+    for (int i = 0; i < 2; ++i) {
+      EXPECT_TRUE(EditAssessment(SaveAndClose));
+      EXPECT_EQ(FText, after) << before;
+    }
+  }
+  EXPECT_FALSE(EditAssessment([] {}));
+}
+
+TEST_F(TextDialogTest, ARemarkKeepsWhatWasNotTouched) {
+  FPosition = -5;
+  FAttribute = "länger als acht";
+  FText = "eins\nzwei\u2028\n";
+  EXPECT_TRUE(EditRemark([this] {
+    EXPECT_EQ(ItemText(TTextDialogItem::PositionEdit), "0");
+    SaveAndClose();
+  }));
+  EXPECT_EQ(FPosition, -5);
+  EXPECT_EQ(FAttribute, "länger als acht");
+  EXPECT_EQ(FText, "eins\nzwei\u2028\n");
+  EXPECT_TRUE(EditRemark([] {
+    Type("drei");
+    SaveAndClose();
+  }));
+  EXPECT_EQ(FPosition, -5);
+  EXPECT_EQ(FText, "eins\r\nzwei\u2028\r\ndrei");
+  FPosition = 3;
+  EXPECT_TRUE(EditRemark([this] {
+    FDialog->Item(TTextDialogItem::PositionEdit).SetFocus();
+    Key(Qt::Key_Delete);
+    Key(Qt::Key_Tab);
+    Key(Qt::Key_End);
+    Type("x");
+    Key(Qt::Key_Return);
+  }));
+  EXPECT_EQ(FPosition, 0);
+  EXPECT_EQ(FAttribute, "länger als acht") << "no more than eight can be typed";
+}
+
+TEST_F(TextDialogTest, RowsAreAddedInTheOrderOfTheClicks) {
+  EXPECT_TRUE(EditRemark([this] {
+    Press("Hinzufügen");
+    EXPECT_EQ(ItemText(TTextDialogItem::Text), "") << "no row is selected";
+    Click(2);
+    Click(1, Qt::ControlModifier);
+    Click(0, Qt::ControlModifier);
+    Key(Qt::Key_Return);
+    EXPECT_TRUE(FDialog->isVisible());
+    EXPECT_EQ(ItemText(TTextDialogItem::PositionEdit), "7");
+    Click(1);
+    Press("Hinzufügen");
+    SaveAndClose();
+  }));
+  EXPECT_EQ(FText, "Dritte Bemerkung\r\nZweite\r\nBemerkung\r\nErste Bemerkung\r\nZweite\r\nBemerkung");
+  EXPECT_EQ(FPosition, 12);
+  EXPECT_EQ(FAttribute, "langes Merkmal");
+}
+
+TEST_F(TextDialogTest, TheSearchMovesTheFocusAndHidesNothing) {
+  EXPECT_TRUE(EditRemark([this] {
+    const auto focused = [this] { return Catalog().FocusedRecord(); };
+    Key(Qt::Key_F, Qt::ControlModifier);
+    Type("merkung dri");
+    EXPECT_EQ(focused(), 2);
+    EXPECT_EQ(Catalog().ShownRows().size(), 3U);
+    Key(Qt::Key_A, Qt::ControlModifier);
+    Type("bemerkung");
+    std::vector<int> found{focused()};
+    for (const auto key : {Qt::Key_Down, Qt::Key_Down, Qt::Key_Up, Qt::Key_Up}) {
+      Key(key);
+      found.push_back(focused());
+    }
+    EXPECT_THAT(found, ElementsAre(2, 0, 1, 0, 2));
+    Type("q");
+    Key(Qt::Key_Return);
+    EXPECT_EQ(ItemText(TTextDialogItem::Text), "") << "it is not found";
+    Key(Qt::Key_Backspace);
+    Key(Qt::Key_Return);
+    Key(Qt::Key_Escape);
+    EXPECT_TRUE(FDialog->isVisible());
+    SaveAndClose();
+  }));
+  EXPECT_EQ(FText, "Dritte Bemerkung");
+}
+
+TEST_F(TextDialogTest, OnlyASlipIsAskedAbout) {
+  const auto escape = [] { Key(Qt::Key_Escape); };
+  const auto close = [this] { FDialog->close(); };
+  const struct {
+    bool Changes;
+    TScript Leave;
+    TVantrelMsgBoxResult Answer;
+    bool Stays;
+    std::size_t Questions;
+  } cases[] = {{false, escape, TVantrelMsgBoxResult::mbrNo, false, 0},
+               {true, escape, TVantrelMsgBoxResult::mbrNo, true, 1},
+               {true, escape, TVantrelMsgBoxResult::mbrYes, false, 1},
+               {true, close, TVantrelMsgBoxResult::mbrNo, true, 1},
+               {true, [this] { Press("Schließen"); }, TVantrelMsgBoxResult::mbrNo, false, 0},
+               {true, [this] { Press("Abbrechen"); }, TVantrelMsgBoxResult::mbrNo, false, 0},
+               {true, [this] { Press("OK"); }, TVantrelMsgBoxResult::mbrNo, false, 0}};
+  for (const auto& way : cases) {
+    FBoxes.Texts.clear();
+    FBoxes.Answer = way.Answer;
+    FText = "Text";
+    EditRemark([&] {
+      if (way.Changes) Type("e");
+      way.Leave();
+      EXPECT_EQ(FDialog->isVisible(), way.Stays);
+      EXPECT_EQ(FBoxes.Texts.size(), way.Questions);
+    });
+  }
+  EXPECT_EQ(FText, "Texte") << "the last way out was OK";
+}
+
+TEST_F(TextDialogTest, EachDialogSaysWhatItIsFor) {
+  const auto names = [this] {
+    QStringList chain;
+    const auto* first = QApplication::focusWidget();
+    do {
+      chain << QApplication::focusWidget()->accessibleName();
+      if (chain.last().isEmpty())
+        if (auto* button = qobject_cast<QAbstractButton*>(QApplication::focusWidget())) chain.last() = button->text();
+      Key(Qt::Key_Tab);
+    } while (QApplication::focusWidget() != first && chain.size() < 20);
+    return chain.join(", ").toStdString();
+  };
+  for (int i = 0; i < 20; ++i) FProject->CertificateComments().AddCertificateComment("N", "Noch eine", "", i);
+  FLookups.OfOpen().Initialize();
+  FText = "für\nMila\n";
+  EditAssessment([&] {
+    EXPECT_EQ(FDialog->windowTitle(), "Zeugnisbeurteilung editieren");
+    EXPECT_EQ(ItemText(TTextDialogItem::StudentText), "Mila Kowalski (6a), D");
+    EXPECT_EQ(ItemText(TTextDialogItem::SubjectText), "D");
+    EXPECT_EQ(ItemText(TTextDialogItem::CountText), "Zeichen: 7, Zeilen: 2");
+    EXPECT_EQ(QApplication::focusWidget(), &Memo());
+    EXPECT_TRUE(Memo().textCursor().atEnd());
+    EXPECT_EQ(FDialog->maximumSize(), QSize(1024, 768));
+    EXPECT_EQ(names(),
+              "Beurteilung, Im Katalog suchen (Strg+F), Katalog der Zeugnisbeurteilungen, "
+              "Speichern und Schließen, Schließen, Hinzufügen");
+  });
+  EditRemark([&] {
+    EXPECT_EQ(FDialog->windowTitle(), "Zeugnisbemerkung");
+    EXPECT_EQ(ItemText(TTextDialogItem::StudentText), "Mila Kowalski (6a)");
+    QTest::qWait(50);
+    EXPECT_TRUE(Catalog().View().verticalScrollBar()->isVisible());
+    EXPECT_FALSE(Catalog().View().horizontalScrollBar()->isVisible()) << Catalog().View().horizontalScrollBar()->maximum() << ' ' << Catalog().View().viewport()->width()<< ' ' << Catalog().View().horizontalHeader()->length();
+    EXPECT_EQ(names(),
+              "Text, Im Katalog suchen (Strg+F), Katalog der Zeugnisbemerkungen, OK, Abbrechen, Speichern und "
+              "Schließen, Schließen, Hinzufügen, Rechtschreibung prüfen..., Position, Merkmal");
+  });
+  FText.clear();
+  EditAssessment([&] {
+    EXPECT_EQ(ItemText(TTextDialogItem::CountText), "Zeichen: 0, Zeilen: 0");
+    Key(Qt::Key_F, Qt::ControlModifier);
+    Type("xxx");
+    Key(Qt::Key_Return);
+    EXPECT_EQ(ItemText(TTextDialogItem::CountText), "Zeichen: 400, Zeilen: 1");
+    SaveAndClose();
+  });
+  EXPECT_EQ(FText, std::string(400, 'x') + "\r\n");
+}
+
+}  // namespace
