@@ -1,7 +1,6 @@
-#include <gmock/gmock.h>
-
 #include "MsgBoxes.h"
 #include "PrivateConfig.h"
+#include "Testing.h"
 #include "VantrelRegistryPreferences.h"
 #include "uTessaron.h"
 #include "uTessaronStart.h"

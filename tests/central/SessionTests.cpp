@@ -1,9 +1,8 @@
 #include "uFirebird.h"
 
-#include <gmock/gmock.h>
-
 #include "FirebirdServer.h"
 #include "MsgBoxes.h"
+#include "Testing.h"
 #include "uTessaronSession.h"
 
 /// What the client library keeps for the whole run.
@@ -13,7 +12,6 @@ const char* __lsan_default_suppressions() {
 }
 
 namespace {
-using testing::StartsWith;
 
 constexpr const char* WrongLogon = "Benutzer bzw. Kennwort sind falsch.";
 constexpr const char* OtherFailure = "Es ist ein Fehler bei der Anmeldung an die Datenbank aufgetreten.\r\n";
@@ -61,8 +59,6 @@ TEST(Firebird, LogonIsJudgedByTheServer) {
       EXPECT_EQ(report, one.Report) << one.Credentials.Username;
   }
 }
-
-using testing::HasSubstr;
 
 /// A session that somebody is logged on to.
 TVantrelPtr<TTessaronSession> SessionOf(const std::string& user, const TUserRights& rights = {}) {

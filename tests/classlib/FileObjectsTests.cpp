@@ -1,15 +1,11 @@
 #include "VantrelFileObjects.h"
 
-#include <gmock/gmock.h>
-
-#include "ErrorOf.h"
-#include "TempFolder.h"
+#include "Testing.h"
 #include "VantrelPaths.h"
 #include "VantrelVolumes.h"
 
 namespace {
 using TSystem = TVantrelFileSystem;
-using testing::ElementsAre;
 
 struct FileObjects : testing::Test {
   const TempFolder FFolder;

@@ -1,10 +1,7 @@
 #include "VantrelI18nObjects.h"
 
-#include <fmt/format.h>
-#include <gtest/gtest.h>
-
 #include "PublishedObjects.h"
-#include "TempFolder.h"
+#include "Testing.h"
 #include "VantrelGraphics.h"
 #include "VantrelLists.h"
 #include "VantrelStringList.h"

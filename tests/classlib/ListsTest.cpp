@@ -1,12 +1,9 @@
 #include "VantrelLinkedLists.h"
 
-#include <gmock/gmock.h>
-
-#include "ErrorOf.h"
+#include "Testing.h"
 #include "VantrelTypes.h"
 
 namespace {
-using ::testing::ElementsAre;
 
 class TProbe final : public TVantrelObject {
  public:

@@ -1,13 +1,11 @@
 #include "VantrelLogs.h"
 
-#include <gtest/gtest.h>
 #include <pwd.h>
 #include <unistd.h>
 
 #include <thread>
 
-#include "TempFolder.h"
-#include "VantrelExceptions.h"
+#include "Testing.h"
 
 namespace {
 using enum TVantrelLogEventType;

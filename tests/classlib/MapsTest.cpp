@@ -1,8 +1,6 @@
 #include "VantrelMaps.h"
 
-#include <gmock/gmock.h>
-
-#include "VantrelExceptions.h"
+#include "Testing.h"
 #include "VantrelSets.h"
 #include "VantrelTypes.h"
 

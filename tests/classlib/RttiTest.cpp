@@ -1,9 +1,7 @@
 #include "VantrelRtti.h"
 
-#include <gtest/gtest.h>
-
-#include "ErrorOf.h"
 #include "PublishedObjects.h"
+#include "Testing.h"
 #include "VantrelRegistry.h"
 #include "VantrelTypes.h"
 

@@ -1,7 +1,6 @@
 #include "VantrelTextWriters.h"
 
-#include <gtest/gtest.h>
-
+#include "Testing.h"
 #include "VantrelCheckSum.h"
 
 namespace {

@@ -1,6 +1,6 @@
 #include "VantrelTimeSpan.h"
 
-#include <gtest/gtest.h>
+#include "Testing.h"
 
 namespace {
 TEST(TimeSpan, ShowsWhatTheFormatAsksFor) {

@@ -1,12 +1,10 @@
 #include "VantrelTypes.h"
 
-#include <gmock/gmock.h>
-
 #include <cstring>
 #include <limits>
 #include <memory>
 
-#include "VantrelExceptions.h"
+#include "Testing.h"
 #include "VantrelGuid.h"
 #include "VantrelHashes.h"
 #include "VantrelStreams.h"

@@ -6,8 +6,6 @@
 
 namespace {
 
-using testing::HasSubstr;
-
 using CheckTest = CliFixture;
 
 TEST_F(CheckTest, FindsDefects) {
@@ -208,8 +206,7 @@ TEST_F(DiffTest, TellsChangesInWords) {
   Anna(*first).CertificateComments().AddCertificateComment("", "still", "", 1);
   const auto before = Save(std::move(first), "vorher.kvr7");
   for (const auto& [change, output] : Cases) {
-    auto project = CreateVantrel<TMyTessaronProject>();
-    project->LoadForReading(before);
+    auto project = ProjectIn(before);
     change(*project);
     const auto after = Save(std::move(project), "nachher.kvr7");
     EXPECT_EQ(Run({"diff", before, after}), 1);
@@ -228,8 +225,7 @@ TEST_F(DiffTest, DifferentValuesNeverLookAlike) {
   Anna(*project).Abgang.SetAsDateTime(46053.25);
   Anna(*project).Abschluss1Note.SetAsFloat(std::numeric_limits<float>::quiet_NaN());
   const auto before = Save(std::move(project), "vorher.kvr7");
-  project = CreateVantrel<TMyTessaronProject>();
-  project->LoadForReading(before);
+  project = ProjectIn(before);
   Maths(*project).Note1Id.SetAsInt(3);
   Anna(*project).Zugang.SetAsDateTime(2e300);
   Anna(*project).Abgang.SetAsDateTime(46053.5);

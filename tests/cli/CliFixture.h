@@ -1,12 +1,9 @@
 #pragma once
 
-#include <gmock/gmock.h>
-
 #include <sstream>
 
 #include "Commands.h"
-#include "TempFolder.h"
-#include "uProject.h"
+#include "SampleProjectTest.h"
 
 /// Runs commands in this process, in a folder of their own.
 class CliFixture : public testing::Test {
@@ -26,8 +23,7 @@ class CliFixture : public testing::Test {
   /// A project without a defect: one class, one student, one course.
   static TVantrelPtr<TMyTessaronProject> Project() {
     TMyTessaronProject::RegisterClasses();
-    auto project = CreateVantrel<TMyTessaronProject>();
-    project->LoadForReading(Fixture("empty.kvrxr"));
+    auto project = ProjectIn(Fixture("empty.kvrxr"));
     project->Classes().AddClass(5, "10a", TGradeTypes::gtValue);
     project->Noten().AddNote(2, "2+", "gut", 1.7F, TGradeTypes::gtValue);
     project->Fachstati().AddCatalog("P", "Pflicht");

@@ -4,7 +4,6 @@
 namespace {
 
 namespace fs = std::filesystem;
-using testing::HasSubstr;
 
 using CommandsTest = CliFixture;
 

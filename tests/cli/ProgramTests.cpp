@@ -1,11 +1,8 @@
-#include <fmt/format.h>
-
 #include <cstdlib>
 
 #include "AccessLists.h"
 #include "CliFixture.h"
 #include "DiskFaults.h"
-#include "ErrorOf.h"
 #include "InChild.h"
 
 namespace {

@@ -1,10 +1,9 @@
 #include "SampleProject.h"
 
-#include <gtest/gtest.h>
-
 #include <set>
 
 #include "SampleNames.h"
+#include "Testing.h"
 
 namespace {
 

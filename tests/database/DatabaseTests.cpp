@@ -1,9 +1,8 @@
-#include <gmock/gmock.h>
 #include <sys/resource.h>
 
-#include "ErrorOf.h"
 #include "FirebirdServer.h"
 #include "InChild.h"
+#include "Testing.h"
 #include "uDBQuery.h"
 
 /// What the client library keeps for the whole run.
@@ -13,7 +12,6 @@ const char* __lsan_default_suppressions() {
 }
 
 namespace {
-using testing::StartsWith;
 
 TEST(Database, AMachineWithoutTheClientLibraryTellsSoAtTheLogon) {
 #ifdef __SANITIZE_ADDRESS__

@@ -7,8 +7,6 @@
 
 namespace {
 
-using testing::ElementsAre;
-
 const TVariant& StudentOf(const TCourse& course) {
   return course.Student->TessaronId.Value;
 }

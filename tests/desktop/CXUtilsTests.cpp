@@ -1,6 +1,5 @@
-#include <gtest/gtest.h>
-
 #include "DesktopGrid.h"
+#include "Testing.h"
 #include "VantrelMemTable.h"
 #include "uCXUtils.h"
 

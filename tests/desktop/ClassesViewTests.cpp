@@ -3,8 +3,6 @@
 
 namespace {
 
-using testing::ElementsAre;
-
 class ClassesViewTest : public ListViewTest {
  protected:
   void Open() { Show<TClassesView>(); }

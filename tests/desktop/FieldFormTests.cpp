@@ -1,5 +1,3 @@
-#include <gtest/gtest.h>
-
 #include <QCheckBox>
 #include <QGroupBox>
 #include <QLineEdit>
@@ -11,6 +9,7 @@
 #include "DesktopFieldForm.h"
 #include "DesktopModalForm.h"
 #include "LookupEdit.h"
+#include "Testing.h"
 #include "VantrelMemTable.h"
 
 /// A form with a field of each kind, and a text before it that Return leaves.

@@ -1,10 +1,8 @@
 #include <fmt/ranges.h>
-#include <gmock/gmock.h>
 
 #include "FakeShell.h"
 #include "GridFixture.h"
 #include "MsgBoxes.h"
-#include "TempFolder.h"
 #include "VantrelFileLauncher.h"
 #include "mGridExport.h"
 #include "uGridSheet.h"
@@ -63,18 +61,13 @@ std::vector<std::string> Lines(const TSheet& sheet) {
   return lines;
 }
 
-using testing::ElementsAre;
-using testing::HasSubstr;
-using testing::IsEmpty;
-
 TEST_F(GridExportTest, TheSheetHoldsWhatTheGridShows) {
   EXPECT_THAT(Lines(SheetOf(Grid, "Mathematik", true)),
               ElementsAre("Name|Note|Fehltage|Ergebnis", "Özil||5=5 0|Bestanden (P)",
                           "adam|15|12=12 0|Nicht bestanden (F)", "Zink|1||Bestanden (P)"));
   Grid.ShowColumn(Absences, false);
   Grid.SetColumnSort(Name, TGridSortOrder::Descending, 0);
-  Grid.AddFilter(Result, "P", "Bestanden (P)");
-  Grid.SetFilterActive(true);
+  Filter(Result, "P", "Bestanden (P)");
   EXPECT_THAT(Lines(SheetOf(Grid, {}, true)),
               ElementsAre("Name|Note|Ergebnis", "Zink|1|Bestanden (P)", "Özil||Bestanden (P)"));
   Grid.SetOptions({.ReadOnly = false, .MultiSelect = true});

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <gtest/gtest.h>
-
 #include <QAbstractItemModelTester>
 #include <QMenu>
 #include <QTest>
@@ -11,6 +9,7 @@
 
 #include "DesktopGrid.h"
 #include "LookupEdit.h"
+#include "Testing.h"
 #include "VantrelMemTable.h"
 
 /// Rows of variants; what was written is kept in order.
@@ -93,6 +92,16 @@ class GridTest : public testing::Test {
       Grades.FieldByName("Description").SetValue("Note");
       Grades.Post();
     }
+  }
+
+  void FollowContent() {
+    auto options = Grid.Options();
+    options.RowsFollowContent = true;
+    Grid.SetOptions(options);
+  }
+  void Filter(int ordinal, const TVariant& value, const char* text) {
+    Grid.AddFilter(ordinal, value, text);
+    Grid.SetFilterActive(true);
   }
 
   int AddColumn(const TGridColumn& column, const TVariant& value) {

@@ -31,9 +31,7 @@ TEST_F(GridTest, SortsByWhatIsReadAndKeepsTheFocus) {
 }
 
 TEST_F(GridTest, AChangedRecordIsShownAnewInItsPlace) {
-  auto options = Grid.Options();
-  options.RowsFollowContent = true;
-  Grid.SetOptions(options);
+  FollowContent();
   Grid.ClickHeader(Name, false);
   const auto& view = Grid.View();
   const int usual = view.rowHeight(2);
@@ -218,8 +216,7 @@ TEST_F(ListTest, FocusAndTableGoTogether) {
   EXPECT_EQ(Shown(0, 0), "tf");
   EXPECT_EQ(Grid.FocusedRecord(), Grades.RecNo() - 1);
 
-  Grid.AddFilter(0, "15", "15");
-  Grid.SetFilterActive(true);
+  Filter(0, "15", "15");
   const int shown = Records().front();
   for (int record = 1; record <= Grades.RecordCount(); ++record) {
     Grades.SetRecNo(record);
@@ -254,8 +251,7 @@ TEST_F(ListTest, SelectionKeepsTheOrderOfTheClicks) {
   EXPECT_EQ(selected(), (TTokens{"2", "1", "tf"}));
   EXPECT_EQ(Grid.View().selectionModel()->selectedRows().size(), 3);
   Grades.Sort("ID");
-  Grid.AddFilter(0, "2", "2");
-  Grid.SetFilterActive(true);
+  Filter(0, "2", "2");
   EXPECT_EQ(selected(), TTokens{"2"});
   Grid.SetFilterActive(false);
   EXPECT_EQ(selected(), TTokens{"2"});
@@ -321,9 +317,7 @@ TEST_F(GridTest, MeasuresOnlyWhatIsOnShow) {
   cells.back()[Name] = words;
   cells[4000][Name] = lines;
   TRowsSource many(cells);
-  auto options = Grid.Options();
-  options.RowsFollowContent = true;
-  Grid.SetOptions(options);
+  FollowContent();
   std::size_t asked = 0;
   Grid.OnDisplayText = [&](int, const TVariant&) { return ++asked, std::nullopt; };
   Grid.BindSource(&many);

@@ -67,9 +67,7 @@ TEST_F(GridTest, TheMenuKeyOffersWhatCanBeDoneWithTheCell) {
 }
 
 TEST_F(GridTest, TextsOfSeveralLinesKeepThem) {
-  auto options = Grid.Options();
-  options.RowsFollowContent = true;
-  Grid.SetOptions(options);
+  FollowContent();
   const int ordinal = AddColumn({"text", "Beurteilung"}, "eins\r\nzwei");
   FocusCell(1, ordinal);
   Key(Qt::Key_F2);
@@ -92,9 +90,7 @@ TEST_F(GridTest, TextsOfSeveralLinesKeepThem) {
 }
 
 TEST_F(GridTest, TextsKeepEveryCharacterThatTheUserLeftAlone) {
-  auto options = Grid.Options();
-  options.RowsFollowContent = true;
-  Grid.SetOptions(options);
+  FollowContent();
   const int ordinal = AddColumn({"text", "Beurteilung"}, TVariant::Null());
   const struct {
     const char* Before;
@@ -115,9 +111,7 @@ TEST_F(GridTest, TextsKeepEveryCharacterThatTheUserLeftAlone) {
 }
 
 TEST_F(GridTest, RowsHaveRoomForWrappedTextsAtEveryWidth) {
-  auto options = Grid.Options();
-  options.RowsFollowContent = true;
-  Grid.SetOptions(options);
+  FollowContent();
   const int ordinal = AddColumn({"text", "Beurteilung"}, "Arbeitet selbstständig, sorgfältig und stets hilfsbereit");
   for (int width = 60; width < 260; ++width) {
     Grid.SetColumnWidth(ordinal, width);

@@ -1,12 +1,11 @@
 #include "Ribbon.h"
 
-#include <gtest/gtest.h>
-
 #include <QLabel>
 #include <QTest>
 
 #include "ApplicationMenu.h"
 #include "DesktopMainWindow.h"
+#include "Testing.h"
 
 /// A window with two tabs; the first has three groups of three buttons, of which the second is a radio group.
 class RibbonTest : public testing::Test {

@@ -3,12 +3,8 @@
 #include <QTabWidget>
 
 #include "StudentsViewFixture.h"
-#include "TempFolder.h"
 
 namespace {
-
-using testing::HasSubstr;
-using testing::StartsWith;
 
 TEST_F(StudentsViewTest, GotoAndTheCurrentStudentFollowTheShownRows) {
   PutIntoClass({2, 5, 9}, 4711);
@@ -153,10 +149,7 @@ TEST_F(StudentsViewTest, WorkInTheFirstCellChoosesItsSubject) {
 }
 
 TEST_F(StudentsViewTest, AssessmentsTakeTheRoomThatIsLeft) {
-  auto& columns = FProject->Options().Columns();
-  for (int i = 0; i < columns.Count(); ++i)
-    columns.GetItem(i)->Visible =
-        columns.GetItem(i)->Fieldname == "Note1" || columns.GetItem(i)->Fieldname == "Beurteilung";
+  ShowOnly({"Note1", "Beurteilung"});
   Open();
   auto* header = Grid().View().horizontalHeader();
   for (int i = 0; i < 2; ++i) {

@@ -6,7 +6,6 @@
 
 namespace {
 
-using testing::ElementsAre;
 using enum TStudentsPage;
 
 TEST_F(StudentsViewTest, ShowsTheFirstStudentAtOnce) {
@@ -41,10 +40,7 @@ TEST_F(StudentsViewTest, AGradeReachesTheCourseBeforeTheCellIsLeft) {
 }
 
 TEST_F(StudentsViewTest, WithoutAVisibleGradeColumnAnEditWaitsForTheNextStudent) {
-  for (int i = 0; i < FProject->Options().Columns().Count(); ++i) {
-    auto* column = FProject->Options().Columns().GetItem(i);
-    column->Visible = column->Fieldname == "Beurteilung" || column->Fieldname == "Zusatznote7";
-  }
+  ShowOnly({"Beurteilung", "Zusatznote7"});
   Open();
   auto& course = Course(0);
   ASSERT_TRUE(TypeInto(Grid(), Beurteilung, "fleissig"));

@@ -3,10 +3,6 @@
 
 namespace {
 
-using testing::ElementsAre;
-using testing::HasSubstr;
-using testing::StartsWith;
-
 enum { Kurs, GradeType, Class = 6, Note1 = 14, Beurteilung = 21, VergesseneHA = 36, GradeTypeText = 40 };
 const TVariant All = -1, Noten = 0, Punkte = 1, Texte = 2;
 
@@ -166,11 +162,7 @@ TEST_F(SubjectsViewTest, AStudentOfAnUnknownClassIsShownAndFailsEveryFilter) {
 }
 
 TEST_F(SubjectsViewTest, OpenEditsArePostedFirst) {
-  auto& columns = FProject->Options().Columns();
-  for (int i = 0; i < columns.Count(); ++i)
-    columns.GetItem(i)->Visible =
-        columns.GetItem(i)->Fieldname == "Beurteilung" || columns.GetItem(i)->Fieldname == "VergesseneHA";
-  columns.Find("Beurteilung")->Editable = true;
+  ShowOnly({"Beurteilung", "VergesseneHA"});
   Open();
   const std::function<void()> changes[] = {[&] { Press(Noten); }, [&] { FView->UpdateContent(); },
                                            [&] { FView->ExportToExcel(); }};

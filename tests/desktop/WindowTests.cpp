@@ -1,5 +1,3 @@
-#include <gtest/gtest.h>
-
 #include <QApplication>
 #include <QComboBox>
 #include <QFileDialog>
@@ -20,8 +18,7 @@
 #include "DesktopStudentsView.h"
 #include "DesktopWelcomeView.h"
 #include "MsgBoxes.h"
-#include "TempFolder.h"
-#include "VantrelExceptions.h"
+#include "Testing.h"
 
 namespace {
 

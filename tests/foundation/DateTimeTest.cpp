@@ -1,12 +1,10 @@
 #include "VantrelDateTime.h"
 
-#include <gtest/gtest.h>
-
 #include <cstdlib>
 #include <ctime>
 #include <limits>
 
-#include "VantrelExceptions.h"
+#include "Testing.h"
 #include "VantrelVariant.h"
 
 namespace {

@@ -1,17 +1,11 @@
-#include <fmt/format.h>
-#include <gmock/gmock.h>
-
-#include "ErrorOf.h"
 #include "InChild.h"
-#include "TempFolder.h"
-#include "VantrelExceptions.h"
+#include "Testing.h"
 #include "VantrelFileSystem.h"
 #include "VantrelPaths.h"
 
 namespace {
 using TSystem = TVantrelFileSystem;
 using enum TVantrelFileAttribute;
-using testing::ElementsAre;
 
 struct FileSystem : testing::Test {
   const TempFolder FFolder;

@@ -1,8 +1,6 @@
 #include "VantrelGuid.h"
 
-#include <gtest/gtest.h>
-
-#include "VantrelExceptions.h"
+#include "Testing.h"
 
 namespace {
 constexpr const char* SampleText = "{00112233-4455-6677-8899-AABBCCDDEEFF}";

@@ -1,15 +1,11 @@
 #include "VantrelI18n.h"
 
 #include <elf.h>
-#include <fmt/format.h>
-#include <gtest/gtest.h>
 #include <unistd.h>
 
 #include <cstring>
 
-#include "ErrorOf.h"
-#include "TempFolder.h"
-#include "VantrelExceptions.h"
+#include "Testing.h"
 #include "VantrelResources.h"
 
 namespace {

@@ -1,14 +1,12 @@
 #include <grp.h>
-#include <gtest/gtest.h>
 #include <sys/stat.h>
 
 #include <csignal>
 #include <functional>
 
 #include "AccessLists.h"
-#include "ErrorOf.h"
 #include "InChild.h"
-#include "TempFolder.h"
+#include "Testing.h"
 #include "VantrelFileStreams.h"
 #include "VantrelSafeSave.h"
 

@@ -1,9 +1,6 @@
-#include <gtest/gtest.h>
-
 #include <limits>
 
-#include "TempFolder.h"
-#include "VantrelExceptions.h"
+#include "Testing.h"
 #include "VantrelFileStreams.h"
 #include "VantrelIO.h"
 

@@ -1,11 +1,9 @@
 #include "VantrelText.h"
 
-#include <gtest/gtest.h>
-
 #include <cmath>
 #include <limits>
 
-#include "VantrelExceptions.h"
+#include "Testing.h"
 #include "VantrelNumbers.h"
 
 namespace {

@@ -1,10 +1,7 @@
 #include "VantrelVariant.h"
 
-#include <gtest/gtest.h>
-
-#include "ErrorOf.h"
+#include "Testing.h"
 #include "VantrelClasses.h"
-#include "VantrelExceptions.h"
 
 namespace {
 const TVariant MayThird = TVariant::DateTime(39571.75);

@@ -1,13 +1,11 @@
-#include <gtest/gtest.h>
 #include <malloc.h>
 
 #include <algorithm>
 #include <cstdlib>
 #include <new>
 
-#include "TempFolder.h"
+#include "Testing.h"
 #include "VantrelDataXml.h"
-#include "VantrelExceptions.h"
 #include "uProject.h"
 
 namespace {

@@ -1,5 +1,4 @@
 #include "SampleProjectTest.h"
-#include "VantrelExceptions.h"
 #include "mLookup.h"
 #include "uDataSource.h"
 

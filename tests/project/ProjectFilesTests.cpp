@@ -1,12 +1,6 @@
-#include <fmt/format.h>
-#include <gtest/gtest.h>
-
-#include "ErrorOf.h"
 #include "InChild.h"
 #include "MsgBoxes.h"
-#include "TempFolder.h"
-#include "VantrelExceptions.h"
-#include "uProject.h"
+#include "SampleProjectTest.h"
 
 namespace {
 
@@ -104,8 +98,7 @@ TEST_F(ProjectFilesTest, SaveFile) {
       EXPECT_EQ(OpeningErrorOf(name), 32u);
     }
     FProject.reset();
-    auto again = CreateVantrel<TMyTessaronProject>();
-    again->LoadForReading(name);
+    auto again = ProjectIn(name);
     EXPECT_EQ(again->Description, "2");
     EXPECT_EQ(OpeningErrorOf(name), 0u);
     EXPECT_EQ(FFolder.FileCount(), 1u);
@@ -226,12 +219,6 @@ TEST_F(ProjectFilesTest, FailedSaveKeepsFileFlagAndHold) {
 
 namespace fs = std::filesystem;
 
-TVantrelPtr<TMyTessaronProject> LoadForReading(const fs::path& path) {
-  auto project = CreateVantrel<TMyTessaronProject>();
-  EXPECT_TRUE(project->LoadForReading(path));
-  return project;
-}
-
 using GoldenFilesTest = ProjectFilesTest;
 
 class GoldenPairsTest : public GoldenFilesTest,
@@ -245,7 +232,7 @@ TEST_P(GoldenPairsTest, ConvertsAndComesBackWithoutADifference) {
   const fs::path back = FFolder / (std::string("back.") + from);
 
   for (const auto& [source, target] : {std::pair(original, there), std::pair(there, back)}) {
-    auto project = LoadForReading(source);
+    auto project = ProjectIn(source);
     project->SetFileName(target);
     project->SaveFile({});
     EXPECT_FALSE(project->Modified());
@@ -261,7 +248,7 @@ INSTANTIATE_TEST_SUITE_P(All, GoldenPairsTest,
 
 TEST_F(GoldenFilesTest, ValuesOfTheSmallDocument) {
   for (const char* extension : {"kvr7", "kvrx", "kvrxr"}) {
-    const auto project = LoadForReading(fs::path(FIXTURES) / (std::string("small.") + extension));
+    const auto project = ProjectIn(fs::path(FIXTURES) / (std::string("small.") + extension));
     EXPECT_EQ(project->Noten().Count(), 34);
     ASSERT_EQ(project->Courses().Count(), 60);
     const auto* student = project->Students().GetItem(0);

@@ -1,17 +1,11 @@
-#include <fmt/format.h>
-#include <gtest/gtest.h>
-
 #include <cstring>
 #include <sstream>
 #include <utility>
 
-#include "ErrorOf.h"
-#include "TempFolder.h"
-#include "VantrelExceptions.h"
+#include "SampleProjectTest.h"
 #include "VantrelText.h"
 #include "uClassOverview.h"
 #include "uMissingGrades.h"
-#include "uProject.h"
 
 namespace {
 
@@ -99,8 +93,7 @@ TEST_F(ProjectRecordsTest, RawValuesSurvive) {
   WriteFileText(FFolder / "0.kvrxr", text);
   const char* names[] = {"0.kvrxr", "1.kvrxr", "2.kvr7", "3.kvrx", "4.kvrxr"};
   for (int i = 0; i < 4; ++i) {
-    auto project = CreateVantrel<TMyTessaronProject>();
-    project->LoadForReading(FFolder / names[i]);
+    auto project = ProjectIn(FFolder / names[i]);
     project->SetFileName(FFolder / names[i + 1]);
     project->SaveFile({});
   }
@@ -126,8 +119,7 @@ TEST_F(ProjectRecordsTest, KeysAndMarkersOfTheXmlForm) {
   WriteFileText(FFolder / "b.kvrxr",
                 "<Storage><Students><Items><Item Class='TStudent' ID='{AAAAAAAA-0000-0000-0000-000000000000}'>"
                 "<Zugang>2023-03-15</Zugang><Birthday>0000-00-00</Birthday></Item></Items></Students></Storage>");
-  auto read = CreateVantrel<TMyTessaronProject>();
-  read->LoadForReading(FFolder / "b.kvrxr");
+  auto read = ProjectIn(FFolder / "b.kvrxr");
   const auto& bare = *read->Students().GetItem(0);
   EXPECT_TRUE(bare.Zugang.IsNull() && bare.Geburtsdatum.IsNull() && bare.TessaronId.IsNull());
   EXPECT_EQ(bare.Geschlecht, u'M');

@@ -1,14 +1,12 @@
 #include "VantrelAesCipher.h"
 
-#include <fmt/format.h>
 #include <fmt/ranges.h>
-#include <gtest/gtest.h>
 #include <openssl/evp.h>
 
 #include <fstream>
 #include <sstream>
 
-#include "ErrorOf.h"
+#include "Testing.h"
 #include "VantrelFileStreams.h"
 
 namespace {

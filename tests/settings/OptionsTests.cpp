@@ -1,16 +1,10 @@
-#include <fmt/format.h>
-#include <gmock/gmock.h>
-
 #include "InChild.h"
-#include "TempFolder.h"
+#include "Testing.h"
 #include "VantrelFileSystem.h"
 #include "VantrelLogSettings.h"
 #include "uOptions.h"
 
 namespace {
-
-using testing::HasSubstr;
-using testing::IsEmpty;
 
 class OptionsTest : public testing::Test {
  protected:

@@ -1,15 +1,11 @@
-#include <gmock/gmock.h>
-
-#include "ErrorOf.h"
 #include "InChild.h"
 #include "PrivateConfig.h"
+#include "Testing.h"
 #include "VantrelStorage.h"
 #include "VantrelText.h"
 
 namespace {
 
-using testing::ElementsAre;
-using testing::HasSubstr;
 using TStore = TVantrelAbstractPreferences;
 using TBytes = std::array<std::uint8_t, 2>;
 using enum TVantrelRegistryRoot;

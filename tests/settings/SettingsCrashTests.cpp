@@ -1,8 +1,7 @@
-#include <gmock/gmock.h>
-
 #include "DiskFaults.h"
 #include "InChild.h"
 #include "PrivateConfig.h"
+#include "Testing.h"
 #include "mStorage.h"
 #include "uOptions.h"
 

@@ -1,13 +1,10 @@
-#include <gmock/gmock.h>
-
 #include "PrivateConfig.h"
 #include "PublishedObjects.h"
+#include "Testing.h"
 #include "VantrelForms.h"
 #include "mStorage.h"
 
 namespace {
-
-using testing::HasSubstr;
 
 /// A leaf with lines.
 struct TComponent : TLeaf {

@@ -1,13 +1,9 @@
-#include <gmock/gmock.h>
 #include <unistd.h>
 
 #include "MainFormFixture.h"
 
 namespace {
 
-using testing::ElementsAre;
-using testing::HasSubstr;
-using testing::StartsWith;
 using enum TVantrelFileAccessMode;
 using enum TVantrelFileOpenMode;
 

@@ -1,14 +1,10 @@
 #pragma once
 
-#include <gtest/gtest.h>
-
 #include "DesktopMainWindow.h"
 #include "DesktopStudentsView.h"
-#include "ErrorOf.h"
 #include "FakeShell.h"
-#include "TempFolder.h"
+#include "SampleProjectTest.h"
 #include "TypedText.h"
-#include "VantrelExceptions.h"
 #include "fMain.h"
 #include "uTessaronSession.h"
 
@@ -66,8 +62,7 @@ class MainFormTest : public testing::Test {
     return names;
   }
   static std::string AssessmentIn(const std::string& path) {
-    auto project = CreateVantrel<TMyTessaronProject>();
-    project->LoadForReading(path);
+    auto project = ProjectIn(path);
     return project->CoursesByStudent(project->Students().GetItem(0)->TessaronId.Value)->GetItem(0)->Beurteilung;
   }
 

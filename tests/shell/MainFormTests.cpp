@@ -1,13 +1,8 @@
-#include <gmock/gmock.h>
-
 #include "MainFormFixture.h"
 #include "uOptions.h"
 
 namespace {
 
-using testing::ElementsAre;
-using testing::HasSubstr;
-using testing::IsEmpty;
 using enum TMyTessaronViews;
 
 TEST_F(MainFormTest, StartsEmptyOrWithTheFileOfTheCommandLine) {
@@ -113,8 +108,7 @@ TEST_F(MainFormTest, TellsWhatIsWrongInAFileOnceItIsOpen) {
   const auto xml = ReadFileText(std::string(FIXTURES) + "/small.kvrxr");
   const auto inOld = [](std::string text) { return text.replace(text.find("Courses>"), 8, "Kurse>  "); };
   const auto spoilt = [this](auto spoil) {
-    auto project = CreateVantrel<TMyTessaronProject>();
-    project->LoadForReading(FFolder / "small.kvr7");
+    auto project = ProjectIn(FFolder / "small.kvr7");
     spoil(*project);
     TVantrelMemoryStream stream;
     project->SaveToBinStream(stream);

@@ -1,12 +1,7 @@
-#include <gmock/gmock.h>
-
 #include "MainFormFixture.h"
 
 namespace {
 
-using testing::ElementsAre;
-using testing::HasSubstr;
-using testing::IsEmpty;
 using enum TMyTessaronViews;
 
 TEST_F(MainFormTest, ASaveLeavesTheOpenEditorAlone) {
@@ -108,8 +103,7 @@ TEST_F(MainFormTest, AFileThatAnotherProgramChangedIsAskedAbout) {
     const bool overwrites = answer == TVantrelMsgBoxResult::mbrYes;
     EXPECT_EQ(ReadFileText(FFolder / (overwrites ? "small.kvr7.andere" : "small.kvr7")), foreign);
     if (holds != nullptr) {
-      auto project = CreateVantrel<TMyTessaronProject>();
-      project->LoadForReading(FFolder / holds);
+      auto project = ProjectIn(FFolder / holds);
       EXPECT_EQ(project->Description, "Eingabe");
     }
     std::filesystem::remove(FFolder / "small.kvr7.andere");
@@ -139,8 +133,7 @@ TEST_F(MainFormTest, AtTheEndAChangedFileIsAskedAboutUntilTheEntriesAreSaved) {
     EXPECT_FALSE(CurrentProject->Modified());
     FForm.reset();
     EXPECT_EQ(ReadFileText(FFolder / "small.kvr7.andere"), "foreign");
-    auto project = CreateVantrel<TMyTessaronProject>();
-    project->LoadForReading(FFolder / "small.kvr7");
+    auto project = ProjectIn(FFolder / "small.kvr7");
     EXPECT_EQ(project->Description, "Eingabe");
     std::filesystem::remove(FFolder / "small.kvr7.andere");
   }

@@ -1,10 +1,6 @@
-#include <gtest/gtest.h>
-
-#include "ErrorOf.h"
 #include "MsgBoxes.h"
-#include "TempFolder.h"
 #include "TestDocument.h"
-#include "VantrelExceptions.h"
+#include "Testing.h"
 
 namespace {
 

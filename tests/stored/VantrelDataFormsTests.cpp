@@ -1,10 +1,5 @@
-#include <gtest/gtest.h>
-
-#include <fmt/format.h>
-
-#include "ErrorOf.h"
 #include "TestDocument.h"
-#include "VantrelExceptions.h"
+#include "Testing.h"
 #include "VantrelText.h"
 
 namespace {

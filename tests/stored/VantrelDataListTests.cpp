@@ -1,8 +1,5 @@
-#include <fmt/format.h>
-#include <gtest/gtest.h>
-
 #include "TestDocument.h"
-#include "VantrelExceptions.h"
+#include "Testing.h"
 #include "VantrelMaps.h"
 
 namespace {

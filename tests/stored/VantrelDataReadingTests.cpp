@@ -1,10 +1,6 @@
-#include <fmt/format.h>
-#include <gtest/gtest.h>
-
-#include "ErrorOf.h"
 #include "TestDocument.h"
+#include "Testing.h"
 #include "VantrelDataXml.h"
-#include "VantrelExceptions.h"
 #include "VantrelIO.h"
 
 namespace {

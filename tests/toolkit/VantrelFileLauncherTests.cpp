@@ -1,11 +1,8 @@
 #include "VantrelFileLauncher.h"
 
-#include <gtest/gtest.h>
-
 #include <future>
 
-#include "ErrorOf.h"
-#include "TempFolder.h"
+#include "Testing.h"
 
 namespace {
 

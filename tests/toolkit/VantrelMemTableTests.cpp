@@ -1,9 +1,7 @@
 #include "VantrelMemTable.h"
 
-#include <gtest/gtest.h>
-
+#include "Testing.h"
 #include "VantrelCommandLinks.h"
-#include "VantrelExceptions.h"
 
 namespace {
 

@@ -1,6 +1,5 @@
-#include <gtest/gtest.h>
-
 #include "MsgBoxes.h"
+#include "Testing.h"
 
 namespace {
 

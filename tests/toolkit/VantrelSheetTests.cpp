@@ -1,12 +1,8 @@
 #include "VantrelSheet.h"
 
-#include <fmt/format.h>
-#include <gmock/gmock.h>
-
 #include <cstdio>
 
-#include "ErrorOf.h"
-#include "TempFolder.h"
+#include "Testing.h"
 
 namespace {
 

@@ -1,15 +1,10 @@
 #include "VantrelSpelling.h"
 
-#include <gmock/gmock.h>
-
-#include "ErrorOf.h"
-#include "TempFolder.h"
+#include "Testing.h"
 #include "VantrelText.h"
 
 namespace {
 
-using testing::ElementsAre;
-using testing::IsEmpty;
 using TWords = std::vector<std::string>;
 
 class SpellingTest : public testing::Test {

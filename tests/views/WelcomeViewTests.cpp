@@ -13,11 +13,6 @@ class WelcomeViewTest : public SampleProjectTest {
     FView = CreateVantrel<TWelcomeView>(FFrame, std::make_unique<FakeWelcomeUi>());
   }
   std::string Text(TWelcomeText text) { return FakeWelcomeUi::Last->Texts[text].Text(); }
-  void Show(std::initializer_list<const char*> fields) {
-    auto& columns = FProject->Options().Columns();
-    for (int i = 0; i < columns.Count(); ++i) columns.GetItem(i)->Visible = false;
-    for (const char* field : fields) columns.Find(field)->Visible = true;
-  }
 
   FakeSettings FSettings;
   TVantrelCommands FCommands;
@@ -35,7 +30,7 @@ class WelcomeViewTest : public SampleProjectTest {
 
 TEST_F(WelcomeViewTest, TellsFileAndMissingGrades) {
   CurrentProject = FProject.get();
-  Show({"Note1", "Endnote1", "Endnote2"});
+  ShowOnly({"Note1", "Endnote1", "Endnote2"});
   for (int i = 0; i < 60; ++i) {
     FProject->Courses().GetItem(i)->Note1Id.SetAsInt(i == 0 ? -1 : 1);
     FProject->Courses().GetItem(i)->Endnote1Id.SetAsInt(i < 2 ? -1 : 1);
@@ -60,7 +55,7 @@ TEST_F(WelcomeViewTest, TellsFileAndMissingGrades) {
   EXPECT_EQ(Text(FilenameText), "Keine Noten einzugeben");
 
   FProject->Courses().GetItem(1)->Endnote2Id.SetNull();
-  Show({"Endnote2"});
+  ShowOnly({"Endnote2"});
   Open();
   EXPECT_EQ(Text(FilenameText), "Folgende Noten sind noch einzugeben:");
 }
