@@ -17,6 +17,7 @@
 #include "fStudentsView.h"
 #include "fSubjectsView.h"
 #include "fWelcomeView.h"
+#include "uGridSheet.h"
 
 namespace {
 
@@ -230,6 +231,29 @@ void Search(benchmark::State& state) {
   }
 }
 
+/// All columns of the subjects view and all its rows, to the bytes of a file of that kind.
+void Export(benchmark::State& state, const std::function<void(const TSheet&)>& write) {
+  TProgram program(2000);
+  program.Show(TMyTessaronViews::viewSubjects);
+  auto& grid = program.Grid(false);
+  for (int i = 0; i < static_cast<int>(grid.Columns().size()); ++i) grid.ShowColumn(i, true);
+  std::size_t cells = 0;
+  for (auto _ : state) {
+    const auto sheet = SheetOf(grid, "Deutsch", true);
+    cells = sheet.Rows.size() * sheet.Captions.size();
+    write(sheet);
+  }
+  state.counters["cells"] = static_cast<double>(cells);
+}
+
+void ExportXls(benchmark::State& state) {
+  Export(state, [](const TSheet& sheet) { benchmark::DoNotOptimize(XlsBytes(sheet)); });
+}
+
+void ExportHtml(benchmark::State& state) {
+  Export(state, [](const TSheet& sheet) { benchmark::DoNotOptimize(HtmlPage(sheet)); });
+}
+
 BENCHMARK(ShowStudents)->Arg(120)->Arg(2000)->Unit(benchmark::kMillisecond);
 BENCHMARK(NextStudent)->Arg(120)->Arg(2000)->Unit(benchmark::kMillisecond);
 BENCHMARK(ShowSubjects)->Arg(28)->Arg(2000)->Unit(benchmark::kMillisecond);
@@ -239,6 +263,8 @@ BENCHMARK(Keystroke)->Arg(120)->Unit(benchmark::kMillisecond);
 BENCHMARK(FirstKey)->Arg(120)->Unit(benchmark::kMillisecond);
 BENCHMARK(SortByHeader)->Arg(2000)->Unit(benchmark::kMillisecond);
 BENCHMARK(Search)->Arg(2000)->Unit(benchmark::kMillisecond);
+BENCHMARK(ExportXls)->Unit(benchmark::kMillisecond);
+BENCHMARK(ExportHtml)->Unit(benchmark::kMillisecond);
 
 }  // namespace
 

@@ -1,36 +1,64 @@
 #include "VantrelSheet.h"
 
+#include <algorithm>
 #include <cstdio>
+#include <cstdlib>
 
 #include "Testing.h"
 
 namespace {
 
+struct TTold {
+  int Result;
+  std::string Text;
+};
+
+/// What a program of the support folder tells of a file.
+TTold Told(const std::string& program, const std::string& file) {
+  FILE* pipe = ::popen(fmt::format("/usr/bin/python3 support/{} '{}' 2>&1", program, file).c_str(), "r");
+  TTold told{0, {}};
+  char buffer[4096];
+  while (const auto count = std::fread(buffer, 1, sizeof(buffer), pipe)) told.Text.append(buffer, count);
+  told.Result = WEXITSTATUS(::pclose(pipe));
+  return told;
+}
+
 /// What another program reads in the file, by its lines.
 std::string CellsIn(const std::string& file) {
-  const auto command = fmt::format("/usr/bin/python3 support/sheet-cells '{}' 2>&1", file);
-  FILE* pipe = ::popen(command.c_str(), "r");
-  std::string told;
-  char buffer[4096];
-  while (const auto count = std::fread(buffer, 1, sizeof(buffer), pipe)) told.append(buffer, count);
-  ::pclose(pipe);
-  return told;
+  return Told("sheet-cells", file).Text;
+}
+
+/// A line for each cell of a sheet that is not empty, as `line` tells it.
+template <class TLine>
+std::string LinesOf(const TSheet& sheet, const TLine& line) {
+  std::string lines;
+  const auto add = [&](std::size_t row, std::size_t column, const TSheetCell& cell, bool heading) {
+    std::string text = line(row, column, cell, heading);
+    for (std::size_t at = 0; (at = text.find('\n', at)) != std::string::npos; at += 2) text.replace(at, 1, "\\n");
+    if (!cell.Text.empty()) lines += text + "\n";
+  };
+  for (std::size_t i = 0; i < sheet.Captions.size(); ++i) add(0, i, {sheet.Captions[i]}, true);
+  for (std::size_t row = 0; row < sheet.Rows.size(); ++row)
+    for (std::size_t i = 0; i < sheet.Rows[row].Cells.size(); ++i)
+      add(row + 1, i, sheet.Rows[row].Cells[i], sheet.Rows[row].IsHeading);
+  return lines;
 }
 
 /// The same of the sheet itself.
 std::string CellsOf(const TSheet& sheet, const std::string& name) {
-  std::string told = name + " frozen\n";
-  for (std::size_t i = 0; i < sheet.Captions.size(); ++i)
-    told += fmt::format("0\t{}\tbold\t{}\n", i, sheet.Captions[i]);
-  for (std::size_t row = 0; row < sheet.Rows.size(); ++row)
-    for (std::size_t i = 0; i < sheet.Rows[row].Cells.size(); ++i) {
-      const auto& cell = sheet.Rows[row].Cells[i];
-      std::string text = cell.Number ? fmt::format("{:.10g} {}", *cell.Number, cell.Format) : cell.Text;
-      for (std::size_t at = 0; (at = text.find('\n', at)) != std::string::npos; at += 2) text.replace(at, 1, "\\n");
-      const auto* kind = sheet.Rows[row].IsHeading ? "bold" : "text";
-      if (!text.empty()) told += fmt::format("{}\t{}\t{}\t{}\n", row + 1, i, cell.Number ? "number" : kind, text);
-    }
-  return told;
+  return name + " frozen\n" + LinesOf(sheet, [](auto row, auto column, const TSheetCell& cell, bool heading) {
+           if (cell.Number) return fmt::format("{}\t{}\tnumber\t{:.10g} {}", row, column, *cell.Number, cell.Format);
+           return fmt::format("{}\t{}\t{}\t{}", row, column, heading ? "bold" : "text", cell.Text);
+         });
+}
+
+/// What a spreadsheet shows of it, where the decimal sign is a point.
+std::string ShownOf(const TSheet& sheet) {
+  return LinesOf(sheet, [](auto row, auto column, const TSheetCell& cell, bool) {
+    std::string text = cell.Text;
+    if (cell.Number) std::ranges::replace(text, ',', '.');
+    return fmt::format("{}\t{}\t{}", row, column, text);
+  });
 }
 
 std::string Repeated(std::string_view text, std::size_t count) {
@@ -68,6 +96,23 @@ TEST(Sheet, OtherProgramsReadWhatWasWritten) {
     EXPECT_EQ(CellsIn(Written(folder, sheet, kind)), CellsOf(sheet, "Mathematik")) << kind;
   EXPECT_FALSE(std::filesystem::exists(folder / "zwischen"));
 }
+
+class SpreadsheetTest : public testing::TestWithParam<const char*> {};
+
+TEST_P(SpreadsheetTest, ShowsTheTextsOfTheScreen) {
+  const TempFolder folder;
+  const auto sheet = SheetOfEverything();
+  for (const std::string kind : {"xls", "xlsx", "html"}) {
+    // ssconvert knows no cells of text in a web page.
+    if (kind == "html" && GetParam() != std::string_view("soffice")) continue;
+    const auto shown = Told(std::string("sheet-shown ") + GetParam(), Written(folder, sheet, kind));
+    if (shown.Result == 77) GTEST_SKIP() << GetParam() << " is not installed";
+    EXPECT_EQ(shown.Text, ShownOf(sheet)) << kind;
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(Programs, SpreadsheetTest, testing::Values("soffice", "ssconvert"),
+                         [](const auto& program) { return std::string(program.param); });
 
 TEST(Sheet, TextsArriveWholeWhereverTheyAreBroken) {
   const TempFolder folder;
