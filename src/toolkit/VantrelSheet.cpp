@@ -1,6 +1,7 @@
 #include "VantrelSheet.h"
 
 #include <algorithm>
+#include <cmath>
 
 #include "ToolkitTexts.h"
 #include "VantrelI18n.h"
@@ -67,13 +68,17 @@ std::string SheetTools::SheetName(std::string_view title) {
     units.resize(IsHighSurrogate(units[MaxNameUnits - 1]) ? MaxNameUnits - 1 : MaxNameUnits);
   name = Utf16ToUtf8(units);
   TrimApostrophes(name);
+  // Spreadsheets keep this name for themselves.
+  if (SameText(name, "History")) name += '_';
   return name.empty() ? ResourceText(ToolkitTexts::SheetName) : name;
 }
 
 bool SheetTools::IsNumber(const TSheetCell& cell) {
-  constexpr double firstOfMarch1900 = 61;
+  constexpr double firstOfMarch1900 = 61, firstInexact = 1e15;
+  constexpr std::size_t maxFormat = 2 + 15;  // "0." and the places
+  if (!cell.Number || !(std::abs(*cell.Number) < firstInexact) || cell.Format.size() > maxFormat) return false;
   const bool isDate = cell.Format.find('Y') != std::string::npos;
-  return cell.Number && (!isDate || *cell.Number >= firstOfMarch1900);
+  return isDate ? *cell.Number >= firstOfMarch1900 : cell.Text.find_first_not_of("-0123456789,") == std::string::npos;
 }
 
 int SheetTools::ColumnWidth(const TSheet& sheet, std::size_t column) {
@@ -92,12 +97,13 @@ void SheetTools::RaiseTooLarge(std::size_t maxRows, std::size_t maxColumns) {
 }
 
 void SheetTools::CheckLimits(const TSheet& sheet, std::size_t maxRows, std::size_t maxColumns) {
-  const auto isLong = [](const TSheetCell& cell) {
-    return cell.Text.size() > MaxTextUnits && Utf16Length(cell.Text) > MaxTextUnits;
+  const auto isLong = [](const std::string& text) {
+    return text.size() > MaxTextUnits && Utf16Length(text) > MaxTextUnits;
   };
   const bool fits = sheet.Rows.size() < maxRows && sheet.Captions.size() <= maxColumns &&
+                    std::ranges::none_of(sheet.Captions, isLong) &&
                     std::ranges::none_of(sheet.Rows, [&](const auto& row) {
-                      return row.Cells.size() > maxColumns || std::ranges::any_of(row.Cells, isLong);
+                      return row.Cells.size() > maxColumns || std::ranges::any_of(row.Cells, isLong, &TSheetCell::Text);
                     });
   if (!fits) RaiseTooLarge(maxRows, maxColumns);
 }

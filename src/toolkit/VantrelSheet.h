@@ -46,12 +46,12 @@ std::string HtmlPage(const TSheet& sheet);
 /// What the writers share.
 namespace SheetTools {
 /// A name as spreadsheets allow it: at most 31 UTF-16 units without []:*?/\, without an apostrophe at its ends, never
-/// empty.
+/// empty, and none that spreadsheets keep for themselves.
 std::string SheetName(std::string_view title);
 /// A text as a cell takes it.
 std::string CellText(std::string_view text);
-/// The cell goes into a spreadsheet as a number. A date before March 1900 does not: spreadsheets count other days
-/// there.
+/// The cell goes into a spreadsheet as a number, since its format gives back its text. A date before March 1900 does
+/// not: spreadsheets count other days there.
 bool IsNumber(const TSheetCell& cell);
 /// The width of a column by its content, in characters.
 int ColumnWidth(const TSheet& sheet, std::size_t column);

@@ -35,6 +35,8 @@ std::string Escaped(std::string_view text) {
   return escaped;
 }
 
+constexpr std::string_view TextMark = R"(sdnum="1031;0;@")";
+
 std::string Content(std::string_view text) {
   return Escaped(SheetTools::CellText(text));
 }
@@ -47,17 +49,17 @@ std::string GermanFormat(std::string format) {
 
 /// The value is told in English, the format in German.
 void AppendCell(std::string& page, const TSheetCell& cell) {
-  if (cell.Number)
+  if (SheetTools::IsNumber(cell))
     page += fmt::format("<td class=\"n\" sdval=\"{}\" sdnum=\"1033;1031;{}\">{}</td>", *cell.Number,
                         Escaped(GermanFormat(cell.Format)), Content(cell.Text));
   else
-    page += fmt::format("<td sdnum=\"1031;0;@\">{}</td>", Content(cell.Text));
+    page += fmt::format("<td {}>{}</td>", TextMark, Content(cell.Text));
 }
 
 void AppendRow(std::string& page, const TSheetRow& row, std::size_t columns) {
   page += "<tr>";
   if (row.IsHeading)
-    page += fmt::format("<th class=\"g\" colspan=\"{}\">{}</th>", columns,
+    page += fmt::format("<th {} class=\"g\" colspan=\"{}\">{}</th>", TextMark, columns,
                         row.Cells.empty() ? std::string() : Content(row.Cells.front().Text));
   else
     for (const auto& cell : row.Cells) AppendCell(page, cell);
@@ -72,7 +74,8 @@ constexpr std::string_view Head = R"(<!DOCTYPE html>
 <style>
 body {{ font-family: sans-serif; }}
 table {{ border-collapse: collapse; }}
-th, td {{ border: 1px solid #999; padding: 2px 6px; text-align: left; vertical-align: top; mso-number-format: "\@"; }}
+th, td {{ border: 1px solid #999; padding: 2px 6px; text-align: left; vertical-align: top; white-space: pre-wrap;
+  mso-number-format: "\@"; }}
 td.n {{ text-align: right; mso-number-format: General; }}
 th.g {{ background: #eee; }}
 br {{ mso-data-placement: same-cell; }}
@@ -87,9 +90,11 @@ br {{ mso-data-placement: same-cell; }}
 }  // namespace
 
 std::string HtmlPage(const TSheet& sheet) {
-  std::string page = fmt::format(Head, Content(sheet.Name));
+  auto title = SheetTools::CellText(sheet.Name);
+  std::ranges::replace(title, '\n', ' ');
+  std::string page = fmt::format(Head, Escaped(title));
   page += "<thead><tr>";
-  for (const auto& caption : sheet.Captions) page += "<th>" + Content(caption) + "</th>";
+  for (const auto& caption : sheet.Captions) page += fmt::format("<th {}>{}</th>", TextMark, Content(caption));
   page += "</tr></thead>\n<tbody>\n";
   for (const auto& row : sheet.Rows) AppendRow(page, row, sheet.Captions.size());
   page += "</tbody>\n</table>\n</body>\n</html>\n";

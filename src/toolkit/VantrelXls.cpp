@@ -129,7 +129,7 @@ void TXlsWriter::WriteStyles() {
   WriteStyle(NormalFont, GeneralFormat, true, false);
   WriteStyle(BoldFont, TextFormat, true, false);
   WriteStyle(NormalFont, TextFormat, true, false);
-  WriteStyle(NormalFont, TextFormat, true, true);
+  WriteStyle(NormalFont, GeneralFormat, true, true);  // spreadsheets fill long texts of the text format with "#"
   for (const auto& [format, style] : FNumberStyles) WriteStyle(NormalFont, FormatOf(style), true, false);
   FRecords.Begin(StyleName);
   FRecords.WriteWord(0x8000);

@@ -24,7 +24,11 @@ class TWorkbook {
   }
 
   void Close() { Require(workbook_close(std::exchange(FBook, nullptr))); }
-  lxw_worksheet* AddSheet(const std::string& name) { return workbook_add_worksheet(FBook, name.c_str()); }
+  lxw_worksheet* AddSheet(const std::string& name) {
+    auto* page = workbook_add_worksheet(FBook, name.c_str());
+    Require(page == nullptr ? LXW_ERROR_SHEETNAME_LENGTH_EXCEEDED : LXW_NO_ERROR);
+    return page;
+  }
   lxw_format* AddFormat(const std::string& number, bool isBold, bool wraps) {
     auto* format = workbook_add_format(FBook);
     format_set_num_format(format, number.c_str());
@@ -33,13 +37,13 @@ class TWorkbook {
     if (wraps) format_set_text_wrap(format);
     return format;
   }
-
- private:
+  /// Raises EVantrelException for an error.
   static void Require(lxw_error error) {
     if (error != LXW_NO_ERROR)
       throw EVantrelException(FormatText(ToolkitTexts::SheetNotMade, std::string(lxw_strerror(error))));
   }
 
+ private:
   lxw_workbook* FBook;
 };
 
@@ -53,7 +57,7 @@ class TXlsxWriter {
     for (std::size_t i = 0; i < FSheet.Captions.size(); ++i) {
       const auto column = static_cast<lxw_col_t>(i);
       worksheet_set_column(FPage, column, column, SheetTools::ColumnWidth(FSheet, i) + margin, nullptr);
-      WriteText(0, i, FSheet.Captions[i], FBold);
+      WriteText(0, i, SheetTools::CellText(FSheet.Captions[i]), FBold);
     }
     worksheet_freeze_panes(FPage, 1, 0);
     for (std::size_t row = 0; row < FSheet.Rows.size(); ++row) {
@@ -64,17 +68,18 @@ class TXlsxWriter {
 
  private:
   void WriteText(std::size_t row, std::size_t column, const std::string& text, lxw_format* format) {
-    worksheet_write_string(FPage, static_cast<lxw_row_t>(row), static_cast<lxw_col_t>(column),
-                           SheetTools::CellText(text).c_str(), format);
+    TWorkbook::Require(worksheet_write_string(FPage, static_cast<lxw_row_t>(row), static_cast<lxw_col_t>(column),
+                                              text.c_str(), format));
   }
   void WriteCell(std::size_t row, std::size_t column, const TSheetCell& cell, bool isHeading) {
     if (SheetTools::IsNumber(cell)) {
       auto& format = FNumbers[cell.Format];
       if (format == nullptr) format = FBook.AddFormat(cell.Format, false, false);
-      worksheet_write_number(FPage, static_cast<lxw_row_t>(row), static_cast<lxw_col_t>(column), *cell.Number, format);
-    } else if (!cell.Text.empty()) {
-      auto* plain = SheetTools::IsWrapped(cell.Text) ? FWrapped : FText;
-      WriteText(row, column, cell.Text, isHeading ? FBold : plain);
+      TWorkbook::Require(worksheet_write_number(FPage, static_cast<lxw_row_t>(row), static_cast<lxw_col_t>(column),
+                                                *cell.Number, format));
+    } else if (const auto text = SheetTools::CellText(cell.Text); !text.empty()) {
+      auto* plain = SheetTools::IsWrapped(text) ? FWrapped : FText;
+      WriteText(row, column, text, isHeading ? FBold : plain);
     }
   }
 
@@ -83,7 +88,8 @@ class TXlsxWriter {
   lxw_worksheet* FPage;
   lxw_format* FBold = FBook.AddFormat("@", true, false);
   lxw_format* FText = FBook.AddFormat("@", false, false);
-  lxw_format* FWrapped = FBook.AddFormat("@", false, true);
+  /// Spreadsheets fill long texts of the text format with "#".
+  lxw_format* FWrapped = FBook.AddFormat("General", false, true);
   std::map<std::string, lxw_format*> FNumbers;
 };
 

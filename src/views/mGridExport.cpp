@@ -89,7 +89,8 @@ void TGridExportModule::ExportCXGridToHTML(const TVantrelGrid& grid, const std::
 
 std::string TGridExportModule::TargetOf(const std::string& path) const {
   auto target = System::PathOf(path);
-  if (IsKnownEnding(System::NameOf(target.extension()))) target.replace_extension();
+  const auto ending = System::NameOf(target.extension());
+  if (ending == "." || IsKnownEnding(ending)) target.replace_extension();
   return System::NameOf(target) + KindAt(SaveDialog.FilterIndex).Ending;
 }
 

@@ -104,7 +104,7 @@ TEST_F(GridExportTest, TheChosenKindDecidesTheEnding) {
   } cases[] = {
       {"a.xls", 1, "a.xls \xD0\xCF"},           {"b", 2, "b.html <!"},      {"c.xls", 2, "c.html <!"},
       {"d.HTM", 1, "d.xls \xD0\xCF"},           {"e.html", 3, "e.xlsx PK"}, {"f.kvrx", 1, "f.kvrx.xls \xD0\xCF"},
-      {"g 5. Klasse", 3, "g 5. Klasse.xlsx PK"}};
+      {"g 5. Klasse.", 3, "g 5. Klasse.xlsx PK"}};
   std::vector<std::string> written;
   for (const auto& [name, filter, file] : cases) {
     Export(name, filter);

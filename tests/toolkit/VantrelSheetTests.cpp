@@ -1,6 +1,7 @@
 #include "VantrelSheet.h"
 
 #include <algorithm>
+#include <cmath>
 #include <cstdio>
 #include <cstdlib>
 
@@ -47,7 +48,8 @@ std::string LinesOf(const TSheet& sheet, const TLine& line) {
 /// The same of the sheet itself.
 std::string CellsOf(const TSheet& sheet, const std::string& name) {
   return name + " frozen\n" + LinesOf(sheet, [](auto row, auto column, const TSheetCell& cell, bool heading) {
-           if (cell.Number) return fmt::format("{}\t{}\tnumber\t{:.10g} {}", row, column, *cell.Number, cell.Format);
+           if (SheetTools::IsNumber(cell))
+             return fmt::format("{}\t{}\tnumber\t{:.10g} {}", row, column, *cell.Number, cell.Format);
            return fmt::format("{}\t{}\t{}\t{}", row, column, heading ? "bold" : "text", cell.Text);
          });
 }
@@ -68,11 +70,11 @@ std::string Repeated(std::string_view text, std::size_t count) {
 }
 
 TSheet SheetOfEverything() {
-  TSheet sheet{.Name = "Mathematik", .Captions = {"Name", "Note <1>", "Faktor", "Geburtsdatum"}};
+  TSheet sheet{.Name = "Mathematik", .Captions = {"Name", "Note <1>", "09", "Geburtsdatum"}};
   sheet.Rows.push_back({.Cells = {{"Klasse: 9a"}}, .IsHeading = true});
   sheet.Rows.push_back(
       {.Cells = {{"Stein & \"Söhne\""}, {"2-"}, {"0,5", 0.5, "0.0"}, {"01.03.2011", 40603, "DD.MM.YYYY"}}});
-  sheet.Rows.push_back({.Cells = {{"=1+1"}, {"09"}, {}, {"31.12.1899", {}, {}}}});
+  sheet.Rows.push_back({.Cells = {{"=1+1"}, {"09"}, {}, {"31.12.1899", 1, "DD.MM.YYYY"}}});
   sheet.Rows.push_back({.Cells = {{"Zeile 1\nZeile 2\n\nEnde"}, {"😀 zählt zwei"}, {"-12", -12, "0"}, {}}});
   return sheet;
 }
@@ -138,6 +140,9 @@ TEST(Sheet, WhatAFormCannotHoldIsRefused) {
     return ErrorOf<ESheetLimitError>([&] { XlsBytes(sheet); });
   };
   EXPECT_EQ(refusal(65535, 256, 32767), "");
+  const TSheet longCaption{.Captions = {Repeated("x", 32768)}};
+  EXPECT_NE(ErrorOf<ESheetLimitError>([&] { XlsBytes(longCaption); }), "");
+  EXPECT_NE(ErrorOf<ESheetLimitError>([&] { XlsxBytes(longCaption, folder / "zwischen"); }), "");
   for (const auto& told : {refusal(65536, 1, 1), refusal(1, 257, 1), refusal(1, 1, 32768)})
     EXPECT_THAT(told, testing::HasSubstr("HTML-Format"));
   EXPECT_THAT(ErrorOf<EVantrelException>([&] { XlsxBytes({}, folder / "fehlt/zwischen"); }),
@@ -147,11 +152,18 @@ TEST(Sheet, WhatAFormCannotHoldIsRefused) {
 TEST(Sheet, NamesAndTextsAreWhatSpreadsheetsAllow) {
   EXPECT_EQ(SheetTools::SheetName("[Q1]: Was*ist?/das\\"), "Q1 Wasistdas");
   EXPECT_EQ(SheetTools::SheetName("''"), "Tabelle");
+  EXPECT_EQ(SheetTools::SheetName("history"), "history_");
   EXPECT_EQ(SheetTools::SheetName(Repeated("n", 30) + "😀"), Repeated("n", 30));
   EXPECT_EQ(SheetTools::SheetName(Repeated("ä", 40)), Repeated("ä", 31));
   EXPECT_EQ(SheetTools::CellText("a\r\nb\rc\x01\xFF\xED\xA0\x80"), "a\nb\nc\uFFFD\uFFFD");
   EXPECT_FALSE(SheetTools::IsNumber({"1.1.1900", 2, "DD.MM.YYYY"}));
-  EXPECT_TRUE(SheetTools::IsNumber({"2", 2, "0"}));
+  EXPECT_TRUE(SheetTools::IsNumber({"-2,5", -2.5, "0.0"}));
+  for (const TSheetCell& cell : {TSheetCell{"NAN", NAN, "0"},
+                                 {"INF", INFINITY, "0"},
+                                 {"1E-7", 1e-7, "0"},
+                                 {"1000000000000000", 1e15, "0"},
+                                 {"0,0000000000000001", 1e-16, "0.0000000000000000"}})
+    EXPECT_FALSE(SheetTools::IsNumber(cell)) << cell.Text;
 }
 
 }  // namespace
