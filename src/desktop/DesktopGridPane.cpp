@@ -4,7 +4,7 @@
 #include <QToolButton>
 #include <string_view>
 
-#include "CommandActions.h"
+#include "CommandBar.h"
 #include "DesktopGrid.h"
 #include "DesktopLook.h"
 #include "ElidedLabel.h"
@@ -53,24 +53,16 @@ TVantrelGrid& TDesktopGridPane::Grid() {
 
 void TDesktopGridPane::SetCommands(const std::vector<TVantrelCommand*>& commands) {
   FActions = std::make_unique<TCommandActions>(*FPanel);
-  auto* bar = new QHBoxLayout;
-  static_cast<QVBoxLayout*>(FPanel->layout())->insertLayout(0, bar);
-  bar->setContentsMargins(2, 2, 2, 2);
+  for (auto* command : commands) FActions->ActionOf(*command)->setShortcutContext(Qt::WidgetWithChildrenShortcut);
+  auto* bar = new TCommandBar(commands, *FActions);
+  bar->layout()->setContentsMargins(2, 2, 2, 2);
+  static_cast<QVBoxLayout*>(FPanel->layout())->insertWidget(0, bar);
+  // The keyboard comes to the grid first.
   QWidget* before = &FGrid->View();
-  for (auto* command : commands) {
-    auto* action = FActions->ActionOf(*command);
-    action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
-    auto* button = new QToolButton;
-    button->setDefaultAction(action);
-    button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
-    button->setAutoRaise(true);
-    button->setFocusPolicy(Qt::StrongFocus);
-    bar->addWidget(button);
-    // The keyboard comes to the grid first.
+  for (auto* button : bar->findChildren<QToolButton*>()) {
     QWidget::setTabOrder(before, button);
     before = button;
   }
-  bar->addStretch();
 }
 
 QWidget* TDesktopGridPane::MakeFitButton() {
