@@ -14,7 +14,7 @@ using enum TVantrelFieldType;
 namespace {
 
 constexpr const char* IdField = "ID";
-enum TColumn { PositionColumn, AttributeColumn, DescriptionColumn };
+constexpr int DescriptionColumn = 2;
 
 /// The commands of the page. Whether a remark may be edited is judged apart.
 bool MayUseCommands(const TStudent& student) {
@@ -38,12 +38,6 @@ const TCertificateComments* CommentsOf(const TStudent* student) {
 
 int CountOf(const TCertificateComments* comments) {
   return comments == nullptr ? 0 : comments->Count();
-}
-
-std::string WithoutFinalBreak(std::string text) {
-  if (text.ends_with('\n')) text.pop_back();
-  if (text.ends_with('\r')) text.pop_back();
-  return text;
 }
 
 bool AsksYes(const char* question) {
@@ -107,9 +101,6 @@ void TCertificateCommentsSheet::SetUpGrid() {
   grid.BindTable(&FTable);
   grid.FocusColumn(DescriptionColumn);
   grid.OnDoubleClick = [this](int) { RunForUser([this] { EditCertificateComment(); }); };
-  grid.OnDisplayText = [](int ordinal, const TVariant& value) {
-    return ordinal == DescriptionColumn ? std::optional(WithoutFinalBreak(value.AsTextOrEmpty())) : std::nullopt;
-  };
 }
 
 void TCertificateCommentsSheet::ShowStudent(TStudent* student, const TClass*) {

@@ -5,6 +5,7 @@
 #include <QTabWidget>
 #include <limits>
 
+#include "QtText.h"
 #include "StudentsViewFixture.h"
 
 namespace {
@@ -75,7 +76,8 @@ class CertificateCommentsTest : public StudentsViewTest {
     std::vector<std::string> texts;
     for (const auto& row : Remarks().ShownRows())
       texts.push_back(fmt::format("{}|{}|{}", Remarks().DisplayText(row.Record, 0),
-                                  Remarks().DisplayText(row.Record, 1), Remarks().DisplayText(row.Record, 2)));
+                                  Remarks().DisplayText(row.Record, 1),
+                                  ToUtf8(ShownPart(FromUtf8(Remarks().DisplayText(row.Record, 2))))));
     return texts;
   }
   std::string Count() { return FUi->CertificateComments().Status().Value().AsText(); }
