@@ -29,6 +29,7 @@ class TDesktopTextItem : public TVantrelFormItem {
   TVariant FValue;
 };
 
+/// A label, which screen readers read as it stands.
 class TDesktopLabelItem : public TDesktopTextItem {
  public:
   explicit TDesktopLabelItem(QLabel& label) : TDesktopTextItem(label), FLabel(label) {
@@ -45,6 +46,7 @@ class TDesktopLabelItem : public TDesktopTextItem {
   QLabel& FLabel;
 };
 
+/// A text of several lines.
 class TDesktopMemoItem : public TDesktopTextItem {
  public:
   explicit TDesktopMemoItem(QPlainTextEdit& memo) : TDesktopTextItem(memo), FMemo(memo) {}

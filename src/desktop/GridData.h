@@ -45,6 +45,7 @@ class TGridData {
   TVantrelMemTable* FTable = nullptr;
 };
 
+/// What a row must hold in a column to be shown, and how that is told to the user.
 struct TGridFilterItem {
   int Ordinal = 0;
   TVariant Value;

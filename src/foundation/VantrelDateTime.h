@@ -12,6 +12,7 @@ using TDateTime = double;
 /// The days from 0 on.
 enum class TVantrelDayOfWeek : std::uint8_t { Sunday, Monday, Tuesday, Wednesday, Thursday, Friday, Saturday };
 // clang-format off
+/// The months and the days of a month by their usual numbers.
 enum class TVantrelMonth : std::uint8_t {
   January = 1, February, March, April, May, June, July, August, September, October, November, December
 };
@@ -20,6 +21,7 @@ enum class TVantrelDayOfMonth : std::uint8_t {
   Day17, Day18, Day19, Day20, Day21, Day22, Day23, Day24, Day25, Day26, Day27, Day28, Day29, Day30, Day31
 };
 // clang-format on
+/// A week of a month, by its number or as the last one.
 enum class TVantrelWeekOfMonth : std::uint8_t { Week1 = 1, Week2, Week3, Week4, Week5, LastWeek };
 
 /// Raises EVantrelDateTimeError where the parts are no date between the years 1 and 9999 or no time of a day.

@@ -32,6 +32,7 @@ class TCatalog : public TVantrelRecordOf<TCatalog> {
   static constexpr auto FieldTable();
 };
 
+/// A catalogue: what may be chosen, in the order of the file.
 class TCatalogs : public TVantrelDataListOf<TCatalog> {
  public:
   using TVantrelDataListOf::TVantrelDataListOf;
@@ -58,6 +59,7 @@ class TCertificateComment : public TVantrelRecordOf<TCertificateComment, TCatalo
   static constexpr auto FieldTable();
 };
 
+/// The remarks of one certificate, or those of the project that they are composed of.
 class TCertificateComments : public TVantrelDataListOf<TCertificateComment> {
  public:
   using TVantrelDataListOf::TVantrelDataListOf;
@@ -93,6 +95,7 @@ class TGrade : public TVantrelRecordOf<TGrade, TCatalog> {
   std::uint8_t FGradeType = 0;
 };
 
+/// The grade catalogue.
 class TGrades : public TVantrelDataListOf<TGrade> {
  public:
   using TVantrelDataListOf::TVantrelDataListOf;

@@ -23,6 +23,7 @@ class TClass : public TVantrelRecordOf<TClass> {
   std::uint8_t FGradeType = 0;
 };
 
+/// The school classes of the students of the file.
 class TClasses : public TVantrelDataListOf<TClass> {
  public:
   using TVantrelDataListOf::TVantrelDataListOf;

@@ -38,6 +38,7 @@ class TColumn : public TVantrelRecordOf<TColumn> {
   std::string FCustomname;
 };
 
+/// The data fields that the file tells of. One that it does not tell is neither seen nor changed.
 class TColumns : public TVantrelDataListOf<TColumn> {
  public:
   using TVantrelDataListOf::Find;

@@ -52,6 +52,7 @@ class TCourse : public TVantrelRecordOf<TCourse> {
   static constexpr auto FieldTable();
 };
 
+/// Courses: those of the project, which owns them, or some that were asked for, which are only listed.
 class TCourses : public TVantrelDataListOf<TCourse> {
  public:
   using TVantrelDataListOf::Find;

@@ -44,6 +44,7 @@ struct TMyTessaronDateTime {
   std::string ToString() const;
 };
 
+/// How a remembered column is sorted.
 enum class TSortOrder { soNone, soAscending, soDescending };
 
 /// What a grid remembers of a column while its columns are rebuilt. The Index that Values takes is dropped: the field
@@ -59,6 +60,7 @@ struct TSortField {
   void Clear();
 };
 
+/// Likewise, whether and how wide it is shown.
 struct TVisibleField {
   std::string Name;
   int Index = 0;
@@ -71,6 +73,7 @@ struct TVisibleField {
   void Clear();
 };
 
+/// Likewise, its place among the columns that the rows are grouped by; -1 for none.
 struct TGroupField {
   std::string Name;
   int Index = 0;

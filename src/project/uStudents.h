@@ -90,6 +90,7 @@ class TStudent : public TVantrelRecordOf<TStudent> {
   TVantrelPtr<TCertificateComments> FCertificateComments;
 };
 
+/// The students of the project, found by their number in the central system.
 class TStudents : public TVantrelDataListOf<TStudent> {
  public:
   using TVantrelDataListOf::Find;

@@ -66,6 +66,7 @@ VANTREL_PLAIN(PlainSmallInt, std::int16_t, SmallInt, std::int32_t{record.*Member
 VANTREL_PLAIN(PlainSingle, float, Single, double{record.*Member});
 #undef VANTREL_PLAIN
 
+/// A text of the record.
 template <class T>
 struct String {
   std::string_view Key;

@@ -8,7 +8,9 @@
 
 #include "SystemError.h"
 
+/// What becomes of the file at its opening, and what can be done with it: see System::TFile::Open.
 enum class TVantrelFileOpenMode { fomCreate, fomOpenRead, fomOpenWrite, fomOpenReadWrite, fomOpenReadWriteOrCreate };
+/// What is denied to others as long as a file is open: all, writing, reading, nothing.
 enum class TVantrelFileAccessMode { famShareExclusive, famShareDenyWrite, famShareDenyRead, famShareDenyNone };
 
 namespace System {

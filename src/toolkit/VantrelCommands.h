@@ -61,16 +61,21 @@ class TVantrelCommands {
   std::vector<std::unique_ptr<TVantrelCommand>> FCommands;
 };
 
+/// A command as a button of the ribbon.
 struct TRibbonButton {
   TVantrelCommand* Command = nullptr;
   bool Large = false;
   bool BeginsGroup = false;  ///< a separator stands before it
 };
+
+/// Buttons above one caption. The id tells the group to who shows and hides it.
 struct TRibbonGroup {
   std::string Id;
   std::string Caption;
   std::vector<TRibbonButton> Buttons = {};
 };
+
+/// What one tab of the ribbon shows, from left to right.
 struct TRibbonTab {
   std::string Id;
   std::string Caption;
