@@ -30,7 +30,11 @@ QAction* TCommandActions::ActionOf(TVantrelCommand& command) {
   action->setIconText(FromUtf8(info.Caption).remove('&'));
   action->setToolTip(hint);
   if (!info.Shortcut.empty()) {
-    action->setShortcut(QKeySequence(FromUtf8(info.Shortcut), QKeySequence::PortableText));
+    const auto keys = FromUtf8(info.Shortcut);
+    action->setShortcut(QKeySequence(keys, QKeySequence::PortableText));
+    // The number pad has a key of the same name.
+    if (keys.endsWith("+Return"))
+      action->setShortcuts({action->shortcut(), QKeySequence(QString(keys).replace("Return", "Enter"))});
     action->setToolTip(
         UserText(DesktopTexts::HintWithShortcut).arg(hint, action->shortcut().toString(QKeySequence::NativeText)));
   }

@@ -1,8 +1,20 @@
 #include "CommandBar.h"
 
 #include <QBoxLayout>
+#include <QKeyEvent>
 #include <QPushButton>
 #include <QToolButton>
+
+namespace {
+/// Return presses it, instead of the default button of its dialog.
+class TBarButton final : public QToolButton {
+ protected:
+  void keyPressEvent(QKeyEvent* event) override {
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) return click();
+    QToolButton::keyPressEvent(event);
+  }
+};
+}  // namespace
 
 TCommandBar::TCommandBar(const std::vector<TVantrelCommand*>& commands, TCommandActions& actions) {
   auto* layout = new QHBoxLayout(this);
@@ -12,7 +24,7 @@ TCommandBar::TCommandBar(const std::vector<TVantrelCommand*>& commands, TCommand
     auto* action = actions.ActionOf(*command);
     // Here the caption keeps its access key.
     action->setIconText(action->text());
-    auto* button = new QToolButton;
+    auto* button = new TBarButton;
     button->setDefaultAction(action);
     button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     button->setAutoRaise(true);

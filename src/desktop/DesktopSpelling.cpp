@@ -69,13 +69,16 @@ TDesktopCorrection::TDesktopCorrection()
   FMistake->setTextFormat(Qt::RichText);
   FMistake->setWordWrap(true);
   FMistake->setAlignment(Qt::AlignLeft | Qt::AlignTop);
-  connect(FSuggestions, &QListWidget::currentTextChanged, this, [this](const QString& word) {
-    if (!word.isEmpty()) FReplacement->SetValue(ToUtf8(word));
-  });
+  connect(FSuggestions, &QListWidget::currentTextChanged, this, [this](const QString& word) { Take(word); });
+  connect(FSuggestions, &QListWidget::itemClicked, this, [this](auto* item) { Take(item->text()); });
 }
 
 TDesktopCorrection::~TDesktopCorrection() {
   FSuggestions->disconnect(this);
+}
+
+void TDesktopCorrection::Take(const QString& word) {
+  if (!word.isEmpty()) FReplacement->SetValue(ToUtf8(word));
 }
 
 void TDesktopCorrection::SetCommands(const std::vector<TVantrelCommand*>& commands) {

@@ -29,6 +29,9 @@ class TDesktopCorrection final : public TDesktopModalForm, public TCorrectionUi 
   void showEvent(QShowEvent* event) override;
 
  private:
+  /// A suggestion becomes the replacement.
+  void Take(const QString& word);
+
   TCommandActions FActions;
   QLabel* FMistake;
   QLineEdit* FLine;

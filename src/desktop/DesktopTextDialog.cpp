@@ -189,7 +189,7 @@ bool TDesktopTextDialog::TakeSearchKey(int key) {
       return true;
     case Qt::Key_Return:
     case Qt::Key_Enter:
-      if (OnSearchTaken && !FSearch->text().isEmpty() && FNotFound->isHidden()) OnSearchTaken();
+      if (OnSearchTaken && !FSearch->text().trimmed().isEmpty() && FNotFound->isHidden()) OnSearchTaken();
       return true;
     case Qt::Key_Escape: {
       const bool wasEmpty = FSearch->text().isEmpty();

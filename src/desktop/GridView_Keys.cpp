@@ -109,14 +109,15 @@ bool TGridView::TakeKey(QKeyEvent* event) {
   const TGridKey key = KeyOf(*event);
   const QModelIndex current = currentIndex();
   if (key == TGridKey::Escape && FModel.Options().ReadOnly && OnLiftFilter && OnLiftFilter()) return true;
-  if (!current.isValid()) return key == TGridKey::Other && event->key() == Qt::Key_Down && MoveRow(1);
+  const bool takesEnter = key == TGridKey::Enter && FModel.Options().ReadOnly && FEvents.OnDoubleClick;
+  if (!current.isValid()) return takesEnter || (event->key() == Qt::Key_Down && MoveRow(1));
   if (FEvents.OnKeyDown && !FModel.IsGroup(current)) {
     const auto action = FEvents.OnKeyDown(current.column(), key);
     if (action == TGridKeyAction::MoveDown) MoveRow(1);
     if (action != TGridKeyAction::Pass) return true;
   }
   if (key == TGridKey::Enter) {
-    const bool asDoubleClick = FModel.Options().ReadOnly && FEvents.OnDoubleClick && !FModel.IsGroup(current);
+    const bool asDoubleClick = takesEnter && !FModel.IsGroup(current);
     if (asDoubleClick) FEvents.OnDoubleClick(current.column());
     return asDoubleClick || Leave(key, false) || !FModel.Options().ReadOnly;
   }

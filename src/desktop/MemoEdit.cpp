@@ -84,6 +84,10 @@ bool TMemoEdit::BreaksLine(const QKeyEvent& key) const {
 }
 
 void TMemoEdit::keyPressEvent(QKeyEvent* event) {
-  if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) return textCursor().insertBlock();
+  const bool breaks = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+  if (breaks && !event->modifiers().testFlag(Qt::ControlModifier)) {
+    textCursor().insertBlock();
+    return ensureCursorVisible();
+  }
   QPlainTextEdit::keyPressEvent(event);
 }

@@ -40,5 +40,6 @@ void TSpellMarks::highlightBlock(const QString& text) {
 
 void TSpellMarks::CursorMoved() {
   if (!FHeld.isValid() || IsBeingTyped(FHeld, FHeldStart, FHeldLength)) return;
+  FTypes = false;
   rehighlightBlock(std::exchange(FHeld, QTextBlock()));
 }

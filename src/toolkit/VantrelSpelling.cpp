@@ -83,8 +83,10 @@ bool TVantrelSpellChecker::IsKnown(const std::string& form) const {
   const auto [known, isNew] = FRemembered.try_emplace(form, false);
   if (!isNew) return known->second;
   bool right = FIgnored.contains(form) || IsName(form) || UserDictionary.Knows(form) || MainDictionary.Knows(form);
-  if (const auto hyphen = form.find('-', 1); !right && hyphen + 1 < form.size() && hyphen != std::string::npos)
-    right = IsKnown(form.substr(0, hyphen)) && IsKnown(form.substr(hyphen + 1));
+  if (const auto hyphen = form.find('-', 1); !right && hyphen + 1 < form.size() && hyphen != std::string::npos) {
+    const auto isRight = [this](const std::string& part) { return IsPassedOver(part) || IsKnown(part); };
+    right = isRight(form.substr(0, hyphen)) && isRight(form.substr(hyphen + 1));
+  }
   return FRemembered[form] = right;
 }
 
@@ -94,13 +96,16 @@ bool TVantrelSpellChecker::IsShortened(const std::string& form) {
   return std::ranges::find(endings, form) != endings.end();
 }
 
-bool TVantrelSpellChecker::IsRight(const TSpellWord& word) const {
-  const auto& form = word.Form;
+bool TVantrelSpellChecker::IsPassedOver(const std::string& form) const {
   const auto hasDigit = std::ranges::any_of(form, [](char c) { return c >= '0' && c <= '9'; });
   const auto upper = UpperCase(form), lower = LowerCase(form);
   if (upper == lower || Utf16Length(form) == 1) return true;
-  if ((IgnoreNumbers && hasDigit) || (IgnoreUpperCase && form == upper)) return true;
-  if (IsKnown(form)) return true;
+  return (IgnoreNumbers && hasDigit) || (IgnoreUpperCase && form == upper);
+}
+
+bool TVantrelSpellChecker::IsRight(const TSpellWord& word) const {
+  const auto& form = word.Form;
+  if (IsPassedOver(form) || IsKnown(form)) return true;
   if (word.IsDotted && IsKnown(form + ".")) return true;
   if (word.HasHyphenBehind && IsKnown(form + "-")) return true;
   if (word.HasHyphenBefore && IsKnown("-" + form)) return true;
@@ -115,12 +120,4 @@ std::vector<TSpellWord> TVantrelSpellChecker::Mistakes(std::u16string_view text)
   auto words = SpellWords(text, {.EMails = IgnoreEMails, .Urls = IgnoreUrls});
   std::erase_if(words, [this](const auto& word) { return IsRight(word); });
   return words;
-}
-
-std::optional<TSpellWord> TVantrelSpellChecker::NextMistake(std::u16string_view text, std::size_t from) const {
-  const auto mistakes = Mistakes(text);
-  if (mistakes.empty()) return std::nullopt;
-  const auto next =
-      std::ranges::find_if(mistakes, [from](const auto& word) { return word.Start + word.Length > from; });
-  return next == mistakes.end() ? mistakes.front() : *next;
 }

@@ -2,7 +2,6 @@
 
 #include <map>
 #include <memory>
-#include <optional>
 #include <set>
 #include <string>
 #include <string_view>
@@ -96,12 +95,12 @@ class TVantrelSpellChecker {
 
   /// The words of the text that are mistakes, in its order; none where nothing can be checked.
   std::vector<TSpellWord> Mistakes(std::u16string_view text) const;
-  /// The first mistake that ends behind the place, else the first one of the text.
-  std::optional<TSpellWord> NextMistake(std::u16string_view text, std::size_t from) const;
   std::vector<std::string> Suggest(const std::string& word) const { return MainDictionary.Suggest(word); }
 
  private:
   static bool IsShortened(const std::string& form);
+  /// Nothing is said about it, whatever the dictionaries know.
+  bool IsPassedOver(const std::string& form) const;
   bool IsRight(const TSpellWord& word) const;
   bool IsKnown(const std::string& form) const;
   bool IsName(const std::string& form) const;

@@ -103,8 +103,16 @@ TEST_F(SpellingDialogTest, TheReplacementIsWhatStandsInItsLine) {
     EXPECT_EQ(Replacement().text(), "fleißig");
     auto& suggestions = *FCorrection->findChild<QListWidget*>();
     ASSERT_GT(suggestions.count(), 1);
-    suggestions.setCurrentRow(1);
-    EXPECT_EQ(Replacement().text(), suggestions.item(1)->text());
+    Type("xx");
+    const auto click = [&](int row) {
+      QTest::mouseClick(suggestions.viewport(), Qt::LeftButton, {},
+                        suggestions.visualItemRect(suggestions.item(row)).center());
+    };
+    for (const int row : {0, 1}) {
+      click(row);
+      EXPECT_EQ(Replacement().text(), suggestions.item(row)->text());
+    }
+    Replacement().setFocus();
     EXPECT_EQ(Focus(), &Replacement());
     Type("sehr laut");
     Key(Qt::Key_Return);
@@ -123,6 +131,24 @@ TEST_F(SpellingDialogTest, TheReplacementIsWhatStandsInItsLine) {
   FCorrectionScript = [] { Key(Qt::Key_Escape); };
   EditRemark([] { Key(Qt::Key_F7); });
   EXPECT_THAT(FBoxes.Texts, IsEmpty()) << "the check was broken off";
+}
+
+TEST_F(SpellingDialogTest, WhatComesBehindTheCheckCostsNoWord) {
+  for (const bool completes : {true, false}) {
+    FText = "Schühler*innen xyzzq";
+    FCorrectionScript = [&] {
+      EXPECT_EQ(Replacement().text(), "Schühler*innen") << "a suggestion would lose the sign";
+      Press(*FCorrection, "Ignorieren");
+      completes ? Press(*FCorrection, "Ignorieren") : Key(Qt::Key_Escape);
+    };
+    EXPECT_TRUE(EditRemark([this] {
+      Key(Qt::Key_Home);
+      Key(Qt::Key_F7);
+      Type("!");
+      Key(Qt::Key_Enter, Qt::ControlModifier);
+    }));
+    EXPECT_EQ(FText, completes ? "!Schühler*innen xyzzq" : "Schühler*innen xyzzq!");
+  }
 }
 
 TEST_F(SpellingDialogTest, WithoutDictionaryOnlyTheRemarkHasTheCommand) {

@@ -59,7 +59,7 @@ class TextDialogTest : public SampleProjectTest {
   TDesktopGrid& Catalog() { return FDialog->DesktopCatalog(); }
   static void Press(const QWidget& window, const char* name) {
     for (auto* button : window.findChildren<QAbstractButton*>())
-      if (button->text().remove('&') == name && button->isEnabled()) QTest::keyClick(button, Qt::Key_Space);
+      if (button->text().remove('&') == name && button->isEnabled()) QTest::keyClick(button, Qt::Key_Return);
   }
   void Press(const char* name) { Press(*FDialog, name); }
   void Click(int row, Qt::KeyboardModifiers modifiers = {}) {

@@ -79,6 +79,17 @@ TEST_F(TextDialogTest, RowsAreAddedInTheOrderOfTheClicks) {
   EXPECT_EQ(FAttribute, "langes Merkmal");
 }
 
+TEST_F(TextDialogTest, ReturnInAnEmptyCatalogueEndsNothing) {
+  FProject->CertificateComments().Clear();
+  FLookups.AfterLoad(*FProject);
+  FLookups.SetOpen(FProject.get());
+  EXPECT_FALSE(EditRemark([this] {
+    Catalog().View().setFocus();
+    Key(Qt::Key_Return);
+    EXPECT_TRUE(FDialog->isVisible());
+  }));
+}
+
 TEST_F(TextDialogTest, TheSearchMovesTheFocusAndHidesNothing) {
   EXPECT_TRUE(EditRemark([this] {
     const auto focused = [this] { return Catalog().FocusedRecord(); };
@@ -97,7 +108,11 @@ TEST_F(TextDialogTest, TheSearchMovesTheFocusAndHidesNothing) {
     Type("q");
     Key(Qt::Key_Return);
     EXPECT_EQ(ItemText(TTextDialogItem::Text), "") << "it is not found";
-    Key(Qt::Key_Backspace);
+    Key(Qt::Key_Escape);
+    Type("  ");
+    Key(Qt::Key_Return);
+    EXPECT_EQ(ItemText(TTextDialogItem::Text), "") << "nothing was looked for";
+    Type("bemerkung");
     Key(Qt::Key_Return);
     Key(Qt::Key_Escape);
     EXPECT_TRUE(FDialog->isVisible());
@@ -168,7 +183,9 @@ TEST_F(TextDialogTest, EachDialogSaysWhatItIsFor) {
     EXPECT_EQ(ItemText(TTextDialogItem::StudentText), "Mila Kowalski (6a)");
     QTest::qWait(50);
     EXPECT_TRUE(Catalog().View().verticalScrollBar()->isVisible());
-    EXPECT_FALSE(Catalog().View().horizontalScrollBar()->isVisible()) << Catalog().View().horizontalScrollBar()->maximum() << ' ' << Catalog().View().viewport()->width()<< ' ' << Catalog().View().horizontalHeader()->length();
+    EXPECT_FALSE(Catalog().View().horizontalScrollBar()->isVisible())
+        << Catalog().View().horizontalScrollBar()->maximum() << ' ' << Catalog().View().viewport()->width() << ' '
+        << Catalog().View().horizontalHeader()->length();
     EXPECT_EQ(names(),
               "Text, Im Katalog suchen (Strg+F), Katalog der Zeugnisbemerkungen, OK, Abbrechen, Speichern und "
               "Schließen, Schließen, Hinzufügen, Rechtschreibung prüfen..., Position, Merkmal");

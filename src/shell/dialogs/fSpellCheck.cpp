@@ -65,6 +65,8 @@ void TSpellCheck::Run(const std::function<std::unique_ptr<TCorrectionUi>()>& cre
     ShowMistake();
     const bool complete = FUi->Form().ShowModal();
     FUi = nullptr;
+    // A word that stays selected would go with the next key.
+    FText.Select(complete ? FOrigin : EndOf(FMistake), 0);
     if (!complete) return;
   }
   MsgBoxInfo(ResourceText(DialogTexts::Spelling), ResourceText(DialogTexts::CheckComplete));
@@ -95,7 +97,9 @@ void TSpellCheck::ShowMistake() {
   const TVantrelWaitScope wait(FWaitCursor);
   const auto suggestions = FChecker.Suggest(FMistake.Form);
   FUi->SetSuggestions(suggestions);
-  FUi->Replacement().SetValue(suggestions.empty() ? word : suggestions.front());
+  // Suggestions lack the signs that the word is written with.
+  const bool isPlain = word == FMistake.Form && !suggestions.empty();
+  FUi->Replacement().SetValue(isPlain ? suggestions.front() : word);
 }
 
 void TSpellCheck::GoOn(std::size_t from) {
