@@ -9,9 +9,11 @@
 #include "DesktopLook.h"
 #include "DesktopMainWindow.h"
 #include "DesktopStudentsView.h"
+#include "DesktopTextDialog.h"
 #include "DesktopWelcomeView.h"
 #include "SampleProject.h"
 #include "ViewTexts.h"
+#include "dialogs/fTextDialog.h"
 #include "fClassesView.h"
 #include "fMain.h"
 #include "fStudentsView.h"
@@ -254,6 +256,62 @@ void ExportHtml(benchmark::State& state) {
   Export(state, [](const TSheet& sheet) { benchmark::DoNotOptimize(HtmlPage(sheet)); });
 }
 
+/// Opens the dialog of an assessment with its dictionary, lets `use` have it when it is painted, and closes it.
+class TTextDialogs {
+ public:
+  TTextDialogs() { FLookups.Initialize(); }
+
+  void Open(std::string text, const std::function<void(QWidget& memo)>& use) {
+    const std::function<std::unique_ptr<TTextDialogUi>()> createUi = [&use] {
+      auto ui = std::make_unique<TDesktopTextDialog>();
+      auto& dialog = *ui;
+      QTimer::singleShot(0, &dialog, [&dialog, &use] {
+        TProgram::Paint();
+        use(*dialog.findChild<TMemoEdit*>());
+        dialog.OnCloseQuery = nullptr;
+        dialog.Close(false);
+      });
+      return ui;
+    };
+    const std::function<std::unique_ptr<TCorrectionUi>()> none;
+    EditZeugnisbeurteilung({createUi, none, FLookups, *FOptions, FWaitCursor}, "D", text);
+  }
+
+ private:
+  TProgram FProgram{120};
+  TLookupTables FLookups{*CurrentProject};
+  TVantrelPtr<TMyTessaronOptions> FOptions = CreateVantrel<TMyTessaronOptions>("", "");
+  TQuietDialogs FDialogs;
+  TVantrelWaitCursor FWaitCursor{FDialogs};
+};
+
+const std::string Sentence = "Sören arbeitet fleißig mit und trägt gern zum Unterrichtsgesprech bei. ";
+
+void OpenTextDialog(benchmark::State& state) {
+  TTextDialogs dialogs;
+  for (auto _ : state) dialogs.Open(Sentence, [](QWidget&) {});
+}
+
+/// A key in the middle of one long paragraph with mistakes, and one that takes it back.
+void KeyInText(benchmark::State& state) {
+  TTextDialogs dialogs;
+  std::string text;
+  while (text.size() < 5000) text += Sentence;
+  dialogs.Open(text, [&state](QWidget& memo) {
+    auto cursor = static_cast<QPlainTextEdit&>(memo).textCursor();
+    cursor.setPosition(2500);
+    static_cast<QPlainTextEdit&>(memo).setTextCursor(cursor);
+    bool types = true;
+    for (auto _ : state) {
+      QTest::keyClick(&memo, types ? Qt::Key_E : Qt::Key_Backspace);
+      TProgram::Paint();
+      types = !types;
+    }
+  });
+}
+
+BENCHMARK(OpenTextDialog)->Unit(benchmark::kMillisecond);
+BENCHMARK(KeyInText)->Unit(benchmark::kMillisecond);
 BENCHMARK(ShowStudents)->Arg(120)->Arg(2000)->Unit(benchmark::kMillisecond);
 BENCHMARK(NextStudent)->Arg(120)->Arg(2000)->Unit(benchmark::kMillisecond);
 BENCHMARK(ShowSubjects)->Arg(28)->Arg(2000)->Unit(benchmark::kMillisecond);

@@ -6,7 +6,10 @@ TDesktopModalForm::TDesktopModalForm() : QDialog(ActiveWindow()) {}
 
 bool TDesktopModalForm::ShowModal() {
   const TDialogScope scope;
-  return exec() == Accepted;
+  const bool ok = exec() == Accepted;
+  // A window manager that loses a box and the dialog below it at once may leave the keyboard to nobody.
+  if (auto* parent = parentWidget()) parent->activateWindow();
+  return ok;
 }
 
 void TDesktopModalForm::done(int result) {
