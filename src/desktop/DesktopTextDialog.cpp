@@ -90,7 +90,9 @@ void TDesktopTextDialog::SetDescription(const TTextDialogDescription& descriptio
   auto* layout = new QVBoxLayout(this);
   layout->setSpacing(6);
   layout->addWidget(new TCommandBar(description.Bar, FActions));
-  auto* groups = new QSplitter(description.SideBySide ? Qt::Horizontal : Qt::Vertical);
+  // One below the other they would show nothing on a low screen.
+  const bool isLow = screen()->availableSize().height() < smallest.height();
+  auto* groups = new QSplitter(description.SideBySide || isLow ? Qt::Horizontal : Qt::Vertical);
   groups->setChildrenCollapsible(false);
   groups->addWidget(MakeTextGroup(description));
   groups->addWidget(MakeCatalogGroup(description));

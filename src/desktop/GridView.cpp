@@ -290,6 +290,12 @@ void TGridView::changeEvent(QEvent* event) {
   FitRows();
 }
 
+void TGridView::updateGeometries() {
+  QTableView::updateGeometries();
+  // A scroll bar that has come or gone has changed the room.
+  if (FillRest()) QTableView::updateGeometries();
+}
+
 void TGridView::resizeEvent(QResizeEvent* event) {
   QTableView::resizeEvent(event);
   FitShownRows();

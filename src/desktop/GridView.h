@@ -85,6 +85,7 @@ class TGridView : public QTableView {
   void dataChanged(const QModelIndex& first, const QModelIndex& last, const QList<int>& roles) override;
   void changeEvent(QEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
+  void updateGeometries() override;
   void scrollContentsBy(int dx, int dy) override;
   void verticalScrollbarValueChanged(int value) override;
 
