@@ -84,7 +84,7 @@ void TDateEdit::keyPressEvent(QKeyEvent* event) {
   if (event->key() == Qt::Key_F4 || (alt && event->key() == Qt::Key_Down)) return OpenCalendar();
   if (event->key() == Qt::Key_Up || event->key() == Qt::Key_Down) {
     const QDate date = DateOf(text());
-    return Take(date.isValid() ? date.addDays(event->key() == Qt::Key_Up ? 1 : -1) : QDate::currentDate());
+    return date.isValid() ? Take(date.addDays(event->key() == Qt::Key_Up ? 1 : -1)) : Refuse();
   }
   QLineEdit::keyPressEvent(event);
 }

@@ -25,7 +25,7 @@ void TDesktopFieldForm::SetFields(const TFormDescription& form) {
     box->setMinimumWidth(static_cast<int>(std::lround(group.Width * FontScale(*box))));
     auto* fields = new QGridLayout;
     fields->setColumnStretch(1, 1);
-    for (const auto& field : group.Fields) AddField(*fields, field, form.Ticks);
+    for (const auto& field : group.Fields) AddField(*fields, field, form);
     auto* column = new QVBoxLayout(box);
     column->addLayout(fields);
     column->addStretch();
@@ -37,6 +37,11 @@ void TDesktopFieldForm::SetFields(const TFormDescription& form) {
 
 TDesktopFieldForm::~TDesktopFieldForm() {
   // The editors lose the keyboard while they go.
+  Release();
+}
+
+void TDesktopFieldForm::Release() {
+  OnChange = OnLeave = OnTick = nullptr;
   for (const auto& [key, field] : FFields) field.Edit->Release();
 }
 
@@ -56,7 +61,7 @@ QWidget* TDesktopFieldForm::AddLabel(TField& added, const TFormField& field, boo
   return added.Tick;
 }
 
-void TDesktopFieldForm::AddField(QGridLayout& layout, const TFormField& field, bool ticks) {
+void TDesktopFieldForm::AddField(QGridLayout& layout, const TFormField& field, const TFormDescription& form) {
   constexpr int gapHeight = 8;
   auto& added = FFields[field.Key];
   if (field.StartsBlock) {
@@ -74,12 +79,20 @@ void TDesktopFieldForm::AddField(QGridLayout& layout, const TFormField& field, b
   };
   auto& editor = added.Edit->Editor().Widget();
   editor.setAccessibleName(FromUtf8(field.Caption));
-  auto* label = AddLabel(added, field, ticks);
+  auto* label = AddLabel(added, field, form.Ticks);
   const int row = layout.rowCount();
   layout.addWidget(label, row, 0);
   layout.addWidget(&editor, row, 1);
-  if (ticks) FTabOrder.push_back(label);
+  if (form.Ticks) FTabOrder.push_back(label);
   FTabOrder.push_back(&editor);
+  if (!form.Note.empty()) {
+    added.Note = new QLabel(FromUtf8(form.Note));
+    auto policy = added.Note->sizePolicy();
+    policy.setRetainSizeWhenHidden(true);
+    added.Note->setSizePolicy(policy);
+    added.Note->hide();
+    layout.addWidget(added.Note, row, 2);
+  }
   added.Widgets.insert(added.Widgets.end(), {label, &editor});
 }
 
@@ -129,4 +142,11 @@ void TDesktopFieldForm::SetTicked(const std::string& key, bool ticked) {
 
 void TDesktopFieldForm::SetFocus(const std::string& key) {
   if (const auto* field = Find(key)) field->Edit->Editor().Widget().setFocus(Qt::OtherFocusReason);
+}
+
+void TDesktopFieldForm::ShowNote(const std::string& key, bool visible) {
+  const auto* field = Find(key);
+  if (field == nullptr || field->Note == nullptr) return;
+  field->Note->setVisible(visible);
+  field->Edit->Editor().Widget().setAccessibleDescription(visible ? field->Note->text() : QString());
 }

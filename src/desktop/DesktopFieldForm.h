@@ -8,6 +8,7 @@
 class QCheckBox;
 class QGridLayout;
 class QGroupBox;
+class QLabel;
 class TFieldEdit;
 
 /// The form of fields as a widget: groups side by side, in each a column of labels and one of editors.
@@ -26,15 +27,20 @@ class TDesktopFieldForm : public QWidget, public TVantrelFieldForm {
   bool IsTicked(const std::string& key) const override;
   void SetTicked(const std::string& key, bool ticked) override;
   void SetFocus(const std::string& key) override;
+  void ShowNote(const std::string& key, bool visible) override;
+
+  /// Nothing is told any more: who listens ends before the widget does.
+  void Release();
 
  private:
   struct TField {
     TFieldEdit* Edit = nullptr;
     QCheckBox* Tick = nullptr;
+    QLabel* Note = nullptr;
     std::vector<QWidget*> Widgets;  ///< all that is shown of it
   };
 
-  void AddField(QGridLayout& layout, const TFormField& field, bool ticks);
+  void AddField(QGridLayout& layout, const TFormField& field, const TFormDescription& form);
   QWidget* AddLabel(TField& added, const TFormField& field, bool ticks);
   const TField* Find(const std::string& key) const;
 

@@ -31,6 +31,9 @@ TDesktopGrid::TDesktopGrid(QWidget* parent)
   setFocusProxy(FView);
   FView->OnSearch = [this] { ShowInfo(); };
   FView->OnRowsChange = [this] { Rebuild(); };
+  FSelection.OnChange = [this] {
+    if (OnSelectionChanged) OnSelectionChanged();
+  };
   FView->OnCurrent = [this](const QModelIndex& current) { Current(current); };
   FView->OnMenu = [this](const QPoint& place) { ShowMenu(place); };
   FView->OnLiftFilter = [this] { return LiftFilter(); };
@@ -47,6 +50,7 @@ TDesktopGrid::TDesktopGrid(QWidget* parent)
 TDesktopGrid::~TDesktopGrid() {
   if (FModel.Data().Table() != nullptr) FModel.Data().Table()->RemoveListener(this);
   FView->OnCurrent = nullptr;
+  FSelection.OnChange = nullptr;
   FView->selectionModel()->disconnect(FView);
   // The view goes before the model that it shows.
   delete FView;
@@ -63,8 +67,8 @@ void TDesktopGrid::Release() {
            started = std::exchange(OnEditStarted, nullptr), reverted = std::exchange(OnEditReverted, nullptr),
            key = std::exchange(OnKeyDown, nullptr), click = std::exchange(OnDoubleClick, nullptr),
            column = std::exchange(OnColumnChanged, nullptr), first = std::exchange(OnFirstKey, nullptr),
-           header = std::exchange(OnHeaderClick, nullptr), sort = std::exchange(OnSortChanged, nullptr),
-           text = std::exchange(OnDisplayText, nullptr)] {});
+           selection = std::exchange(OnSelectionChanged, nullptr), header = std::exchange(OnHeaderClick, nullptr),
+           sort = std::exchange(OnSortChanged, nullptr), text = std::exchange(OnDisplayText, nullptr)] {});
 }
 
 void TDesktopGrid::SetOptions(const TGridOptions& options) {

@@ -15,7 +15,7 @@ namespace {
 constexpr int countWidth = 200;  // below a grid with many columns
 }
 
-TDesktopGridPane::TDesktopGridPane(const char* heading, bool fits)
+TDesktopGridPane::TDesktopGridPane(const char* heading, TPaneButton button)
     : FPanel(new QWidget),
       FGrid(new TDesktopGrid),
       FCount(new QLabel),
@@ -34,9 +34,11 @@ TDesktopGridPane::TDesktopGridPane(const char* heading, bool fits)
   layout->addWidget(FGrid, 1);
   auto* status = new QHBoxLayout;
   layout->addLayout(status);
-  if (fits) status->addWidget(MakeFitButton());
+  if (button == TPaneButton::Fit) status->addWidget(MakeButton(ViewTexts::FitColumns, "zoom-fit-width", OnFit));
+  if (button == TPaneButton::SelectAll)
+    status->addWidget(MakeButton(ViewTexts::SelectAll, "edit-select-all", OnSelectAll));
   FCount->setMargin(3);
-  if (fits) FCount->setMinimumWidth(countWidth);
+  if (button == TPaneButton::Fit) FCount->setMinimumWidth(countWidth);
   status->addWidget(FCount);
   status->addWidget(FNoteLabel, 2);
   status->addWidget(&FGrid->FilterLine(), 1);
@@ -65,17 +67,17 @@ void TDesktopGridPane::SetCommands(const std::vector<TVantrelCommand*>& commands
   }
 }
 
-QWidget* TDesktopGridPane::MakeFitButton() {
-  auto* fit = new QToolButton;
-  fit->setText(UserText(ViewTexts::FitColumns));
-  fit->setIcon(ThemeIcon("zoom-fit-width"));
-  fit->setToolTip(fit->text());
-  fit->setAccessibleName(fit->text());
-  fit->setAutoRaise(true);
-  fit->setFocusPolicy(Qt::StrongFocus);
+QWidget* TDesktopGridPane::MakeButton(const char* text, const char* icon, const std::function<void()>& onClick) {
+  auto* button = new QToolButton;
+  button->setText(UserText(text));
+  button->setIcon(ThemeIcon(icon));
+  button->setToolTip(button->text());
+  button->setAccessibleName(button->text());
+  button->setAutoRaise(true);
+  button->setFocusPolicy(Qt::StrongFocus);
   // The pane may end within the handler, and the handler with it.
-  QObject::connect(fit, &QToolButton::clicked, &FReceiver, [this] {
-    if (const auto handler = OnFit) handler();
+  QObject::connect(button, &QToolButton::clicked, &FReceiver, [&onClick] {
+    if (const auto handler = onClick) handler();
   });
-  return fit;
+  return button;
 }

@@ -3,6 +3,6 @@
 #include "DesktopGrid.h"
 
 TDesktopListView::TDesktopListView(TDesktopMainWindow& window, const char* heading)
-    : FScreen(window), FList(heading, false), FAchievements("", true) {
+    : FScreen(window), FList(heading, TPaneButton::None), FAchievements("", TPaneButton::Fit) {
   FScreen.SetContent(FList, &FAchievements.Panel(), {&FList.DesktopGrid().View(), &FAchievements.DesktopGrid().View()});
 }

@@ -5,17 +5,19 @@
 #include <QTabBar>
 #include <QTabWidget>
 
+#include "DesktopFieldForm.h"
 #include "DesktopGrid.h"
 #include "QtText.h"
 #include "ViewTexts.h"
 
 TDesktopStudentsView::TDesktopStudentsView(TDesktopMainWindow& window)
     : FScreen(window),
-      FStudents(ViewTexts::StudentsLabel, false),
-      FAchievements("", true),
-      FComments("", true),
+      FStudents(ViewTexts::StudentsLabel, TPaneButton::None),
+      FAchievements("", TPaneButton::Fit),
+      FData(new TDesktopFieldForm),
+      FComments("", TPaneButton::Fit),
       FPages(new QTabWidget) {
-  auto* data = new QWidget;
+  auto* data = Scrolled(FData);
   FScreen.SetContent(
       FStudents, FPages,
       {&FStudents.DesktopGrid().View(), &FAchievements.DesktopGrid().View(), data, &FComments.DesktopGrid().View()});
@@ -29,6 +31,14 @@ TDesktopStudentsView::TDesktopStudentsView(TDesktopMainWindow& window)
   QObject::connect(FPages, &QTabWidget::currentChanged, &FScreen.Receiver(), [this] {
     if (const auto handler = OnPageChanged) handler();
   });
+}
+
+TDesktopStudentsView::~TDesktopStudentsView() {
+  FData->Release();
+}
+
+TVantrelFieldForm& TDesktopStudentsView::CertificateData() {
+  return *FData;
 }
 
 void TDesktopStudentsView::AddPageKeys() {

@@ -41,9 +41,15 @@ class TListSplitter : public QSplitter {
 };
 
 /// What shows the screen: it scrolls where the window is smaller than the told minimum and the screen had more to give.
-QScrollArea* Scrolled(QWidget* content, const QWidget& window) {
+QScrollArea* ScreenOf(QWidget* content, const QWidget& window) {
   const QSize room = window.screen()->availableSize();
   content->setMinimumSize(toldMinimum.boundedTo({room.width(), room.height() - windowParts}));
+  return Scrolled(content);
+}
+
+}  // namespace
+
+QScrollArea* Scrolled(QWidget* content) {
   auto* area = new QScrollArea;
   area->setFrameShape(QFrame::NoFrame);
   area->setFocusPolicy(Qt::NoFocus);
@@ -52,10 +58,8 @@ QScrollArea* Scrolled(QWidget* content, const QWidget& window) {
   return area;
 }
 
-}  // namespace
-
 TDesktopViewScreen::TDesktopViewScreen(TDesktopMainWindow& window)
-    : FTitleLabel(new QLabel), FTitle(*FTitleLabel), FPanel(window, Scrolled(new QWidget, window)) {
+    : FTitleLabel(new QLabel), FTitle(*FTitleLabel), FPanel(window, ScreenOf(new QWidget, window)) {
   auto* layout = new QVBoxLayout(static_cast<QScrollArea&>(FPanel.Panel()).widget());
   layout->setContentsMargins(0, 0, 0, 0);
   layout->setSpacing(0);

@@ -5,7 +5,11 @@
 #include "DesktopFormItems.h"
 #include "HostedPanel.h"
 
+class QScrollArea;
 class TDesktopGridPane;
+
+/// Shows the widget without a frame, and scrolls where the room is too small for it. The keyboard goes past it.
+QScrollArea* Scrolled(QWidget* content);
 
 /// What the screens of the working views share: the title across the top, the list on the left, the rest on the right.
 /// It wants 1264 by 616 pixels and scrolls where there is less.

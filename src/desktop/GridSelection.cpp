@@ -43,6 +43,11 @@ void TGridSelection::Changed(const QItemSelection& selected, const QItemSelectio
   const auto rows = FView.SelectsRange() ? FocusedRange() : RowsOf(selected);
   for (const int row : rows) remove(row);
   for (const int row : rows) Add(row);
+  Tell();
+}
+
+void TGridSelection::Tell() {
+  if (OnChange) OnChange();
 }
 
 std::set<int> TGridSelection::FocusedRange() const {
@@ -72,6 +77,7 @@ void TGridSelection::Select(const std::vector<int>& records) {
   FEntries.clear();
   for (const int record : records) Add(FView.Model().RowOf(record));
   SelectInView();
+  Tell();
 }
 
 void TGridSelection::SelectAllShown() {
@@ -91,8 +97,10 @@ void TGridSelection::Resume(bool keeps) {
   std::erase_if(FEntries, [&](const auto& entry) { return !shown.contains(entry.Id); });
   if (keeps && (hadNone || !FEntries.empty())) {
     for (auto& entry : FEntries) entry.Record = shown.at(entry.Id);
-    return SelectInView();
+    SelectInView();
+  } else {
+    FEntries.clear();
+    for (const int row : RowsOf(FView.selectionModel()->selection())) Add(row);
   }
-  FEntries.clear();
-  for (const int row : RowsOf(FView.selectionModel()->selection())) Add(row);
+  Tell();
 }

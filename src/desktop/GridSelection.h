@@ -2,6 +2,7 @@
 
 #include <QItemSelection>
 #include <cstdint>
+#include <functional>
 #include <set>
 #include <vector>
 
@@ -26,6 +27,9 @@ class TGridSelection {
   void Suspend() { FSuspended = true; }
   void Resume(bool keeps);
 
+  /// Other records are selected.
+  std::function<void()> OnChange;
+
  private:
   struct TEntry {
     int Record = -1;
@@ -37,6 +41,7 @@ class TGridSelection {
   std::set<int> FocusedRange() const;
   void Add(int row);
   void SelectInView();
+  void Tell();
 
   TGridView& FView;
   std::vector<TEntry> FEntries;

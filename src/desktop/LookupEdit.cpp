@@ -177,6 +177,7 @@ int TLookupEdit::EntryOf(const TVariant& value) const {
 void TLookupEdit::Show(const TVariant& value, const QString& shown) {
   const int entry = EntryOf(value);
   Mark(entry, {}, entry < 0 ? shown : FEntries[static_cast<std::size_t>(entry)].Shown);
+  if (!hasFocus()) deselect();
 }
 
 int TLookupEdit::Find(const QString& typed) const {

@@ -73,7 +73,7 @@ void TNumberEdit::Show(const TVariant& value, const QString&) {
 }
 
 void TNumberEdit::SetText(const TVariant& value) {
-  FText = NumberText(value);
+  FText = NumberText(value, Description().RoundsShown ? FDecimals : -1);
   lineEdit()->setText(FText);
 }
 

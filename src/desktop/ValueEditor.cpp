@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QKeyEvent>
 #include <QPainter>
+#include <cmath>
 
 #include "DateEdit.h"
 #include "DesktopLook.h"
@@ -130,6 +131,10 @@ std::optional<QString> EditorText(const TEditorDescription& description, const T
   return std::nullopt;
 }
 
-QString NumberText(const TVariant& value) {
+QString NumberText(const TVariant& value, int places) {
+  if (places >= 0 && value.Kind() == TVariantKind::Float && std::isfinite(value.AsFloat())) {
+    const double scale = std::pow(10, places);
+    return NumberText(std::round(value.AsFloat() * scale) / scale);
+  }
   return FromUtf8(value.Kind() == TVariantKind::Float ? GermanFloatText(value.AsFloat()) : value.AsTextOrEmpty());
 }

@@ -92,5 +92,6 @@ TValueEditor& MakeEditor(const TEditorDescription& description, QWidget* parent)
 /// How a value reads that is edited so; nothing where the description has no words for it.
 std::optional<QString> EditorText(const TEditorDescription& description, const TVariant& value);
 
-/// How the user reads a number. Values of 32 bits are read as short as they were written.
-QString NumberText(const TVariant& value);
+/// How the user reads a number. Values of 32 bits are read as short as they were written, others with at most so many
+/// places; -1 for any number.
+QString NumberText(const TVariant& value, int places = -1);

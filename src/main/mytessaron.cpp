@@ -1,6 +1,7 @@
 #include <algorithm>
 
 #include "DesktopApplication.h"
+#include "DesktopBatchDialog.h"
 #include "DesktopDialogs.h"
 #include "DesktopListView.h"
 #include "DesktopLook.h"
@@ -47,7 +48,8 @@ TViewClasses ViewsOn(TDesktopMainWindow& window) {
 TMainDialogs DialogScreens() {
   return {.TextDialog = [] { return std::make_unique<TDesktopTextDialog>(); },
           .Correction = [] { return std::make_unique<TDesktopCorrection>(); },
-          .SpellingOptions = [] { return std::make_unique<TDesktopTickDialog>(); }};
+          .SpellingOptions = [] { return std::make_unique<TDesktopTickDialog>(); },
+          .BatchCertificateData = [] { return std::make_unique<TDesktopBatchDialog>(); }};
 }
 
 }  // namespace

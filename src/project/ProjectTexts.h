@@ -18,6 +18,36 @@ inline constexpr const char* SubjectColumn = "Fach";
 inline constexpr const char* PositionColumn = "Position";
 inline constexpr const char* FactorColumn = "Faktor";
 
+// Certificate
+inline constexpr const char* GroupAbschlussdaten = "Abschlussdaten";
+inline constexpr const char* GroupZeugnisdaten = "Versetzungs- und Zeugnisdaten";
+inline constexpr const char* GroupWeitereDaten = "Weitere Daten";
+inline constexpr const char* Abschluss1 = "Abschluss 1";
+inline constexpr const char* Abschluss1Art = "Abschlussart 1";
+inline constexpr const char* Abschluss1Datum = "Abschlussdatum 1";
+inline constexpr const char* Abschluss1Note = "Abschlussnote 1";
+inline constexpr const char* Abschluss2 = "Abschluss 2";
+inline constexpr const char* Abschluss2Art = "Abschlussart 2";
+inline constexpr const char* Abschluss2Datum = "Abschlussdatum 2";
+inline constexpr const char* Abschluss2Note = "Abschlussnote 2";
+inline constexpr const char* Versetzt = "Versetzt";
+inline constexpr const char* Versetzungsart = "Versetzungsart";
+inline constexpr const char* Zeugniskonferenz = "Zeugniskonferenz";
+inline constexpr const char* Zeugnisdatum = "Zeugnisdatum";
+inline constexpr const char* Leistungsanforderung = "Leistungsanforderung";
+inline constexpr const char* Verhalten = "Verhalten";
+inline constexpr const char* Mitarbeit = "Mitarbeit";
+inline constexpr const char* Unterrichtstage = "Unterrichtstage";
+inline constexpr const char* Versaeumnisse = "Versäumnisse";
+inline constexpr const char* Fehltage = "Fehltage";
+/// Spelled otherwise than the two that follow.
+inline constexpr const char* FehltageU = "davon untentschuldigt";
+inline constexpr const char* Fehlstunden = "Fehlstunden";
+inline constexpr const char* FehltagePraktikum = "Fehltage Praktikum";
+inline constexpr const char* Unentschuldigt = "davon unentschuldigt";
+inline constexpr const char* NoDate = "-";
+inline constexpr const char* NullShown = "(NULL)";
+
 inline constexpr const char* CourseWithoutStudent = "Der Kurs {} ({}) hat in der Datei keinen Schüler.";
 inline constexpr const char* BeyondSmallInt = "Der Wert {} passt nicht in das Feld „{}“ der Datei (-32768 bis 32767).";
 inline constexpr const char* OrdinalNotFound = "{} not found";

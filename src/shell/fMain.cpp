@@ -9,6 +9,7 @@
 #include "VantrelMsgBox.h"
 #include "ViewTexts.h"
 #include "dialogs/fAboutDialog.h"
+#include "dialogs/fBatchCertificateDataDialog.h"
 #include "dialogs/fRechtschreibungDialog.h"
 #include "mGridExport.h"
 #include "uOptions.h"
@@ -63,6 +64,7 @@ TMainHandlers TMainForm::Handlers() {
   on.UpdateFilter = [this] { UpdateFilter(); };
   on.GotoOpenGrade = ToForm(&TBaseForm::GotoOpenGrade);
   on.EditZeugnisbeurteilungen = ToForm(&TBaseForm::EditZeugnisbeurteilungen);
+  if (FPorts.Screens.BatchCertificateData) on.BatchCertificateData = [this] { BatchCertificateData(); };
   on.ExportToExcel = ToForm(&TBaseForm::ExportToExcel);
   on.ShowManual = [this] { ShowManual(); };
   if (FPorts.Screens.SpellingOptions) on.ShowSpellCheck = [this] { ShowSpellCheck(); };
@@ -107,6 +109,12 @@ TTextDialogFrame TMainForm::TextDialogFrame() {
 
 void TMainForm::ShowSpellCheck() {
   EditRechtschreibung(*FPorts.Screens.SpellingOptions(), *Options);
+}
+
+void TMainForm::BatchCertificateData() {
+  if (CurrentProject == nullptr) return;
+  OnForm(&TBaseForm::PostEdits);
+  ExecuteBatchCertificateData(FPorts.Screens.BatchCertificateData, FLookups.OfOpen());
 }
 
 void TMainForm::ExportGrid(const TVantrelGrid& grid, const std::string& title) {

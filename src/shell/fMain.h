@@ -68,6 +68,7 @@ class TMainForm final : public TBaseMainForm {
   void ShowSpellCheck();
   void ConnectTextDialogs();
   TTextDialogFrame TextDialogFrame();
+  void BatchCertificateData();
   void ExportGrid(const TVantrelGrid& grid, const std::string& title);
 
   TVantrelPtr<TMyTessaronProject> CreateProject();

@@ -3,6 +3,7 @@
 #include <functional>
 #include <memory>
 
+#include "fBatchCertificateDataUi.h"
 #include "fSpellingUi.h"
 #include "fTextDialogUi.h"
 
@@ -11,4 +12,5 @@ struct TMainDialogs {
   std::function<std::unique_ptr<TTextDialogUi>()> TextDialog = {};
   std::function<std::unique_ptr<TCorrectionUi>()> Correction = {};
   std::function<std::unique_ptr<TTickDialogUi>()> SpellingOptions = {};
+  std::function<std::unique_ptr<TBatchCertificateDataUi>()> BatchCertificateData = {};
 };

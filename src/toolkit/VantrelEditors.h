@@ -35,6 +35,7 @@ struct TEditorDescription {
   double Minimum = 0;                   ///< limits of what can be entered as a number, both included
   double Maximum = 2147483647;
   int Decimals = 0;            ///< places that can be entered; 0 for integers
+  bool RoundsShown = false;    ///< a number with more places is shown rounded to them
   std::string NullText = {};   ///< what an empty value reads like
   bool DeleteClears = false;   ///< the Delete key empties the value as a whole
   bool ReturnMovesOn = false;  ///< of a form: Return goes to the next field

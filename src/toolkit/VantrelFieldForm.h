@@ -25,7 +25,8 @@ struct TFormGroup {
 /// The groups stand side by side. Tab goes through the fields in this order.
 struct TFormDescription {
   std::vector<TFormGroup> Groups;
-  bool Ticks = false;  ///< a tick box stands before each field
+  bool Ticks = false;     ///< a tick box stands before each field
+  std::string Note = {};  ///< what can be said beside each field (see ShowNote)
 };
 
 /// A form of labelled fields as its logic sees it. Keys that the form does not have are nothing. What the logic sets
@@ -55,4 +56,6 @@ class TVantrelFieldForm {
   virtual bool IsTicked(const std::string& key) const = 0;
   virtual void SetTicked(const std::string& key, bool ticked) = 0;
   virtual void SetFocus(const std::string& key) = 0;
+  /// Nothing is said beside a field until this is called.
+  virtual void ShowNote(const std::string& key, bool visible) = 0;
 };

@@ -96,6 +96,8 @@ class TVantrelGrid {
   std::function<bool(int ordinal)> OnEditChanged;
   /// What the edit had written to the source was taken back: the cell holds what it held when the editor opened.
   std::function<void()> OnEditReverted;
+  /// Other records are selected.
+  std::function<void()> OnSelectionChanged;
   std::function<TGridKeyAction(int ordinal, TGridKey key)> OnKeyDown;
   std::function<void(int ordinal)> OnDoubleClick;
   /// A click on a header, told after the column took its new sort order and before OnSortChanged.

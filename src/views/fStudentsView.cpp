@@ -3,6 +3,7 @@
 #include "VantrelI18n.h"
 #include "ViewTexts.h"
 #include "uCertificateCommentsSheet.h"
+#include "uCertificateDataSheet.h"
 #include "uGridUpdate.h"
 #include "uStudentsList.h"
 
@@ -13,7 +14,7 @@ TStudentsView::TStudentsView(TViewFrame& frame, std::unique_ptr<TStudentsViewUi>
   FStudents.emplace(FUi->Students(), StudentsList());
   auto achievements = std::make_unique<TAchievementSheet>(FUi->Achievements(), FFrame.Lookups());
   FAchievements = &achievements->Pane();
-  FPages = {std::move(achievements), std::make_unique<TCertificateDataSheet>(),
+  FPages = {std::move(achievements), std::make_unique<TCertificateDataSheet>(*FUi, FFrame.Lookups()),
             std::make_unique<TCertificateCommentsSheet>(FUi->CertificateComments(), FFrame)};
 
   FAchievements->AcceptedGradeTypes = [this] {
@@ -42,7 +43,6 @@ void TStudentsView::SetupView() {
   FStorageKey = FStorageFormdir + "\\" + FName;
   FOnLoadProperties = [this] { FStudents->RestoreLayout(StoredLayout()); };
   FOnSaveProperties = [this] { StoreLayout(FStudents->Layout()); };
-  FUi->SetPageVisible(CertificateDataSheet, false);
   FUi->SetActivePage(AchievementSheet);
   StudentsView = this;
 }

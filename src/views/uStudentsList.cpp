@@ -1,5 +1,7 @@
 #include "uStudentsList.h"
 
+#include <algorithm>
+
 #include "VantrelI18n.h"
 #include "ViewTexts.h"
 #include "uProject.h"
@@ -39,4 +41,15 @@ TListPaneSettings StudentsList() {
             .Width = 80}},
       .Options = {.SortedByView = true, .Filtering = true, .MovingColumns = true},
       .FocusedField = "Nachname"};
+}
+
+TListPaneSettings StudentsToSelect() {
+  auto settings = StudentsList();
+  settings.Options.MultiSelect = true;
+  settings.Fields.back().TakesRest = true;
+  std::ranges::find(settings.Fields, "Klasse", &TListField::Name)->OnGetText = [](const TVariant& value) {
+    const auto* schoolClass = CurrentProject->Classes().Find(value);
+    return schoolClass == nullptr ? std::string() : schoolClass->Token;
+  };
+  return settings;
 }

@@ -22,7 +22,3 @@ void TAchievementSheet::ShowStudent(TStudent* student, const TClass* schoolClass
 std::vector<TGradeTypes> TAchievementSheet::GradeTypes(const TClass& schoolClass) const {
   return {schoolClass.GradeType(), TGradeTypes::gtFill};
 }
-
-std::vector<TGradeTypes> TCertificateDataSheet::GradeTypes(const TClass&) const {
-  return {TGradeTypes::gtValue, TGradeTypes::gtFill};
-}

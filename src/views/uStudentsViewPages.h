@@ -44,10 +44,3 @@ class TAchievementSheet final : public TStudentsViewPage {
  private:
   TAchievementsPane FPane;
 };
-
-/// "Zeugnisdaten": its lookups offer the ordinary grades, whatever the class.
-class TCertificateDataSheet final : public TStudentsViewPage {
- public:
-  void ShowStudent(TStudent*, const TClass*) override {}
-  std::vector<TGradeTypes> GradeTypes(const TClass&) const override;
-};

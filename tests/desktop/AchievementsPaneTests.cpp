@@ -18,7 +18,7 @@ TEST_F(StudentsViewTest, ThePaneServesTheCoursesOfOneSubjectToo) {
   {
     std::optional<TAchievementsPane> pane;
     std::optional<THostedPanel> host;
-    TDesktopGridPane ui("", true);
+    TDesktopGridPane ui("", TPaneButton::Fit);
     host.emplace(FWindow, &ui.Panel()).SetVisible(true);
     pane.emplace(ui, FLookups.OfOpen(),
                  TAchievementsSettings{.Grid = TCourseGrid::Subjects,
@@ -116,7 +116,7 @@ TEST_F(StudentsViewTest, TheListTellsWhomItsLayoutHasPutFirst) {
   FView.reset();
   std::unique_ptr<QWidget> panel;
   std::optional<TListPane> kept;
-  TDesktopGridPane ui("", false);
+  TDesktopGridPane ui("", TPaneButton::None);
   panel.reset(&ui.Panel());
   auto& pane = kept.emplace(ui, StudentsList());
   pane.Fill([](auto& table) { CurrentProject->Students().Populate(table); });

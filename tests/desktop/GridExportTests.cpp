@@ -101,10 +101,13 @@ TEST_F(GridExportTest, TheChosenKindDecidesTheEnding) {
     const char* Name;
     int Filter;
     const char* Written;
-  } cases[] = {
-      {"a.xls", 1, "a.xls \xD0\xCF"},           {"b", 2, "b.html <!"},      {"c.xls", 2, "c.html <!"},
-      {"d.HTM", 1, "d.xls \xD0\xCF"},           {"e.html", 3, "e.xlsx PK"}, {"f.kvrx", 1, "f.kvrx.xls \xD0\xCF"},
-      {"g 5. Klasse.", 3, "g 5. Klasse.xlsx PK"}};
+  } cases[] = {{"a.xls", 1, "a.xls \xD0\xCF"},
+               {"b", 2, "b.html <!"},
+               {"c.xls", 2, "c.html <!"},
+               {"d.HTM", 1, "d.xls \xD0\xCF"},
+               {"e.html", 3, "e.xlsx PK"},
+               {"f.kvrx", 1, "f.kvrx.xls \xD0\xCF"},
+               {"g 5. Klasse.", 3, "g 5. Klasse.xlsx PK"}};
   std::vector<std::string> written;
   for (const auto& [name, filter, file] : cases) {
     Export(name, filter);

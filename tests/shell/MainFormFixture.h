@@ -1,5 +1,8 @@
 #pragma once
 
+#include <QTimer>
+
+#include "DesktopBatchDialog.h"
 #include "DesktopMainWindow.h"
 #include "DesktopStudentsView.h"
 #include "FakeShell.h"
@@ -31,7 +34,8 @@ class MainFormTest : public testing::Test {
   void Start(std::vector<std::string> arguments = {}) {
     FForm.reset();
     FForm = CreateVantrel<TMainForm>(
-        TMainFormPorts{.Window = FWindow, .Dialogs = FDialogs, .Storage = FSettings, .Views = FViews},
+        TMainFormPorts{
+            .Window = FWindow, .Dialogs = FDialogs, .Storage = FSettings, .Views = FViews, .Screens = FScreens},
         std::move(arguments));
     FScreen.show();
     FWindow.OnShow();
@@ -86,5 +90,13 @@ class MainFormTest : public testing::Test {
   TViewClasses FViews{
       {TMyTessaronViews::viewWelcome, ViewClass<TWelcomeView>([] { return std::make_unique<FakeWelcomeUi>(); })},
       {TMyTessaronViews::viewStudents, ViewClass<TStudentsView>([this] { return StudentsUi(); })}};
+  int FBatchDialogs = 0;
+  /// The batch dialog closes at once.
+  TMainDialogs FScreens{.BatchCertificateData = [this] {
+    ++FBatchDialogs;
+    auto dialog = std::make_unique<TDesktopBatchDialog>();
+    QTimer::singleShot(0, dialog.get(), &QDialog::reject);
+    return dialog;
+  }};
   TVantrelPtr<TMainForm> FForm;
 };

@@ -32,7 +32,9 @@ TEST_F(MainFormTest, CommandsStandOnTheRibbonWithTheirKeys) {
   EXPECT_EQ(FForm->Commands().OpenFileCommand.Hint(), "Öffnen");
   EXPECT_EQ(FForm->Commands().CloseApplicationCommand.Info().Shortcut, "Ctrl+Alt+F4");
   EXPECT_TRUE(FForm->Commands().AlleNichtEditierbar.Checked());
-  EXPECT_FALSE(FForm->Commands().BatchCertificateDataCommand.Enabled());
+  EXPECT_TRUE(FForm->Commands().BatchCertificateDataCommand.Enabled());
+  FForm->Commands().BatchCertificateDataCommand.Execute();
+  EXPECT_EQ(FBatchDialogs, 0) << "nothing is open";
   ASSERT_EQ(FWindow.Ribbon.Tabs.size(), 2U);
   std::vector<std::string> captions;
   for (const auto& group : FWindow.Ribbon.Tabs[0].Groups) captions.push_back(group.Caption);
@@ -40,6 +42,9 @@ TEST_F(MainFormTest, CommandsStandOnTheRibbonWithTheirKeys) {
   FForm->Commands().VersionCommand.Execute();
   EXPECT_EQ(FDialogs.About.Product, "MyTESSARON");
   EXPECT_EQ(FDialogs.About.Version.back(), ' ');
+  Open("small.kvrx");
+  FForm->Commands().BatchCertificateDataCommand.Execute();
+  EXPECT_EQ(FBatchDialogs, 1);
 }
 
 TEST_F(MainFormTest, AnOpenLandsOnTheWelcomeViewAndEntersTheRecentList) {

@@ -1,6 +1,6 @@
 #pragma once
 
-/// The user texts of the text dialogs and of the spelling check. Those with placeholders go through fmt.
+/// The user texts of the dialogs and of the spelling check. Those with placeholders go through fmt.
 namespace DialogTexts {
 // Both text dialogs
 inline constexpr const char* SaveAndClose = "Speichern und Schließen";
@@ -55,4 +55,30 @@ inline constexpr const char* WordsWithNumbers = " Wörter mit Zahlen ignorieren 
 inline constexpr const char* RepeatedWords = " Wiederholte Wörter ignorieren ";
 inline constexpr const char* EMails = "E-Mails ignorieren (name@schule.de)";
 inline constexpr const char* WebAddresses = "Web-Adressen ignorieren (www.schule.de)";
+
+// Batch dialog
+inline constexpr const char* BatchTitle = "Sammelzuweisung \"Zeugnisdaten\"";
+inline constexpr const char* SelectStudentsTitle = "Schüler auswählen";
+inline constexpr const char* SelectStudentsText =
+    "Wählen Sie die Schüler aus und klicken Sie auf \"Weiter\", um fortzufahren.";
+inline constexpr const char* SelectDataTitle = "Daten auswählen";
+inline constexpr const char* SelectDataText =
+    "Wählen Sie die Felder aus und tragen Sie die Werte für die Sammelzuweisung ein. Klicken Sie auf Fertigstellen, um "
+    "die Sammelzuweisung auszuführen.";
+inline constexpr const char* WizardBack = "&Zurück";
+inline constexpr const char* WizardNext = "&Weiter";
+inline constexpr const char* WizardFinish = "&Fertigstellen";
+inline constexpr const char* WizardClose = "&Schließen";
+inline constexpr const char* BatchNotice =
+    "ACHTUNG: \r\nDas Leeren von Feldwerten (Häkchen setzen und keinen Wert eintragen) \r\n"
+    "betrifft nur Ihre MyTESSARON-Datei und wird nicht nach TESSARON übernommen!";
+inline constexpr const char* BatchCleared = "wird geleert";
+inline constexpr const char* BatchStudents = "Es werden {} Schüler geändert.";
+inline constexpr const char* BatchOneStudent = "Es wird 1 Schüler geändert.";
+inline constexpr const char* BatchNoRights =
+    "Sie besitzen nicht die erforderlichen Rechte auf die Daten, die per Sammelzuweisung gesetzt werden können.";
+inline constexpr const char* BatchNoValue =
+    "Was im Feld „{}“ steht, kann nicht gespeichert werden. Es wurde nichts zugewiesen.";
+inline constexpr const char* BatchDone =
+    "Die Sammelzuweisung wurde erfolgreich beendet.\r\nMöchten Sie weitere Sammelzuweisungen durchführen?";
 }  // namespace DialogTexts

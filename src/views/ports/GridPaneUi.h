@@ -7,12 +7,14 @@
 #include "VantrelDialogs.h"
 #include "VantrelGrid.h"
 
-/// A grid of a view with its count and a note below it and, where it is offered, the button FitColumns.
+/// A grid with its count and a note below it and, where it is offered, the button FitColumns or SelectAllButton.
 class TGridPaneUi {
  public:
   virtual ~TGridPaneUi() = default;
   /// The button that fits the columns.
   std::function<void()> OnFit;
+  /// SelectAllButton.
+  std::function<void()> OnSelectAll;
 
   virtual TVantrelGrid& Grid() = 0;
   virtual TVantrelFormItem& Status() = 0;

@@ -21,6 +21,7 @@ inline constexpr const char* StudentFirstName = "Vorname";
 inline constexpr const char* StudentLastName = "Nachname";
 inline constexpr const char* StudentBirthday = "Geburtsdatum";
 inline constexpr const char* FitColumns = "Spaltenbreiten anpassen";
+inline constexpr const char* SelectAll = "Alle auswählen";
 
 // Remarks
 inline constexpr const char* RemarkPosition = "Position";

@@ -3,6 +3,7 @@
 #include <functional>
 
 #include "GridPaneUi.h"
+#include "VantrelFieldForm.h"
 #include "fBaseViewUi.h"
 
 enum class TStudentsPage { AchievementSheet, CertificateDataSheet, CertificateCommentsSheet };
@@ -19,6 +20,7 @@ class TStudentsViewUi : public TFormUi {
   virtual TGridPaneUi& Students() = 0;
   /// With the button FitColumns.
   virtual TGridPaneUi& Achievements() = 0;
+  virtual TVantrelFieldForm& CertificateData() = 0;
   /// With a bar of commands and the button FitColumns.
   virtual TGridPaneUi& CertificateComments() = 0;
   virtual TStudentsPage ActivePage() const = 0;
