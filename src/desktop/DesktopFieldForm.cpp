@@ -71,6 +71,7 @@ void TDesktopFieldForm::AddField(QGridLayout& layout, const TFormField& field, c
     added.Widgets.push_back(gap);
   }
   added.Edit = new TFieldEdit(field.Editor, this);
+  if (form.KeepsWrong) added.Edit->KeepWrong();
   added.Edit->OnChange = [this, key = field.Key] {
     if (const auto handler = OnChange) handler(key);
   };

@@ -2,6 +2,7 @@
 
 #include <QCoreApplication>
 #include <QKeyEvent>
+#include <QLineEdit>
 
 namespace {
 /// The handler may end the form.
@@ -31,6 +32,9 @@ void TFieldEdit::Release() {
 void TFieldEdit::SetValue(const TVariant& value) {
   FValue = FEntered = value;
   Show();
+  // What is typed next begins anew, as after Tab.
+  const bool isPicked = FEditor.Description().Picks() || FEditor.HasLines();
+  if (FEditor.Widget().hasFocus() && !isPicked) QMetaObject::invokeMethod(&FEditor.Widget(), "selectAll");
 }
 
 void TFieldEdit::Show() {
@@ -50,6 +54,7 @@ void TFieldEdit::Take(const TVariant& value) {
 }
 
 void TFieldEdit::Enter() {
+  if (!FEditor.IsComplete()) return;
   FEntered = FValue;
   // What was typed on an earlier visit is no beginning of what is typed next.
   Show();
@@ -57,7 +62,7 @@ void TFieldEdit::Enter() {
 }
 
 void TFieldEdit::Leave() {
-  if (!FEditor.IsComplete()) FEditor.Restore();
+  if (!FEditor.IsComplete() && !FKeepsWrong) FEditor.Restore();
   Tell(OnLeave);
 }
 
@@ -87,12 +92,22 @@ bool TFieldEdit::TakeKey(const QKeyEvent& key) {
   }
   if (isReturn) return TakeReturn();
   if (key.key() == Qt::Key_Escape) return TakeBack();
-  return FEditor.TakeKey(key);
+  if (FEditor.TakeKey(key)) return true;
+  if (key.key() != Qt::Key_Delete || !FEditor.Description().IsNumber()) return false;
+  // A key shorter than Backspace for all of it would empty what Delete must not empty.
+  const auto* line = FEditor.Widget().findChild<QLineEdit*>();
+  const bool empties = line != nullptr && line->hasSelectedText() && line->selectedText() == line->text();
+  if (empties) FEditor.Refuse();
+  return empties;
 }
 
 bool TFieldEdit::eventFilter(QObject* watched, QEvent* event) {
   switch (event->type()) {
+    case QEvent::MouseButtonPress:
     case QEvent::KeyPress:
+      // What there is to choose from may be another since the keyboard came.
+      if (!FEditor.IsChanged()) FEditor.Reload();
+      if (event->type() == QEvent::MouseButtonPress) break;
       return TakeKey(*static_cast<QKeyEvent*>(event));
     case QEvent::FocusIn:
       if (IsBetweenFields(*event)) Enter();

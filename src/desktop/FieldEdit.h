@@ -14,6 +14,9 @@ class TFieldEdit : public QObject, public TEditorOwner {
   const TVariant& Value() const { return FValue; }
   void SetValue(const TVariant& value);
   bool IsValid() const { return FEditor.IsComplete(); }
+  /// What is no value stays there when the keyboard goes, for the form to ask about; else the value from before the
+  /// keyboard came stands there again.
+  void KeepWrong() { FKeepsWrong = true; }
 
   void EditorChanged() override;
   /// Nothing is told any more: the form goes, and its editors lose the keyboard.
@@ -35,6 +38,7 @@ class TFieldEdit : public QObject, public TEditorOwner {
   bool TakeBack();
 
   TValueEditor& FEditor;
+  bool FKeepsWrong = false;
   TVariant FValue = TVariant::Null();
   TVariant FEntered = TVariant::Null();  ///< as it was when the keyboard came
 };

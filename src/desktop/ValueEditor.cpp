@@ -83,7 +83,8 @@ void TValueEditor::Accepted() {
 }
 
 bool TValueEditor::TakeKey(const QKeyEvent& key) {
-  if (key.key() != Qt::Key_Delete || key.modifiers() != Qt::NoModifier || !FDescription.DeleteClears) return false;
+  const bool isDelete = key.key() == Qt::Key_Delete && (key.modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
+  if (!isDelete || !FDescription.DeleteClears) return false;
   Clear();
   return true;
 }

@@ -25,7 +25,10 @@ struct TFormGroup {
 /// The groups stand side by side. Tab goes through the fields in this order.
 struct TFormDescription {
   std::vector<TFormGroup> Groups;
-  bool Ticks = false;     ///< a tick box stands before each field
+  bool Ticks = false;  ///< a tick box stands before each field
+  /// What is no value stays in its field when the keyboard goes, for the logic to ask about in the end; else the value
+  /// from before the keyboard came stands there again.
+  bool KeepsWrong = false;
   std::string Note = {};  ///< what can be said beside each field (see ShowNote)
 };
 

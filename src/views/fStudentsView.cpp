@@ -75,7 +75,7 @@ void TStudentsView::UpdateContent() {
   PostEdits();
   const TGridUpdate update(FAchievements->Grid());
   CurrentStudent = FStudents->IsNobodyShown() ? nullptr : CurrentProject->Students().Find(FStudents->FocusedValue());
-  if (CurrentStudent == nullptr && FStudents->RecordCount() == 0) return;
+  if (CurrentStudent == nullptr && FStudents->RecordCount() == 0) return FUi->SetPagesEnabled(false);
   CurrentClass = CurrentStudent == nullptr ? nullptr : CurrentProject->Classes().Find(CurrentStudent->ClassId.Value);
   // A student without a number is found by nobody: no other one's courses stand beside the name.
   FUi->SetPagesEnabled(CurrentStudent != nullptr);

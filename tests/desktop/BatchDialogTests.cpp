@@ -158,6 +158,9 @@ TEST_F(BatchDialogTest, YesGoesOnWithWhatIsThere) {
     Type("2,5");
     Click("&Fertigstellen");
     ASSERT_TRUE(FDialog->isVisible());
+    int changed = 0;
+    for (int i = 0; i < 12; ++i) changed += Student(i).Abschluss2Note.Value == TVariant(2.5) ? 1 : 0;
+    EXPECT_EQ(changed, shown);
     EXPECT_EQ(FDialog->ActivePage(), TBatchPage::SelectStudentsPage);
     EXPECT_EQ(Grid().SelectedCount(), shown);
     EXPECT_TRUE(FDialog->Fields().IsTicked("Abschluss2Note"));
@@ -181,6 +184,15 @@ TEST_F(BatchDialogTest, WhatIsNoValueWritesNothing) {
     Click("&Fertigstellen");
     ASSERT_TRUE(FDialog->isVisible());
     EXPECT_EQ(QApplication::focusWidget()->accessibleName(), "Zeugnisdatum");
+    Tick("Abschlussnote 2");
+    Type("0,5");
+    Key(Qt::Key_Tab);
+    Click("&Fertigstellen");
+    Click("&Fertigstellen");
+    EXPECT_EQ(QApplication::focusWidget()->accessibleName(), "Abschlussnote 2");
+    Tick("Abschlussnote 2");
+    Click("&Fertigstellen");
+    EXPECT_EQ(QApplication::focusWidget()->accessibleName(), "Zeugnisdatum");
     Key(Qt::Key_Escape);
     Key(Qt::Key_Backtab, Qt::ShiftModifier);
     Key(Qt::Key_Space);
@@ -192,7 +204,8 @@ TEST_F(BatchDialogTest, WhatIsNoValueWritesNothing) {
     Key(Qt::Key_Escape);
     EXPECT_FALSE(FDialog->isVisible());
   });
-  EXPECT_THAT(FBoxes.Texts, ElementsAre(HasSubstr("„Zeugnisdatum“")));
+  const auto note = HasSubstr("„Abschlussnote 2“"), date = HasSubstr("„Zeugnisdatum“");
+  EXPECT_THAT(FBoxes.Texts, ElementsAre(date, note, note, date));
   EXPECT_FALSE(FProject->Modified());
 }
 

@@ -161,8 +161,12 @@ TEST_F(CertificateDataTest, DeleteEmptiesWhereItIsToldAndNullHasItsText) {
     Key(Qt::Key_Delete);
     const bool stays = field.Fieldname == "Unterrichtstage" || field.Fieldname == "Versaeumnisse";
     EXPECT_EQ(field.Value(student).IsNull(), !stays) << field.Fieldname;
-    if (stays) Key(Qt::Key_Backspace);
-    if (stays) Key(Qt::Key_Backspace);
+    if (stays) {
+      Key(Qt::Key_A, Qt::ControlModifier);
+      Key(Qt::Key_Delete);
+      EXPECT_FALSE(field.Value(student).IsNull()) << field.Fieldname;
+      Key(Qt::Key_Backspace);
+    }
     const bool hasDash = field.Fieldname == "ZeugniskonferenzAm" || field.Fieldname == "Zeugnisdatum";
     EXPECT_EQ(Shown(), hasDash ? "[-]" : field.Fieldname == "Unterrichtstage" ? "[(NULL)]" : "[]") << field.Fieldname;
   }
@@ -198,6 +202,16 @@ TEST_F(CertificateDataTest, KeysOfTheFields) {
   EXPECT_TRUE(List().View().hasFocus());
   QTest::keyClick(&List().View(), Qt::Key_F6);
   EXPECT_EQ(Focus(), "Abschlussdatum 2");
+}
+
+TEST_F(CertificateDataTest, GradesAreThoseOfThePageAfterPagesWereTurned) {
+  FProject->Classes().Find(Student(0).ClassId.Value)->SetGradeType(TGradeTypes::gtPoints);
+  OpenPage();
+  Form().SetFocus("Mitarbeit");
+  for (const auto key : {Qt::Key_PageUp, Qt::Key_PageDown}) Key(key, Qt::ControlModifier);
+  EXPECT_EQ(Focus(), "Mitarbeit");
+  Type("2");
+  EXPECT_EQ(Student(0).MitarbeitGradeId.Value, FLookups.OfOpen().Grades.Lookup("Token", "2", "ID"));
 }
 
 TEST_F(CertificateDataTest, TheFileSaysWhatIsShownAndOpen) {
@@ -250,6 +264,10 @@ TEST_F(CertificateDataTest, FollowsTheStudentAndChangesFromElsewhere) {
   EXPECT_EQ(Shown(), "9");
   Key(Qt::Key_Escape);
   EXPECT_EQ(Student(1).Fehltage.AsInt(), 9);
+  FView->GotoPrev();
+  Type("3");
+  EXPECT_EQ(Student(0).Fehltage.AsInt(), 3);
+  FView->GotoNext();
 
   FProject->SetModified(false);
   FUi->SetActivePage(AchievementSheet);

@@ -49,7 +49,7 @@ TBatchCertificateDataDialog::TBatchCertificateDataDialog(std::unique_ptr<TBatchC
 void TBatchCertificateDataDialog::SetUpFields(const TLookupTables& lookups) {
   auto& form = FUi->Fields();
   auto description = CertificateForm(Use, lookups);
-  description.Ticks = true;
+  description.Ticks = description.KeepsWrong = true;
   description.Note = ResourceText(DialogTexts::BatchCleared);
   form.SetFields(description);
   ShowCertificateFields(form, Use, CurrentProject->Options().Columns());
@@ -86,7 +86,7 @@ void TBatchCertificateDataDialog::Handle_Tick(const std::string& fieldname) {
 
 void TBatchCertificateDataDialog::ShowPage(TBatchPage page) {
   FUi->SetActivePage(page);
-  const int count = FStudents.Grid().SelectedCount();
+  const auto count = SelectedStudents().size();
   FUi->Affected().SetValue(count == 1 ? ResourceText(DialogTexts::BatchOneStudent)
                                       : FormatText(DialogTexts::BatchStudents, count));
   UpdateButtons();
@@ -112,10 +112,15 @@ bool TBatchCertificateDataDialog::Any() const {
 bool TBatchCertificateDataDialog::Handle_CloseQuery(bool ok) {
   if (!ok) return true;
   if (!AcceptsValues()) return false;
-  FUi->SetButtonEnabled(Close, false);
+  struct TClosed {
+    TBatchCertificateDataUi& Ui;
+    explicit TClosed(TBatchCertificateDataUi& ui) : Ui(ui) { Ui.SetButtonEnabled(Close, false); }
+    TClosed(const TClosed&) = delete;
+    TClosed& operator=(const TClosed&) = delete;
+    ~TClosed() { Ui.SetButtonEnabled(Close, true); }
+  } const closed(*FUi);
   Apply();
   const auto again = MsgBoxAsk(ResourceText(DialogTexts::Confirm), ResourceText(DialogTexts::BatchDone));
-  FUi->SetButtonEnabled(Close, true);
   if (again != TVantrelMsgBoxResult::mbrYes) return true;
   ShowPage(SelectStudentsPage);
   return false;
@@ -133,13 +138,20 @@ bool TBatchCertificateDataDialog::AcceptsValues() {
   return true;
 }
 
-void TBatchCertificateDataDialog::Apply() {
+std::vector<TStudent*> TBatchCertificateDataDialog::SelectedStudents() {
   const auto& grid = FStudents.Grid();
-  const auto& form = FUi->Fields();
-  const TJoinedChanges joined(*CurrentProject);
+  std::vector<TStudent*> students;
   for (int row = 0; row < grid.SelectedCount(); ++row) {
     auto* student = CurrentProject->Students().Find(TCXUtils::GetSelectedRecord(grid, row, "ID"));
-    if (student == nullptr) continue;
+    if (student != nullptr && std::ranges::find(students, student) == students.end()) students.push_back(student);
+  }
+  return students;
+}
+
+void TBatchCertificateDataDialog::Apply() {
+  const auto& form = FUi->Fields();
+  const TJoinedChanges joined(*CurrentProject);
+  for (auto* student : SelectedStudents()) {
     for (const auto& field : CertificateFields(Use)) {
       const std::string fieldname(field.Fieldname);
       if (form.IsTicked(fieldname)) CurrentProject->ChangeField(*student, field.Key, form.Value(fieldname));

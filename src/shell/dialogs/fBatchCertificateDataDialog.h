@@ -28,6 +28,8 @@ class TBatchCertificateDataDialog {
   bool Handle_CloseQuery(bool ok);
   /// False if one of the values to be given is none, which has been told then.
   bool AcceptsValues();
+  /// Those of the selected rows, each once.
+  std::vector<TStudent*> SelectedStudents();
   void Apply();
 
   TListPane FStudents;
