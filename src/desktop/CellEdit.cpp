@@ -44,7 +44,14 @@ void TCellEdit::EditorAccepted() {
 }
 
 void TCellEdit::Post() {
-  if (TakeValue()) Write(FValue);
+  if (!FWriting && TakeValue()) Write(FValue);
+}
+
+void TCellEdit::Save() {
+  Post();
+  if (!FEditor->IsComplete()) return FEditor->Refuse();
+  FBefore = FStored;
+  FPosted = false;
 }
 
 void TCellEdit::Write(const TVariant& value) {

@@ -33,7 +33,10 @@ class TCellEdit : public TEditorOwner {
   void EditorAccepted() override;
   /// Writes what stands in the editor, if the user changed it and it can be stored.
   void Post();
-  /// Writes back what the cell held before the edit. What stands in the editor is not posted any more.
+  /// Posts, and from then on that is what the edit goes back to. What cannot be stored stays, marked as refused.
+  void Save();
+  /// Writes back what the cell held before the edit, or at the last Save. What stands in the editor is not posted any
+  /// more.
   void Revert();
 
   std::function<void()> OnAccepted;  ///< the user took a value with the mouse

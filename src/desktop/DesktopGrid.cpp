@@ -115,6 +115,8 @@ void TDesktopGrid::RecordMoved() {
 }
 
 void TDesktopGrid::BeginUpdate() {
+  // The editor goes with the rows; what stands in it is not lost.
+  if (FUpdates == 0) FView->PostEditor();
   if (FUpdates++ > 0) return;
   FOldRow = FView->currentIndex().row();
   FHadKeyboard = FView->IsKeyboardIn();
@@ -241,7 +243,7 @@ std::string TDesktopGrid::DisplayText(int record, int ordinal) const {
 
 std::vector<TGridShownRow> TDesktopGrid::ShownRows() const {
   std::vector<TGridShownRow> rows;
-  for (const auto& row : FModel.AllRows()) rows.push_back({row.Record, row.Level, ToUtf8(row.Text)});
+  for (const auto& row : FModel.OpenedRows()) rows.push_back({row.Record, row.Level, ToUtf8(row.Text)});
   return rows;
 }
 
@@ -255,6 +257,7 @@ std::vector<int> TDesktopGrid::ShownColumns() const {
 }
 
 void TDesktopGrid::FocusRecord(int record) {
+  if (FModel.OpenGroupsOf(record)) Rebuild();
   const int row = FModel.RowOf(record);
   if (row >= 0 && row != FView->currentIndex().row()) FView->GotoCell(row, FFocusedColumn);
 }
@@ -289,9 +292,9 @@ void TDesktopGrid::ShowInfo() {
   if (const auto active = FModel.ActiveFilter(); !active.empty()) {
     QStringList items;
     for (const auto& item : active) items << item.DisplayText;
-    const auto rows = FModel.AllRows();
-    const auto shown = std::ranges::count_if(rows, [](const auto& row) { return row.Record >= 0; });
-    filter = UserText(DesktopTexts::FilterLine)
+    const auto shown = std::ranges::count_if(FModel.OpenedRows(), [](const auto& row) { return row.Record >= 0; });
+    // Items of the view are told in whole words.
+    filter = UserText(active.front().OfUser ? DesktopTexts::UserFilterLine : DesktopTexts::FilterLine)
                  .arg(items.join(", "), QString::number(shown), QString::number(RecordCount()));
   }
   FFilterLine->Tell(filter, IsFilteredByUser());

@@ -61,7 +61,7 @@ class TDesktopGrid : public QWidget, public TVantrelGrid, private TVantrelTableL
   bool CanGotoPrev() const override { return FView->NextRow(FView->currentIndex().row(), -1) >= 0; }
   bool CanGotoNext() const override { return FView->NextRow(FView->currentIndex().row(), 1) >= 0; }
 
-  void PostEdit() override { FView->PostEditor(); }
+  void PostEdit() override { FView->SaveEditor(); }
   bool IsEditing() const override { return FView->IsEditing(); }
 
   void ClearFilter() override;

@@ -40,8 +40,8 @@ TDesktopGridPane::TDesktopGridPane(const char* heading, TPaneButton button)
   FCount->setMargin(3);
   if (button == TPaneButton::Fit) FCount->setMinimumWidth(countWidth);
   status->addWidget(FCount);
-  status->addWidget(FNoteLabel, 2);
-  status->addWidget(&FGrid->FilterLine(), 1);
+  status->addWidget(FNoteLabel);
+  status->addWidget(&FGrid->FilterLine());
   status->addStretch();
 }
 

@@ -91,7 +91,7 @@ bool TDesktopGrid::IsGrouped() const {
 std::vector<int> TDesktopGrid::FocusedGroupRecords() const {
   std::vector<int> group;
   bool found = false;
-  for (const auto& row : FModel.AllRows()) {
+  for (const auto& row : FModel.OpenedRows()) {
     if (row.Record < 0) {
       if (found) break;
       group.clear();

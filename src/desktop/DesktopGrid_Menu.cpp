@@ -8,11 +8,13 @@
 
 void TDesktopGrid::AddSortActions(QMenu& menu, int ordinal) {
   const auto add = [&](const char* text, TGridSortOrder order) {
-    menu.addAction(UserText(text), this, [this, ordinal, order] { SortBy(ordinal, order, false); });
+    return menu.addAction(UserText(text), this, [this, ordinal, order] { SortBy(ordinal, order, false); });
   };
   add(DesktopTexts::SortAscending, TGridSortOrder::Ascending);
   add(DesktopTexts::SortDescending, TGridSortOrder::Descending);
-  if (!FModel.Options().SortedByView) add(DesktopTexts::SortOff, TGridSortOrder::None);
+  if (!FModel.Options().SortedByView)
+    add(DesktopTexts::SortOff, TGridSortOrder::None)
+        ->setEnabled(!ColumnsInOrder(Columns(), &TGridColumn::SortIndex).empty());
   menu.addSeparator();
 }
 

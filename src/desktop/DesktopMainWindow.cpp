@@ -71,6 +71,7 @@ TDesktopMainWindow::TDesktopMainWindow()
   statusBar()->setAccessibleName(UserText(DesktopTexts::StatusBar));
   FStatus->setFocusPolicy(Qt::TabFocus);
   FStatus->setTextFormat(Qt::PlainText);
+  FStatus->setContentsMargins(4, 0, 4, 0);
   FStatus->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
   FNote->setTextFormat(Qt::PlainText);
   FNote->setContentsMargins(0, 0, 6, 0);

@@ -8,7 +8,7 @@
 #include "ElidedLabel.h"
 #include "QtText.h"
 
-TFilterLine::TFilterLine(std::function<void()> onLift) : FLabel(new TElidedLabel), FLift(new QToolButton) {
+TFilterLine::TFilterLine(std::function<void()> onLift) : FLabel(new TElidedLabel(", ")), FLift(new QToolButton) {
   auto* layout = new QHBoxLayout(this);
   layout->setContentsMargins(3, 0, 0, 0);
   layout->addWidget(FLabel, 1);

@@ -125,8 +125,7 @@ struct TSortKey {
 
 class TRowBuilder {
  public:
-  TRowBuilder(const TGridData& data, const TGridOptions& options, const std::set<QString>& closed)
-      : FData(data), FOptions(options), FClosed(closed) {
+  TRowBuilder(const TGridData& data, const TGridOptions& options) : FData(data), FOptions(options) {
     FCollator.setCaseSensitivity(options.CaseSensitive ? Qt::CaseSensitive : Qt::CaseInsensitive);
     FCollator.setNumericMode(true);
     FGroups = ColumnsInOrder(data.Columns, &TGridColumn::GroupIndex);
@@ -197,14 +196,13 @@ class TRowBuilder {
                                 text.isEmpty() ? UserText(DesktopTexts::EmptyValue) : ShownPart(text),
                                 QString::number(groupEnd - begin)),
                        key});
-      if (!FClosed.contains(key)) AddRows(begin, groupEnd, level + 1, key);
+      AddRows(begin, groupEnd, level + 1, key);
       begin = groupEnd;
     }
   }
 
   const TGridData& FData;
   const TGridOptions& FOptions;
-  const std::set<QString>& FClosed;
   QCollator FCollator;
   std::vector<int> FGroups;
   std::vector<TGridRow> FRows;
@@ -212,6 +210,6 @@ class TRowBuilder {
 }  // namespace
 
 std::vector<TGridRow> BuildGridRows(const TGridData& data, const TGridOptions& options,
-                                    const std::vector<TGridFilterItem>& filter, const std::set<QString>& closed) {
-  return TRowBuilder(data, options, closed).Build(filter);
+                                    const std::vector<TGridFilterItem>& filter) {
+  return TRowBuilder(data, options).Build(filter);
 }

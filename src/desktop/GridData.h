@@ -3,7 +3,6 @@
 #include <QString>
 #include <cstdint>
 #include <optional>
-#include <set>
 #include <vector>
 
 #include "VantrelGrid.h"
@@ -61,9 +60,9 @@ struct TGridRow {
   QString Key;
 };
 
-/// Filters, sorts and groups the records. Groups in `closed` show their heading only.
+/// Filters, sorts and groups the records, with all groups opened.
 std::vector<TGridRow> BuildGridRows(const TGridData& data, const TGridOptions& options,
-                                    const std::vector<TGridFilterItem>& filter, const std::set<QString>& closed);
+                                    const std::vector<TGridFilterItem>& filter);
 
 /// The part of a text that a cell measures and paints: no more than can be of use in a grid, and without the end of its
 /// last line.

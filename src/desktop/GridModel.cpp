@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QFontMetrics>
 #include <algorithm>
+#include <limits>
 
 #include "QtText.h"
 
@@ -24,17 +25,26 @@ Qt::Alignment AlignmentOf(const TGridColumn& column) {
 
 void TGridModel::Suspend() {
   beginResetModel();
+  FOpened.clear();
   FRows.clear();
 }
 
 void TGridModel::Resume() {
-  FRows = BuildGridRows(FData, FOptions, ActiveFilter(), FClosed);
+  if (ColumnsInOrder(FData.Columns, &TGridColumn::GroupIndex).empty()) FClosed.clear();
+  FOpened = BuildGridRows(FData, FOptions, ActiveFilter());
+  int closedLevel = std::numeric_limits<int>::max();
+  for (const auto& row : FOpened) {
+    if (row.Level > closedLevel) continue;
+    FRows.push_back(row);
+    closedLevel = row.Record < 0 && FClosed.contains(row.Key) ? row.Level : std::numeric_limits<int>::max();
+  }
   endResetModel();
 }
 
 std::vector<TGridFilterItem> TGridModel::ActiveFilter() const {
   auto active = Filter;
   std::erase_if(active, [this](const auto& item) { return !item.OfUser && !FilterActive; });
+  std::ranges::stable_sort(active, {}, &TGridFilterItem::OfUser);
   return active;
 }
 
@@ -50,7 +60,7 @@ int TGridModel::RowOf(int record) const {
 
 int TGridModel::RowNear(int record) const {
   if (const int row = RowOf(record); row >= 0 || FRows.empty()) return row;
-  const auto all = BuildGridRows(FData, FOptions, {}, {});
+  const auto all = BuildGridRows(FData, FOptions, {});
   const auto at = std::ranges::find(all, record, &TGridRow::Record);
   if (record < 0 || at == all.end()) return -1;
   const auto place = at - all.begin();
@@ -62,6 +72,20 @@ int TGridModel::RowNear(int record) const {
     }
   }
   return -1;
+}
+
+bool TGridModel::OpenGroupsOf(int record) {
+  const auto at = std::ranges::find(FOpened, record, &TGridRow::Record);
+  if (record < 0 || at == FOpened.end()) return false;
+  bool opened = false;
+  int level = at->Level;
+  for (auto row = at; row != FOpened.begin() && level > 0;) {
+    --row;
+    if (row->Record >= 0 || row->Level >= level) continue;
+    level = row->Level;
+    opened = FClosed.erase(row->Key) > 0 || opened;
+  }
+  return opened;
 }
 
 void TGridModel::SetClosed(int row, bool closed) {

@@ -15,7 +15,8 @@ class TGridModel : public QAbstractTableModel {
   TGridOptions& Options() { return FOptions; }
   const TGridOptions& Options() const { return FOptions; }
 
-  /// From Suspend on there are no rows and nothing is read; Resume builds them anew.
+  /// From Suspend on there are no rows and nothing is read; Resume builds them anew. Closed groups end with their
+  /// grouping.
   void Suspend();
   void Resume();
 
@@ -34,9 +35,12 @@ class TGridModel : public QAbstractTableModel {
   std::vector<TGridFilterItem> Filter;
   /// Whether the items of the view act. Those of the user always do.
   bool FilterActive = false;
+  /// The items that act, those of the view first.
   std::vector<TGridFilterItem> ActiveFilter() const;
-  /// The rows with all groups opened.
-  std::vector<TGridRow> AllRows() const { return BuildGridRows(FData, FOptions, ActiveFilter(), {}); }
+  /// The rows with all groups opened, in the order in which they are shown.
+  const std::vector<TGridRow>& OpenedRows() const { return FOpened; }
+  /// Opens the groups that hide the record, from the next Resume on. False where none does.
+  bool OpenGroupsOf(int record);
 
   int rowCount(const QModelIndex& parent = {}) const override;
   int columnCount(const QModelIndex& parent = {}) const override;
@@ -53,6 +57,7 @@ class TGridModel : public QAbstractTableModel {
  private:
   TGridData FData;
   TGridOptions FOptions;
+  std::vector<TGridRow> FOpened;
   std::vector<TGridRow> FRows;
   std::set<QString> FClosed;
 };

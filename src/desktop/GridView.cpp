@@ -250,6 +250,7 @@ void TGridView::focusInEvent(QFocusEvent* event) {
 
 void TGridView::mousePressEvent(QMouseEvent* event) {
   const auto index = indexAt(event->position().toPoint());
+  FEnd = QModelIndex();
   FClickedCurrent = hasFocus() && index.isValid() && index == currentIndex();
   EndSearch();
   QTableView::mousePressEvent(event);

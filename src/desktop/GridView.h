@@ -45,6 +45,8 @@ class TGridView : public QTableView {
   bool IsEditing() const { return state() == EditingState; }
   /// Writes the value of the open editor.
   void PostEditor();
+  /// Writes it for good (see TCellEdit::Save).
+  void SaveEditor();
   TCellEdit& CellEdit() { return FEdit; }
   const QString& SearchText() const { return FSearch; }
   void EndSearch();
@@ -111,6 +113,10 @@ class TGridView : public QTableView {
   void Finish(bool revert);
   /// False where the view lets the grid deal with the key.
   bool TakeViewKey(TGridKey key);
+  /// Goes down a row; at the last one the bell tells that there is no further.
+  void MoveDown();
+  /// The first letters behind that bell were meant for a row below: true for those, which the bell refuses.
+  bool TakesLetterBehindEnd(const QKeyEvent& event);
   void PaintGroups();
   void PaintFrozen();
 
@@ -119,6 +125,8 @@ class TGridView : public QTableView {
   TGridDelegate* FDelegate;
   TCellEdit FEdit;
   bool FClickedCurrent = false;
+  /// The cell of the last row in which a key that goes down was the last one; else no cell.
+  QPersistentModelIndex FEnd;
   bool FApplying = false;  ///< widths change by the program, not by the user
   QString FSearch;
   mutable bool FSelectsRange = false;

@@ -1,4 +1,5 @@
 // The keys of a grid, with and without an open editor.
+#include <QApplication>
 #include <QKeyEvent>
 #include <algorithm>
 #include <initializer_list>
@@ -40,6 +41,27 @@ void TGridView::PostEditor() {
   if (IsEditing()) FEdit.Post();
 }
 
+void TGridView::SaveEditor() {
+  if (IsEditing()) FEdit.Save();
+}
+
+void TGridView::MoveDown() {
+  if (MoveRow(1)) return;
+  QApplication::beep();
+  FEnd = currentIndex();
+}
+
+bool TGridView::TakesLetterBehindEnd(const QKeyEvent& event) {
+  const bool isPlain = (event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) == 0;
+  const bool isLetter = isPlain && !event.text().isEmpty() && event.text().front().isPrint();
+  const bool isRefused = isLetter && FEnd.isValid() && FEnd == currentIndex();
+  if (isRefused)
+    QApplication::beep();
+  else
+    FEnd = QModelIndex();
+  return isRefused;
+}
+
 void TGridView::Finish(bool revert) {
   FDelegate->Finish(&FEdit.Editor()->Widget(), revert);
 }
@@ -55,7 +77,7 @@ bool TGridView::TakeViewKey(TGridKey key) {
   const auto action = FEvents.OnKeyDown(FEdit.Ordinal(), key);
   if (action == TGridKeyAction::MoveDown) {
     Finish(false);
-    MoveRow(1);
+    MoveDown();
   }
   return action != TGridKeyAction::Pass;
 }
@@ -94,7 +116,8 @@ bool TGridView::focusNextPrevChild(bool next) {
 }
 
 void TGridView::keyPressEvent(QKeyEvent* event) {
-  if (TakeFirstKey(*event) || TakeGroupKey(event) || TakeSearchKey(event) || TakeKey(event)) {
+  if (TakesLetterBehindEnd(*event) || TakeFirstKey(*event) || TakeGroupKey(event) || TakeSearchKey(event) ||
+      TakeKey(event)) {
     event->accept();
     return;
   }
@@ -113,7 +136,7 @@ bool TGridView::TakeKey(QKeyEvent* event) {
   if (!current.isValid()) return takesEnter || (event->key() == Qt::Key_Down && MoveRow(1));
   if (FEvents.OnKeyDown && !FModel.IsGroup(current)) {
     const auto action = FEvents.OnKeyDown(current.column(), key);
-    if (action == TGridKeyAction::MoveDown) MoveRow(1);
+    if (action == TGridKeyAction::MoveDown) MoveDown();
     if (action != TGridKeyAction::Pass) return true;
   }
   if (key == TGridKey::Enter) {

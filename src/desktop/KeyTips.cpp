@@ -44,6 +44,14 @@ QString LetterOf(const QKeyEvent& event) {
   return key > Qt::Key_Space && key < Qt::Key_Escape ? QString::fromUcs4(&key, 1).toUpper() : event.text().toUpper();
 }
 
+/// A key that no tip can mean: the tips give way to it.
+bool IsOfOthers(const QKeyEvent& key) {
+  const bool isModifier = key.key() == Qt::Key_Alt || key.key() == Qt::Key_AltGr || key.key() == Qt::Key_Shift ||
+                          key.key() == Qt::Key_Control || key.key() == Qt::Key_Meta;
+  if (isModifier || key.key() == Qt::Key_Escape) return false;
+  return LetterOf(key).isEmpty() || (key.modifiers() & (Qt::ControlModifier | Qt::MetaModifier)) != 0;
+}
+
 }  // namespace
 
 TKeyTips::TKeyTips(QWidget& window, TTargets firstTargets, TTargets nextTargets)
@@ -119,6 +127,7 @@ bool TKeyTips::eventFilter(QObject* watched, QEvent* event) {
   const bool begins = !IsShown() && key->key() != Qt::Key_Alt && key->modifiers() == Qt::AltModifier &&
                       LettersOf(FFirst()).contains(LetterOf(*key));
   if (type == QEvent::ShortcutOverride) {
+    if (IsShown() && IsOfOthers(*key)) Hide();
     if (IsShown() || begins) event->accept();
     return false;
   }

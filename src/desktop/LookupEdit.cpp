@@ -262,13 +262,16 @@ void TLookupEdit::OpenList() {
   PlaceList();
   FList->show();
   if (auto* item = FList->currentItem()) FList->scrollToItem(item);
-  window()->installEventFilter(this);
+  // Whatever it stands in may move.
+  for (auto* around = parentWidget(); around != nullptr; around = around->isWindow() ? nullptr : around->parentWidget())
+    around->installEventFilter(this);
 }
 
 bool TLookupEdit::CloseList() {
   const bool wasOpen = IsListOpen();
   FList->hide();
-  window()->removeEventFilter(this);
+  for (auto* around = parentWidget(); around != nullptr; around = around->isWindow() ? nullptr : around->parentWidget())
+    around->removeEventFilter(this);
   return wasOpen;
 }
 

@@ -5,16 +5,18 @@
 #include <tuple>
 
 TGradeStatistics GradeStatisticsOf(const TGrades& catalog, const std::vector<TVariant>& ids) {
+  TGradeStatistics statistics;
   std::vector<const TGrade*> grades;
-  for (const auto& id : ids)
-    if (const auto* grade = id.IsEmpty() ? nullptr : catalog.Find(id.AsInteger())) grades.push_back(grade);
+  for (const auto& id : ids) {
+    if (id.IsEmpty()) continue;
+    ++statistics.Count;
+    if (const auto* grade = catalog.Find(id.AsInteger())) grades.push_back(grade);
+  }
   std::ranges::sort(grades, {}, [](const auto* grade) {
     return std::tuple(grade->GradeType(), std::isnan(grade->GradeValue) ? -1.0F : grade->GradeValue, grade->Token);
   });
 
-  TGradeStatistics statistics;
-  statistics.Count = static_cast<int>(grades.size());
-  double sum = 0;
+  double hundredths = 0;
   const TGrade* counted = nullptr;
   int countedGrades = 0;
   bool isMixed = false;
@@ -25,9 +27,9 @@ TGradeStatistics GradeStatisticsOf(const TGrades& catalog, const std::vector<TVa
     if (grade->GradeType() == TGradeTypes::gtFill || !(grade->GradeValue >= 0)) continue;
     isMixed = isMixed || (counted != nullptr && counted->GradeType() != grade->GradeType());
     counted = grade;
-    sum += static_cast<double>(grade->GradeValue);
+    hundredths += std::round(static_cast<double>(grade->GradeValue) * 100);
     ++countedGrades;
   }
-  if (countedGrades > 0 && !isMixed) statistics.Average = sum / countedGrades;
+  if (countedGrades > 0 && !isMixed) statistics.Average = std::round(hundredths / countedGrades) / 100;
   return statistics;
 }

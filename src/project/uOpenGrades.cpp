@@ -25,11 +25,10 @@ std::map<std::int32_t, int> CountBySubject(const TMyTessaronProject& project, co
   const auto ordinals = ColumnsOf(project);
   for (int i = 0; i < project.Courses().Count(); ++i) {
     const auto& course = *project.Courses().GetItem(i);
-    if (course.Student == nullptr) continue;
+    if (course.Student == nullptr || !(gradeType.IsNull() || columns.Value(course, typeColumn) == gradeType)) continue;
     const auto open =
         std::ranges::count_if(ordinals, [&](int ordinal) { return columns.Value(course, ordinal).IsEmpty(); });
-    if (open > 0 && (gradeType.IsNull() || columns.Value(course, typeColumn) == gradeType))
-      counts[course.SubjectId.AsInt()] += static_cast<int>(open);
+    counts[course.SubjectId.AsInt()] += static_cast<int>(open);
   }
   return counts;
 }

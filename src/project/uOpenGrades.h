@@ -11,7 +11,8 @@ namespace OpenGrades {
 
 /// The ordinals of these columns in the subjects' grid.
 std::vector<int> ColumnsOf(const TMyTessaronProject& project);
-/// How many there are, by the id of the subject: in courses of classes of that grade type; null for all.
+/// How many there are, by the id of the subject: in courses of classes of that grade type; null for all. A subject
+/// without such a course is left out.
 std::map<std::int32_t, int> CountBySubject(const TMyTessaronProject& project, const TVariant& gradeType);
 
 }  // namespace OpenGrades

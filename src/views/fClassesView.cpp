@@ -5,8 +5,12 @@
 #include "uCXUtils.h"
 #include "uClassOverview.h"
 #include "uGridUpdate.h"
+#include "uTableUpdate.h"
 
 namespace {
+
+// Number and name of a student stand still while the subjects scroll.
+constexpr int LeadingColumns = 3, LastNameColumn = 2;
 
 TListPaneSettings ClassesList() {
   using enum TVantrelFieldType;
@@ -45,6 +49,8 @@ TClassesView::TClassesView(TViewFrame& frame, std::unique_ptr<TListViewUi> ui)
   Grid().SetOptions({.Filtering = true});
   Grid().SetName(ResourceText(ViewTexts::ClassOverview));
   Grid().BindTable(&FSubjects);
+  // The letters of a search begin a name.
+  Grid().FocusColumn(LastNameColumn);
   Grid().OnFocusChanged = [this](int, int) { UpdateViewCommands(); };
   Grid().OnRowsChanged = [this] { UpdateViewCommands(); };
   FClasses->OnChange = [this](TListChange change) { DataChange_ClassesSource(change); };
@@ -98,15 +104,20 @@ void TClassesView::ShowClass() {
   CurrentClass = CurrentProject->Classes().Find(FClasses->FocusedValue());
   if (CurrentClass == nullptr && !FSubjects.Fields().empty()) return;
   Grid().ClearColumns();
-  FSubjects.DisableControls();
+  {
+    const TTableUpdate rows(FSubjects);
+    FillSubjects();
+  }
+  CreateColumns();
+}
+
+void TClassesView::FillSubjects() {
   const auto courses = CurrentClass == nullptr ? CreateVantrel<TCourses>(false)
                                                : CurrentProject->CoursesByClass(CurrentClass->TessaronId);
   // A class without courses keeps the fields of the class before it.
   if (courses->Count() > 0 || FSubjects.Fields().empty()) DefineFields(*courses);
   if (CurrentClass != nullptr) CurrentProject->PopulateClassSubjects(FSubjects, *CurrentClass);
   FSubjects.First();
-  FSubjects.EnableControls();
-  CreateColumns();
 }
 
 void TClassesView::DefineFields(const TCourses& courses) {
@@ -118,7 +129,11 @@ void TClassesView::DefineFields(const TCourses& courses) {
 }
 
 void TClassesView::CreateColumns() {
-  for (const auto& field : FSubjects.Fields()) Grid().AddColumn(ColumnOf(*field));
+  for (const auto& field : FSubjects.Fields()) {
+    auto column = ColumnOf(*field);
+    column.Frozen = field->Index() < LeadingColumns;
+    Grid().AddColumn(std::move(column));
+  }
 }
 
 void TClassesView::UpdateTitle() {

@@ -32,6 +32,7 @@ class TClassesView final : public TBaseView {
   void DefineFields(const TCourses& courses);
   void CreateColumns();
   void ShowClass();
+  void FillSubjects();
   void UpdateTitle();
   void DataChange_ClassesSource(TListChange change);
 

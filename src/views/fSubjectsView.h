@@ -41,6 +41,8 @@ class TSubjectsView final : public TBaseView {
   void UpdateNote();
   void UpdateOpenGrades();
   std::string ColumnSummary();
+  const char* GotoOpenGradeElsewhere();
+  int OpenCellsShown();
   bool GotoOpenCell(bool behindFocus);
   bool GotoOpenSubject();
   void Handle_SubjectsChange(TListChange change);

@@ -33,7 +33,7 @@ void TSubjectsView::UpdateOpenGrades() {
   const auto counts = OpenGrades::CountBySubject(*CurrentProject, LastFilter);
   FSubjects->SetValues(OpenGradesField, [&](const TVariant& id) {
     const auto count = counts.find(id.IsEmpty() ? -1 : id.AsInteger());
-    return count == counts.end() ? TVariant::Null() : TVariant(count->second);
+    return count == counts.end() || count->second == 0 ? TVariant::Null() : TVariant(count->second);
   });
 }
 
@@ -42,7 +42,7 @@ void TSubjectsView::UpdateNote() {
   FUi->Achievements().Note().SetValue(Join(hint, ColumnSummary(), Separator));
 }
 
-/// Number, average and distribution of the grades on show in the focused column; empty for other columns.
+/// Average, number and distribution of the grades on show in the focused column; empty for other columns.
 std::string TSubjectsView::ColumnSummary() {
   const int column = Grid().FocusedColumn();
   if (!TCourseColumns::Of(TCourseGrid::Subjects).IsGrade(column)) return {};
@@ -52,7 +52,8 @@ std::string TSubjectsView::ColumnSummary() {
   const auto statistics = GradeStatisticsOf(CurrentProject->Noten(), ids);
   const auto& caption = Grid().Columns()[static_cast<std::size_t>(column)].Caption;
   auto summary = FormatText(ViewTexts::GradesEntered, caption, statistics.Count, ids.size());
-  if (statistics.Average) summary += Separator + FormatText(ViewTexts::GradesAverage, DecimalText(*statistics.Average));
+  if (statistics.Average)
+    summary = Join(FormatText(ViewTexts::GradesAverage, DecimalText(*statistics.Average)), summary, Separator);
   std::string shares;
   for (const auto& [token, count] : statistics.Distribution)
     shares = Join(shares, FormatText(ViewTexts::GradesShare, token, count), ", ");
@@ -66,10 +67,30 @@ void TSubjectsView::GotoOpenGrade() {
     reason = ViewTexts::ChooseGradeType;
   else if (OpenGrades::ColumnsOf(*CurrentProject).empty())
     reason = ViewTexts::NoGradesToEnter;
-  else if (!GotoOpenCell(true) && !GotoOpenSubject())
-    reason = ViewTexts::NoGradesOpen;
+  else if (!GotoOpenCell(true))
+    reason = GotoOpenGradeElsewhere();
   if (reason != nullptr) return MsgBoxInfo(ResourceText(ViewTexts::NoteCaption), ResourceText(reason));
   Grid().SetFocus();
+}
+
+/// Where nothing is open behind the focus. Why there is nowhere to go, else null.
+const char* TSubjectsView::GotoOpenGradeElsewhere() {
+  const auto counts = OpenGrades::CountBySubject(*CurrentProject, LastFilter);
+  const auto here = counts.find(FShownSubject.IsEmpty() ? -1 : FShownSubject.AsInteger());
+  // What the user's own filter hides is not passed over: another subject would end the filter.
+  if (here != counts.end() && here->second > OpenCellsShown())
+    return GotoOpenCell(false) ? nullptr : ViewTexts::OpenGradesHidden;
+  if (counts.empty()) return ViewTexts::NoRowOfGradeType;
+  return GotoOpenSubject() ? nullptr : ViewTexts::NoGradesOpen;
+}
+
+int TSubjectsView::OpenCellsShown() {
+  const auto columns = OpenGrades::ColumnsOf(*CurrentProject);
+  int open = 0;
+  for (const auto& row : Grid().ShownRows())
+    open += static_cast<int>(std::ranges::count_if(
+        columns, [&](int column) { return row.Record >= 0 && Grid().Value(row.Record, column).IsEmpty(); }));
+  return open;
 }
 
 /// Down the columns, from the first cell or from behind the focused one.
@@ -80,8 +101,10 @@ bool TSubjectsView::GotoOpenCell(bool behindFocus) {
   behindFocus = behindFocus && Grid().FocusedRecord() >= 0 && focused != columns.end();
   for (auto column = behindFocus ? focused : columns.begin(); column != columns.end(); ++column) {
     auto row = rows.begin();
-    if (std::exchange(behindFocus, false))
-      row = std::ranges::find(rows, Grid().FocusedRecord(), &TGridShownRow::Record) + 1;
+    if (std::exchange(behindFocus, false)) {
+      row = std::ranges::find(rows, Grid().FocusedRecord(), &TGridShownRow::Record);
+      if (row != rows.end()) ++row;
+    }
     row = std::find_if(row, rows.end(), [&](const auto& shown) {
       return shown.Record >= 0 && Grid().Value(shown.Record, *column).IsEmpty();
     });

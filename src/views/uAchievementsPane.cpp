@@ -77,8 +77,8 @@ void TAchievementsPane::BuildColumns(bool isTextClass) {
   for (const auto& source : FColumns) {
     const int ordinal = grid.AddColumn(source);
     if (source.Visible && FCourseColumns.Posts(ordinal)) {
-      grid.OnEditChanged = [this](int edited) {
-        Touch(edited);
+      grid.OnEditChanged = [this](int) {
+        FKeptRow.Touch();
         return true;
       };
     }
@@ -99,11 +99,6 @@ int TAchievementsPane::FirstGradeColumn() const {
     if (FCourseColumns.IsGrade(ordinal) && FColumns[place].Visible && FEditable[place]) return ordinal;
   }
   return -1;
-}
-
-void TAchievementsPane::Touch(int ordinal) {
-  FKeptRow.Touch();
-  if (FCourseColumns.IsGrade(ordinal)) FUsedColumn = ordinal;
 }
 
 void TAchievementsPane::BeginWork() {
@@ -146,7 +141,7 @@ bool TAchievementsPane::OffersGrade(const TVantrelMemTable::TRow& row) const {
 }
 
 TGridKeyAction TAchievementsPane::AnswerKey(int ordinal, TGridKey key) {
-  if (key == TGridKey::Enter || key == TGridKey::Delete) Touch(ordinal);
+  if (key == TGridKey::Enter || key == TGridKey::Delete) FKeptRow.Touch();
   return key == TGridKey::Enter && FCourseColumns.IsGrade(ordinal) ? TGridKeyAction::MoveDown : TGridKeyAction::Pass;
 }
 
@@ -162,8 +157,12 @@ void TAchievementsPane::UpdateCount() {
 }
 
 void TAchievementsPane::ShowChange(const TProjectChange& change) {
-  // What the grid writes it shows itself.
-  if (FSource == nullptr || FSource->BeingWritten() == &change.Record) return;
+  if (FSource == nullptr) return;
+  if (FSource->BeingWritten() == &change.Record) {
+    // What the grid writes it shows itself.
+    if (FCourseColumns.IsGrade(FUi.Grid().FocusedColumn())) FUsedColumn = FUi.Grid().FocusedColumn();
+    return;
+  }
   for (int row = 0; row < FSource->GetRecordCount(); ++row) {
     if (FSource->GetRecordHandle(row) != &change.Record) continue;
     return FUi.Grid().RecordChanged(row);

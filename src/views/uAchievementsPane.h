@@ -80,7 +80,6 @@ class TAchievementsPane {
   bool OffersGrade(const TVantrelMemTable::TRow& row) const;
   int FirstGradeColumn() const;
   void TellShown();
-  void Touch(int ordinal);
   void BeginWork();
   int WorkColumn() const;
   TGridKeyAction AnswerKey(int ordinal, TGridKey key);
@@ -94,7 +93,7 @@ class TAchievementsPane {
   std::vector<bool> FEditable;
   TRememberedColumns FRemembered;
   TKeptRow FKeptRow;
-  /// The grade column that the user has changed something in; -1 if there is none.
+  /// The grade column that the user has entered something in; -1 if there is none.
   int FUsedColumn = -1;
   TModifiedMark FModifiedMark;
   std::unique_ptr<TMyTessaronSource> FSource;

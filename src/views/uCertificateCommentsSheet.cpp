@@ -8,6 +8,7 @@
 #include "ViewTexts.h"
 #include "uCXUtils.h"
 #include "uGridUpdate.h"
+#include "uTableUpdate.h"
 
 using enum TVantrelFieldType;
 
@@ -163,15 +164,16 @@ void TCertificateCommentsSheet::DeleteAllCertificateComments() {
 
 void TCertificateCommentsSheet::Populate() {
   const TGridUpdate update(FUi.Grid());
-  FTable.DisableControls();
-  if (const auto* comments = CommentsOf(FStudent)) {
-    comments->Populate(FTable);
-  } else {
-    FTable.Close();
-    FTable.Open();
+  {
+    const TTableUpdate rows(FTable);
+    if (const auto* comments = CommentsOf(FStudent)) {
+      comments->Populate(FTable);
+    } else {
+      FTable.Close();
+      FTable.Open();
+    }
+    FTable.First();
   }
-  FTable.First();
-  FTable.EnableControls();
   UpdateCount();
 }
 
@@ -194,7 +196,7 @@ void TCertificateCommentsSheet::Follow() {
   const auto* comments = CommentsOf(FStudent);
   {
     const TGridUpdate update(FUi.Grid());
-    FTable.DisableControls();
+    const TTableUpdate rows(FTable);
     for (int record = FTable.RecordCount() - 1; record >= 0; --record) {
       if (comments->Contains(TextToGuid(FTable.ValueAt(record, 0).AsText()))) continue;
       const auto current = FTable.RecordId(FTable.RecNo() - 1);
@@ -203,7 +205,6 @@ void TCertificateCommentsSheet::Follow() {
       if (const int kept = FTable.RecordOf(current); kept >= 0) FTable.SetRecNo(kept + 1);
     }
     for (int i = 0; i < CountOf(comments); ++i) FollowItem(*comments->GetItem(i));
-    FTable.EnableControls();
   }
   if (!IsInStep()) return Populate();
   UpdateCount();

@@ -6,6 +6,7 @@
 #include "VantrelI18n.h"
 #include "ViewTexts.h"
 #include "uCXUtils.h"
+#include "uTableUpdate.h"
 
 using enum TDataMode;
 
@@ -19,6 +20,19 @@ TValueKind ValueKindOf(const TListField& field) {
 }
 
 }  // namespace
+
+/// Puts the list into a mode that ends with the scope, however it ends.
+class TListPane::TModeScope {
+ public:
+  TModeScope(TDataMode& mode, TDataMode within, TDataMode after) : FMode(mode), FAfter(after) { FMode = within; }
+  TModeScope(const TModeScope&) = delete;
+  TModeScope& operator=(const TModeScope&) = delete;
+  ~TModeScope() { FMode = FAfter; }
+
+ private:
+  TDataMode& FMode;
+  const TDataMode FAfter;
+};
 
 TListPane::TListPane(TGridPaneUi& ui, TListPaneSettings settings) : FUi(ui) {
   auto& grid = FUi.Grid();
@@ -54,13 +68,13 @@ void TListPane::Tell(TListChange change) {
 }
 
 void TListPane::Fill(const std::function<void(TVantrelMemTable&)>& populate) {
-  FMode = dmFill;
-  FTable.DisableControls();
-  populate(FTable);
-  FTable.EnableControls();
+  const TModeScope filling(FMode, dmFill, dmBrowse);
+  {
+    const TTableUpdate update(FTable);
+    populate(FTable);
+  }
   UpdateCount();
   TCXUtils::GotoFirst(FUi.Grid());
-  FMode = dmBrowse;
 }
 
 void TListPane::UpdateCount() {
@@ -69,9 +83,9 @@ void TListPane::UpdateCount() {
 
 void TListPane::SetValues(std::string_view field, const std::function<TVariant(const TVariant&)>& value) {
   const int id = FTable.FieldByName("ID").Index(), index = FTable.FieldByName(field).Index();
-  const auto mode = std::exchange(FMode, dmUpdate);
+  const TModeScope updating(FMode, dmUpdate, FMode);
+  const TTableUpdate update(FTable);
   const int current = FTable.RecNo();
-  FTable.DisableControls();
   for (int record = 0; record < FTable.RecordCount(); ++record) {
     const auto wanted = value(FTable.ValueAt(record, id));
     if (wanted == FTable.ValueAt(record, index)) continue;
@@ -81,22 +95,21 @@ void TListPane::SetValues(std::string_view field, const std::function<TVariant(c
     FTable.Post();
   }
   if (FTable.RecNo() != current) FTable.SetRecNo(current);
-  FTable.EnableControls();
-  FMode = mode;
 }
 
 void TListPane::RestoreLayout(std::string_view layout) {
-  auto& grid = FUi.Grid();
-  FMode = dmFill;
-  if (!layout.empty()) grid.RestoreLayout(layout);
-  const auto& columns = grid.Columns();
-  const auto sorted = std::ranges::find(columns, 0, &TGridColumn::SortIndex);
-  if (sorted != columns.end()) {
-    RememberSortProps(static_cast<int>(sorted - columns.begin()));
-    SortByData();
-    TCXUtils::GotoFirst(grid);
+  {
+    auto& grid = FUi.Grid();
+    const TModeScope filling(FMode, dmFill, dmBrowse);
+    if (!layout.empty()) grid.RestoreLayout(layout);
+    const auto& columns = grid.Columns();
+    const auto sorted = std::ranges::find(columns, 0, &TGridColumn::SortIndex);
+    if (sorted != columns.end()) {
+      RememberSortProps(static_cast<int>(sorted - columns.begin()));
+      SortByData();
+      TCXUtils::GotoFirst(grid);
+    }
   }
-  FMode = dmBrowse;
   Tell(TListChange::Record);
 }
 
@@ -107,7 +120,6 @@ void TListPane::RememberSortProps(int ordinal) {
 
 void TListPane::SortByData() {
   if (FSort.Name.empty()) return;
-  FTable.DisableControls();
+  const TTableUpdate update(FTable);
   FTable.Sort(FSort.Name, FSort.SortOrder == TSortOrder::soDescending);
-  FTable.EnableControls();
 }

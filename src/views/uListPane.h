@@ -73,6 +73,8 @@ class TListPane {
   void RestoreLayout(std::string_view layout);
 
  private:
+  class TModeScope;
+
   void AddField(const TListPaneSettings& settings, const TListField& field);
   void Tell(TListChange change);
   void RememberSortProps(int ordinal);

@@ -161,6 +161,43 @@ TEST_F(GridTest, EscapeTellsWhatItTookBack) {
   EXPECT_EQ(told, "start start reverted start reverted start ");
 }
 
+TEST_F(GridTest, WhatWasSavedIsWhatAnEditGoesBackTo) {
+  const struct {
+    const char *Before, *After;
+    int Saved, Left;
+    bool Refused;
+  } cases[] = {
+      {"2", "x", 103, 103, true}, {"2", "", 103, 103, false}, {"x", "", 101, 101, true}, {"2x", "", 101, 101, true}};
+  for (const auto& [before, after, saved, left, refused] : cases) {
+    FocusCell(1, Grade);
+    Source.Rows[1]->Cells[Grade] = 101;
+    Type(before);
+    Grid.PostEdit();
+    EXPECT_EQ(Grid.Value(1, Grade), TVariant(saved)) << before;
+    Type(after);
+    Grid.PostEdit();
+    EXPECT_EQ(IsRefused(), refused) << before << after;
+    Key(Qt::Key_Escape);
+    EXPECT_EQ(Grid.Value(1, Grade), TVariant(left)) << before << after;
+  }
+}
+
+TEST_F(GridTest, RowsThatAreBuiltAnewPostWhatIsTyped) {
+  Grid.OnEditChanged = nullptr;
+  const std::function<void()> changes[] = {[&] { Grid.LiftFilter(); }, [&] { Grid.ClickHeader(Name, false); },
+                                           [&] { Grid.GroupColumn(Result, 0); }, [&] { Grid.DataChanged(); }};
+  for (const auto& change : changes) {
+    Source.Rows[0]->Cells[Absences] = 5;
+    Grid.FilterByUser(Result, "P", "P");
+    FocusCell(0, Absences);
+    Type("7");
+    ASSERT_EQ(Grid.Value(0, Absences), TVariant(5));
+    change();
+    EXPECT_EQ(Grid.Value(0, Absences), TVariant(7));
+    EXPECT_FALSE(Grid.IsEditing());
+  }
+}
+
 TEST_F(GridTest, VetoAndFixedColumnsOpenNoEditor) {
   int asked = 0;
   Grid.OnEditing = [&](int ordinal) { return ++asked, ordinal != Grade; };

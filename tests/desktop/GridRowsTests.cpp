@@ -75,6 +75,20 @@ TEST_F(GridTest, GroupsOpenAndCloseByKey) {
   EXPECT_EQ(Records().size(), 5U);
   Key(Qt::Key_Right);
   EXPECT_EQ(Grid.View().model()->rowCount(), 5);
+
+  // A closed group opens for the record that is to have the focus, and ends with its grouping.
+  Grid.GroupColumn(Name, 1);
+  for (int row = Grid.View().model()->rowCount(); --row >= 0;) Grid.View().SetGroupClosed(row, true);
+  EXPECT_EQ(Grid.View().model()->rowCount(), 2);
+  EXPECT_EQ(Records(), (std::vector{-1, -1, 0, -1, 2, -1, -1, 1}));
+  Grid.FocusRecord(2);
+  EXPECT_EQ(Grid.FocusedRecord(), 2);
+  EXPECT_EQ(Grid.View().model()->rowCount(), 5);
+  for (const int index : {-1, 0}) {
+    Grid.GroupColumn(Name, -1);
+    Grid.GroupColumn(Result, index);
+  }
+  EXPECT_EQ(Grid.View().model()->rowCount(), 5);
 }
 
 TEST_F(GridTest, LayoutComesBackAndDoubtfulOnesDoNoHarm) {

@@ -50,6 +50,27 @@ TEST_F(GridTest, TabAndEnterGoRoundTheCells) {
   EXPECT_TRUE(Source.Written.empty());
 }
 
+TEST_F(GridTest, WhatIsTypedBehindTheLastRowOverwritesNobody) {
+  FocusCell(2, Grade);
+  Type("2");
+  Key(Qt::Key_Return);
+  Type("11");
+  EXPECT_FALSE(Grid.IsEditing());
+  EXPECT_EQ(Shown(2, Grade), "2");
+  Key(Qt::Key_Return);
+  Type("1");
+  EXPECT_EQ(Shown(2, Grade), "2");
+  Key(Qt::Key_Left);
+  Key(Qt::Key_Right);
+  Type("1");
+  Key(Qt::Key_Return);
+  EXPECT_EQ(Shown(2, Grade), "1");
+  QTest::mouseClick(Grid.View().viewport(), Qt::LeftButton, {},
+                    Grid.View().visualRect(Grid.View().currentIndex()).center());
+  Type("t");
+  EXPECT_EQ(Shown(2, Grade), "tf");
+}
+
 TEST_F(GridTest, TheMenuKeyOffersWhatCanBeDoneWithTheCell) {
   QStringList offered;
   QTimer::singleShot(0, [&] {

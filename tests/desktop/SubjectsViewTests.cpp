@@ -27,10 +27,13 @@ class SubjectsViewTest : public ListViewTest {
   void Press(const TVariant& gradeType) { FView->UpdateFilter(gradeType, TVariant::Null()); }
   void Keys(const std::string& keys) {
     for (const char key : keys) {
-      auto* editor = Grid().IsEditing() ? Grid().View().indexWidget(Grid().View().currentIndex()) : nullptr;
-      auto* widget = editor == nullptr ? &Grid().View() : editor;
+      auto* widget = Keyboard();
       key == '\n' ? QTest::keyClick(widget, Qt::Key_Return) : QTest::keyClick(widget, key);
     }
+  }
+  QWidget* Keyboard() {
+    auto* editor = Grid().IsEditing() ? Grid().View().indexWidget(Grid().View().currentIndex()) : nullptr;
+    return editor == nullptr ? &Grid().View() : editor;
   }
   TCourse& Course(int record) {
     return *FProject->CoursesBySubject(List().Value(List().FocusedRecord(), 0))->GetItem(record);
@@ -230,6 +233,88 @@ TEST_F(SubjectsViewTest, TheListCountsOpenGradesAndF8GoesThroughThem) {
   EXPECT_EQ(FBoxes.Texts.back(), "In dieser Datei sind keine Noten zum Eingeben freigegeben.");
 }
 
+TEST_F(SubjectsViewTest, F8FollowsTheRowsOnShow) {
+  auto* f8 = &FCommands.Add({.Caption = "Offen", .Shortcut = "F8", .OnExecute = [this] { FView->GotoOpenGrade(); }});
+  FWindow.SetRibbon({"Datei", {}, {}, "", {{"Start", "Start", {{"Noten", "Noten", {{f8}}}}}}});
+  const auto go = [this] {
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_F8);
+    return Grid().FocusedRecord();
+  };
+  struct {
+    const char* What;
+    std::function<void()> Arrange;
+    std::vector<int> Way;
+    std::string Told = {};
+  } const cases[] = {
+      {"sorted", [&] { Grid().ClickHeader(Note1, false); }, {1, 4, 8, 10, 11}},
+      {"by value", [&] { Grid().FilterByUser(Note1, TVariant::Null(), "leer"); }, {1, 4, 8, 10, 11}},
+      {"by class", [&] { Grid().FilterByUser(Class, "10c", "10c"); }, {1, 8, 8}, "Ihr Filter verbirgt offene Noten"},
+      {"grouped",
+       [&] {
+         Grid().GroupColumn(Class, 0);
+         Grid().View().SetGroupClosed(0, true);
+         EXPECT_EQ(Grid().FocusedRecord(), -1);
+       },
+       {4, 10, 11, 1, 8}}};
+  Open();
+  const int count = Grid().RecordCount();
+  for (const auto& [what, arrange, way, told] : cases) {
+    FView->GotoFirst();
+    FView->UpdateContent();
+    for (int record = 0; record < count; ++record) Course(record).Note1Id.SetNull();
+    Press(Noten);
+    arrange();
+    for (const int record : way) {
+      EXPECT_EQ(go(), record) << what;
+      EXPECT_EQ(Grid().FocusedColumn(), Note1);
+      if (told.empty() || FBoxes.Texts.empty()) Keys("1");
+    }
+    EXPECT_THAT(FBoxes.Texts, told.empty() ? testing::Matcher<std::vector<std::string>>(testing::IsEmpty())
+                                           : ElementsAre(StartsWith(told)))
+        << what;
+    FBoxes.Texts.clear();
+    EXPECT_EQ(Grid().ShownRows().size(), static_cast<std::size_t>(Grid().View().model()->rowCount())) << what;
+  }
+  for (int i = 0; i < FProject->Classes().Count(); ++i)
+    FProject->Classes().GetItem(i)->SetGradeType(TGradeTypes::gtFill);
+  Press(Punkte);
+  go();
+  EXPECT_THAT(FBoxes.Texts, ElementsAre("In dieser Datei hat kein Schüler diese Beurteilungsart."));
+}
+
+TEST_F(SubjectsViewTest, WhatIsTypedKeepsItsRowInStatusAndExport) {
+  Open();
+  Press(Noten);
+  for (const int record : {1, 4, 8, 10, 11}) Course(record).Note1Id.SetNull();
+  Grid().FilterByUser(Note1, TVariant::Null(), "leer");
+  Keys("1\n");
+  EXPECT_THAT(Records(), ElementsAre(1, 4, 8, 10, 11));
+  EXPECT_THAT(Note(), HasSubstr("1 von 5 eingegeben"));
+  Keys("2");
+  ASSERT_NE(LiftButton(), nullptr);
+  LiftButton()->click();
+  EXPECT_EQ(GradeOf(Course(4)), "2");
+}
+
+TEST_F(SubjectsViewTest, OnlyWhatIsEnteredTellsWhereTheWorkGoesOn) {
+  FProject->Options().Columns().Find("Note2")->Editable = true;
+  Open();
+  Grid().FocusRecord(1);
+  Grid().FocusColumn(Note1 + 1);
+  for (const auto key : {Qt::Key_Delete, Qt::Key_Return}) QTest::keyClick(&Grid().View(), key);
+  const auto begins = [this] {
+    FView->UpdateContent();
+    Press(Noten);
+    QTest::keyClick(&Grid().View(), Qt::Key_Down);
+    return Grid().FocusedColumn();
+  };
+  EXPECT_EQ(begins(), +Note1);
+  Course(Grid().FocusedRecord()).Note2Id.SetAsInt(1);
+  Grid().FocusColumn(Note1 + 1);
+  QTest::keyClick(&Grid().View(), Qt::Key_Delete);
+  EXPECT_EQ(begins(), Note1 + 1);
+}
+
 TEST_F(SubjectsViewTest, TheFocusedGradeColumnIsSummedUp) {
   Open();
   Press(Noten);
@@ -247,7 +332,7 @@ TEST_F(SubjectsViewTest, TheFocusedGradeColumnIsSummedUp) {
     Keys("\n");
   }
   const auto caption = Grid().Columns()[Note1].Caption;
-  EXPECT_EQ(Note(), caption + ": 4 von 5 eingegeben   Durchschnitt 1,67   1: 1, 2: 2, nb: 1");
+  EXPECT_EQ(Note(), "Durchschnitt 1,67   " + caption + ": 4 von 5 eingegeben   1: 1, 2: 2, nb: 1");
   Grid().FocusColumn(Kurs);
   EXPECT_EQ(Note(), "");
   Grid().FocusColumn(Note1);

@@ -59,6 +59,9 @@ inline constexpr const char* FilteredByClass = "Gefiltert nach Klasse";
 inline constexpr const char* ChooseGradeType = "Zum Bearbeiten oben eine Beurteilungsart wählen.";
 inline constexpr const char* NoGradesToEnter = "In dieser Datei sind keine Noten zum Eingeben freigegeben.";
 inline constexpr const char* NoGradesOpen = "Alle Noten dieser Beurteilungsart sind eingegeben.";
+inline constexpr const char* OpenGradesHidden =
+    "Ihr Filter verbirgt offene Noten dieses Faches. Mit „Filter aufheben“ werden sie wieder angezeigt.";
+inline constexpr const char* NoRowOfGradeType = "In dieser Datei hat kein Schüler diese Beurteilungsart.";
 inline constexpr const char* GradesEntered = "{}: {} von {} eingegeben";
 inline constexpr const char* GradesAverage = "Durchschnitt {}";
 inline constexpr const char* GradesShare = "{}: {}";
