@@ -38,6 +38,7 @@ class TBox : public QMessageBox {
  public:
   explicit TBox(QWidget* parent) : QMessageBox(parent) {}
   bool Closable = false;
+  QPushButton* AnswerOfEscape = nullptr;  ///< where it is not closable; null for none
 
  protected:
   void closeEvent(QCloseEvent* event) override {
@@ -47,6 +48,7 @@ class TBox : public QMessageBox {
   void keyPressEvent(QKeyEvent* event) override {
     if (Closable || event->key() != Qt::Key_Escape) return QMessageBox::keyPressEvent(event);
     event->accept();
+    if (AnswerOfEscape != nullptr) AnswerOfEscape->click();
   }
 };
 
@@ -90,6 +92,7 @@ void AddButtons(TBox& shown, const TVantrelMsgBox& box) {
     button->setText(UserText(ButtonOf(result).Text));
     if (++place == box.DefaultButton()) shown.setDefaultButton(button);
     if (result == mbrCancel) shown.setEscapeButton(button);
+    if (result == mbrNo && box.EscapeIsNo()) shown.AnswerOfEscape = button;
   }
   if (box.HelpButton()) {
     auto* help = AddHelpButton(shown, box.HelpContext());

@@ -136,7 +136,8 @@ void TGridView::FitRow(int row) {
     if (isColumnHidden(column) || FModel.Data().Column(column).Editor.ValueKind != TValueKind::Text) continue;
     const QString text = ShownPart(FModel.Data().DisplayText(FModel.RecordAt(row), column));
     const QRect area = TGridDelegate::TextArea(QRect(0, 0, columnWidth(column) - line, 10000));
-    if (!text.contains('\n') && fontMetrics().horizontalAdvance(text) <= area.width()) continue;
+    // An advance is rounded: only what is narrower by a pixel surely stands in one line.
+    if (!text.contains('\n') && fontMetrics().horizontalAdvance(text) < area.width()) continue;
     height = std::max(height, fontMetrics().boundingRect(area, TGridDelegate::Wrapping, text).height());
   }
   auto* rows = verticalHeader();

@@ -32,7 +32,9 @@ bool FileIsThere(const std::string& path) {
 }
 
 TVantrelMsgBoxResult AskToSave() {
-  return MsgBoxAsk(ResourceText(ShellTexts::NoteCaption), ResourceText(ShellTexts::SaveQuestion));
+  // No costs the entries: that takes more than Escape.
+  return MsgBoxAsk(ResourceText(ShellTexts::NoteCaption), ResourceText(ShellTexts::SaveQuestion), false,
+                   TVantrelMsgBoxParent::mbpActiveWindow, 2, false);
 }
 
 /// The whole name for one that was chosen in the save dialog: without final dots, of a kind of its own or of the usual.

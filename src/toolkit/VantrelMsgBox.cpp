@@ -51,13 +51,15 @@ TVantrelMsgBoxResult TVantrelMsgBox::Show(std::string text) {
 namespace {
 
 TVantrelMsgBoxResult ShowBox(TVantrelMsgBoxIcon icon, TVantrelMsgBoxBtns buttons, std::string_view caption,
-                             std::string_view text, TVantrelMsgBoxParent parent, int defaultButton = 1) {
+                             std::string_view text, TVantrelMsgBoxParent parent, int defaultButton = 1,
+                             bool escapeIsNo = false) {
   const auto box = CreateVantrel<TVantrelMsgBox>();
   box->SetIcon(icon);
   box->SetButtons(buttons);
   box->SetCaption(caption);
   box->SetDefaultButton(defaultButton);
   box->SetParent(parent);
+  box->SetEscapeIsNo(escapeIsNo);
   box->MsgText() = {std::string(text)};
   return box->Execute();
 }
@@ -77,6 +79,8 @@ void MsgBoxInfo(std::string_view caption, std::string_view text, TVantrelMsgBoxP
 }
 
 TVantrelMsgBoxResult MsgBoxAsk(std::string_view caption, std::string_view text, bool withCancel,
-                               TVantrelMsgBoxParent parent, int defaultButton) {
-  return ShowBox(mbiQuestion, withCancel ? mbbYesNoCancel : mbbYesNo, caption, text, parent, defaultButton);
+                               TVantrelMsgBoxParent parent, int defaultButton, bool escapeIsNo) {
+  const bool defaultsToNo = defaultButton == 2;
+  return ShowBox(mbiQuestion, withCancel ? mbbYesNoCancel : mbbYesNo, caption, text, parent, defaultButton,
+                 escapeIsNo && defaultsToNo);
 }

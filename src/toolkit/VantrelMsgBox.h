@@ -58,6 +58,9 @@ class TVantrelMsgBox : public TVantrelObject {
   /// The window whose box it is, for mbpOwner; none if it is no window's.
   TVantrelPlacedWindow* Owner() const { return FOwner; }
   void SetOwner(TVantrelPlacedWindow* value) { FOwner = value; }
+  /// Whether Escape answers No where there is no Cancel: only where No leaves everything as it is.
+  bool EscapeIsNo() const { return FEscapeIsNo; }
+  void SetEscapeIsNo(bool value) { FEscapeIsNo = value; }
   /// What is shown: the lines of MsgText, with the format arguments of Execute.
   const std::string& ShownText() const { return FShownText; }
 
@@ -75,6 +78,7 @@ class TVantrelMsgBox : public TVantrelObject {
   static TVantrelMsgBoxPort* FPort;
 
   TVantrelMsgBoxBtns FButtons = TVantrelMsgBoxBtns::mbbOK;
+  bool FEscapeIsNo = false;
   std::string FCaption = ResourceText(ToolkitTexts::MsgBoxError);
   int FDefaultButton = 1;
   bool FHelpButton = false;
@@ -92,7 +96,8 @@ void MsgBoxWarning(std::string_view caption, std::string_view text,
                    TVantrelMsgBoxParent parent = TVantrelMsgBoxParent::mbpActiveWindow);
 void MsgBoxInfo(std::string_view caption, std::string_view text,
                 TVantrelMsgBoxParent parent = TVantrelMsgBoxParent::mbpActiveWindow);
-/// A question with Yes and No, and Cancel if asked for. The default button is No unless told otherwise.
+/// A question with Yes and No, and Cancel if asked for. The default button is No unless told otherwise, and so is the
+/// answer of Escape where there is no Cancel; `escapeIsNo` is false for a question whose No costs something.
 TVantrelMsgBoxResult MsgBoxAsk(std::string_view caption, std::string_view text, bool withCancel = false,
                                TVantrelMsgBoxParent parent = TVantrelMsgBoxParent::mbpActiveWindow,
-                               int defaultButton = 2);
+                               int defaultButton = 2, bool escapeIsNo = true);

@@ -38,7 +38,16 @@ TEST_F(ClassesViewTest, ShowsARowPerStudentAndAColumnPerSubject) {
   EXPECT_EQ(Cell(0, "Beurteilung"), course.Beurteilung);
   EXPECT_EQ(GotoStates(), (std::vector{false, false, true, true}));
   EXPECT_TRUE(FFrame.ExportToExcelCommand.Enabled());
+  Grid().SetFocus();
+  for (const QChar letter : QString::fromStdString(Cell(2, "Nachname"))) {
+    QKeyEvent key(QEvent::KeyPress, 0, Qt::NoModifier, letter);
+    QApplication::sendEvent(&Grid().View(), &key);
+  }
+  EXPECT_EQ(Grid().FocusedRecord(), 2);
   EXPECT_FALSE(FFrame.EditZeugnisbeurteilungenCommand.Enabled() || TypeInto(Grid(), 4, "1"));
+  std::vector<bool> frozen;
+  for (const auto& column : Grid().Columns()) frozen.push_back(column.Frozen);
+  EXPECT_EQ(frozen, (std::vector{true, true, true, false, false, false, false, false, false, false}));
   FView->GotoLast();
   EXPECT_EQ(Grid().FocusedRecord(), 3);
   EXPECT_EQ(GotoStates(), (std::vector{true, true, false, false}));

@@ -49,7 +49,8 @@ inline QStringList MenuOf(TDesktopGrid& grid) {
   QTimer::singleShot(0, [&] {
     auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
     ASSERT_NE(menu, nullptr);
-    for (const auto* action : menu->actions()) offered << action->text();
+    for (const auto* action : menu->actions())
+      if (action->isEnabled()) offered << action->text();
     menu->close();
   });
   QContextMenuEvent event(QContextMenuEvent::Keyboard, QPoint(), QPoint());

@@ -297,6 +297,7 @@ TEST_F(ListTest, SortsByTheClickedColumnAlone) {
     return std::vector{Grid.Columns()[0].SortOrder != TGridSortOrder::None,
                        Grid.Columns()[1].SortOrder != TGridSortOrder::None};
   };
+  EXPECT_FALSE(MenuOf(Grid).contains("Sortierung aufheben"));
   Grid.ClickHeader(0, true);
   Grid.ClickHeader(1, true);
   EXPECT_EQ(arrows(), (std::vector{true, true}));

@@ -134,14 +134,18 @@ TEST_F(GridTest, TextsKeepEveryCharacterThatTheUserLeftAlone) {
 TEST_F(GridTest, RowsHaveRoomForWrappedTextsAtEveryWidth) {
   FollowContent();
   const int ordinal = AddColumn({"text", "Beurteilung"}, "Arbeitet selbstständig, sorgfältig und stets hilfsbereit");
+  Source.Rows[1]->Cells[static_cast<std::size_t>(ordinal)] = "Arda Maximilian";
+  Source.Rows[2]->Cells[static_cast<std::size_t>(ordinal)] = "Ella Mia Willkommen";
   for (int width = 60; width < 260; ++width) {
     Grid.SetColumnWidth(ordinal, width);
     Grid.View().FitRows();
-    const QRect cell = Grid.View().visualRect(Grid.View().model()->index(0, ordinal));
-    const QRect area = TGridDelegate::TextArea(cell);
-    const auto text = Grid.View().fontMetrics().boundingRect(area.adjusted(0, 0, 0, 9999), TGridDelegate::Wrapping,
-                                                             FromUtf8(Shown(0, ordinal)));
-    ASSERT_LE(text.height(), cell.height()) << width;
+    for (int row = 0; row < 3; ++row) {
+      const QRect cell = Grid.View().visualRect(Grid.View().model()->index(row, ordinal));
+      const QRect area = TGridDelegate::TextArea(cell);
+      const auto text = Grid.View().fontMetrics().boundingRect(area.adjusted(0, 0, 0, 9999), TGridDelegate::Wrapping,
+                                                               FromUtf8(Shown(row, ordinal)));
+      ASSERT_LE(text.height(), cell.height()) << width;
+    }
   }
   // Lines end between words.
   const auto metrics = Grid.View().fontMetrics();
@@ -162,6 +166,8 @@ TEST_F(GridTest, TheDropDownFollowsTheWindowAndMarksTheRowUnderTheMouse) {
   Grid.move(Grid.pos() + QPoint(40, 30));
   EXPECT_TRUE(isBelow());
   EXPECT_EQ(list.width(), wide);
+  Grid.View().move(Grid.View().pos() + QPoint(0, 25));
+  EXPECT_TRUE(isBelow());
   const QPoint third = list.visualItemRect(list.topLevelItem(2)).center();
   const auto ground = [&] { return list.viewport()->grab().toImage().pixelColor(third.x(), third.y() - 6); };
   const QColor before = ground();

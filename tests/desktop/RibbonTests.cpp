@@ -11,7 +11,8 @@
 class RibbonTest : public testing::Test {
  protected:
   RibbonTest() {
-    TRibbonDescription description{"Datei", {{Add("Öff&nen...", "", "Ctrl+O")}}, {Add("Beenden")}, "Dokumente", {}};
+    TRibbonDescription description{
+        "Datei", {{Add("Öff&nen...", "", "Ctrl+O")}}, {Add("Beenden", "", "F12")}, "Dokumente", {}};
     description.Tabs = {{"Start", "Start", {Group("A", "", true), Group("B", "radio", false), Group("C", "", true)}},
                         {"Hilfe", "Hilfe", {Group("D", "", true)}}};
     Window.SetRibbon(description);
@@ -134,6 +135,17 @@ TEST_F(RibbonTest, KeyTipsReachEveryCommand) {
   QTest::keyClick(&Window, Qt::Key_Alt);
   QTest::keyClick(&Window, Qt::Key_Escape);
   EXPECT_FALSE(Ribbon().KeyTips().IsShown());
+
+  // Other shortcuts go through.
+  for (const auto& [key, modifiers] :
+       {std::pair(Qt::Key_F12, Qt::KeyboardModifiers()), {Qt::Key_O, Qt::ControlModifier}}) {
+    Executed.clear();
+    QTest::keyClick(&Window, Qt::Key_Alt);
+    ASSERT_TRUE(Ribbon().KeyTips().IsShown());
+    QTest::keyClick(&Window, key, modifiers);
+    EXPECT_EQ(Executed.size(), 1U);
+    EXPECT_FALSE(Ribbon().KeyTips().IsShown());
+  }
 }
 
 TEST_F(RibbonTest, AKeyTipNeverChangesItsMeaning) {

@@ -1,3 +1,4 @@
+#include "ElidedLabel.h"
 #include "ListViewFixture.h"
 #include "fSubjectsView.h"
 
@@ -126,6 +127,10 @@ TEST_F(SubjectsViewTest, FilterAndLayoutStayOverSubjectsAndTheUsersOwnFilterOver
   Open();
   Press(Noten);
   EXPECT_EQ(LiftButton(), nullptr);
+  EXPECT_TRUE(std::ranges::any_of(FWindow.findChildren<QLabel*>(), [](QLabel* label) {
+    const auto* line = dynamic_cast<TElidedLabel*>(label);
+    return line != nullptr && line->isVisible() && line->ShownText() == "Gefiltert nach Noten, 5 von 12";
+  }));
   Grid().FilterByUser(Class, "10c", "Klasse: 10c");
   EXPECT_THAT(Records(), ElementsAre(1, 8));
   Press(Punkte);
@@ -193,9 +198,14 @@ TEST_F(SubjectsViewTest, EnterGoesDownInGradeColumnsOnly) {
 }
 
 TEST_F(SubjectsViewTest, WhatGoesWrongAtTheBeginningIsTold) {
-  FProject->Courses().GetItem(1)->SubjectId.Value = "abc";
+  const auto id = std::exchange(FProject->Courses().GetItem(3)->SubjectId.Value, "abc");
   Open();
   EXPECT_THAT(FBoxes.Texts, ElementsAre(HasSubstr("abc")));
+  // The list goes on.
+  FProject->Courses().GetItem(3)->SubjectId.Value = id;
+  List().FocusRecord(0);
+  EXPECT_EQ(Title(), Course(0).SubjectName);
+  EXPECT_GT(Grid().RecordCount(), 0);
 }
 
 TEST_F(SubjectsViewTest, TheListCountsOpenGradesAndF8GoesThroughThem) {

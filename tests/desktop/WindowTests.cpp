@@ -17,6 +17,7 @@
 #include "DesktopMsgBox.h"
 #include "DesktopStudentsView.h"
 #include "DesktopWelcomeView.h"
+#include "ElidedLabel.h"
 #include "MsgBoxes.h"
 #include "Testing.h"
 
@@ -74,9 +75,33 @@ TEST(DesktopMsgBox, AnswersOnlyByItsButtons) {
     QTest::keyClick(&box, Qt::Key_J, Qt::AltModifier);
     if (box.isVisible()) ButtonOf(box, "Ja")->click();
   });
-  EXPECT_EQ(MsgBoxAsk("Hinweis", "Speichern? <b>&amp;"), mbrYes);
+  EXPECT_EQ(MsgBoxAsk("Hinweis", "Speichern? <b>&amp;", false, TVantrelMsgBoxParent::mbpActiveWindow, 2, false),
+            mbrYes);
+  for (const auto& [defaultButton, answer] : {std::pair(2, mbrNo), {1, mbrYes}}) {
+    InDialog<QMessageBox>([](QMessageBox& box) {
+      QTest::keyClick(&box, Qt::Key_Escape);
+      if (box.isVisible()) ButtonOf(box, "Ja")->click();
+    });
+    EXPECT_EQ(MsgBoxAsk("Hinweis", "Ersetzen?", false, TVantrelMsgBoxParent::mbpActiveWindow, defaultButton), answer);
+  }
   InDialog<QMessageBox>([](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Escape); });
   EXPECT_EQ(MsgBoxAsk("Hinweis", "Speichern?", true), mbrCancel);
+}
+
+TEST(DesktopLabels, EndAtAWholeWordAndKeepWhatCounts) {
+  const struct {
+    const char *LastPart, *Text, *Room, *Shown;
+  } cases[] = {{", ", "Filter: Klasse: 9a, 3 von 12", "Filter: Klasse: 9a, 3 von 12", "Filter: Klasse: 9a, 3 von 12"},
+               {", ", "Filter: Klasse: 9a, 3 von 12", "Filter: Klasse…, 3 von 12", "Filter:…, 3 von 12"},
+               {"", "Durchschnitt 2,88   Note: 8 von 8", "Durchschnitt 2,88   Not…", "Durchschnitt 2,88…"}};
+  for (const auto& [lastPart, text, room, shown] : cases) {
+    TElidedLabel label(lastPart);
+    label.setText(text);
+    label.resize(label.fontMetrics().horizontalAdvance(room), 20);
+    EXPECT_EQ(label.ShownText(), shown);
+    EXPECT_GE(label.sizeHint().width(), label.fontMetrics().horizontalAdvance(text));
+    EXPECT_EQ(label.minimumSizeHint().width(), 0);
+  }
 }
 
 TEST(DesktopMsgBox, StandsOverItsParentAndHelps) {

@@ -1,6 +1,10 @@
+#include <limits>
+#include <map>
+
 #include "SampleProjectTest.h"
 #include "mLookup.h"
 #include "uDataSource.h"
+#include "uGradeStatistics.h"
 
 namespace {
 
@@ -36,18 +40,39 @@ TEST_F(DataSourceTest, RowsAreThoseOfTheListWhichGoesWithTheSource) {
 }
 
 TEST_F(DataSourceTest, OrdinalsReadTheirFields) {
-  Course().ZusatzNote9Id.SetAsInt(1009);
-  Course().Bestanden = "P";
-  Course().Position.SetNull();
-  for (const auto& [ordinal, expected] : std::vector<std::pair<int, TVariant>>{
-           {0, Course().Name()}, {1, "Fr"}, {2, TVariant::Null()}, {3, 0.5}, {17, 1}, {28, 1009}, {33, "P"}}) {
-    EXPECT_EQ(Value(FStudents, ordinal), expected) << ordinal;
-    EXPECT_EQ(Value(FSubjects, ordinal == 0 ? 0 : ordinal + 6), expected) << ordinal;
+  const std::pair<int, TMyTessaronInteger TCourse::*> numbers[] = {
+      {2, &TCourse::Position},       {8, &TCourse::Note1Id},        {9, &TCourse::Note2Id},
+      {10, &TCourse::Note3Id},       {11, &TCourse::Note4Id},       {12, &TCourse::Note5Id},
+      {13, &TCourse::Endnote1Id},    {14, &TCourse::Endnote2Id},    {17, &TCourse::Mahnung},
+      {20, &TCourse::ZusatzNote1Id}, {21, &TCourse::ZusatzNote2Id}, {22, &TCourse::ZusatzNote3Id},
+      {23, &TCourse::ZusatzNote4Id}, {24, &TCourse::ZusatzNote5Id}, {25, &TCourse::ZusatzNote6Id},
+      {26, &TCourse::ZusatzNote7Id}, {27, &TCourse::ZusatzNote8Id}, {28, &TCourse::ZusatzNote9Id},
+      {29, &TCourse::VornoteId},     {30, &TCourse::VergesseneHA},  {31, &TCourse::VergesseneAM}};
+  const std::pair<int, std::string TCourse::*> texts[] = {
+      {1, &TCourse::SubjectToken}, {4, &TCourse::Unterrichtsart}, {5, &TCourse::Fachstatus}, {6, &TCourse::Schwerpunkt},
+      {7, &TCourse::Niveau},       {15, &TCourse::Beurteilung},   {16, &TCourse::Merkmal},   {18, &TCourse::Tutor},
+      {19, &TCourse::Fachlehrer},  {32, &TCourse::Leistungsart},  {33, &TCourse::Bestanden}};
+  std::map<int, TVariant> expected = {{3, 0.5}};
+  for (const auto& [ordinal, field] : numbers) {
+    (Course().*field).SetAsInt(100 + ordinal);
+    expected[ordinal] = 100 + ordinal;
   }
+  for (const auto& [ordinal, field] : texts) expected[ordinal] = Course().*field = "Text " + std::to_string(ordinal);
+  expected[0] = Course().Name();
+  EXPECT_EQ(expected.size(), 34U);
+  for (const auto& [ordinal, value] : expected) {
+    EXPECT_EQ(Value(FStudents, ordinal), value) << ordinal;
+    EXPECT_EQ(Value(FSubjects, ordinal == 0 ? 0 : ordinal + 6), value) << ordinal;
+  }
+  Course().Position.SetNull();
+  EXPECT_TRUE(Value(FStudents, 2).IsNull());
   const auto* schoolClass = FProject->Classes().Find(Course().Student->ClassId.Value);
   ASSERT_NE(schoolClass, nullptr);
   EXPECT_EQ(Value(FSubjects, 1), TVariant(static_cast<int>(schoolClass->GradeType())));
   EXPECT_EQ(Value(FSubjects, 2), TVariant("Köhler"));
+  EXPECT_EQ(Value(FSubjects, 3), TVariant(Course().Student->Vorname));
+  EXPECT_EQ(Value(FSubjects, 4), Course().Student->Geburtsdatum.Value);
+  EXPECT_EQ(Value(FSubjects, 5), TVariant(Course().Student->Personalnummer));
   EXPECT_EQ(Value(FSubjects, 6), TVariant(schoolClass->Token));
   EXPECT_EQ(Value(FSubjects, 40), GetGradeTypeName(schoolClass->GradeType()));
 
@@ -57,6 +82,41 @@ TEST_F(DataSourceTest, OrdinalsReadTheirFields) {
     TVariant value = "old";
     source->GetValue(nullptr, 99, value);
     EXPECT_TRUE(value.IsNull());
+  }
+}
+
+TEST_F(DataSourceTest, GradesAreCountedSharedOutAndAveraged) {
+  auto& grades = FProject->Noten();
+  int id = 9000;
+  const auto add = [&](const char* token, float value, TGradeTypes type) {
+    grades.AddNote(id++, token, "", value, type);
+  };
+  using enum TGradeTypes;
+  const float nan = std::numeric_limits<float>::quiet_NaN();
+  const std::pair<const char*, float> values[] = {{"1-", 1.3F}, {"2+", 1.7F}, {"2-", 2.3F}, {"3-", 3.3F},
+                                                  {"3", 3.0F},  {"5+", 4.7F}, {"5", 5.0F},  {"z", 0.0F}};
+  for (const auto& [token, value] : values) add(token, value, gtValue);
+  add("neg", -1, gtValue), add("nan", nan, gtValue), add("15", 15, gtPoints), add("nb", 6, gtFill);
+  enum { OneMinus = 9000, TwoPlus, TwoMinus, ThreeMinus, Three, FivePlus, Five, Zero, Negative, Nan, Points, Fill };
+  const struct {
+    std::vector<TVariant> Ids;
+    int Count;
+    std::optional<double> Average;
+    const char* Shares;
+  } cases[] = {{{}, 0, {}, ""},
+               {{TVariant::Null(), 4711, Fill}, 2, {}, "nb1 "},
+               {{TwoPlus, Five, Three, OneMinus, TwoMinus, TwoPlus, ThreeMinus, FivePlus, Fill},
+                9,
+                2.88,
+                "1-1 2+2 2-1 31 3-1 5+1 51 nb1 "},
+               {{Zero, Three, Negative, Nan}, 4, 1.5, "nan1 neg1 z1 31 "},
+               {{Zero, Zero, Zero, Zero, Zero, Zero, Zero, Five}, 8, 0.63, "z7 51 "},
+               {{Three, Points}, 2, {}, "31 151 "}};
+  for (const auto& [ids, count, average, shares] : cases) {
+    const auto statistics = GradeStatisticsOf(grades, ids);
+    std::string told;
+    for (const auto& [token, times] : statistics.Distribution) told += token + std::to_string(times) + " ";
+    EXPECT_EQ(std::tuple(statistics.Count, statistics.Average, told), std::tuple(count, average, shares));
   }
 }
 
