@@ -109,6 +109,7 @@ TEST_F(FieldFormTest, EachKindTakesWhatIsTypedAndEscapeTakesItBack) {
                {"moved", "J", "n", "N"},
                {"moved", "J", "x\b", "J"}};
   for (const auto& [key, before, typed, after] : cases) {
+    Editor(key == std::string_view("days") ? "moved" : "days");
     Form->SetValue(key, before);
     Told.clear();
     auto& editor = Editor(key);
