@@ -2,6 +2,7 @@
 
 #include <QContextMenuEvent>
 #include <QHeaderView>
+#include <QKeyEvent>
 #include <QPainter>
 #include <QResizeEvent>
 #include <QScrollBar>
@@ -232,7 +233,14 @@ void TGridView::selectAll() {
 }
 
 QItemSelectionModel::SelectionFlags TGridView::selectionCommand(const QModelIndex& index, const QEvent* event) const {
-  const auto command = QTableView::selectionCommand(index, event);
+  auto command = QTableView::selectionCommand(index, event);
+  if (event != nullptr && event->type() == QEvent::KeyPress && selectionMode() == ExtendedSelection) {
+    const auto& key = static_cast<const QKeyEvent&>(*event);
+    const bool jumps = key.key() == Qt::Key_Home || key.key() == Qt::Key_End;
+    // To the first and the last row as with the arrows: what has the frame is what is deleted.
+    if (jumps && key.modifiers() == Qt::ControlModifier)
+      command = QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows;
+  }
   FSelectsRange = command.testFlag(QItemSelectionModel::Current);
   return command;
 }

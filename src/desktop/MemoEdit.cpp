@@ -89,5 +89,8 @@ void TMemoEdit::keyPressEvent(QKeyEvent* event) {
     textCursor().insertBlock();
     return ensureCursorVisible();
   }
+  // Alt and a letter that is bound to nothing is no text.
+  const auto modifiers = event->modifiers() & (Qt::AltModifier | Qt::ControlModifier);
+  if (modifiers == Qt::AltModifier && !event->text().isEmpty()) return event->ignore();
   QPlainTextEdit::keyPressEvent(event);
 }

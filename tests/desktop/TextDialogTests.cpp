@@ -68,8 +68,16 @@ TEST_F(TextDialogTest, RowsAreAddedInTheOrderOfTheClicks) {
     Key(Qt::Key_Return);
     EXPECT_TRUE(FDialog->isVisible());
     EXPECT_EQ(ItemText(TTextDialogItem::PositionEdit), "7");
+    Click(2);
+    Key(Qt::Key_Home, Qt::ControlModifier);
+    Key(Qt::Key_Down);
+    Key(Qt::Key_Home, Qt::ControlModifier);
+    EXPECT_EQ(Catalog().SelectedCount(), 1);
+    EXPECT_EQ(Catalog().SelectedRecord(0), 0) << "what has the frame is selected";
     Click(1);
     Press("Hinzufügen");
+    Memo().setFocus();
+    Key(Qt::Key_X, Qt::AltModifier);
     SaveAndClose();
   }));
   EXPECT_EQ(FText, "Dritte Bemerkung\r\nZweite\r\nBemerkung\r\nErste Bemerkung\r\nZweite\r\nBemerkung");
