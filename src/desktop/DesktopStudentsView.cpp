@@ -1,5 +1,6 @@
 #include "DesktopStudentsView.h"
 
+#include <QScrollArea>
 #include <QShortcut>
 #include <QSignalBlocker>
 #include <QTabBar>
