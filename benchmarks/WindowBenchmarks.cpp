@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QTest>
+#include <QTimer>
 
 #include "DesktopDialogs.h"
 #include "DesktopGrid.h"
