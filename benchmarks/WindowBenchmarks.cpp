@@ -97,7 +97,8 @@ class TProgram {
   }
   TDesktopGrid& Grid(bool list) {
     for (auto* widget : Window.findChildren<QWidget*>())
-      if (auto* grid = dynamic_cast<TDesktopGrid*>(widget); grid != nullptr && grid->Options().ReadOnly == list)
+      if (auto* grid = dynamic_cast<TDesktopGrid*>(widget);
+          grid != nullptr && grid->isVisible() && grid->Options().ReadOnly == list)
         return *grid;
     throw std::logic_error("no view with such a grid is on show");
   }
