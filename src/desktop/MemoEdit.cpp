@@ -89,6 +89,8 @@ void TMemoEdit::keyPressEvent(QKeyEvent* event) {
     textCursor().insertBlock();
     return ensureCursorVisible();
   }
+  // Not every desktop has this key for it.
+  if (event->key() == Qt::Key_Y && event->modifiers() == Qt::ControlModifier) return redo();
   // Alt and a letter that is bound to nothing is no text.
   const auto modifiers = event->modifiers() & (Qt::AltModifier | Qt::ControlModifier);
   if (modifiers == Qt::AltModifier && !event->text().isEmpty()) return event->ignore();

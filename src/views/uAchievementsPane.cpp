@@ -23,7 +23,7 @@ TAchievementsPane::TAchievementsPane(TGridPaneUi& ui, TLookupTables& lookups, co
 }
 
 TAchievementsPane::~TAchievementsPane() {
-  if (FSettings.FreesGrades) FLookups.Grades.SetFiltered(false);
+  FLookups.Grades.SetFiltered(false);
   FLookups.Grades.SetOnFilterRecord(nullptr);
 }
 

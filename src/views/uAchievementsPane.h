@@ -26,8 +26,6 @@ struct TAchievementsSettings {
   TKeptRow::TKey KeptBy = nullptr;
   /// The lookups of the grades follow the focused row; else they follow the content.
   bool GradesFollowRow = false;
-  /// The lookups of the grades offer all of them again when the pane goes.
-  bool FreesGrades = true;
 };
 
 /// The grid of courses in which grades are entered: its columns and which of them may be edited, what they keep when

@@ -26,8 +26,7 @@ TEST_F(StudentsViewTest, ThePaneServesTheCoursesOfOneSubjectToo) {
                                        .SortsByCase = true,
                                        .FitsColumns = true,
                                        .KeptBy = StudentOf,
-                                       .GradesFollowRow = true,
-                                       .FreesGrades = false});
+                                       .GradesFollowRow = true});
     pane->MayEdit = [&] { return mayEdit; };
     pane->AcceptedGradeTypes = [&]() -> std::vector<TGradeTypes> {
       const auto* course = pane->FocusedCourse();
@@ -79,7 +78,7 @@ TEST_F(StudentsViewTest, ThePaneServesTheCoursesOfOneSubjectToo) {
     ui.OnFit();
     EXPECT_LT(grid.Columns()[note].Width, 300);
   }
-  EXPECT_TRUE(FLookups.OfOpen().Grades.Filtered());
+  EXPECT_FALSE(FLookups.OfOpen().Grades.Filtered());
   FLookups.OfOpen().Grades.SetFiltered(false);
 }
 
