@@ -6,6 +6,7 @@
 #include "VantrelExceptions.h"
 #include "VantrelI18n.h"
 #include "VantrelText.h"
+#include "VantrelTextParts.h"
 
 namespace {
 using enum TVantrelTypeKind;
@@ -39,11 +40,6 @@ bool TakesValue(TVantrelTypeKind kind, const TVantrelPropertyValue& value) {
   }
 }
 
-std::string_view Trimmed(std::string_view text, std::string_view characters) {
-  const std::size_t first = text.find_first_not_of(characters);
-  if (first == std::string_view::npos) return {};
-  return text.substr(first, text.find_last_not_of(characters) - first + 1);
-}
 }  // namespace
 
 void RaisePropertyAccess() {

@@ -1,10 +1,10 @@
 #include "VantrelTextWriters.h"
 
 #include "VantrelText.h"
+#include "VantrelTextParts.h"
 
 namespace {
 constexpr std::string_view LineBreak = "\r\n";
-constexpr std::string_view ByteOrderMark = "\xEF\xBB\xBF";
 }  // namespace
 
 TVantrelTextWriter::TVantrelTextWriter(TVantrelStream& stream, int bufferSize, bool writeBom,

@@ -120,6 +120,8 @@ std::int32_t HashOfValue(std::int64_t value);
 template <class T>
 class TVantrelHolder : public TVantrelType {
  public:
+  explicit TVantrelHolder(bool isOwner = false) : TVantrelHolder(nullptr, isOwner) {}
+  explicit TVantrelHolder(T* value, bool isOwner = false) : FValue(value), FOwner(isOwner) {}
   ~TVantrelHolder() override { TVantrelHolder::Clear(); }
 
   T* Value() const { return FValue; }
@@ -137,8 +139,6 @@ class TVantrelHolder : public TVantrelType {
   }
 
  protected:
-  TVantrelHolder(T* value, bool isOwner) : FValue(value), FOwner(isOwner) {}
-
   T* FValue;
   bool FOwner;
 };
@@ -146,8 +146,7 @@ class TVantrelHolder : public TVantrelType {
 /// Holds an object, owned or not.
 class TVantrelReference final : public TVantrelHolder<TVantrelObject> {
  public:
-  explicit TVantrelReference(bool isOwner = false) : TVantrelHolder(nullptr, isOwner) {}
-  explicit TVantrelReference(TVantrelObject* value, bool isOwner = false) : TVantrelHolder(value, isOwner) {}
+  using TVantrelHolder::TVantrelHolder;
 
   /// The value, which leaves the holder only if it was owned.
   TVantrelObject* Extract();
@@ -161,8 +160,7 @@ class TVantrelReference final : public TVantrelHolder<TVantrelObject> {
 /// Holds a stream of bytes, owned or not.
 class TVantrelBinary final : public TVantrelHolder<TVantrelMemoryStream> {
  public:
-  explicit TVantrelBinary(bool isOwner = false) : TVantrelHolder(nullptr, isOwner) {}
-  explicit TVantrelBinary(TVantrelMemoryStream* stream, bool isOwner = false) : TVantrelHolder(stream, isOwner) {}
+  using TVantrelHolder::TVantrelHolder;
 
   /// The stream, which leaves the holder in any case.
   TVantrelMemoryStream* Extract();

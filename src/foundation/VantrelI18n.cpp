@@ -11,25 +11,16 @@
 #include "VantrelResources.h"
 #include "VantrelSafeSave.h"
 #include "VantrelText.h"
+#include "VantrelTextParts.h"
 
 namespace {
 constexpr std::string_view Section = "[Dictionary]";
-constexpr std::string_view ByteOrderMark = "\xEF\xBB\xBF";
 constexpr std::string_view LineBreak = "\r\n";
 
 void ReplaceAll(std::string& text, std::string_view from, std::string_view to) {
   for (auto at = text.find(from); at != std::string::npos; at = text.find(from, at + to.size())) {
     text.replace(at, from.size(), to);
   }
-}
-
-/// The next line, without its break.
-std::string_view TakeLine(std::string_view& text) {
-  const auto end = std::min(text.find('\n'), text.size());
-  std::string_view line = text.substr(0, end);
-  text.remove_prefix(std::min(end + 1, text.size()));
-  if (line.ends_with('\r')) line.remove_suffix(1);
-  return line;
 }
 
 std::uint32_t TextToKey(std::string_view name) {

@@ -10,6 +10,7 @@
 #include "FoundationTexts.h"
 #include "VantrelExceptions.h"
 #include "VantrelI18n.h"
+#include "VantrelTextParts.h"
 
 namespace {
 constexpr int SignificantDigits = 15;
@@ -17,13 +18,6 @@ constexpr double IntegerLimit = 1e15;
 constexpr int SmallestDecimalExponent = -5;
 
 enum class TPrecision { FifteenDigits, Exact };
-
-std::string_view Trimmed(std::string_view text) {
-  const auto isBlank = [](char c) { return static_cast<unsigned char>(c) <= ' '; };
-  while (!text.empty() && isBlank(text.front())) text.remove_prefix(1);
-  while (!text.empty() && isBlank(text.back())) text.remove_suffix(1);
-  return text;
-}
 
 char* Put(std::string_view text, char* out) {
   std::memcpy(out, text.data(), text.size());
@@ -98,7 +92,7 @@ std::optional<double> ParsePointFloat(std::string_view text) {
 }
 
 std::optional<double> ParseFloat(std::string_view text) {
-  const std::string_view trimmed = Trimmed(text);
+  const std::string_view trimmed = Trimmed(text, IsBlank);
   if (trimmed.find(',') == std::string_view::npos) return ParsePointFloat(trimmed);
   std::string points(trimmed);
   std::replace(points.begin(), points.end(), ',', '.');
@@ -115,7 +109,7 @@ std::optional<T> ParseWhole(std::string_view digits, int base) {
 }
 
 std::optional<std::int64_t> ParseInteger(std::string_view text) {
-  text = Trimmed(text);
+  text = Trimmed(text, IsBlank);
   std::string_view digits = text;
   const bool negative = digits.starts_with('-');
   if (negative || digits.starts_with('+')) digits.remove_prefix(1);

@@ -4,7 +4,7 @@
 #include <bit>
 #include <cstring>
 
-#include "VantrelUtf8.h"
+#include "VantrelUtf16.h"
 
 static_assert(std::endian::native == std::endian::little, "UTF-16 is read and written in the order of the machine");
 
@@ -20,13 +20,6 @@ std::uint64_t LoadWord(const void* bytes) {
 
 char16_t LoadUnit(const std::uint8_t* bytes) {
   return static_cast<char16_t>(bytes[0] | bytes[1] << 8);
-}
-
-bool IsHighSurrogate(char32_t code) {
-  return (code & 0xFFFFFC00) == 0xD800;
-}
-bool IsLowSurrogate(char32_t code) {
-  return (code & 0xFFFFFC00) == 0xDC00;
 }
 
 /// Copies the leading ASCII units as bytes; returns how many there were.
@@ -105,27 +98,21 @@ std::string Utf16ToUtf8(std::u16string_view text) {
 
 std::size_t Utf16Length(std::string_view text) {
   std::size_t length = 0;
-  const char* at = text.data();
-  const char* const end = at + text.size();
-  while (at != end) length += NextUtf8(at, end) < 0x10000 ? 1 : 2;
+  ForEachUtf8(text, [&](char32_t code) { length += code < 0x10000 ? 1 : 2; });
   return length;
 }
 
 std::string RepairUtf8(std::string_view text) {
   std::string result;
   result.reserve(text.size());
-  const char* at = text.data();
-  const char* const end = at + text.size();
-  while (at != end) AppendUtf8(NextUtf8(at, end), result);
+  ForEachUtf8(text, [&](char32_t code) { AppendUtf8(code, result); });
   return result;
 }
 
 std::string Utf8ToAnsi(std::string_view text) {
   std::string result;
   result.reserve(text.size());
-  const char* at = text.data();
-  const char* const end = at + text.size();
-  while (at != end) result.push_back(ToAnsi(NextUtf8(at, end)));
+  ForEachUtf8(text, [&](char32_t code) { result.push_back(ToAnsi(code)); });
   return result;
 }
 

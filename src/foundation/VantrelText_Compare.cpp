@@ -2,6 +2,7 @@
 
 #include "Letters.h"
 #include "VantrelText.h"
+#include "VantrelTextParts.h"
 #include "VantrelUtf8.h"
 
 namespace {
@@ -19,9 +20,7 @@ template <class TMap>
 std::string MapCharacters(std::string_view text, TMap map) {
   std::string result;
   result.reserve(text.size());
-  const char* at = text.data();
-  const char* const end = at + text.size();
-  while (at != end) AppendUtf8(map(NextUtf8(at, end)), result);
+  ForEachUtf8(text, [&](char32_t code) { AppendUtf8(map(code), result); });
   return result;
 }
 
@@ -81,10 +80,6 @@ int CompareLetters(std::string_view a, std::string_view b, bool baseForm) {
     if (!moreA || !moreB) return static_cast<int>(moreA) - static_cast<int>(moreB);
     if (letterA != letterB) return letterA < letterB ? -1 : 1;
   }
-}
-
-bool IsBlank(char c) {
-  return static_cast<unsigned char>(c) <= ' ';
 }
 
 /// Takes the quoted field that `text` begins with; without a closing quote it goes to the end.

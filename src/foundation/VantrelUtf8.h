@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 /// Single characters in UTF-8, for loops over a text. Surrogates are characters like others here.
 
@@ -38,6 +39,14 @@ inline char32_t NextUtf8(const char*& at, const char* end) {
     ++at;
   }
   return code;
+}
+
+/// Calls `act` with each character of the text.
+template <class TAct>
+void ForEachUtf8(std::string_view text, TAct act) {
+  const char* at = text.data();
+  const char* const end = at + text.size();
+  while (at != end) act(NextUtf8(at, end));
 }
 
 /// Writes the one to four bytes of `code`; returns the place behind them.

@@ -3,20 +3,7 @@
 #include "ProjectTexts.h"
 #include "VantrelExceptions.h"
 #include "VantrelI18n.h"
-
-namespace {
-/// Names what is being written to in its scope.
-class TWriting {
- public:
-  TWriting(const TVantrelObject*& place, const TVantrelObject* record) : FPlace(place) { FPlace = record; }
-  TWriting(const TWriting&) = delete;
-  TWriting& operator=(const TWriting&) = delete;
-  ~TWriting() { FPlace = nullptr; }
-
- private:
-  const TVantrelObject*& FPlace;
-};
-}  // namespace
+#include "VantrelScopes.h"
 
 TVantrelObject* TMyTessaronSource::GetRecordHandle(int index) {
   return FList == nullptr ? nullptr : FList->GetItem(index);
@@ -31,7 +18,7 @@ void TMyTessaronSource::GetValue(TVantrelObject* record, int ordinal, TVariant& 
 
 void TMyTessaronSource::SetValue(TVantrelObject* record, int ordinal, const TVariant& value) {
   if (record == nullptr) return;
-  const TWriting writing(FBeingWritten, record);
+  const TVantrelScopedValue<const TVantrelObject*> writing(FBeingWritten, record, nullptr);
   const auto write = FColumns.WriteOf(ordinal);
   if (write == TCourseWrite::Dropped) return CurrentProject->SetModified(true);
   const auto given = write == TCourseWrite::StoredUnlessNull ? TVariant(value.AsText()) : value;

@@ -3,7 +3,6 @@
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <sstream>
 
 #include "ProjectTexts.h"
 #include "VantrelDateTime.h"
@@ -11,6 +10,8 @@
 #include "VantrelI18n.h"
 #include "VantrelNumbers.h"
 #include "VantrelText.h"
+#include "VantrelTextParts.h"
+#include "VantrelUtf16.h"
 
 namespace RecordTexts {
 namespace {
@@ -50,28 +51,21 @@ std::string DateText(const TVariant& value, bool exact) {
 }  // namespace
 
 std::string Printable(std::string_view text) {
-  constexpr char16_t pictures = 0x2400, pictureOfDelete = 0x2421, replacement = 0xFFFD;
+  constexpr char16_t pictures = 0x2400, pictureOfDelete = 0x2421;
   auto units = Utf8ToUtf16(text);
-  const auto isSurrogate = [&](std::size_t at, unsigned kind) { return at < units.size() && units[at] >> 10 == kind; };
-  constexpr unsigned high = 0x36, low = 0x37;
-  for (std::size_t at = 0; at < units.size(); ++at) {
-    auto& unit = units[at];
-    if (isSurrogate(at, high) && isSurrogate(at + 1, low)) {
-      ++at;
-    } else if (unit < u' ') {
+  ReplaceUnpaired(units);
+  for (auto& unit : units) {
+    if (unit < u' ')
       unit = static_cast<char16_t>(unit + pictures);
-    } else if ((unit >= 0x7F && unit < 0xA0) || isSurrogate(at, high) || isSurrogate(at, low)) {
-      unit = unit == 0x7F ? pictureOfDelete : replacement;
-    }
+    else if (unit >= 0x7F && unit < 0xA0)
+      unit = unit == 0x7F ? pictureOfDelete : ReplacementCharacter;
   }
   return Utf16ToUtf8(units);
 }
 
 std::vector<std::string> PrintableLines(std::string_view text) {
-  std::istringstream source{std::string(text)};
   std::vector<std::string> lines;
-  for (std::string line; std::getline(source, line);)
-    lines.push_back(Printable(std::string_view(line).substr(0, line.size() - (line.ends_with('\r') ? 1 : 0))));
+  while (!text.empty()) lines.push_back(Printable(TakeLine(text)));
   return lines;
 }
 

@@ -11,6 +11,7 @@
 #include "VantrelI18n.h"
 #include "VantrelSafeSave.h"
 #include "VantrelText.h"
+#include "VantrelUtf16.h"
 #include "VantrelXml.h"
 #include "VantrelXmlText.h"
 
@@ -87,8 +88,7 @@ void SaveDocument(const TXmlDocument& document, const std::string& fileName) {
 }
 
 bool IsNameUnit(char16_t unit, bool first) {
-  const bool surrogate = (unit & 0xF800) == 0xD800;
-  return !surrogate && IsXmlName((first ? "" : "a") + Utf16ToUtf8({&unit, 1}));
+  return !IsSurrogate(unit) && IsXmlName((first ? "" : "a") + Utf16ToUtf8({&unit, 1}));
 }
 
 /// The unit that "_xHHHH_" at the beginning of the text stands for.

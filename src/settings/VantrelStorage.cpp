@@ -6,12 +6,10 @@
 #include "SystemFolders.h"
 #include "VantrelFileSystem.h"
 #include "VantrelI18n.h"
+#include "VantrelTextParts.h"
 
 std::string TrimSeparators(std::string_view path) {
-  constexpr std::string_view separators = "\\/";
-  const auto first = path.find_first_not_of(separators);
-  if (first == std::string_view::npos) return {};
-  return std::string(path.substr(first, path.find_last_not_of(separators) - first + 1));
+  return std::string(Trimmed(path, "\\/"));
 }
 
 void TVantrelStorage::SetActive(bool active) {

@@ -9,25 +9,12 @@
 #include "VantrelDataXml.h"
 #include "VantrelExceptions.h"
 #include "VantrelI18n.h"
+#include "VantrelScopes.h"
 #include "VantrelZip.h"
 
 namespace {
 
-/// Gives a variable a value for the length of a scope.
-template <class T>
-class TScoped {
- public:
-  TScoped(T& variable, T inside, T after) : FVariable(variable), FAfter(after) { variable = inside; }
-  TScoped(const TScoped&) = delete;
-  TScoped& operator=(const TScoped&) = delete;
-  ~TScoped() { FVariable = FAfter; }
-
- private:
-  T& FVariable;
-  T FAfter;
-};
-
-using TStateScope = TScoped<TVantrelDataStorageState>;
+using TStateScope = TVantrelScopedValue<TVantrelDataStorageState>;
 
 }  // namespace
 

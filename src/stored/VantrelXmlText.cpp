@@ -3,7 +3,7 @@
 #include <libxml/tree.h>
 
 #include "VantrelText.h"
-#include "VantrelUtf8.h"
+#include "VantrelUtf16.h"
 
 namespace {
 bool XmlCanHold(char32_t c) {
@@ -29,19 +29,10 @@ bool XmlHolds(std::string_view text) {
 }
 
 std::string XmlText(std::string_view text) {
-  const auto units = Utf8ToUtf16(text);
-  std::u16string kept;
-  for (std::size_t i = 0; i < units.size(); ++i) {
-    const bool isSurrogate = (units[i] & 0xF800) == 0xD800;
-    const bool isPair = i + 1 < units.size() && (units[i] & 0xFC00) == 0xD800 && (units[i + 1] & 0xFC00) == 0xDC00;
-    if (isPair)
-      kept.append(units, i++, 2);
-    else if (isSurrogate)
-      kept.push_back(ReplacementCharacter);
-    else if (XmlCanHold(units[i]))
-      kept.push_back(units[i]);
-  }
-  return Utf16ToUtf8(kept);
+  auto units = Utf8ToUtf16(text);
+  ReplaceUnpaired(units);
+  std::erase_if(units, [](char16_t unit) { return !IsSurrogate(unit) && !XmlCanHold(unit); });
+  return Utf16ToUtf8(units);
 }
 
 bool IsXmlName(const std::string& text) {

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "VantrelText.h"
+#include "VantrelUtf16.h"
 
 namespace {
 
@@ -26,9 +27,7 @@ void WriteUnits(TBiffRecords& records, std::u16string_view units, std::uint8_t f
 
 /// As many units as the record takes, without parting a pair.
 std::size_t FittingUnits(const TBiffRecords& records, std::u16string_view units, std::size_t unitSize) {
-  const std::size_t count = std::min(units.size(), records.Room() / unitSize);
-  const bool partsPair = count > 0 && count < units.size() && (units[count - 1] & 0xFC00) == 0xD800;
-  return partsPair ? count - 1 : count;
+  return WholeUnits(units, records.Room() / unitSize);
 }
 
 /// A text of the table. Its length and flags stand in one record with its beginning; where it is broken, the next

@@ -6,6 +6,8 @@
 #include "ToolkitTexts.h"
 #include "VantrelI18n.h"
 #include "VantrelText.h"
+#include "VantrelTextParts.h"
+#include "VantrelUtf16.h"
 
 namespace {
 
@@ -14,10 +16,6 @@ constexpr std::size_t MaxTextUnits = 32767;
 /// In characters. What is longer is wrapped.
 constexpr int MinWidth = 6;
 constexpr int MaxWidth = 60;
-
-bool IsHighSurrogate(char16_t unit) {
-  return (unit & 0xFC00) == 0xD800;
-}
 
 /// The longest line of a text, in UTF-16 units.
 int LineWidth(std::string_view text) {
@@ -30,23 +28,11 @@ int LineWidth(std::string_view text) {
   return static_cast<int>(std::min(width, MaxTextUnits));
 }
 
-void TrimApostrophes(std::string& name) {
-  while (name.starts_with('\'')) name.erase(0, 1);
-  while (name.ends_with('\'')) name.pop_back();
-}
-
 }  // namespace
 
 std::string SheetTools::CellText(std::string_view text) {
   auto units = Utf8ToUtf16(RepairUtf8(text));
-  for (std::size_t i = 0; i < units.size(); ++i) {
-    if ((units[i] & 0xF800) != 0xD800) continue;
-    const bool isPair = IsHighSurrogate(units[i]) && i + 1 < units.size() && (units[i + 1] & 0xFC00) == 0xDC00;
-    if (isPair)
-      ++i;
-    else
-      units[i] = 0xFFFD;
-  }
+  ReplaceUnpaired(units);
   std::u16string shown;
   for (std::size_t i = 0; i < units.size(); ++i) {
     const auto unit = units[i];
@@ -63,11 +49,8 @@ std::string SheetTools::SheetName(std::string_view title) {
   std::erase_if(name, [](char c) {
     return c == '\n' || c == '\t' || std::string_view("[]:*?/\\").find(c) != std::string_view::npos;
   });
-  auto units = Utf8ToUtf16(name);
-  if (units.size() > MaxNameUnits)
-    units.resize(IsHighSurrogate(units[MaxNameUnits - 1]) ? MaxNameUnits - 1 : MaxNameUnits);
-  name = Utf16ToUtf8(units);
-  TrimApostrophes(name);
+  const auto units = Utf8ToUtf16(name);
+  name = Trimmed(Utf16ToUtf8(units.substr(0, WholeUnits(units, MaxNameUnits))), "'");
   // Spreadsheets keep this name for themselves.
   if (SameText(name, "History")) name += '_';
   return name.empty() ? ResourceText(ToolkitTexts::SheetName) : name;

@@ -8,10 +8,9 @@
 #include "VantrelSafeSave.h"
 #include "VantrelSpelling.h"
 #include "VantrelText.h"
+#include "VantrelTextParts.h"
 
 namespace {
-
-constexpr std::string_view ByteOrderMark = "\xEF\xBB\xBF";
 
 /// The content of a word file, and how it is written there.
 struct TWordFile {
@@ -36,13 +35,7 @@ bool IsCount(std::string_view line) {
 /// The lines of the text without their ends.
 std::vector<std::string> Lines(std::string_view text) {
   std::vector<std::string> lines;
-  while (!text.empty()) {
-    const auto end = std::min(text.find('\n'), text.size());
-    auto line = text.substr(0, end);
-    if (line.ends_with('\r')) line.remove_suffix(1);
-    lines.emplace_back(line);
-    text.remove_prefix(std::min(end + 1, text.size()));
-  }
+  while (!text.empty()) lines.emplace_back(TakeLine(text));
   return lines;
 }
 

@@ -4,8 +4,7 @@
 #include "ViewTexts.h"
 #include "uCXUtils.h"
 #include "uClassOverview.h"
-#include "uGridUpdate.h"
-#include "uTableUpdate.h"
+#include "uUpdates.h"
 
 namespace {
 

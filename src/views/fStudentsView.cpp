@@ -4,8 +4,8 @@
 #include "ViewTexts.h"
 #include "uCertificateCommentsSheet.h"
 #include "uCertificateDataSheet.h"
-#include "uGridUpdate.h"
 #include "uStudentsList.h"
+#include "uUpdates.h"
 
 using enum TStudentsPage;
 

@@ -2,9 +2,9 @@
 
 #include "VantrelI18n.h"
 #include "ViewTexts.h"
-#include "uGridUpdate.h"
 #include "uOpenGrades.h"
 #include "uSubjectsList.h"
+#include "uUpdates.h"
 
 namespace {
 

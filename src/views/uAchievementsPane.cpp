@@ -4,7 +4,7 @@
 
 #include "VantrelI18n.h"
 #include "ViewTexts.h"
-#include "uGridUpdate.h"
+#include "uUpdates.h"
 
 TAchievementsPane::TAchievementsPane(TGridPaneUi& ui, TLookupTables& lookups, const TAchievementsSettings& settings)
     : FUi(ui),

@@ -7,8 +7,7 @@
 #include "VantrelMsgBox.h"
 #include "ViewTexts.h"
 #include "uCXUtils.h"
-#include "uGridUpdate.h"
-#include "uTableUpdate.h"
+#include "uUpdates.h"
 
 using enum TVantrelFieldType;
 

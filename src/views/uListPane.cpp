@@ -6,11 +6,13 @@
 #include "VantrelI18n.h"
 #include "ViewTexts.h"
 #include "uCXUtils.h"
-#include "uTableUpdate.h"
+#include "uUpdates.h"
 
 using enum TDataMode;
 
 namespace {
+
+using TModeScope = TVantrelScopedValue<TDataMode>;
 
 TValueKind ValueKindOf(const TListField& field) {
   if (field.OnGetText) return TValueKind::Text;
@@ -20,19 +22,6 @@ TValueKind ValueKindOf(const TListField& field) {
 }
 
 }  // namespace
-
-/// Puts the list into a mode that ends with the scope, however it ends.
-class TListPane::TModeScope {
- public:
-  TModeScope(TDataMode& mode, TDataMode within, TDataMode after) : FMode(mode), FAfter(after) { FMode = within; }
-  TModeScope(const TModeScope&) = delete;
-  TModeScope& operator=(const TModeScope&) = delete;
-  ~TModeScope() { FMode = FAfter; }
-
- private:
-  TDataMode& FMode;
-  const TDataMode FAfter;
-};
 
 TListPane::TListPane(TGridPaneUi& ui, TListPaneSettings settings) : FUi(ui) {
   auto& grid = FUi.Grid();

@@ -33,6 +33,7 @@ struct TListPaneSettings {
   std::string FocusedField = {};
 };
 
+/// What became of the list.
 enum class TListChange {
   Record,  ///< another record has the focus
   Rows     ///< others are shown, or they stand in another order
@@ -73,8 +74,6 @@ class TListPane {
   void RestoreLayout(std::string_view layout);
 
  private:
-  class TModeScope;
-
   void AddField(const TListPaneSettings& settings, const TListField& field);
   void Tell(TListChange change);
   void RememberSortProps(int ordinal);
