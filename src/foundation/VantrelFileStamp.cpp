@@ -52,7 +52,7 @@ void TVantrelFileStamp::Seal(const TVantrelFileHandle& file) {
 }
 
 bool TVantrelFileStamp::IsOf(const std::string& fileName) const {
-  return !FFileName.empty() && (FFileName == fileName || System::IsSameFile(FFileName, fileName));
+  return !FFileName.empty() && (FFileName == fileName || System::MayBeSameFile(FFileName, fileName));
 }
 
 bool TVantrelFileStamp::IsOutdated() const {

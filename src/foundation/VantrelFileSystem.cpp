@@ -86,7 +86,7 @@ bool TVantrelFileSystem::IsFileInDirectory(const std::string& path, const std::s
 
 bool TVantrelFileSystem::SameFile(const std::string& path1, const std::string& path2) {
   RaiseIf(!Exists(path1) && !Exists(path2), std::errc::no_such_file_or_directory);
-  return System::IsSameFile(path1, path2);
+  return CheckSystem<EError>(System::CompareFiles(path1, path2));
 }
 
 TVantrelFileMode TVantrelFileSystem::GetFileMode(const std::string& path) {

@@ -12,6 +12,20 @@
 using enum TVantrelFileAccessMode;
 using enum TVantrelFileOpenMode;
 
+namespace {
+
+template <class TAct>
+bool Succeeds(TAct act) {
+  try {
+    act();
+    return true;
+  } catch (const std::exception&) {
+    return false;
+  }
+}
+
+}  // namespace
+
 void KeepBytesBeside(const std::string& name) {
   TVantrelSafeSave::CopyBeside(name, ".beschaedigt");
 }
@@ -108,7 +122,7 @@ void TVantrelDataStorage::BeginReading(const TVantrelFileStream& file) {
 }
 
 bool TVantrelDataStorage::IsOn(const std::unique_ptr<TVantrelFileStream>& held, const std::string& name) {
-  return held != nullptr && System::IsSameFile(held->Handle().FileName(), name);
+  return held != nullptr && System::MayBeSameFile(held->Handle().FileName(), name);
 }
 
 void TVantrelDataStorage::WriteFile(std::unique_ptr<TVantrelFileStream>& held, const std::string& name,
@@ -169,32 +183,22 @@ void TVantrelDataStorage::StoreFile(const std::string& name, TVantrelDataStorage
 }
 
 bool TVantrelDataStorage::TryLoadFromFile(const std::string& name, TVantrelDataStorageFormat format) {
-  try {
-    LoadFromFile(name, format);
-    return true;
-  } catch (const std::exception&) {
-    return false;
-  }
+  return Succeeds([&] { LoadFromFile(name, format); });
 }
 
 bool TVantrelDataStorage::TrySaveToFile(const std::string& name, TVantrelDataStorageFormat format) {
-  try {
-    SaveToFile(name, format);
-    return true;
-  } catch (const std::exception&) {
-    return false;
-  }
+  return Succeeds([&] { SaveToFile(name, format); });
 }
 
 bool TVantrelDataStorage::KeepsOriginal() const {
-  return IsFileChanged() || (!FDamagedFile.empty() && System::IsSameFile(FDamagedFile, FFileName));
+  return IsFileChanged() || (!FDamagedFile.empty() && System::MayBeSameFile(FDamagedFile, FFileName));
 }
 
 void TVantrelDataStorage::KeepOriginal(const std::string& name) {
   if (FStamp.IsOf(name) && FStamp.IsOutdated()) {
     FStamp = TVantrelSafeSave::CopyBeside(name, System::OtherVersion);
     FDamagedFile.clear();
-  } else if (!FDamagedFile.empty() && System::IsSameFile(FDamagedFile, name)) {
+  } else if (!FDamagedFile.empty() && System::MayBeSameFile(FDamagedFile, name)) {
     KeepBytesBeside(name);
     FDamagedFile.clear();
   }

@@ -21,8 +21,12 @@ std::string LastNameOf(const std::string& name);
 
 /// True for a file, a folder or a link, wherever that leads; false for an empty name.
 bool Exists(const std::string& name);
-/// True where both names lead to one file or folder.
+/// True where both names lead to one file or folder, false where one of them leads nowhere.
+TResult<bool> CompareFiles(const std::string& name1, const std::string& name2);
+/// As CompareFiles; false where the system does not tell.
 bool IsSameFile(const std::string& name1, const std::string& name2);
+/// As CompareFiles; true where the system does not tell.
+bool MayBeSameFile(const std::string& name1, const std::string& name2);
 /// `name` if nothing has it, else the first free one of those that `numbered` makes of 2, 3 and so on.
 std::string FirstFreeName(std::string name, const std::function<std::string(int number)>& numbered);
 /// Likewise the name of a file with `ending`, or with a number behind that.

@@ -39,9 +39,11 @@ struct TVantrelVolumeInfo {
 
 namespace System {
 
+/// What room there is on the disk that holds the file or folder.
 TResult<TVantrelDiskInfo> DiskInfoOf(const std::string& path);
 /// dtypeNoRootDir where the disk does not answer.
 TResult<TVantrelDriveType> DriveTypeOf(const std::string& path);
+/// Likewise how the disk is named and made.
 TResult<TVantrelVolumeInfo> VolumeInfoOf(const std::string& path);
 /// The places at which disks are mounted.
 TResult<std::vector<std::string>> Drives();

@@ -29,6 +29,8 @@ TEST_F(FileSystem, WhatLiesInADirectory) {
   std::filesystem::create_directory_symlink(".", FFolder / "link");
   WriteFileText(FFolder / "f", "");
   EXPECT_TRUE(TSystem::SameFile("link/f", FFolder / "f"));
+  EXPECT_FALSE(TSystem::SameFile("f", "fehlt/f"));
+  EXPECT_THROW(TSystem::SameFile("loop", FFolder / "f"), EVantrelFileSystemError);
   for (const auto* path : {"f", "fehlt/f", "link/..f"}) EXPECT_TRUE(TSystem::IsFileInDirectory(path, FFolder.Path()));
   for (const auto* path : {".", "link", "..", "/"}) EXPECT_FALSE(TSystem::IsFileInDirectory(path, FFolder.Path()));
   EXPECT_FALSE(TSystem::IsFileInDirectory("fehlt", FFolder / "feh"));

@@ -97,8 +97,8 @@ void PassOn(int from, int to, TUse use, TVantrelFileAccessMode access) {
 bool IsSameFile(int descriptor, const std::string& name) {
   struct stat held {};
   struct stat named {};
-  return ::fstat(descriptor, &held) == 0 && ::stat(name.c_str(), &named) == 0 && held.st_dev == named.st_dev &&
-         held.st_ino == named.st_ino;
+  return ::fstat(descriptor, &held) == 0 && ::stat(name.c_str(), &named) == 0 &&
+         Posix::FileOf(held) == Posix::FileOf(named);
 }
 
 }  // namespace Posix::FileLocks

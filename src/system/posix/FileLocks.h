@@ -32,6 +32,7 @@ THold TakePatiently(int descriptor, TUse use, TVantrelFileAccessMode access);
 /// True where another handle denies `use` or does what `access` denies.
 bool ConflictsWithOthers(int descriptor, TUse use, TVantrelFileAccessMode access);
 
+/// Gives up whatever hold the descriptor has.
 void Release(int descriptor);
 
 /// Gives `to` the hold for `use` with the sharing `access` and takes its own from `from`, another descriptor of the

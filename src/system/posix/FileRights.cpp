@@ -16,8 +16,6 @@ constexpr const char* AccessList = "system.posix_acl_access";
 constexpr std::string_view SystemLabels = "security.";
 constexpr unsigned PermissionBits = 07777;
 constexpr unsigned GroupBits = S_IRWXG;
-constexpr unsigned OwnerReadsAndWrites = 0600;
-constexpr unsigned NewFileMode = 0666;
 
 /// The names of the extended attributes, the access list being one of them.
 std::vector<std::string> AttributesOf(int descriptor) {
@@ -60,7 +58,7 @@ unsigned Within(unsigned mode, unsigned group, const System::TFileRights& limit)
   unsigned most = native->Mode;
   // Another group may be people of any kind.
   if (group != native->Group) most &= ~GroupBits | (most & S_IRWXO) << 3;
-  return (mode & most) | OwnerReadsAndWrites;
+  return (mode & most) | Posix::PrivateMode;
 }
 }  // namespace
 
@@ -93,7 +91,7 @@ void Posix::FileRights::Copy(int from, int to, const System::TFileRights& most) 
 }
 
 unsigned Posix::FileRights::ModeOfNew(const System::TFileRights& most) {
-  return most.Native() == nullptr ? NewFileMode : (NewFileMode & most.Native()->Mode) | OwnerReadsAndWrites;
+  return most.Native() == nullptr ? NewFileMode : (NewFileMode & most.Native()->Mode) | Posix::PrivateMode;
 }
 
 void Posix::FileRights::Limit(int descriptor, const System::TFileRights& most) {

@@ -1,5 +1,9 @@
 #pragma once
 
+#include <sys/stat.h>
+
+#include <utility>
+
 #include "SystemError.h"
 #include "SystemFile.h"
 
@@ -28,6 +32,14 @@ template <class TValue>
 TValue Checked(TValue result) {
   if (result < 0) Fail();
   return result;
+}
+
+/// The rights of a file that is the user's alone, and of a new one, from which the system takes what his mask says.
+inline constexpr unsigned PrivateMode = 0600, NewFileMode = 0666;
+
+/// What tells a file from all others.
+inline std::pair<dev_t, ino_t> FileOf(const struct stat& status) {
+  return {status.st_dev, status.st_ino};
 }
 
 /// As rename, and fails with EEXIST where something has the name `to`.

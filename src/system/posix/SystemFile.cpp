@@ -16,7 +16,6 @@ using Posix::Checked;
 namespace {
 using Posix::FileLocks::THold;
 
-constexpr mode_t NewFileMode = 0666;
 // More renames than this between opening and locking are no race but a file system without fixed inode numbers.
 constexpr int MaxReopens = 20;
 
@@ -43,7 +42,7 @@ int OpenFlags(TVantrelFileOpenMode openMode) {
 
 int OpenDescriptor(const std::string& name, TVantrelFileOpenMode openMode) {
   const int flags = OpenFlags(openMode);
-  int descriptor = ::open(name.c_str(), flags, NewFileMode);
+  int descriptor = ::open(name.c_str(), flags, Posix::NewFileMode);
   // The hold needs the right to read, which fomOpenWrite does not ask for.
   if (descriptor < 0 && errno == EACCES && openMode == TVantrelFileOpenMode::fomOpenWrite) {
     descriptor = ::open(name.c_str(), (flags & ~O_ACCMODE) | O_WRONLY);

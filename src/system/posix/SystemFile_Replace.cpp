@@ -26,7 +26,6 @@ using TPlace = TTempFile::TPlace;
 constexpr int MaxLinks = 40;
 /// How often the target may come to be, and go again, while it is replaced.
 constexpr int MaxAttempts = 20;
-constexpr unsigned PrivateMode = 0600;
 constexpr FileLocks::TUse ReadsAndWrites{true, true};
 
 /// Where everybody may lay links, one of somebody else could lead to a file of the user.
@@ -125,11 +124,10 @@ void CheckOwn(const TFile& own, const std::string& target, TVantrelFileAccessMod
   Checked(::faccessat(AT_FDCWD, target.c_str(), W_OK, AT_EACCESS));
 }
 
-/// Which file it is.
-std::pair<dev_t, ino_t> FileOf(int descriptor) {
+auto FileOf(int descriptor) {
   struct stat status {};
   Checked(::fstat(descriptor, &status));
-  return {status.st_dev, status.st_ino};
+  return Posix::FileOf(status);
 }
 
 bool IsRegular(const TFile& file) {
@@ -141,7 +139,7 @@ bool IsRegular(const TFile& file) {
 TSpareFile NewFile(const std::string& target, TBytes bytes, TVantrelFileAccessMode access, const TFile* old,
                    const TFileRights& most) {
   if (old != nullptr && !IsRegular(*old)) return std::nullopt;
-  auto file = TTempFile::Create(target, access, old != nullptr ? PrivateMode : FileRights::ModeOfNew(most));
+  auto file = TTempFile::Create(target, access, old != nullptr ? Posix::PrivateMode : FileRights::ModeOfNew(most));
   if (!file) return std::nullopt;
   if (old == nullptr) FileRights::Limit(file->Descriptor(), most);
   WriteAll(file->Descriptor(), bytes);

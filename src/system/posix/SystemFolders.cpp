@@ -13,7 +13,6 @@
 #include "Posix.h"
 
 namespace {
-constexpr unsigned PrivateMode = 0600;
 constexpr unsigned NewFolderMode = 0777;
 constexpr auto AllMayWrite = S_IWUSR | S_IWGRP | S_IWOTH;
 
@@ -45,11 +44,24 @@ bool Exists(const std::string& name) {
   return ::lstat(name.c_str(), &status) == 0;
 }
 
-bool IsSameFile(const std::string& name1, const std::string& name2) {
+TResult<bool> CompareFiles(const std::string& name1, const std::string& name2) {
   struct stat first {};
   struct stat second {};
-  return ::stat(name1.c_str(), &first) == 0 && ::stat(name2.c_str(), &second) == 0 && first.st_dev == second.st_dev &&
-         first.st_ino == second.st_ino;
+  if (::stat(name1.c_str(), &first) != 0 || ::stat(name2.c_str(), &second) != 0) {
+    if (errno == ENOENT || errno == ENOTDIR) return false;
+    return TFailure(LastCode());
+  }
+  return Posix::FileOf(first) == Posix::FileOf(second);
+}
+
+bool IsSameFile(const std::string& name1, const std::string& name2) {
+  auto same = CompareFiles(name1, name2);
+  return same && *same;
+}
+
+bool MayBeSameFile(const std::string& name1, const std::string& name2) {
+  auto same = CompareFiles(name1, name2);
+  return !same || *same;
 }
 
 std::string FirstFreeName(std::string name, const std::function<std::string(int number)>& numbered) {
@@ -77,7 +89,7 @@ TCode CheckRight(const std::string& name, TRight right) {
 }
 
 TCode MakeFile(const std::string& name) {
-  const int descriptor = ::open(name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, PrivateMode);
+  const int descriptor = ::open(name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, Posix::PrivateMode);
   if (descriptor < 0) return LastCode();
   ::close(descriptor);
   return Success;
