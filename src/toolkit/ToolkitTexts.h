@@ -12,7 +12,9 @@ inline constexpr const char* SheetName = "Tabelle";
 inline constexpr const char* SheetTooLarge =
     "Die Liste ist für dieses Format zu groß: Es fasst {} Zeilen, {} Spalten und {} Zeichen je Zelle. Bitte wählen Sie "
     "beim Exportieren das HTML-Format.";
-inline constexpr const char* SheetNotMade = "Die Tabelle konnte nicht erstellt werden: {}";
+inline constexpr const char* SheetNotMade =
+    "Die Tabelle konnte nicht erstellt werden (Fehler {}). Bitte prüfen Sie, ob im Ordner für temporäre Dateien noch "
+    "Platz ist, oder wählen Sie beim Exportieren ein anderes Format.";
 
 inline constexpr const char* MsgBoxError = "Fehler";
 

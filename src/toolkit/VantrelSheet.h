@@ -36,10 +36,10 @@ struct TSheet {
 /// The sheet in the native spreadsheet form (".xls"). Raises ESheetLimitError beyond 65,536 rows with the captions',
 /// 256 columns, or 32,767 UTF-16 units in a cell.
 std::vector<std::uint8_t> XlsBytes(const TSheet& sheet);
-/// The sheet as a packed spreadsheet (".xlsx"). `scratchFile` is a name that nobody uses, in a folder that others
-/// cannot read; the file is gone afterwards. Raises ESheetLimitError beyond 1,048,576 rows with the captions', 16,384
-/// columns, or 32,767 UTF-16 units in a cell, and EVantrelException where the scratch file cannot be written.
-std::vector<std::uint8_t> XlsxBytes(const TSheet& sheet, const std::string& scratchFile);
+/// The sheet as a packed spreadsheet (".xlsx"). Raises ESheetLimitError beyond 1,048,576 rows with the captions',
+/// 16,384 columns, or 32,767 UTF-16 units in a cell, and EVantrelException where the folder of temporary files takes no
+/// file.
+std::vector<std::uint8_t> XlsxBytes(const TSheet& sheet);
 /// The sheet as a web page in UTF-8 that spreadsheets read as well: their texts stay texts.
 std::string HtmlPage(const TSheet& sheet);
 

@@ -1,15 +1,25 @@
 #include <xlsxwriter.h>
 
-#include <filesystem>
 #include <map>
-#include <memory>
 
+#include "SystemFolders.h"
 #include "ToolkitTexts.h"
 #include "VantrelFileStreams.h"
 #include "VantrelI18n.h"
+#include "VantrelPaths.h"
 #include "VantrelSheet.h"
 
 namespace {
+
+/// A file that nobody else can read, on the way of a table; goes with the object.
+struct TScratchFile {
+  TScratchFile() = default;
+  TScratchFile(const TScratchFile&) = delete;
+  TScratchFile& operator=(const TScratchFile&) = delete;
+  ~TScratchFile() { System::RemoveFile(Name); }
+
+  const std::string Name = TVantrelFilePath::GetTempFileName(TVantrelFilePath::GetTempPath(), "mytessaron-");
+};
 
 /// The library frees a workbook when it closes it, and only then.
 class TWorkbook {
@@ -39,8 +49,8 @@ class TWorkbook {
   }
   /// Raises EVantrelException for an error.
   static void Require(lxw_error error) {
-    if (error != LXW_NO_ERROR)
-      throw EVantrelException(FormatText(ToolkitTexts::SheetNotMade, std::string(lxw_strerror(error))));
+    if (error == LXW_ERROR_MEMORY_MALLOC_FAILED) throw EOutOfMemory();
+    if (error != LXW_NO_ERROR) throw EVantrelException(FormatText(ToolkitTexts::SheetNotMade, static_cast<int>(error)));
   }
 
  private:
@@ -95,18 +105,12 @@ class TXlsxWriter {
 
 }  // namespace
 
-std::vector<std::uint8_t> XlsxBytes(const TSheet& sheet, const std::string& scratchFile) {
+std::vector<std::uint8_t> XlsxBytes(const TSheet& sheet) {
   SheetTools::CheckLimits(sheet, LXW_ROW_MAX, LXW_COL_MAX);
-  struct TScratch {
-    const std::string& Name;
-    ~TScratch() {
-      std::error_code error;
-      std::filesystem::remove(Name, error);
-    }
-  } const scratch{scratchFile};
-  TWorkbook book(scratchFile);
+  const TScratchFile scratch;
+  TWorkbook book(scratch.Name);
   TXlsxWriter(sheet, book).Write();
   book.Close();
-  TVantrelFileStream stream(scratchFile, TVantrelFileAccessMode::famShareDenyWrite, TVantrelFileOpenMode::fomOpenRead);
+  TVantrelFileStream stream(scratch.Name, TVantrelFileAccessMode::famShareDenyWrite, TVantrelFileOpenMode::fomOpenRead);
   return stream.ReadAll();
 }

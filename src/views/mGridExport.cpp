@@ -2,13 +2,11 @@
 
 #include <algorithm>
 #include <array>
-#include <filesystem>
 
 #include "SystemFolders.h"
 #include "VantrelExceptions.h"
 #include "VantrelFileLauncher.h"
 #include "VantrelFileSystem.h"
-#include "VantrelGuid.h"
 #include "VantrelI18n.h"
 #include "VantrelMsgBox.h"
 #include "VantrelSafeSave.h"
@@ -20,31 +18,6 @@ namespace {
 
 using TBytes = std::vector<std::uint8_t>;
 
-/// A folder that nobody else can read, for one file on its way; goes with it.
-class TScratchFolder {
- public:
-  TScratchFolder() {
-    std::filesystem::create_directory(FPath);
-    std::filesystem::permissions(FPath, std::filesystem::perms::owner_all);
-  }
-  TScratchFolder(const TScratchFolder&) = delete;
-  TScratchFolder& operator=(const TScratchFolder&) = delete;
-  ~TScratchFolder() {
-    std::error_code error;
-    std::filesystem::remove_all(FPath, error);
-  }
-  std::string FileName() const { return System::NameOf(FPath / "liste"); }
-
- private:
-  std::filesystem::path FPath = std::filesystem::temp_directory_path() /
-                                ("mytessaron-" + GuidToText(NewGuid(), TVantrelGuidFormat::gfWithoutBrackets));
-};
-
-TBytes PackedBytes(const TSheet& sheet) {
-  const TScratchFolder folder;
-  return XlsxBytes(sheet, folder.FileName());
-}
-
 TBytes PageBytes(const TSheet& sheet) {
   const auto page = HtmlPage(sheet);
   return {page.begin(), page.end()};
@@ -54,7 +27,7 @@ TBytes PageBytes(const TSheet& sheet) {
 constexpr struct {
   const char* Ending;
   TBytes (*Write)(const TSheet&);
-} Kinds[] = {{".xls", XlsBytes}, {".html", PageBytes}, {".xlsx", PackedBytes}};
+} Kinds[] = {{".xls", XlsBytes}, {".html", PageBytes}, {".xlsx", XlsxBytes}};
 constexpr int ExcelFilter = 1, HtmlFilter = 2;
 
 const auto& KindAt(int filterIndex) {

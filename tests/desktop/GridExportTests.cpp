@@ -141,8 +141,13 @@ TEST_F(GridExportTest, AFailureIsToldAndLeavesTheOldFile) {
     Export("a.xls");
   }
   Export("fehlt/b.xls");
+  ::setenv("TMPDIR", (FFolder / "fehlt").c_str(), 1);
+  Export("c.xlsx", 3);
+  ::unsetenv("TMPDIR");
   EXPECT_THAT(Files(), ElementsAre("a.xls al"));
-  EXPECT_THAT(FBoxes.Texts, ElementsAre(HasSubstr("„a.xls“"), HasSubstr("„a.xls“"), HasSubstr("„b.xls“")));
+  EXPECT_THAT(FBoxes.Texts,
+              ElementsAre(HasSubstr("„a.xls“"), HasSubstr("„a.xls“"), HasSubstr("„b.xls“"),
+                          testing::AllOf(HasSubstr("„c.xlsx“"), testing::Not(HasSubstr("filesystem error")))));
   EXPECT_EQ(FNote, "");
   EXPECT_THAT(FOpener.Opened, IsEmpty());
   EXPECT_FALSE(FDialogs.Waiting);

@@ -1,10 +1,14 @@
 #include "VantrelSheet.h"
 
+#include <sys/resource.h>
+
 #include <algorithm>
 #include <cmath>
+#include <csignal>
 #include <cstdio>
 #include <cstdlib>
 
+#include "InChild.h"
 #include "Testing.h"
 
 namespace {
@@ -85,7 +89,7 @@ std::string Written(const TempFolder& folder, const TSheet& sheet, const std::st
   if (kind == "html") {
     WriteFileText(file, HtmlPage(sheet));
   } else {
-    const auto bytes = kind == "xls" ? XlsBytes(sheet) : XlsxBytes(sheet, folder / "zwischen");
+    const auto bytes = kind == "xls" ? XlsBytes(sheet) : XlsxBytes(sheet);
     WriteFileText(file, std::string(bytes.begin(), bytes.end()));
   }
   return file;
@@ -96,7 +100,6 @@ TEST(Sheet, OtherProgramsReadWhatWasWritten) {
   const auto sheet = SheetOfEverything();
   for (const std::string kind : {"xls", "xlsx", "html"})
     EXPECT_EQ(CellsIn(Written(folder, sheet, kind)), CellsOf(sheet, "Mathematik")) << kind;
-  EXPECT_FALSE(std::filesystem::exists(folder / "zwischen"));
 }
 
 class SpreadsheetTest : public testing::TestWithParam<const char*> {};
@@ -132,7 +135,6 @@ TEST(Sheet, TextsArriveWholeWhereverTheyAreBroken) {
 }
 
 TEST(Sheet, WhatAFormCannotHoldIsRefused) {
-  const TempFolder folder;
   const auto refusal = [](std::size_t rows, std::size_t columns, std::size_t units) {
     TSheet sheet{.Captions = std::vector<std::string>(columns, "x")};
     sheet.Rows.resize(rows);
@@ -142,11 +144,24 @@ TEST(Sheet, WhatAFormCannotHoldIsRefused) {
   EXPECT_EQ(refusal(65535, 256, 32767), "");
   const TSheet longCaption{.Captions = {Repeated("x", 32768)}};
   EXPECT_NE(ErrorOf<ESheetLimitError>([&] { XlsBytes(longCaption); }), "");
-  EXPECT_NE(ErrorOf<ESheetLimitError>([&] { XlsxBytes(longCaption, folder / "zwischen"); }), "");
+  EXPECT_NE(ErrorOf<ESheetLimitError>([&] { XlsxBytes(longCaption); }), "");
   for (const auto& told : {refusal(65536, 1, 1), refusal(1, 257, 1), refusal(1, 1, 32768)})
     EXPECT_THAT(told, testing::HasSubstr("HTML-Format"));
-  EXPECT_THAT(ErrorOf<EVantrelException>([&] { XlsxBytes({}, folder / "fehlt/zwischen"); }),
-              testing::HasSubstr("Tabelle"));
+}
+
+TEST(Sheet, AFullDiskIsToldAndNothingIsLeftThere) {
+  const TempFolder folder;
+  ::setenv("TMPDIR", folder.Path().c_str(), 1);
+  EXPECT_FALSE(XlsxBytes({}).empty());
+  EXPECT_EQ(InChild([] {
+              ::signal(SIGXFSZ, SIG_IGN);
+              const rlimit nothing{0, 0};
+              ::setrlimit(RLIMIT_FSIZE, &nothing);
+              return ErrorOf<EVantrelException>([] { XlsxBytes({}); }).starts_with("Die Tabelle") ? 1 : 0;
+            }),
+            1);
+  EXPECT_TRUE(std::filesystem::is_empty(folder.Path()));
+  ::unsetenv("TMPDIR");
 }
 
 TEST(Sheet, NamesAndTextsAreWhatSpreadsheetsAllow) {
