@@ -43,7 +43,7 @@ TMainCommands::TMainCommands(const TMainHandlers& on)
 TVantrelCommand& TMainCommands::Add(const char* caption, const char* icon, const char* shortcut,
                                     std::function<void()> handler, const char* radioGroup) {
   const bool available = handler != nullptr;
-  TCommandInfo info{ResourceText(caption), icon, shortcut, {}, radioGroup};
+  TCommandInfo info{.Caption = ResourceText(caption), .Icon = icon, .Shortcut = shortcut, .RadioGroup = radioGroup};
   if (available) info.OnExecute = [handler = std::move(handler)] { RunForUser(handler); };
   auto& command = FCommands.Add(std::move(info));
   command.SetEnabled(available);
@@ -61,7 +61,7 @@ std::map<TMyTessaronViews, TVantrelCommand*> TMainCommands::AddViews(const TMain
 }
 
 TRibbonGroup TMainCommands::ViewsBar() {
-  TRibbonGroup bar{RibbonIds::ViewsBar, ResourceText(ShellTexts::ViewsBar)};
+  TRibbonGroup bar{.Id = RibbonIds::ViewsBar, .Caption = ResourceText(ShellTexts::ViewsBar)};
   for (const auto& view : MainViews)
     if (view.OnViewsBar)
       bar.Buttons.push_back({.Command = &ViewCommand(view.View), .Large = true, .BeginsGroup = view.BeginsGroup});
@@ -72,33 +72,47 @@ void TMainCommands::SetEnabled(TVantrelCommand& command, bool enabled) {
   command.SetEnabled(enabled && command.Info().OnExecute != nullptr);
 }
 
+TRibbonTab TMainCommands::StartTab() {
+  return {.Id = RibbonIds::StartRibbonTab,
+          .Caption = ResourceText(ShellTexts::StartTab),
+          .Groups = {ViewsBar(),
+                     {.Id = RibbonIds::NavigationBar,
+                      .Caption = ResourceText(ShellTexts::NavigationBar),
+                      .Buttons = {{.Command = &GotoFirstCommand},
+                                  {.Command = &GotoPrevCommand},
+                                  {.Command = &GotoNextCommand},
+                                  {.Command = &GotoLastCommand}}},
+                     {.Id = RibbonIds::BeurteilungBar,
+                      .Caption = ResourceText(ShellTexts::BeurteilungBar),
+                      .Buttons = {{.Command = &AlleNichtEditierbar},
+                                  {.Command = &Noten},
+                                  {.Command = &Punkte},
+                                  {.Command = &Beurteilungstexte},
+                                  {.Command = &GotoOpenGradeCommand}}},
+                     {.Id = RibbonIds::ExtrasBar,
+                      .Caption = ResourceText(ShellTexts::ExtrasBar),
+                      .Buttons = {{.Command = &EditZeugnisbeurteilungenCommand},
+                                  {.Command = &BatchCertificateDataCommand},
+                                  {.Command = &ExportToExcelCommand}}}}};
+}
+
+TRibbonTab TMainCommands::HelpTab() {
+  return {.Id = RibbonIds::HelpRibbonTab,
+          .Caption = ResourceText(ShellTexts::HelpTab),
+          .Groups = {{.Id = RibbonIds::HelpMenu,
+                      .Caption = ResourceText(ShellTexts::HelpMenu),
+                      .Buttons = {{.Command = &WelcomeViewCommand, .Large = true},
+                                  {.Command = &ManualCommand, .Large = true, .BeginsGroup = true},
+                                  {.Command = &SpellCheckOptionsCommand, .Large = true},
+                                  {.Command = &VersionCommand, .Large = true}}}}};
+}
+
 TRibbonDescription TMainCommands::Ribbon() {
-  constexpr bool large = true, beginsGroup = true;
-  TRibbonDescription ribbon;
-  ribbon.ApplicationButton = ResourceText(ShellTexts::ApplicationButton);
-  ribbon.ApplicationMenu = {
-      {&OpenFileCommand, large}, {&SaveFileCommand, large, beginsGroup}, {&SaveFileAsCommand, large}};
-  ribbon.ButtonRow = {&CloseApplicationCommand};
-  ribbon.PaneHeading = ResourceText(ViewTexts::RecentFiles);
-  ribbon.Tabs = {{RibbonIds::StartRibbonTab,
-                  ResourceText(ShellTexts::StartTab),
-                  {ViewsBar(),
-                   {RibbonIds::NavigationBar,
-                    ResourceText(ShellTexts::NavigationBar),
-                    {{&GotoFirstCommand}, {&GotoPrevCommand}, {&GotoNextCommand}, {&GotoLastCommand}}},
-                   {RibbonIds::BeurteilungBar,
-                    ResourceText(ShellTexts::BeurteilungBar),
-                    {{&AlleNichtEditierbar}, {&Noten}, {&Punkte}, {&Beurteilungstexte}, {&GotoOpenGradeCommand}}},
-                   {RibbonIds::ExtrasBar,
-                    ResourceText(ShellTexts::ExtrasBar),
-                    {{&EditZeugnisbeurteilungenCommand}, {&BatchCertificateDataCommand}, {&ExportToExcelCommand}}}}},
-                 {RibbonIds::HelpRibbonTab,
-                  ResourceText(ShellTexts::HelpTab),
-                  {{RibbonIds::HelpMenu,
-                    ResourceText(ShellTexts::HelpMenu),
-                    {{&WelcomeViewCommand, large},
-                     {&ManualCommand, large, beginsGroup},
-                     {&SpellCheckOptionsCommand, large},
-                     {&VersionCommand, large}}}}}};
-  return ribbon;
+  return {.ApplicationButton = ResourceText(ShellTexts::ApplicationButton),
+          .ApplicationMenu = {{.Command = &OpenFileCommand, .Large = true},
+                              {.Command = &SaveFileCommand, .Large = true, .BeginsGroup = true},
+                              {.Command = &SaveFileAsCommand, .Large = true}},
+          .ButtonRow = {&CloseApplicationCommand},
+          .PaneHeading = ResourceText(ViewTexts::RecentFiles),
+          .Tabs = {StartTab(), HelpTab()}};
 }

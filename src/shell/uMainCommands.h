@@ -42,6 +42,8 @@ class TMainCommands {
                        const char* radioGroup = "");
   std::map<TMyTessaronViews, TVantrelCommand*> AddViews(const TMainHandlers& on);
   TRibbonGroup ViewsBar();
+  TRibbonTab StartTab();
+  TRibbonTab HelpTab();
 
   TVantrelCommands FCommands;
   std::map<TMyTessaronViews, TVantrelCommand*> FViewCommands;
