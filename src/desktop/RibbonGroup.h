@@ -8,7 +8,6 @@
 
 /// How far a group has shrunk: as described, all buttons small, small without captions.
 enum class TRibbonLevel { Full, Small, IconsOnly };
-inline constexpr int RibbonLevels = 3;
 
 /// A button of the ribbon, in one of its three sizes.
 class TRibbonToolButton : public QToolButton {

@@ -2,13 +2,13 @@
 
 #include <algorithm>
 #include <cmath>
-#include <limits>
 #include <utility>
 
 #include "ToolkitTexts.h"
 #include "VantrelExceptions.h"
 #include "VantrelI18n.h"
 #include "VantrelText.h"
+#include "VantrelUtf16.h"
 
 namespace {
 
@@ -27,11 +27,9 @@ bool Before(const TVariant& a, const TVariant& b) {
 /// As much of the text as fits into `units` UTF-16 units.
 std::string Cut(std::string text, int units) {
   if (units <= 0 || text.size() <= static_cast<std::size_t>(units)) return text;
-  std::u16string wide = Utf8ToUtf16(text);
+  const auto wide = Utf8ToUtf16(text);
   if (wide.size() <= static_cast<std::size_t>(units)) return text;
-  wide.resize(static_cast<std::size_t>(units));
-  if ((wide.back() & 0xFC00) == 0xD800) wide.pop_back();
-  return Utf16ToUtf8(wide);
+  return Utf16ToUtf8(wide.substr(0, WholeUnits(wide, static_cast<std::size_t>(units))));
 }
 
 bool IsNumber(TVantrelFieldType type) {
@@ -242,18 +240,9 @@ void TVantrelMemTable::First() {
   MoveTo(-1);
 }
 
-void TVantrelMemTable::Last() {
-  MoveTo(std::numeric_limits<int>::max());
-}
-
 void TVantrelMemTable::Next() {
   LeaveEdit();
   MoveTo(FCursor + 1);
-}
-
-void TVantrelMemTable::Prior() {
-  LeaveEdit();
-  MoveTo(FCursor - 1);
 }
 
 void TVantrelMemTable::SetRecNo(int recNo) {

@@ -36,7 +36,6 @@ class TVantrelField {
   /// convert, EVantrelException where the table is not being edited.
   void SetValue(const TVariant& value);
   bool IsNull() const { return Value().IsNull(); }
-  std::string DisplayText() const { return DisplayTextOf(Value()); }
   /// What the user reads for a value: OnGetText if it is set, else the value as text.
   std::string DisplayTextOf(const TVariant& value) const;
 
@@ -102,11 +101,9 @@ class TVantrelMemTable : public TVantrelObject {
 
   void First();
   void Next();
-  void Prior();
-  void Last();
-  /// True after First, after Prior at the first record, and in an empty table.
+  /// True after First, and in an empty table.
   bool Bof() const { return FBof; }
-  /// True after Last, after Next at the last record, and in an empty table.
+  /// True after Next at the last record, and in an empty table.
   bool Eof() const { return FEof; }
   /// Records that pass the filter.
   int RecordCount() const { return static_cast<int>(FView.size()); }

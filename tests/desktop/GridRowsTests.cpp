@@ -222,7 +222,7 @@ class ListTest : public GridTest {
 
 TEST_F(ListTest, FocusAndTableGoTogether) {
   EXPECT_EQ(Grid.FocusedRecord(), 0);
-  Grades.Last();
+  Grades.SetRecNo(Grades.RecordCount());
   EXPECT_EQ(Grid.FocusedRecord(), 4);
   Key(Qt::Key_Up);
   EXPECT_EQ(Grades.RecNo(), 4);
