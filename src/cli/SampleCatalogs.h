@@ -9,12 +9,14 @@
 /// What the central system would send along with every sample project: catalogues, grades and columns.
 namespace SampleCatalogs {
 
+/// An entry of one of the catalogues of tokens.
 struct TEntry {
   TCatalogs& (TMyTessaronProject::*List)() const;
   std::string_view Token;
   std::string_view Description;
 };
 
+/// An entry of the grade catalogue.
 struct TGradeEntry {
   std::string_view Token;
   std::string_view Description;
@@ -22,6 +24,7 @@ struct TGradeEntry {
   TGradeTypes Type;
 };
 
+/// What the school says of a field; an empty Customname leaves the standard caption.
 struct TColumnEntry {
   std::string_view Fieldname;
   std::string_view Displayname;

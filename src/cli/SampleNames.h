@@ -11,17 +11,20 @@
 /// Names and texts that a German school could have, for sample projects.
 namespace SampleNames {
 
+/// A first name, and who bears it.
 struct TFirstName {
   std::string_view Name;
   /// "M", "W" or "D"
   char16_t Gender;
 };
 
+/// A subject as the certificate names it, and its token.
 struct TSubject {
   std::string_view Token;
   std::string_view Name;
 };
 
+/// A text, and what it is called for short.
 struct TText {
   std::string_view Token;
   std::string_view Text;
@@ -29,6 +32,7 @@ struct TText {
 
 /// What the grades of a sample class are.
 enum class TMarking { Values, Points, Texts };
+/// A class of the school.
 struct TSchoolClass {
   std::string Token;
   TMarking Marking;
@@ -36,6 +40,7 @@ struct TSchoolClass {
   int Age;
 };
 
+/// The names that students are made of.
 std::span<const TFirstName> FirstNames();
 std::span<const std::string_view> Surnames();
 /// The order is that of the certificate.

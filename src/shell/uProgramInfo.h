@@ -12,4 +12,5 @@ struct TProgramInfo {
   std::string VersionText() const;
 };
 
+/// The same for the whole run.
 const TProgramInfo& ProgramInfo();

@@ -11,6 +11,7 @@
 /// EVantrelDateTimeError for one that is no date.
 namespace ScalarTexts {
 
+/// Room for the text of any scalar.
 struct TBuffer {
   char Chars[64];
 };

@@ -6,6 +6,7 @@
 #include "VantrelCommands.h"
 #include "VantrelMemTable.h"
 
+/// What must be so of a table, of its record or of a command, for a command to be enabled.
 enum class TDBEnableType {
   dbtIsActive,
   dbtCanModify,

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "VantrelScopes.h"
 #include "VantrelVariant.h"
 
 /// A file dialog between two uses.
@@ -20,6 +21,7 @@ struct TFileDialog {
   std::function<bool(const std::string& path)> Accepts;
 };
 
+/// The lines of the about window.
 struct TAboutInfo {
   std::string Product;
   std::string Version;
@@ -68,16 +70,7 @@ class TVantrelWaitCursor {
 };
 
 /// The wait cursor for the length of a scope.
-class TVantrelWaitScope {
- public:
-  explicit TVantrelWaitScope(TVantrelWaitCursor& cursor) : FCursor(cursor) { FCursor.Start(); }
-  TVantrelWaitScope(const TVantrelWaitScope&) = delete;
-  TVantrelWaitScope& operator=(const TVantrelWaitScope&) = delete;
-  ~TVantrelWaitScope() { FCursor.Stop(); }
-
- private:
-  TVantrelWaitCursor& FCursor;
-};
+using TVantrelWaitScope = TVantrelBracket<TVantrelWaitCursor, &TVantrelWaitCursor::Start, &TVantrelWaitCursor::Stop>;
 
 /// An editor, label or group of a form, by what the logic does with it. The value of a label is its text; an empty
 /// editor gives null. Setting a value raises no event.

@@ -64,6 +64,7 @@ class TVantrelFileLauncher : public TVantrelObject {
   std::shared_ptr<TWait> FWaitThread;
 };
 
+/// The short way to launch.
 class TCommonUtils {
  public:
   TCommonUtils() = delete;
