@@ -4,6 +4,7 @@
 #include <utility>
 
 void TCellEdit::Begin(const QModelIndex& index) {
+  End();
   if (auto* editor = Editor()) editor->SetOwner(nullptr);
   FEditor = nullptr;
   FWidget = nullptr;
@@ -28,8 +29,13 @@ void TCellEdit::Load(const QString& shown) {
 }
 
 void TCellEdit::Open(bool atEnd) {
+  FIsOpen = true;
   if (FEvents.OnEditStarted) FEvents.OnEditStarted();
   if (auto* editor = Editor()) editor->Begin(atEnd);
+}
+
+void TCellEdit::End() {
+  if (std::exchange(FIsOpen, false) && FEvents.OnEditEnded) FEvents.OnEditEnded();
 }
 
 void TCellEdit::EditorChanged() {
@@ -60,11 +66,15 @@ void TCellEdit::Write(const TVariant& value) {
   FStored = FModel.Read(FIndex);
 }
 
-bool TCellEdit::TakeValue() {
+bool TCellEdit::HasDraft() const {
   if (Editor() == nullptr || !FIndex.isValid() || !FTouched || !FEditor->IsComplete()) return false;
+  const TVariant value = FEditor->Value(), stored = FModel.Read(FIndex);
+  return stored != value && !(stored.IsEmpty() && value.IsEmpty());
+}
+
+bool TCellEdit::TakeValue() {
+  if (!HasDraft()) return false;
   FValue = FEditor->Value();
-  const TVariant stored = FModel.Read(FIndex);
-  if (stored == FValue || (stored.IsEmpty() && FValue.IsEmpty())) return false;
   FPosted = true;
   return true;
 }

@@ -22,6 +22,8 @@ class TCellEdit : public TEditorOwner {
   void Load(const QString& shown);
   /// The editor is open: tells so, and lets it begin behind the text or with all of it to be replaced.
   void Open(bool atEnd);
+  /// The editor has gone, whatever became of its value. Told once.
+  void End();
 
   /// None where no editor has been made, or it has gone.
   TValueEditor* Editor() const { return FWidget == nullptr ? nullptr : FEditor; }
@@ -31,6 +33,8 @@ class TCellEdit : public TEditorOwner {
 
   void EditorChanged() override;
   void EditorAccepted() override;
+  /// A post would write something.
+  bool HasDraft() const;
   /// Writes what stands in the editor, if the user changed it and it can be stored.
   void Post();
   /// Posts, and from then on that is what the edit goes back to. What cannot be stored stays, marked as refused.
@@ -56,6 +60,7 @@ class TCellEdit : public TEditorOwner {
   /// What the cell holds as far as this edit knows.
   TVariant FStored;
   TVariant FValue;
+  bool FIsOpen = false;
   bool FLoaded = false;
   bool FTouched = false;
   bool FPosted = false;

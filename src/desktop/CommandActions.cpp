@@ -11,6 +11,8 @@ void ShowState(const TVantrelCommand& command, QAction& action) {
   action.setEnabled(command.Enabled());
   action.setVisible(command.Visible());
   action.setChecked(command.Checked());
+  const QString hint = FromUtf8(command.Hint()), key = action.shortcut().toString(QKeySequence::NativeText);
+  action.setToolTip(key.isEmpty() ? hint : UserText(DesktopTexts::HintWithShortcut).arg(hint, key));
 }
 }  // namespace
 
@@ -26,18 +28,13 @@ QAction* TCommandActions::ActionOf(TVantrelCommand& command) {
   if (action != nullptr) return action;
   const auto& info = command.Info();
   action = new QAction(ThemeIcon(info.Icon), FromUtf8(info.Caption), &FWindow);
-  const QString hint = FromUtf8(command.Hint());
   action->setIconText(FromUtf8(info.Caption).remove('&'));
-  action->setToolTip(hint);
-  if (!info.Shortcut.empty()) {
-    const auto keys = FromUtf8(info.Shortcut);
-    action->setShortcut(QKeySequence(keys, QKeySequence::PortableText));
-    // The number pad has a key of the same name.
-    if (keys.endsWith("+Return"))
-      action->setShortcuts({action->shortcut(), QKeySequence(QString(keys).replace("Return", "Enter"))});
-    action->setToolTip(
-        UserText(DesktopTexts::HintWithShortcut).arg(hint, action->shortcut().toString(QKeySequence::NativeText)));
-  }
+  auto keys = QKeySequence::listFromString(FromUtf8(info.Shortcut), QKeySequence::PortableText);
+  // The number pad has a key of the same name.
+  for (const auto& key : QList(keys))
+    if (const auto name = key.toString(QKeySequence::PortableText); name.endsWith("+Return"))
+      keys.append(QKeySequence(QString(name).replace("Return", "Enter")));
+  action->setShortcuts(keys);
   action->setCheckable(!info.RadioGroup.empty());
   ShowState(command, *action);
   QObject::connect(action, &QAction::triggered, action, [&command, &state = *action] {

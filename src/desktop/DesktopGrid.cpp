@@ -65,6 +65,7 @@ void TDesktopGrid::Release() {
           [focus = std::exchange(OnFocusChanged, nullptr), rows = std::exchange(OnRowsChanged, nullptr),
            editing = std::exchange(OnEditing, nullptr), edit = std::exchange(OnEditChanged, nullptr),
            started = std::exchange(OnEditStarted, nullptr), reverted = std::exchange(OnEditReverted, nullptr),
+           ended = std::exchange(OnEditEnded, nullptr),
            key = std::exchange(OnKeyDown, nullptr), click = std::exchange(OnDoubleClick, nullptr),
            column = std::exchange(OnColumnChanged, nullptr), first = std::exchange(OnFirstKey, nullptr),
            selection = std::exchange(OnSelectionChanged, nullptr), header = std::exchange(OnHeaderClick, nullptr),
@@ -118,6 +119,7 @@ void TDesktopGrid::BeginUpdate() {
   // The editor goes with the rows; what stands in it is not lost.
   if (FUpdates == 0) FView->PostEditor();
   if (FUpdates++ > 0) return;
+  FView->CellEdit().End();
   FOldRow = FView->currentIndex().row();
   FHadKeyboard = FView->IsKeyboardIn();
   FRestoring = true;

@@ -63,10 +63,13 @@ class TDesktopGrid : public QWidget, public TVantrelGrid, private TVantrelTableL
 
   void PostEdit() override { FView->SaveEditor(); }
   bool IsEditing() const override { return FView->IsEditing(); }
+  bool HasDraft() const override { return FView->IsEditing() && FView->CellEdit().HasDraft(); }
+  void EndEdit() override { FView->EndEditor(); }
 
   void ClearFilter() override;
   void AddFilter(int ordinal, const TVariant& value, const std::string& displayText) override;
   void SetFilterActive(bool active) override;
+  void LiftUserFilter() override { LiftFilter(); }
 
   int SelectedCount() const override;
   int SelectedRecord(int index) const override;

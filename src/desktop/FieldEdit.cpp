@@ -102,6 +102,7 @@ bool TFieldEdit::TakeKey(const QKeyEvent& key) {
 }
 
 bool TFieldEdit::eventFilter(QObject* watched, QEvent* event) {
+  if (FEditor.DecidesOn(*event)) return true;
   switch (event->type()) {
     case QEvent::MouseButtonPress:
     case QEvent::KeyPress:

@@ -100,7 +100,9 @@ void TGridDelegate::Finish(QWidget* editor, bool revert) {
 }
 
 bool TGridDelegate::eventFilter(QObject* watched, QEvent* event) {
-  const bool isKey = event->type() == QEvent::KeyPress && FView.CellEdit().IsOf(watched);
+  const bool isOwn = FView.CellEdit().IsOf(watched);
+  if (isOwn && FView.CellEdit().Editor()->DecidesOn(*event)) return true;
+  const bool isKey = isOwn && event->type() == QEvent::KeyPress;
   if (isKey && FView.EditorKey(*static_cast<QKeyEvent*>(event))) return true;
   return QStyledItemDelegate::eventFilter(watched, event);
 }

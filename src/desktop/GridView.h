@@ -47,6 +47,8 @@ class TGridView : public QTableView {
   void PostEditor();
   /// Writes it for good (see TCellEdit::Save).
   void SaveEditor();
+  /// Writes it for good, and closes the editor.
+  void EndEditor();
   TCellEdit& CellEdit() { return FEdit; }
   const QString& SearchText() const { return FSearch; }
   void EndSearch();
@@ -74,6 +76,7 @@ class TGridView : public QTableView {
 
  protected:
   bool edit(const QModelIndex& index, EditTrigger trigger, QEvent* event) override;
+  void closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) override;
   QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex& index, const QEvent* event) const override;
   void keyPressEvent(QKeyEvent* event) override;
   bool focusNextPrevChild(bool next) override;

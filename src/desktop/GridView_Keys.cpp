@@ -37,12 +37,23 @@ bool TGridView::edit(const QModelIndex& index, EditTrigger trigger, QEvent* even
   return edits;
 }
 
+void TGridView::closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) {
+  QTableView::closeEditor(editor, hint);
+  FEdit.End();
+}
+
 void TGridView::PostEditor() {
   if (IsEditing()) FEdit.Post();
 }
 
 void TGridView::SaveEditor() {
   if (IsEditing()) FEdit.Save();
+}
+
+void TGridView::EndEditor() {
+  if (!IsEditing()) return;
+  FEdit.Save();
+  Finish(false);
 }
 
 void TGridView::MoveDown() {

@@ -10,6 +10,7 @@ class TLineEdit : public QLineEdit, public TValueEditor {
   TLineEdit(const TEditorDescription& description, QWidget* parent);
   void Begin(bool atEnd) override;
   void PlaceInCell(const QRect& cell) override;
+  bool CanTakeBack(bool again) const override { return again ? isRedoAvailable() : isUndoAvailable(); }
   void SetAlignment(Qt::Alignment alignment) override { setAlignment(alignment); }
 };
 

@@ -329,6 +329,8 @@ void TLookupEdit::keyPressEvent(QKeyEvent* event) {
     if (!CloseList()) OpenList();
   } else if (upOrDown) {
     if (last >= 0) changes = MarkByUser(std::clamp(FMarked + (event->key() == Qt::Key_Down ? 1 : -1), 0, last), {});
+  } else if (event->matches(QKeySequence::Undo)) {
+    changes = !IsComplete() && TakeBack();
   } else if (event->key() == Qt::Key_Backspace) {
     changes = Shorten();
   } else if (!event->text().isEmpty() && event->text().front().isPrint()) {

@@ -24,6 +24,8 @@ class TLookupEdit : public QLineEdit, public TValueEditor {
   bool IsListOpen() const;
   void OpenList();
   bool CloseList() override;
+  /// A text that names nothing.
+  bool CanTakeBack(bool again) const override { return !again && !IsComplete(); }
   const QTreeWidget& List() const { return *FList; }
 
  protected:

@@ -16,6 +16,9 @@ class TMemoEdit : public QPlainTextEdit, public TValueEditor {
   QPoint StepsOf(const QKeyEvent& key) const override;
   bool BreaksLine(const QKeyEvent& key) const override;
   bool HasLines() const override { return true; }
+  bool CanTakeBack(bool again) const override {
+    return again ? document()->isRedoAvailable() : document()->isUndoAvailable();
+  }
 
  protected:
   TVariant Entered() const override;

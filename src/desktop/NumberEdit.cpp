@@ -43,6 +43,10 @@ TNumberEdit::TNumberEdit(const TEditorDescription& description, QWidget* parent)
   });
 }
 
+bool TNumberEdit::CanTakeBack(bool again) const {
+  return again ? lineEdit()->isRedoAvailable() : lineEdit()->isUndoAvailable();
+}
+
 void TNumberEdit::Begin(bool atEnd) {
   PlaceCursor(*lineEdit(), atEnd);
 }

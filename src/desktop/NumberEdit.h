@@ -10,6 +10,7 @@ class TNumberEdit : public QAbstractSpinBox, public TValueEditor {
  public:
   TNumberEdit(const TEditorDescription& description, QWidget* parent);
   bool KeepsOpen() const override { return false; }
+  bool CanTakeBack(bool again) const override;
   void Begin(bool atEnd) override;
   void PlaceInCell(const QRect& cell) override;
   void SetAlignment(Qt::Alignment alignment) override { setAlignment(alignment); }

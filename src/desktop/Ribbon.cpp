@@ -123,6 +123,12 @@ TRibbon::TRibbon(const TRibbonDescription& description, TCommandActions& actions
   FButton->setFont(bold);
   connect(FButton, &QToolButton::clicked, this, [this] { FMenu->ShowBelow(*FButton); });
   top->addWidget(FButton, 0, Qt::AlignVCenter);
+  for (auto* command : description.QuickAccess) {
+    auto* button = new TRibbonToolButton(actions.ActionOf(*command), false, false, this);
+    button->SetLevel(TRibbonLevel::IconsOnly);
+    button->setFocusPolicy(Qt::TabFocus);
+    top->addWidget(button, 0, Qt::AlignVCenter);
+  }
 
   FTabs = new TTabRow(this);
   top->addWidget(FTabs);

@@ -89,6 +89,16 @@ bool TValueEditor::TakeKey(const QKeyEvent& key) {
   return true;
 }
 
+bool TValueEditor::DecidesOn(QEvent& event) const {
+  if (event.type() != QEvent::ShortcutOverride) return false;
+  const auto& key = static_cast<const QKeyEvent&>(event);
+  const bool isOwnKey = HasLines() && key.key() == Qt::Key_Y && key.modifiers() == Qt::ControlModifier;
+  const bool again = isOwnKey || key.matches(QKeySequence::Redo);
+  if (!again && !key.matches(QKeySequence::Undo)) return false;
+  event.setAccepted(CanTakeBack(again));
+  return true;
+}
+
 void TValueEditor::Refuse() {
   QApplication::beep();
   if (FSign == nullptr) FSign = new TRefusedSign(FWidget);

@@ -54,6 +54,8 @@ class TValueEditor {
   virtual bool BreaksLine(const QKeyEvent&) const { return false; }
   /// Return is a key of the text where there is no cell.
   virtual bool HasLines() const { return false; }
+  /// What was typed can be taken back, or done again, in the editor itself.
+  virtual bool CanTakeBack(bool /*again*/) const { return false; }
   /// Reads anew what there is to choose from.
   virtual void Reload() {}
   /// Something that lies over the window belongs to the editor and is open; the call closes it.
@@ -61,6 +63,9 @@ class TValueEditor {
 
   /// Deals with a key that means the same in all editors: Delete, where it clears. False if it is none.
   bool TakeKey(const QKeyEvent& key);
+  /// Decides who gets the keys that take back and do again: the editor as long as it can, else the window's commands.
+  /// True where the event is such a key.
+  bool DecidesOn(QEvent& event) const;
   /// Tells the user that the last key was not taken: the bell, and a warning frame until the next key.
   void Refuse();
   bool HasRefused() const;

@@ -53,6 +53,11 @@ inline constexpr const char* BeyondSmallInt = "Der Wert {} passt nicht in das Fe
 inline constexpr const char* OrdinalNotFound = "{} not found";
 inline constexpr const char* NotTheOwner =
     "In diese Liste kann nichts eingefügt werden: Ihre Einträge gehören einer anderen.";
+inline constexpr const char* StepOfCourse = "{} für {}, {}";
+inline constexpr const char* StepOfField = "{} für {}";
+inline constexpr const char* StepOfRemarks = "Zeugnisbemerkungen für {}";
+inline constexpr const char* StepOfStudent = "{} Angaben für {}";
+inline constexpr const char* StepOfMany = "{} Angaben bei {} Schülern";
 inline constexpr const char* TokenLabel = "Kürzel";
 inline constexpr const char* PasswordNotStorable =
     "Das Kennwort der Datei enthält Zeichen, die das XML-Format nicht aufnehmen kann. Die Datei wurde nicht "

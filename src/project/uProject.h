@@ -143,11 +143,14 @@ class TMyTessaronProject final : public TVantrelDataStorage {
   /// The two raise EVantrelCollectionError for an index outside the list.
   void DeleteItem(TVantrelDataList& list, int index);
   void MoveItem(TVantrelDataList& list, int from, int to);
-  /// Who holds the token is told of every step, and of the begin and the end of steps that belong together (see
-  /// TJoinedChanges).
+  /// An editor opens or closes: what is changed between the two by its field is one thing that the user did. An end
+  /// without a beginning is nothing.
+  void BeginEdit() { FListeners.Tell(TChangeMark::EditBegin); }
+  void EndEdit() { FListeners.Tell(TChangeMark::EditEnd); }
+  /// Who holds the token is told of every step, and of what lies between them.
   [[nodiscard]] TProjectListeners::TToken Listen(TProjectListeners::TListener listener,
-                                                 TProjectListeners::TBracketListener onBracket = {}) {
-    return FListeners.Add(std::move(listener), std::move(onBracket));
+                                                 TProjectListeners::TMarkListener onMark = {}) {
+    return FListeners.Add(std::move(listener), std::move(onMark));
   }
 
   void AddCourse(TVantrelPtr<TCourse> course) { FCourses->AddCourse(std::move(course)); }

@@ -1,7 +1,7 @@
 #include "uProjectChanges.h"
 
-TProjectListeners::TToken TProjectListeners::Add(TListener listener, TBracketListener onBracket) {
-  auto token = std::make_shared<const TEntry>(TEntry{std::move(listener), std::move(onBracket)});
+TProjectListeners::TToken TProjectListeners::Add(TListener listener, TMarkListener onMark) {
+  auto token = std::make_shared<const TEntry>(TEntry{std::move(listener), std::move(onMark)});
   FListeners.push_back(token);
   return token;
 }
@@ -18,8 +18,8 @@ void TProjectListeners::Tell(const TProjectChange& change) {
   ForEach([&](const TEntry& entry) { entry.OnChange(change); });
 }
 
-void TProjectListeners::Tell(TChangeBracket bracket) {
+void TProjectListeners::Tell(TChangeMark mark) {
   ForEach([&](const TEntry& entry) {
-    if (entry.OnBracket) entry.OnBracket(bracket);
+    if (entry.OnMark) entry.OnMark(mark);
   });
 }

@@ -29,26 +29,32 @@ struct TProjectChange {
   TVantrelPtr<TVantrelDataObject>* Removed = nullptr;
 };
 
-/// The two ends of changes that belong together.
-enum class TChangeBracket { Begin, End };
+/// What is told between the changes.
+enum class TChangeMark {
+  Begin,  ///< what comes until the end belongs together
+  End,
+  EditBegin,  ///< an editor has opened: what it writes to its field, as often as it does, is one thing
+  EditEnd,
+  Saved  ///< the project stands in its file as it is
+};
 
 /// Who is told of changes.
 class TProjectListeners {
  public:
   /// Neither must raise. The second may be unset.
   using TListener = std::function<void(const TProjectChange& change)>;
-  using TBracketListener = std::function<void(TChangeBracket bracket)>;
+  using TMarkListener = std::function<void(TChangeMark mark)>;
   struct TEntry {
     TListener OnChange;
-    TBracketListener OnBracket;
+    TMarkListener OnMark;
   };
   /// As long as it is held, its listener is told. It may be let go while a change is told, and outlive the project.
   using TToken = std::shared_ptr<const TEntry>;
 
-  [[nodiscard]] TToken Add(TListener listener, TBracketListener onBracket);
+  [[nodiscard]] TToken Add(TListener listener, TMarkListener onMark);
   /// In the order of adding. Who is added meanwhile hears of the next change.
   void Tell(const TProjectChange& change);
-  void Tell(TChangeBracket bracket);
+  void Tell(TChangeMark mark);
 
  private:
   template <class TCall>

@@ -38,11 +38,11 @@ void TMyTessaronProject::MoveItem(TVantrelDataList& list, int from, int to) {
 }
 
 void TMyTessaronProject::BeginChanges() {
-  if (FOpenBrackets++ == 0) FListeners.Tell(TChangeBracket::Begin);
+  if (FOpenBrackets++ == 0) FListeners.Tell(TChangeMark::Begin);
 }
 
 void TMyTessaronProject::EndChanges() {
-  if (--FOpenBrackets == 0) FListeners.Tell(TChangeBracket::End);
+  if (--FOpenBrackets == 0) FListeners.Tell(TChangeMark::End);
 }
 
 void TMyTessaronProject::TellChange(const TProjectChange& change) {

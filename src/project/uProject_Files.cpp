@@ -142,6 +142,7 @@ void TMyTessaronProject::SaveFile(const std::string& fileName) {
   if (name == FileName()) FIsWriteProtected = false;
   ++FSaveCount;
   SetModified(false);
+  FListeners.Tell(TChangeMark::Saved);
 }
 
 void TMyTessaronProject::SaveEncryptedXml(const std::string& fileName) {

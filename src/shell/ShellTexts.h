@@ -22,6 +22,12 @@ inline constexpr const char* OpenFile = "Öff&nen...";
 inline constexpr const char* SaveFile = "Sp&eichern";
 inline constexpr const char* SaveFileAs = "Speichern &unter...";
 inline constexpr const char* CloseApplication = "Beenden";
+inline constexpr const char* Undo = "Rückgängig";
+inline constexpr const char* Redo = "Wiederholen";
+inline constexpr const char* UndoHint = "{} zurücknehmen";
+inline constexpr const char* RedoHint = "{} wiederholen";
+inline constexpr const char* Undone = "Zurückgenommen: {}";
+inline constexpr const char* Redone = "Wiederholt: {}";
 inline constexpr const char* StudentsView = "&Schüler anzeigen";
 inline constexpr const char* SubjectsView = "&Fächer anzeigen";
 inline constexpr const char* ClassesView = "&Kontrolle nach Klassen";
@@ -82,6 +88,8 @@ inline constexpr const char* DefectsOpened = "Die Datei ist geöffnet. Bitte mel
 inline constexpr const char* DamagedOpened =
     "Geöffnet ist, was sich lesen ließ. Beim ersten Speichern bleibt die Datei, wie sie jetzt ist, daneben erhalten "
     "(mit der Endung „.beschaedigt“).";
+inline constexpr const char* NotSaved = "Nicht gespeichert";
+inline constexpr const char* NotSavedSince = "Nicht gespeichert (zuletzt um {:02}:{:02} Uhr)";
 inline constexpr const char* SavedAt = "Gespeichert um {:02}:{:02} Uhr";
 inline constexpr const char* SaveError = "Fehler beim Speichern der Datei.\r\n{}";
 inline constexpr const char* OriginalNotKept =

@@ -55,6 +55,8 @@ TMainHandlers TMainForm::Handlers() {
   on.SaveFile = [this] { SaveFile(); };
   on.SaveFileAs = [this] { SaveFileAs(); };
   on.CloseApplication = [this] { FWindow.Close(); };
+  on.Undo = [this] { TakeStep(false); };
+  on.Redo = [this] { TakeStep(true); };
   for (const auto& entry : FPorts.Views)
     on.ShowView[entry.first] = [this, view = entry.first] { ShowView(view, false); };
   on.GotoFirst = ToForm(&TBaseForm::GotoFirst);
@@ -187,11 +189,41 @@ void TMainForm::UpdateBars() {
 void TMainForm::UpdateCommands() {
   const bool loaded = CurrentProject != nullptr;
   const bool modified = loaded && CurrentProject->Modified();
-  TMainCommands::SetEnabled(FCommands.SaveFileCommand, modified);
+  auto* form = FFormContainer.EmbeddedForm();
+  TMainCommands::SetEnabled(FCommands.SaveFileCommand, modified || (loaded && form != nullptr && form->HasDraft()));
   if (modified) ShowStandingNote();
+  UpdateHistoryCommands();
   TMainCommands::SetEnabled(FCommands.SaveFileAsCommand, loaded);
   for (const auto& view : MainViews)
     if (view.NeedsProject) TMainCommands::SetEnabled(FCommands.ViewCommand(view.View), loaded);
+}
+
+void TMainForm::UpdateHistoryCommands() {
+  const auto show = [](TVantrelCommand& command, const char* hint, const std::string& text) {
+    TMainCommands::SetEnabled(command, !text.empty());
+    command.SetHint(text.empty() ? std::string() : FormatText(hint, text));
+  };
+  show(FCommands.UndoCommand, ShellTexts::UndoHint, FHistory ? FHistory->UndoText() : std::string());
+  show(FCommands.RedoCommand, ShellTexts::RedoHint, FHistory ? FHistory->RedoText() : std::string());
+}
+
+void TMainForm::TakeStep(bool forwards) {
+  if (!FHistory) return;
+  OnForm(&TBaseForm::EndEdits);
+  const auto text = forwards ? FHistory->RedoText() : FHistory->UndoText();
+  if (text.empty()) return;
+  ShowPlace(forwards ? FHistory->Redo() : FHistory->Undo());
+  FWindow.SetStatusNote(FormatText(forwards ? ShellTexts::Redone : ShellTexts::Undone, text));
+}
+
+void TMainForm::ShowPlace(const TProjectPlace& place) {
+  const auto shows = [&] {
+    auto* form = FFormContainer.EmbeddedForm();
+    return form != nullptr && form->ShowPlace(place);
+  };
+  if (place.Student == nullptr || shows()) return;
+  ShowView(viewStudents, false);
+  shows();
 }
 
 void TMainForm::UpdateStatusText() {

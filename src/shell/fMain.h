@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <type_traits>
 #include <vector>
@@ -14,6 +15,7 @@
 #include "uMainDialogs.h"
 #include "uMainViews.h"
 #include "uOpenFileDialog.h"
+#include "uProjectHistory.h"
 #include "uProjectLookups.h"
 #include "uRecentFiles.h"
 
@@ -64,6 +66,9 @@ class TMainForm final : public TBaseMainForm {
     return [this, operation] { OnForm(operation); };
   }
   void UpdateFilter();
+  void UpdateHistoryCommands();
+  void TakeStep(bool forwards);
+  void ShowPlace(const TProjectPlace& place);
   void ShowManual();
   void ShowSpellCheck();
   void ConnectTextDialogs();
@@ -100,6 +105,7 @@ class TMainForm final : public TBaseMainForm {
   bool StoreProject();
   /// What the end of the status bar says while nothing else has to be said.
   void ShowStandingNote();
+  std::string NotSavedText() const;
 
   TMainFormPorts FPorts;
   std::vector<std::string> FArguments;
@@ -112,6 +118,9 @@ class TMainForm final : public TBaseMainForm {
   std::unique_ptr<TSplashScreenWindow> FSplash;
   TMyTessaronViews FCurrentView = TMyTessaronViews::viewWelcome;
   TVantrelPtr<TMyTessaronProject> FProject;
+  std::optional<TProjectHistory> FHistory;
+  /// When the open project was saved last, in days; 0 while it was not.
+  double FSavedAt = 0;
   TProjectLookups FLookups;
   TVantrelFormContainer FFormContainer;
 };

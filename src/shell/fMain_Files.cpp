@@ -101,8 +101,11 @@ bool TMainForm::CostsEntries(const TMyTessaronProject& project) const {
 void TMainForm::SetCurrentProject(TVantrelPtr<TMyTessaronProject> project) {
   FFormContainer.FreeEmbeddedForm();
   CurrentProject = nullptr;
+  FHistory.reset();
+  FSavedAt = 0;
   FProject = std::move(project);
   CurrentProject = FProject.get();
+  if (FProject != nullptr) FHistory.emplace(*FProject).OnChange = [this] { UpdateHistoryCommands(); };
   FLookups.SetOpen(CurrentProject);
   ShowStandingNote();
 }
@@ -223,6 +226,8 @@ void TMainForm::ShowRecentFiles() {
 }
 
 void TMainForm::SaveFile() {
+  // What the screen shows is what is saved.
+  OnForm(&TBaseForm::PostEdits);
   SaveUnlessChanged(true);
 }
 
@@ -242,7 +247,8 @@ bool TMainForm::SaveUnlessChanged(bool withCancel) {
 bool TMainForm::StoreProject() {
   try {
     CurrentProject->SaveFile({});
-    const auto now = DecodeDateTime(CurrentDateTime());
+    FSavedAt = CurrentDateTime();
+    const auto now = DecodeDateTime(FSavedAt);
     FWindow.SetStatusNote(FormatText(ShellTexts::SavedAt, now.Hour, now.Minute));
     return true;
   } catch (const std::exception& error) {
@@ -254,10 +260,19 @@ bool TMainForm::StoreProject() {
 
 void TMainForm::ShowStandingNote() {
   const bool isProtected = CurrentProject != nullptr && CurrentProject->IsWriteProtected();
-  FWindow.SetStatusNote(isProtected ? ResourceText(ViewTexts::WriteProtected) : std::string());
+  FWindow.SetStatusNote(isProtected    ? ResourceText(ViewTexts::WriteProtected)
+                        : IsModified() ? NotSavedText()
+                                       : std::string());
+}
+
+std::string TMainForm::NotSavedText() const {
+  if (FSavedAt == 0) return ResourceText(ShellTexts::NotSaved);
+  const auto saved = DecodeDateTime(FSavedAt);
+  return FormatText(ShellTexts::NotSavedSince, saved.Hour, saved.Minute);
 }
 
 bool TMainForm::SaveFileAs() {
+  OnForm(&TBaseForm::PostEdits);
   return CurrentProject != nullptr && SaveUnder(CurrentProject->FileName());
 }
 

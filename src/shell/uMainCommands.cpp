@@ -17,6 +17,8 @@ TMainCommands::TMainCommands(const TMainHandlers& on)
       SaveFileAsCommand(Add(ShellTexts::SaveFileAs, "document-save-as", "Ctrl+Shift+S", on.SaveFileAs)),
       CloseApplicationCommand(
           Add(ShellTexts::CloseApplication, "application-exit", "Ctrl+Alt+F4", on.CloseApplication)),
+      UndoCommand(Add(ShellTexts::Undo, "edit-undo", "Ctrl+Z", on.Undo)),
+      RedoCommand(Add(ShellTexts::Redo, "edit-redo", "Ctrl+Y; Ctrl+Shift+Z", on.Redo)),
       StudentsViewCommand(ViewCommand(viewStudents)),
       SubjectsViewCommand(ViewCommand(viewSubjects)),
       ClassesViewCommand(ViewCommand(viewClasses)),
@@ -114,5 +116,6 @@ TRibbonDescription TMainCommands::Ribbon() {
                               {.Command = &SaveFileAsCommand, .Large = true}},
           .ButtonRow = {&CloseApplicationCommand},
           .PaneHeading = ResourceText(ViewTexts::RecentFiles),
-          .Tabs = {StartTab(), HelpTab()}};
+          .Tabs = {StartTab(), HelpTab()},
+          .QuickAccess = {&SaveFileCommand, &UndoCommand, &RedoCommand}};
 }

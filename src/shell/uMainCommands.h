@@ -19,7 +19,7 @@ inline constexpr const char* HelpMenu = "HelpMenu";
 
 /// What the commands of the main window do. A command whose handler is unset is disabled for good.
 struct TMainHandlers {
-  std::function<void()> OpenFile, SaveFile, SaveFileAs, CloseApplication;
+  std::function<void()> OpenFile, SaveFile, SaveFileAs, CloseApplication, Undo, Redo;
   std::map<TMyTessaronViews, std::function<void()>> ShowView;
   std::function<void()> GotoFirst, GotoPrev, GotoNext, GotoLast;
   std::function<void()> UpdateFilter, GotoOpenGrade, EditZeugnisbeurteilungen, BatchCertificateData, ExportToExcel;
@@ -50,6 +50,7 @@ class TMainCommands {
 
  public:
   TVantrelCommand &OpenFileCommand, &SaveFileCommand, &SaveFileAsCommand, &CloseApplicationCommand;
+  TVantrelCommand &UndoCommand, &RedoCommand;
   TVantrelCommand &StudentsViewCommand, &SubjectsViewCommand, &ClassesViewCommand;
   TVantrelCommand &GotoFirstCommand, &GotoPrevCommand, &GotoNextCommand, &GotoLastCommand;
   TVantrelCommand &AlleNichtEditierbar, &Noten, &Punkte, &Beurteilungstexte, &GotoOpenGradeCommand;

@@ -3,10 +3,17 @@
 #include <algorithm>
 
 std::string TVantrelCommand::Hint() const {
+  if (!FHint.empty()) return FHint;
   std::string hint = FInfo.Caption;
   std::erase(hint, '&');
   std::erase(hint, '.');
   return hint;
+}
+
+void TVantrelCommand::SetHint(std::string hint) {
+  if (hint == FHint) return;
+  FHint = std::move(hint);
+  if (OnChanged) OnChanged();
 }
 
 void TVantrelCommand::Change(bool& state, bool value) {

@@ -12,7 +12,7 @@ class TVantrelCommands;
 struct TCommandInfo {
   std::string Caption;        ///< with "&" before the access key
   std::string Icon = {};      ///< name in the icon theme; empty for none
-  std::string Shortcut = {};  ///< as in "Ctrl+Shift+S"; empty for none
+  std::string Shortcut = {};  ///< as in "Ctrl+Shift+S", several as in "F2; Ctrl+E"; empty for none
   std::function<void()> OnExecute = {};
   std::string RadioGroup = {};  ///< commands of one name: exactly one of them is down once one was
   bool Visible = true;
@@ -26,8 +26,9 @@ class TVantrelCommand {
   TVantrelCommand& operator=(const TVantrelCommand&) = delete;
 
   const TCommandInfo& Info() const { return FInfo; }
-  /// The caption without its access-key mark and without dots.
+  /// What the command does at this moment; else the caption without its access-key mark and without dots.
   std::string Hint() const;
+  void SetHint(std::string hint);
   bool Enabled() const { return FEnabled; }
   bool Visible() const { return FInfo.Visible; }
   bool Checked() const { return FChecked; }
@@ -47,6 +48,7 @@ class TVantrelCommand {
 
   TVantrelCommands& FOwner;
   TCommandInfo FInfo;
+  std::string FHint;
   bool FEnabled = true;
   bool FChecked = false;
 };
@@ -88,4 +90,6 @@ struct TRibbonDescription {
   std::vector<TVantrelCommand*> ButtonRow;
   std::string PaneHeading;
   std::vector<TRibbonTab> Tabs;
+  /// Small buttons beside the application button.
+  std::vector<TVantrelCommand*> QuickAccess = {};
 };

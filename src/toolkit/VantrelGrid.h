@@ -96,6 +96,8 @@ class TVantrelGrid {
   std::function<bool(int ordinal)> OnEditChanged;
   /// What the edit had written to the source was taken back: the cell holds what it held when the editor opened.
   std::function<void()> OnEditReverted;
+  /// The editor has closed, whatever became of its value.
+  std::function<void()> OnEditEnded;
   /// Other records are selected.
   std::function<void()> OnSelectionChanged;
   std::function<TGridKeyAction(int ordinal, TGridKey key)> OnKeyDown;
@@ -165,6 +167,10 @@ class TVantrelGrid {
   /// Writes the value of the open editor to the source at once; the editor stays open.
   virtual void PostEdit() = 0;
   virtual bool IsEditing() const = 0;
+  /// What stands in the open editor would be written by a post.
+  virtual bool HasDraft() const = 0;
+  /// As PostEdit, and closes the editor.
+  virtual void EndEdit() = 0;
 
   /// The view's filter: the records whose column equals the value, all items together. It acts only while it is active;
   /// the display texts are shown below the rows then. What the user filters by acts beside it and is lifted by the user
@@ -172,6 +178,7 @@ class TVantrelGrid {
   virtual void ClearFilter() = 0;
   virtual void AddFilter(int ordinal, const TVariant& value, const std::string& displayText) = 0;
   virtual void SetFilterActive(bool active) = 0;
+  virtual void LiftUserFilter() = 0;
 
   virtual int SelectedCount() const = 0;
   /// The n-th selected record, -1 if there is none: in the order of the clicks, those selected at once from the top. A

@@ -17,6 +17,7 @@ enum class TDataMode { dmNone, dmBrowse, dmFill, dmAdd, dmEdit, dmDuplicate, dmU
 
 class TLookupTables;
 class TVantrelGrid;
+struct TProjectPlace;
 
 /// What the main window lends to its views. It outlives them.
 struct TViewFrame {
@@ -72,6 +73,10 @@ class TBaseForm : public TVantrelForm {
 
   /// Writes what open editors hold to where it belongs.
   virtual void PostEdits() {}
+  /// As PostEdits, and no editor is open any more.
+  virtual void EndEdits() {}
+  /// PostEdits would write something.
+  virtual bool HasDraft() { return false; }
 
   virtual void CreateData() {}
   virtual void SetupView() {}
@@ -113,6 +118,8 @@ class TBaseForm : public TVantrelForm {
   virtual void UpdateFilter(const TVariant& /*gradeType*/, const TVariant& /*classValue*/) {}
   /// Focuses the next grade that is still to be entered.
   virtual void GotoOpenGrade() {}
+  /// Goes to a place of the project, and lifts a filter of the user that hides it. False where the form cannot show it.
+  virtual bool ShowPlace(const TProjectPlace& /*place*/) { return false; }
 
   // What the main window tells the form on show.
   /// The recent documents have changed.

@@ -34,6 +34,10 @@ void TStudentsView::PostEdits() {
   for (const auto& page : FPages) page->PostEdits();
 }
 
+void TStudentsView::EndEdits() {
+  for (const auto& page : FPages) page->EndEdits();
+}
+
 void TStudentsView::CreateData() {
   FStudents->Fill([](auto& table) { CurrentProject->Students().Populate(table); });
 }
@@ -113,4 +117,17 @@ void TStudentsView::UpdateTitle() {
 
 void TStudentsView::EditZeugnisbeurteilungen() {
   FAchievements->EditAssessment(FFrame);
+}
+
+bool TStudentsView::ShowPlace(const TProjectPlace& place) {
+  if (place.Student == nullptr || !FStudents->FocusId(place.Student->TessaronId.Value)) return false;
+  const auto page = place.Course != nullptr ? AchievementSheet
+                    : place.IsRemark        ? CertificateCommentsSheet
+                                            : CertificateDataSheet;
+  if (FUi->ActivePage() != page) {
+    FUi->SetActivePage(page);
+    Handle_PageChanged();
+  }
+  ActivePage().ShowPlace(place);
+  return true;
 }

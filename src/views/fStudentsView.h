@@ -17,6 +17,8 @@ class TStudentsView final : public TBaseView {
   ~TStudentsView() override;
 
   void PostEdits() override;
+  void EndEdits() override;
+  bool HasDraft() override { return FAchievements->Grid().HasDraft(); }
   void CreateData() override;
   void SetupView() override;
   void DestroyData() override;
@@ -25,6 +27,7 @@ class TStudentsView final : public TBaseView {
   void UpdateViewCommands() override;
   void UpdateContent() override;
   void EditZeugnisbeurteilungen() override;
+  bool ShowPlace(const TProjectPlace& place) override;
 
  protected:
   TFormUi& Ui() override { return *FUi; }

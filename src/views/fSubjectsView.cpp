@@ -3,6 +3,7 @@
 #include "VantrelI18n.h"
 #include "ViewTexts.h"
 #include "uOpenGrades.h"
+#include "uProjectHistory.h"
 #include "uSubjectsList.h"
 #include "uUpdates.h"
 
@@ -135,4 +136,9 @@ void TSubjectsView::UpdateTitle() {
   else if (FSubjects->RecordCount() > 0)
     title = FSubjects->FocusedValue("Name").AsTextOrEmpty();
   FUi->TitleLabel().SetValue(title);
+}
+
+bool TSubjectsView::ShowPlace(const TProjectPlace& place) {
+  return place.Course != nullptr && FSubjects->FocusId(place.Course->SubjectId.Value) &&
+         FAchievements->ShowPlace(*place.Course, place.Key);
 }

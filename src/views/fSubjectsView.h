@@ -15,6 +15,8 @@ class TSubjectsView final : public TBaseView {
   ~TSubjectsView() override;
 
   void PostEdits() override { FAchievements->PostEdit(); }
+  void EndEdits() override { FAchievements->EndEdit(); }
+  bool HasDraft() override { return Grid().HasDraft(); }
   void CreateData() override;
   void SetupView() override;
   void DestroyData() override {}
@@ -26,6 +28,7 @@ class TSubjectsView final : public TBaseView {
   /// Shows and unlocks the rows of one grade type, and puts the keyboard into them.
   void UpdateFilter(const TVariant& gradeType, const TVariant& classValue) override;
   void GotoOpenGrade() override;
+  bool ShowPlace(const TProjectPlace& place) override;
 
  protected:
   TFormUi& Ui() override { return *FUi; }

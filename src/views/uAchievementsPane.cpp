@@ -4,6 +4,7 @@
 
 #include "VantrelI18n.h"
 #include "ViewTexts.h"
+#include "uCXUtils.h"
 #include "uUpdates.h"
 
 TAchievementsPane::TAchievementsPane(TGridPaneUi& ui, TLookupTables& lookups, const TAchievementsSettings& settings)
@@ -54,6 +55,10 @@ void TAchievementsPane::ConnectEvents() {
     return FEditable[static_cast<std::size_t>(ordinal)] && (!MayEdit || MayEdit());
   };
   grid.OnKeyDown = [this](int ordinal, TGridKey key) { return AnswerKey(ordinal, key); };
+  grid.OnEditChanged = [](int) {
+    TModifiedMark::TellAgain();
+    return false;
+  };
   FModifiedMark.Follow(grid);
 }
 
@@ -173,6 +178,18 @@ TCourse* TAchievementsPane::FocusedCourse() const {
   const int focused = FUi.Grid().FocusedRecord();
   if (FSource == nullptr || focused < 0 || focused >= FSource->GetRecordCount()) return nullptr;
   return static_cast<TCourse*>(FSource->GetRecordHandle(focused));
+}
+
+bool TAchievementsPane::ShowPlace(const TCourse& course, std::string_view key) {
+  auto& grid = FUi.Grid();
+  int record = FSource == nullptr ? -1 : FSource->GetRecordCount() - 1;
+  while (record >= 0 && FSource->GetRecordHandle(record) != &course) --record;
+  if (record < 0 || !TCXUtils::FocusRecord(grid, record)) return false;
+  const auto shown = grid.ShownColumns();
+  const auto column = std::ranges::find_if(shown, [&](int ordinal) { return FCourseColumns.Find(ordinal)->Key == key; });
+  if (column != shown.end()) grid.FocusColumn(*column);
+  grid.SetFocus();
+  return column != shown.end();
 }
 
 void TAchievementsPane::EditAssessment(const TViewFrame& frame) {

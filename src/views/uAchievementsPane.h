@@ -59,12 +59,16 @@ class TAchievementsPane {
   void Unfocus() { FUi.Grid().BindSource(FSource.get()); }
   void ReapplyGradeFilter();
   void PostEdit() { FUi.Grid().PostEdit(); }
+  void EndEdit() { FUi.Grid().EndEdit(); }
   void Fit();
   void UpdateCount();
 
   TVantrelGrid& Grid() { return FUi.Grid(); }
   /// Whether there is anything to show, be it no course at all.
   bool HasContent() const { return FSource != nullptr; }
+  /// Focuses the course, in the column of the stored field if it is on show, and takes the keyboard. False where the
+  /// course or the column is not shown.
+  bool ShowPlace(const TCourse& course, std::string_view key);
   /// The course whose row has the focus; null if there is none.
   TCourse* FocusedCourse() const;
   /// Lets the user change the assessment text of the focused course.

@@ -28,6 +28,16 @@ void TCXUtils::SyncSelectionToFocus(TVantrelGrid& gridView) {
   if (const int focused = gridView.FocusedRecord(); focused >= 0) gridView.SelectRecords({focused});
 }
 
+bool TCXUtils::FocusRecord(TVantrelGrid& gridView, int record) {
+  gridView.FocusRecord(record);
+  if (gridView.FocusedRecord() != record) {
+    gridView.LiftUserFilter();
+    gridView.FocusRecord(record);
+  }
+  SyncSelectionToFocus(gridView);
+  return gridView.FocusedRecord() == record;
+}
+
 TVariant TCXUtils::GetSelectedRecord(const TVantrelGrid& gridView, int recordIndex, std::string_view fieldname) {
   return gridView.FieldValue(gridView.SelectedRecord(recordIndex), fieldname);
 }

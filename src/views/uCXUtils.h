@@ -20,6 +20,8 @@ class TCXUtils {
 
   /// Selects just the focused record, if there is one.
   static void SyncSelectionToFocus(TVantrelGrid& gridView);
+  /// Focuses a record and selects it alone; a filter of the user that hides it is lifted. False where it is not shown.
+  static bool FocusRecord(TVantrelGrid& gridView, int record);
   /// The value of a field of the n-th selected record, whether a column shows it or not; null if there is none.
   static TVariant GetSelectedRecord(const TVantrelGrid& gridView, int recordIndex, std::string_view fieldname);
   /// Selects all records that are shown, in a grouped grid those of the focused group instead of what was selected. If

@@ -62,7 +62,7 @@ TCertificateCommentsSheet::TCertificateCommentsSheet(TGridPaneUi& ui, const TVie
                    &DeleteAllCertificateCommentsCommand});
   FUi.OnFit = [this] { Fit(); };
   FChanges = CurrentProject->Listen([this](const auto& change) { ShowChange(change); },
-                                    [this](auto bracket) { ShowBracket(bracket); });
+                                    [this](auto mark) { FollowMark(mark); });
   UpdateCommands();
   UpdateCount();
 }
@@ -106,6 +106,11 @@ void TCertificateCommentsSheet::SetUpGrid() {
 void TCertificateCommentsSheet::ShowStudent(TStudent* student, const TClass*) {
   FStudent = student;
   Populate();
+}
+
+void TCertificateCommentsSheet::ShowPlace(const TProjectPlace& place) {
+  if (place.Remark != nullptr) TCXUtils::FocusRecord(FUi.Grid(), RecordOf(place.Remark->ID()));
+  FUi.Grid().SetFocus();
 }
 
 void TCertificateCommentsSheet::Fit() {
@@ -233,10 +238,11 @@ void TCertificateCommentsSheet::ShowChange(const TProjectChange& change) {
                      (change.List == nullptr ? comments->IndexOf(&change.Record) >= 0 : change.List == comments);
   if (!isOwn) return;
   FHasChanged = true;
-  if (!FIsInBracket) ShowBracket(TChangeBracket::End);
+  if (!FIsInBracket) FollowMark(TChangeMark::End);
 }
 
-void TCertificateCommentsSheet::ShowBracket(TChangeBracket bracket) {
-  FIsInBracket = bracket == TChangeBracket::Begin;
+void TCertificateCommentsSheet::FollowMark(TChangeMark mark) {
+  if (mark != TChangeMark::Begin && mark != TChangeMark::End) return;
+  FIsInBracket = mark == TChangeMark::Begin;
   if (!FIsInBracket && std::exchange(FHasChanged, false)) Follow();
 }

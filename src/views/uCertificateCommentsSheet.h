@@ -15,6 +15,7 @@ class TCertificateCommentsSheet final : public TStudentsViewPage {
   TCertificateCommentsSheet(TGridPaneUi& ui, const TViewFrame& frame);
 
   void ShowStudent(TStudent* student, const TClass* schoolClass) override;
+  void ShowPlace(const TProjectPlace& place) override;
   void Fit() override;
   void UpdateCount() override;
   void UpdateCommands() override;
@@ -36,7 +37,7 @@ class TCertificateCommentsSheet final : public TStudentsViewPage {
   void FollowItem(const TCertificateComment& comment);
   bool IsInStep() const;
   void ShowChange(const TProjectChange& change);
-  void ShowBracket(TChangeBracket bracket);
+  void FollowMark(TChangeMark mark);
   int RecordOf(const TGuid& id) const;
 
   TGridPaneUi& FUi;

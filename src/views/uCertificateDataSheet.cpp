@@ -1,10 +1,15 @@
 #include "uCertificateDataSheet.h"
 
+#include <utility>
+
 TCertificateDataSheet::TCertificateDataSheet(TStudentsViewUi& ui, const TLookupTables& lookups)
     : FUi(ui), FForm(ui.CertificateData()) {
   FForm.SetFields(CertificateForm(TCertificateUse::Page, lookups));
   ApplyCertificateLayout();
   FForm.OnChange = [this](const std::string& fieldname) { SaveCertificateData(fieldname); };
+  FForm.OnLeave = [this](const std::string&) {
+    if (std::exchange(FIsEditing, false)) CurrentProject->EndEdit();
+  };
   FChanges = CurrentProject->Listen([this](const TProjectChange& change) { ShowChange(change); });
 }
 
@@ -33,8 +38,14 @@ void TCertificateDataSheet::SaveCertificateData(const std::string& fieldname) {
   const auto* field = FindCertificateField(fieldname);
   if (field == nullptr || FStudent == nullptr || FUi.ActivePage() != TStudentsPage::CertificateDataSheet) return;
   FIsSaving = true;
+  if (!std::exchange(FIsEditing, true)) CurrentProject->BeginEdit();
   RunForUser([&] { CurrentProject->ChangeField(*FStudent, field->Key, FForm.Value(fieldname)); });
   FIsSaving = false;
+}
+
+void TCertificateDataSheet::ShowPlace(const TProjectPlace& place) {
+  for (const auto& field : CertificateFields(TCertificateUse::Page))
+    if (field.Key == place.Key) FForm.SetFocus(std::string(field.Fieldname));
 }
 
 void TCertificateDataSheet::ShowChange(const TProjectChange& change) {

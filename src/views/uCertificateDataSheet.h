@@ -12,6 +12,7 @@ class TCertificateDataSheet final : public TStudentsViewPage {
   TCertificateDataSheet(TStudentsViewUi& ui, const TLookupTables& lookups);
 
   void ShowStudent(TStudent* student, const TClass* schoolClass) override;
+  void ShowPlace(const TProjectPlace& place) override;
   std::vector<TGradeTypes> GradeTypes(const TClass&) const override {
     return {TGradeTypes::gtValue, TGradeTypes::gtFill};
   }
@@ -27,5 +28,7 @@ class TCertificateDataSheet final : public TStudentsViewPage {
   TStudent* FStudent = nullptr;
   /// The form itself is the source of a change.
   bool FIsSaving = false;
+  /// A field has been changed since the keyboard came to it.
+  bool FIsEditing = false;
   TProjectListeners::TToken FChanges;
 };

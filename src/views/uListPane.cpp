@@ -86,6 +86,13 @@ void TListPane::SetValues(std::string_view field, const std::function<TVariant(c
   if (FTable.RecNo() != current) FTable.SetRecNo(current);
 }
 
+bool TListPane::FocusId(const TVariant& id) {
+  const int field = FTable.FieldByName("ID").Index();
+  for (int record = 0; record < FTable.RecordCount(); ++record)
+    if (FTable.ValueAt(record, field) == id) return TCXUtils::FocusRecord(FUi.Grid(), record);
+  return false;
+}
+
 void TListPane::RestoreLayout(std::string_view layout) {
   {
     auto& grid = FUi.Grid();

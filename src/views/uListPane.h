@@ -65,6 +65,8 @@ class TListPane {
   int RecordCount() const { return FTable.RecordCount(); }
   /// A value of the focused record; null if there is none.
   TVariant FocusedValue(std::string_view field = "ID") const { return FTable.FieldByName(field).Value(); }
+  /// Focuses the record of that id; a filter of the user that hides it is lifted. False where there is none.
+  bool FocusId(const TVariant& id);
   /// The list holds records, but its filter hides them all.
   bool IsNobodyShown() const { return FUi.Grid().FocusedRecord() < 0 && FTable.RecordCount() > 0; }
 

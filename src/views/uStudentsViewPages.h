@@ -3,6 +3,7 @@
 #include <vector>
 
 #include "uAchievementsPane.h"
+#include "uProjectHistory.h"
 
 /// A page of the students view. A page need not answer what does not concern it.
 class TStudentsViewPage {
@@ -16,6 +17,10 @@ class TStudentsViewPage {
   virtual void ShowStudent(TStudent* student, const TClass* schoolClass) = 0;
   /// Writes what open editors hold to where it belongs.
   virtual void PostEdits() {}
+  /// As PostEdits, and no editor is open any more.
+  virtual void EndEdits() {}
+  /// Goes to a place that belongs to the page and the student on show.
+  virtual void ShowPlace(const TProjectPlace& /*place*/) {}
   virtual void Fit() {}
   virtual void UpdateCount() {}
   /// Sets the state of the commands of its own.
@@ -35,6 +40,8 @@ class TAchievementSheet final : public TStudentsViewPage {
 
   void ShowStudent(TStudent* student, const TClass* schoolClass) override;
   void PostEdits() override { FPane.PostEdit(); }
+  void EndEdits() override { FPane.EndEdit(); }
+  void ShowPlace(const TProjectPlace& place) override { FPane.ShowPlace(*place.Course, place.Key); }
   void Fit() override { FPane.Fit(); }
   void UpdateCount() override { FPane.UpdateCount(); }
   bool ShowsCourses() const override { return true; }

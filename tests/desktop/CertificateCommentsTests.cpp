@@ -173,7 +173,7 @@ TEST_F(CertificateCommentsTest, DeletingTakesWhatIsSelectedAndAsksBefore) {
     FProject->SetModified(false);
     std::string told;
     const auto listening = FProject->Listen(
-        [&](const auto&) { told += '-'; }, [&](auto bracket) { told += bracket == TChangeBracket::Begin ? '{' : '}'; });
+        [&](const auto&) { told += '-'; }, [&](auto mark) { told += mark == TChangeMark::Begin ? '{' : '}'; });
     for (const auto& [key, modifiers] : keys) Key(key, modifiers);
     EXPECT_EQ(Stored(), left);
     EXPECT_EQ(Shown(), left);

@@ -185,7 +185,6 @@ TEST_F(MainFormTest, ClosingPostsAsksAndSavesOnYes) {
     Start();
     Open("small.kvrx");
     TypeAssessment("zuletzt");
-    FForm->Commands().SaveFileCommand.Execute();
     FBoxes.Texts.clear();
     FBoxes.Answer = answer;
     FForm->Commands().CloseApplicationCommand.Execute();

@@ -4,21 +4,23 @@ namespace {
 
 using enum TMyTessaronViews;
 
-TEST_F(MainFormTest, ASaveLeavesTheOpenEditorAlone) {
+TEST_F(MainFormTest, WhatTheScreenShowsIsSaved) {
   Start();
   Open("small.kvrx");
   TypeAssessment("offen");
-  CurrentProject->SetModified(true);
-  EXPECT_TRUE(FForm->Commands().SaveFileCommand.Enabled());
-  FForm->Commands().SaveFileCommand.Execute();
-  EXPECT_FALSE(FForm->Commands().SaveFileCommand.Enabled());
+  auto& save = FForm->Commands().SaveFileCommand;
+  EXPECT_TRUE(save.Enabled());
+  EXPECT_FALSE(CurrentProject->Modified());
+  save.Execute();
+  EXPECT_FALSE(save.Enabled());
   EXPECT_THAT(FWindow.Note, testing::MatchesRegex("Gespeichert um [0-9][0-9]:[0-9][0-9] Uhr"));
-  EXPECT_TRUE(Courses().IsEditing());
+  ASSERT_TRUE(Courses().IsEditing());
+  TypeInto(Courses(), 15, "!");
   FForm->ShowView(viewWelcome, false);
-  EXPECT_TRUE(FForm->Commands().SaveFileCommand.Enabled());
-  EXPECT_EQ(FWindow.Note, "");
+  EXPECT_TRUE(save.Enabled());
+  EXPECT_THAT(FWindow.Note, testing::MatchesRegex("Nicht gespeichert \\(zuletzt um .*"));
   FForm.reset();
-  EXPECT_NE(AssessmentIn(FFolder / "small.kvrx"), "offen");
+  EXPECT_EQ(AssessmentIn(FFolder / "small.kvrx"), "offen");
 }
 
 TEST_F(MainFormTest, SavingUnderANameMakesItAKnownKind) {
