@@ -131,7 +131,6 @@ void TDesktopGrid::EndUpdate() {
   if (--FUpdates > 0) return;
   FModel.Resume();
   FView->ApplyColumns();
-  FView->FitRows();
   RestoreFocus();
   RestoreSelection();
   FKeepsFocus = true;
@@ -196,13 +195,16 @@ void TDesktopGrid::ShowColumn(int ordinal, bool visible) {
   FModel.Data().Column(ordinal).Visible = visible;
   if (FUpdates > 0) return;
   FView->ApplyColumns();
-  FView->FitRows();
   if (FView->currentIndex().isValid()) FView->GotoCell(FView->currentIndex().row(), FFocusedColumn);
 }
 
-void TDesktopGrid::SetColumnWidth(int ordinal, int width) {
+void TDesktopGrid::GiveWidth(int ordinal, int width) {
   FModel.Data().Column(ordinal).Width = width;
   FModel.Data().Column(ordinal).TakesRest = false;
+}
+
+void TDesktopGrid::SetColumnWidth(int ordinal, int width) {
+  GiveWidth(ordinal, width);
   if (FUpdates == 0) FView->ApplyColumns();
 }
 
@@ -235,8 +237,18 @@ void TDesktopGrid::SortBy(int ordinal, TGridSortOrder order, bool adds) {
   for (int i = 0; i < FModel.Data().ColumnCount() && !adds; ++i) SetColumnSort(i, TGridSortOrder::None, -1);
   SetColumnSort(ordinal, order, !adds ? 0 : ownPlace >= 0 ? ownPlace : places);
   EndUpdate();
+  MakeRoomForArrow(ordinal);
   if (OnHeaderClick) OnHeaderClick(ordinal);
   if (OnSortChanged) OnSortChanged();
+}
+
+/// A caption that was shown whole is so beside its arrow, too.
+void TDesktopGrid::MakeRoomForArrow(int ordinal) {
+  const int wanted = FView->horizontalHeader()->sectionSizeHint(ordinal), width = FView->columnWidth(ordinal);
+  const auto& column = FModel.Data().Column(ordinal);
+  const bool wasWhole = width >= wanted - TGridHeader::ArrowWidth && width < wanted;
+  if (wasWhole && column.SortOrder != TGridSortOrder::None && !column.TakesRest)
+    SetColumnWidth(ordinal, FView->FromPixels(wanted));
 }
 
 std::string TDesktopGrid::DisplayText(int record, int ordinal) const {

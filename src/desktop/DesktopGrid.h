@@ -103,6 +103,9 @@ class TDesktopGrid : public QWidget, public TVantrelGrid, private TVantrelTableL
  private:
   void RecordMoved() override;
   void Rebuild() { BeginUpdate(), EndUpdate(); }
+  void GiveWidth(int ordinal, int width);
+  int BestWidth(int ordinal) const;
+  void MakeRoomForArrow(int ordinal);
   void RestoreFocus();
   void RestoreSelection();
   void SetFocused(int record);

@@ -112,16 +112,21 @@ void TDesktopGrid::EndBestFit() {
   FView->setUpdatesEnabled(true);
 }
 
-void TDesktopGrid::BestFit(int ordinal) {
+int TDesktopGrid::BestWidth(int ordinal) const {
   const QFontMetrics metrics = FView->fontMetrics();
   int width = FView->horizontalHeader()->sectionSizeHint(ordinal);
   for (int record = 0; record < RecordCount(); ++record)
-    width = std::max(width, metrics.size(0, FModel.Data().DisplayText(record, ordinal)).width() + 14);
-  SetColumnWidth(ordinal, FView->FromPixels(std::min(width, FView->viewport()->width())));
+    width = std::max(width, metrics.size(0, ShownPart(FModel.Data().DisplayText(record, ordinal))).width() + 14);
+  return FView->FromPixels(std::min(width, FView->viewport()->width()));
+}
+
+void TDesktopGrid::BestFit(int ordinal) {
+  SetColumnWidth(ordinal, BestWidth(ordinal));
 }
 
 void TDesktopGrid::BestFitAll() {
-  for (const int ordinal : ShownColumns()) BestFit(ordinal);
+  for (const int ordinal : ShownColumns()) GiveWidth(ordinal, BestWidth(ordinal));
+  if (FUpdates == 0) FView->ApplyColumns();
 }
 
 std::string TDesktopGrid::Layout() const {

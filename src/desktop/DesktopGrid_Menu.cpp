@@ -52,10 +52,7 @@ void TDesktopGrid::AddColumnActions(QMenu& menu, int ordinal) {
         ->setEnabled(FModel.Data().Column(ordinal).InChooser);
     menu.addAction(UserText(DesktopTexts::ChooseColumns), this, [this] { TColumnChooser(*this, this).exec(); });
   }
-  menu.addAction(UserText(DesktopTexts::BestFit), this, [this, ordinal] {
-    BestFit(ordinal);
-    FView->FitRows();
-  });
+  menu.addAction(UserText(DesktopTexts::BestFit), this, [this, ordinal] { BestFit(ordinal); });
   menu.addAction(UserText(DesktopTexts::BestFitAll), this, [this] {
     BeginBestFit();
     BestFitAll();

@@ -24,6 +24,11 @@ QRect TGridDelegate::TextArea(const QRect& cell) {
   return cell.adjusted(textMargin, 0, -textMargin, 0);
 }
 
+TCellText TGridDelegate::InArea(const QString& text, const QFont& font, const QRect& area, Qt::Alignment alignment) {
+  // The grid line takes a pixel of the padding.
+  return TCellText(text, font, area.width(), area.height() - LinePadding / 2, alignment);
+}
+
 void TGridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const {
   if (Model().IsGroup(index)) return;
   const bool selected = (option.state & QStyle::State_Selected) != 0;
@@ -38,18 +43,16 @@ void TGridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
   painter->fillRect(option.rect, ground);
 
   const auto& column = Model().Data().Column(index.column());
-  QFont font = option.font;
-  painter->setFont(font);
+  painter->setFont(option.font);
   painter->setPen(colour(bright ? QPalette::HighlightedText : QPalette::Text));
   const QRect area = TextArea(option.rect);
-  QString text = ShownPart(index.data().toString());
-  if (Model().Options().RowsFollowContent) {
-    painter->drawText(area, static_cast<int>(AlignmentOf(column)) | Wrapping, text);
-  } else {
-    text.replace('\n', ' ');
-    painter->drawText(area, static_cast<int>(AlignmentOf(column)),
-                      option.fontMetrics.elidedText(text, Qt::ElideRight, area.width()));
-  }
+  const QString text = ShownPart(index.data().toString());
+  const auto alignment = AlignmentOf(column);
+  if (Model().Options().RowsFollowContent && !FitsInLine(text, option.fontMetrics, area.width()))
+    InArea(text, option.font, area, alignment).Draw(*painter, area);
+  else
+    painter->drawText(area, static_cast<int>(alignment) | Qt::TextSingleLine,
+                      option.fontMetrics.elidedText(InOneLine(text), Qt::ElideRight, area.width()));
   if (index != FView.currentIndex()) return;
   painter->setPen(Qt::NoPen);
   painter->setBrush(option.palette.color(QPalette::Active, bright ? QPalette::HighlightedText : QPalette::Highlight));
@@ -62,9 +65,9 @@ void TGridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
 }
 
 QSize TGridDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const {
-  if (Model().IsGroup(index)) return {0, option.fontMetrics.height() + 8};
+  if (Model().IsGroup(index)) return {0, option.fontMetrics.height() + LinePadding};
   const QSize text = option.fontMetrics.size(0, ShownPart(index.data().toString()));
-  return {text.width() + 2 * textMargin + 6, text.height() + 8};
+  return {text.width() + 2 * textMargin + 6, text.height() + LinePadding};
 }
 
 QWidget* TGridDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem&, const QModelIndex& index) const {

@@ -2,6 +2,8 @@
 
 #include <QStyledItemDelegate>
 
+#include "CellText.h"
+
 class TGridModel;
 class TGridView;
 
@@ -20,8 +22,10 @@ class TGridDelegate : public QStyledItemDelegate {
 
   /// The part of a cell's inside that its text takes. Rows are measured by it too.
   static QRect TextArea(const QRect& cell);
-  /// How a text breaks in a grid whose rows follow the content.
-  static constexpr int Wrapping = Qt::TextWordWrap;
+  /// The text as that part shows it in a row that follows its content.
+  static TCellText InArea(const QString& text, const QFont& font, const QRect& area, Qt::Alignment alignment);
+  /// What a row is higher than its text, in pixels.
+  static constexpr int LinePadding = 8;
 
   /// Commits unless `revert`, and closes.
   void Finish(QWidget* editor, bool revert);

@@ -12,7 +12,6 @@
 
 namespace {
 constexpr int captionPadding = 8;
-constexpr int arrowWidth = 16;
 }  // namespace
 
 TGridHeader::TGridHeader(const TGridModel& model, QWidget* parent)
@@ -26,7 +25,7 @@ TGridHeader::TGridHeader(const TGridModel& model, QWidget* parent)
 
 int TGridHeader::Padding(int section) const {
   const bool sorted = FModel.Data().Column(section).SortOrder != TGridSortOrder::None;
-  return captionPadding + (sorted ? arrowWidth : 0);
+  return captionPadding + (sorted ? ArrowWidth : 0);
 }
 
 QSize TGridHeader::sectionSizeFromContents(int section) const {

@@ -9,6 +9,8 @@ class TGridModel;
 class TGridHeader : public QHeaderView {
  public:
   TGridHeader(const TGridModel& model, QWidget* parent);
+  /// What the arrow of a sorted column takes, in pixels.
+  static constexpr int ArrowWidth = 16;
   /// Room for the captions: in one line, or in as many as they need where the options say so.
   void FitHeight();
   /// The room in pixels that frozen columns cover; 0 while nothing is scrolled away.

@@ -55,7 +55,7 @@ void TGridView::ApplyColumns() {
   FApplying = false;
   FillRest();
   header.FitHeight();
-  updateGeometries();
+  FitRows();
 }
 
 bool TGridView::FillRest() {
@@ -79,7 +79,6 @@ void TGridView::ColumnResized(int ordinal, int width) {
   auto& column = FModel.Data().Column(ordinal);
   column.Width = FromPixels(width);
   column.TakesRest = false;
-  FillRest();
   FitRows();
 }
 
@@ -99,55 +98,6 @@ int TGridView::WidthOfColumns() const {
     if (column.Visible) width += column.TakesRest ? ToPixels(column.Width) : columnWidth(ordinal);
   }
   return width + verticalScrollBar()->sizeHint().width() + 2 * frameWidth();
-}
-
-void TGridView::FitRows() {
-  const int lineHeight = fontMetrics().height();
-  verticalHeader()->setDefaultSectionSize(lineHeight + 8);
-  FitShownRows();
-}
-
-void TGridView::FitShownRows() {
-  if (!FModel.Options().RowsFollowContent) return;
-  for (int row = std::max(rowAt(0), 0); row < FModel.rowCount(); ++row) {
-    FitRow(row);
-    if (rowViewportPosition(row) + rowHeight(row) > viewport()->height()) return;
-  }
-}
-
-void TGridView::FitRowsAbove(int row) {
-  const int top = rowViewportPosition(row);
-  const bool isShown = top >= 0 && top + rowHeight(row) <= viewport()->height();
-  int left = isShown || !FModel.Options().RowsFollowContent ? 0 : viewport()->height();
-  for (; row >= 0 && left > 0; --row) {
-    FitRow(row);
-    left -= rowHeight(row);
-  }
-}
-
-void TGridView::verticalScrollbarValueChanged(int value) {
-  QTableView::verticalScrollbarValueChanged(value);
-  FitShownRows();
-}
-
-void TGridView::FitRow(int row) {
-  int height = fontMetrics().height();
-  const int line = showGrid() ? 1 : 0;
-  for (int column = 0; column < FModel.columnCount() && FModel.RecordAt(row) >= 0; ++column) {
-    if (isColumnHidden(column) || FModel.Data().Column(column).Editor.ValueKind != TValueKind::Text) continue;
-    const QString text = ShownPart(FModel.Data().DisplayText(FModel.RecordAt(row), column));
-    const QRect area = TGridDelegate::TextArea(QRect(0, 0, columnWidth(column) - line, 10000));
-    // An advance is rounded: only what is narrower by a pixel surely stands in one line.
-    if (!text.contains('\n') && fontMetrics().horizontalAdvance(text) < area.width()) continue;
-    height = std::max(height, fontMetrics().boundingRect(area, TGridDelegate::Wrapping, text).height());
-  }
-  auto* rows = verticalHeader();
-  if (rows->sectionSize(row) != height + 8) rows->resizeSection(row, height + 8);
-}
-
-void TGridView::dataChanged(const QModelIndex& first, const QModelIndex& last, const QList<int>& roles) {
-  QTableView::dataChanged(first, last, roles);
-  for (int row = first.row(); row <= last.row() && FModel.Options().RowsFollowContent; ++row) FitRow(row);
 }
 
 void TGridView::SetGroupClosed(int row, bool closed) {
@@ -276,8 +226,10 @@ void TGridView::mouseReleaseEvent(QMouseEvent* event) {
 
 void TGridView::mouseDoubleClickEvent(QMouseEvent* event) {
   const auto index = indexAt(event->position().toPoint());
-  if (index.isValid() && !FModel.IsGroup(index) && FEvents.OnDoubleClick) FEvents.OnDoubleClick(index.column());
+  const bool isCell = index.isValid() && !FModel.IsGroup(index);
+  if (isCell && FEvents.OnDoubleClick) FEvents.OnDoubleClick(index.column());
   QTableView::mouseDoubleClickEvent(event);
+  if (isCell && FModel.Options().ReadOnly && !FEvents.OnDoubleClick) Read(index);
 }
 
 void TGridView::contextMenuEvent(QContextMenuEvent* event) {
@@ -287,6 +239,8 @@ void TGridView::contextMenuEvent(QContextMenuEvent* event) {
 }
 
 void TGridView::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
+  FHasMovedSideways = FHasMovedSideways || (FModel.Options().ReadOnly && previous.isValid() && current.isValid() &&
+                                            previous.column() != current.column());
   QTableView::currentChanged(current, previous);
   verticalHeader()->viewport()->update();
   viewport()->update();
@@ -297,24 +251,6 @@ void TGridView::changeEvent(QEvent* event) {
   QTableView::changeEvent(event);
   if (event->type() != QEvent::FontChange && event->type() != QEvent::StyleChange) return;
   ApplyColumns();
-  FitRows();
-}
-
-void TGridView::updateGeometries() {
-  QTableView::updateGeometries();
-  // A scroll bar that has come or gone has changed the room.
-  if (FillRest()) QTableView::updateGeometries();
-}
-
-void TGridView::resizeEvent(QResizeEvent* event) {
-  QTableView::resizeEvent(event);
-  FitShownRows();
-  if (event->size().width() == event->oldSize().width()) return;
-  if (FillRest()) FitRows();
-  if (IsEditing()) return;
-  // The leading columns say what a row is: no further to the right than the focused cell needs.
-  horizontalScrollBar()->setValue(0);
-  if (currentIndex().isValid()) scrollTo(currentIndex());
 }
 
 void TGridView::paintEvent(QPaintEvent* event) {

@@ -20,6 +20,7 @@ class TGridView : public QTableView {
   void ApplyOptions();
   /// Gives widths, visibility and header the state of the columns.
   void ApplyColumns();
+  /// Measures anew what is on show; other rows follow when they come to be shown.
   void FitRows();
   /// Widths of columns are told for the usual font size and grow with larger ones.
   int ToPixels(int width) const;
@@ -42,6 +43,8 @@ class TGridView : public QTableView {
 
   bool IsKeyboardIn() const;
   bool IsTinted(int ordinal) const;
+  /// Opens the whole text of a cell that shows a part of it, to be read. False where the cell shows all of it.
+  bool Read(const QModelIndex& index);
   bool IsEditing() const { return state() == EditingState; }
   /// Writes the value of the open editor.
   void PostEditor();
@@ -86,6 +89,7 @@ class TGridView : public QTableView {
   void mouseDoubleClickEvent(QMouseEvent* event) override;
   void contextMenuEvent(QContextMenuEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
+  QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
   void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
   void dataChanged(const QModelIndex& first, const QModelIndex& last, const QList<int>& roles) override;
   void changeEvent(QEvent* event) override;
@@ -95,20 +99,30 @@ class TGridView : public QTableView {
   void verticalScrollbarValueChanged(int value) override;
 
  private:
-  void FitRow(int row);
+  /// What a change of the view's size brings into sight again.
+  enum class TBringBack { None, Row, Cell };
+
+  int HeightOf(int row) const;
+  /// All heights are to be measured anew.
+  void ForgetHeights();
+  /// These measure what has not been, and answer true where that changed a height.
+  bool FitRow(int row);
+  /// The row, and those that fill the view from it on in the direction of the step.
+  bool FitRowsFrom(int row, int step);
+  bool FitShownRows();
+  /// All that can be on show together with the row.
+  void FitRowsAround(int row);
+  void BringBack(TBringBack what);
   /// True where that changed a width.
   bool FillRest();
   void ColumnResized(int ordinal, int width);
-  /// Rows are measured when they come to be on show.
-  void FitShownRows();
-  /// Those that will stand above the row and it itself, when it comes to stand at the lower edge.
-  void FitRowsAbove(int row);
   bool MayEdit(int ordinal) const;
   bool MayEditCell(const QModelIndex& index) const;
   bool TakeKey(QKeyEvent* event);
   /// The first key that a grid without a focused record gets: true where it has found its row and does nothing more.
   bool TakeFirstKey(const QKeyEvent& event);
   bool TakeGroupKey(QKeyEvent* event);
+  bool TakeReadingKey(const QKeyEvent& event);
   bool TakeSearchKey(QKeyEvent* event);
   bool Search(const QString& text, int fromRow);
   bool Leave(TGridKey key, bool backwards);
@@ -130,7 +144,11 @@ class TGridView : public QTableView {
   bool FClickedCurrent = false;
   /// The cell of the last row in which a key that goes down was the last one; else no cell.
   QPersistentModelIndex FEnd;
-  bool FApplying = false;  ///< widths change by the program, not by the user
+  bool FApplying = false;       ///< widths change by the program, not by the user
+  std::vector<bool> FIsFitted;  ///< by row: its height is that of its content
+  bool FIsArranging = false;
+  TBringBack FBringsBack = TBringBack::None;
+  bool FHasMovedSideways = false;  ///< the focus of a read-only grid, from one column to another
   QString FSearch;
   mutable bool FSelectsRange = false;
   mutable std::vector<std::optional<bool>> FTints;

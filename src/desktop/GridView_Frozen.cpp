@@ -18,10 +18,11 @@ QModelIndex TGridView::indexAt(const QPoint& place) const {
 void TGridView::scrollTo(const QModelIndex& index, ScrollHint hint) {
   auto* bar = horizontalScrollBar();
   const int before = bar->value();
-  const bool isFrozen = Header().IsFrozen(index.column());
-  FitRowsAbove(index.row());
+  // A list shows its leading columns until the user goes to others.
+  const bool stays = Header().IsFrozen(index.column()) || (FModel.Options().ReadOnly && !FHasMovedSideways);
+  FitRowsAround(index.row());
   QTableView::scrollTo(index, hint);
-  if (isFrozen) return bar->setValue(before);
+  if (stays) return bar->setValue(before);
   const int covered = Header().FrozenWidth() - visualRect(index).left();
   if (covered > 0) bar->setValue(bar->value() - covered);
 }

@@ -7,6 +7,7 @@
 
 #include "GridDelegate.h"
 #include "GridView.h"
+#include "ReadingPane.h"
 
 namespace {
 TGridKey KeyOf(const QKeyEvent& event) {
@@ -60,6 +61,29 @@ void TGridView::MoveDown() {
   if (MoveRow(1)) return;
   QApplication::beep();
   FEnd = currentIndex();
+}
+
+bool TGridView::Read(const QModelIndex& index) {
+  if (!index.isValid() || FModel.IsGroup(index)) return false;
+  const QString text = index.data().toString();
+  const QRect cell = visualRect(index), area = TGridDelegate::TextArea(cell);
+  const QString shown = ShownPart(text);
+  const bool showsAll =
+      FitsInLine(shown, fontMetrics(), area.width()) ||
+      (FModel.Options().RowsFollowContent && !TGridDelegate::InArea(shown, font(), area, Qt::AlignLeft).IsCut());
+  if (showsAll) return false;
+  auto* pane = new TReadingPane(text, model()->headerData(index.column(), Qt::Horizontal).toString(), this);
+  pane->ShowOver(QRect(viewport()->mapToGlobal(cell.topLeft()), cell.size()));
+  return true;
+}
+
+bool TGridView::TakeReadingKey(const QKeyEvent& event) {
+  const QModelIndex current = currentIndex();
+  if (event.key() == Qt::Key_F2) {
+    const bool isAny = event.modifiers() == Qt::ShiftModifier;
+    return (isAny || (event.modifiers() == Qt::NoModifier && !MayEditCell(current))) && Read(current);
+  }
+  return KeyOf(event) == TGridKey::Enter && FModel.Options().ReadOnly && !FEvents.OnDoubleClick && Read(current);
 }
 
 bool TGridView::TakesLetterBehindEnd(const QKeyEvent& event) {
@@ -128,7 +152,7 @@ bool TGridView::focusNextPrevChild(bool next) {
 
 void TGridView::keyPressEvent(QKeyEvent* event) {
   if (TakesLetterBehindEnd(*event) || TakeFirstKey(*event) || TakeGroupKey(event) || TakeSearchKey(event) ||
-      TakeKey(event)) {
+      TakeReadingKey(*event) || TakeKey(event)) {
     event->accept();
     return;
   }

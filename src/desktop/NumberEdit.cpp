@@ -89,11 +89,13 @@ void TNumberEdit::stepBy(int steps) {
 }
 
 bool TNumberEdit::Takes(const QString& text) const {
-  static const QRegularExpression form("^(-?)\\d*(,(\\d*))?$");
+  static const QRegularExpression form("^(-?)(\\d*)(,(\\d*))?$");
   const auto match = form.match(text);
   if (!match.hasMatch()) return false;
   if (match.hasCaptured(1) && !match.captured(1).isEmpty() && FMinimum >= 0) return false;
-  if (match.hasCaptured(2) && (FDecimals == 0 || match.captured(3).size() > FDecimals)) return false;
+  // Leading zeros make no number too large.
+  if (match.captured(2).size() > QString::number(static_cast<std::int64_t>(FMaximum)).size()) return false;
+  if (match.hasCaptured(3) && (FDecimals == 0 || match.captured(4).size() > FDecimals)) return false;
   const double number = ReadNumber(text).value_or(0);
   return number <= FMaximum && number >= std::min(FMinimum, 0.0);
 }

@@ -263,6 +263,11 @@ TCourseWrite TCourseColumns::WriteOf(int ordinal) const {
   return column == nullptr ? Dropped : column->Write[FGrid];
 }
 
+std::string_view TCourseColumns::KeyOf(int ordinal) const {
+  const auto* column = Find(ordinal);
+  return column == nullptr ? std::string_view() : column->Key;
+}
+
 std::vector<TGridColumn> TCourseColumns::GridColumns(const TColumns& options, const TLookupTables& lookups) const {
   std::vector<TGridColumn> columns;
   columns.reserve(FColumns.size());

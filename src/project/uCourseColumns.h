@@ -102,6 +102,8 @@ class TCourseColumns {
   bool StaysForText(int ordinal) const;
   /// Dropped for an ordinal that the grid has not.
   TCourseWrite WriteOf(int ordinal) const;
+  /// The stored field of the course; empty where there is none.
+  std::string_view KeyOf(int ordinal) const;
 
   /// The value of the course in the column of that ordinal, which the grid must have (see TCourseColumn::Value).
   TVariant Value(const TCourse& course, int ordinal) const;

@@ -14,5 +14,11 @@ std::vector<int> ColumnsOf(const TMyTessaronProject& project);
 /// How many there are, by the id of the subject: in courses of classes of that grade type; null for all. A subject
 /// without such a course is left out.
 std::map<std::int32_t, int> CountBySubject(const TMyTessaronProject& project, const TVariant& gradeType);
+/// Of one subject.
+int CountOf(const TMyTessaronProject& project, const TVariant& gradeType, std::int32_t subjectId);
+
+/// What the change of a course may have done to the counts.
+enum class TEffect { None, OwnSubject, Any };
+TEffect EffectOf(const TProjectChange& change);
 
 }  // namespace OpenGrades

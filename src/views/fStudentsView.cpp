@@ -100,6 +100,7 @@ void TStudentsView::Handle_StudentsChange(TListChange change) {
 
 void TStudentsView::Handle_PageChanged() {
   PostEdits();
+  UpdateTitle();
   UpdateViewCommands();
   if (ActivePage().OffersGrades()) FAchievements->ReapplyGradeFilter();
 }
@@ -110,7 +111,8 @@ void TStudentsView::UpdateTitle() {
     title = ResourceText(ViewTexts::NobodyShown);
   } else if (CurrentStudent != nullptr) {
     title = CurrentStudent->ViewDisplayName();
-    if (const auto* course = FAchievements->FocusedCourse()) title += " - " + course->SubjectName;
+    const auto* course = ActivePage().ShowsCourses() ? FAchievements->FocusedCourse() : nullptr;
+    if (course != nullptr) title += " - " + course->SubjectName;
   }
   FUi->TitleLabel().SetValue(title);
 }

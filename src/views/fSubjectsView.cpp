@@ -36,7 +36,8 @@ TSubjectsView::TSubjectsView(TViewFrame& frame, std::unique_ptr<TListViewUi> ui)
   FAchievements->OnShownChanged = [this] { UpdateNote(); };
   FSubjects->OnChange = [this](TListChange change) { Handle_SubjectsChange(change); };
   FUi->Achievements().OnFit = [this] { FAchievements->Fit(); };
-  FListener = CurrentProject->Listen([this](const auto& change) { Handle_ProjectChange(change); });
+  FListener = CurrentProject->Listen([this](const auto& change) { Handle_ProjectChange(change); },
+                                     [this](auto bracket) { Handle_ChangeBracket(bracket); });
 }
 
 TSubjectsView::~TSubjectsView() {

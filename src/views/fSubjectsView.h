@@ -1,5 +1,6 @@
 #pragma once
 
+#include <map>
 #include <optional>
 
 #include "fBaseView.h"
@@ -42,7 +43,10 @@ class TSubjectsView final : public TBaseView {
   TAchievementsPane::TGradeTypeList AcceptedGradeTypes() const;
   void UpdateTitle();
   void UpdateNote();
+  /// The counts of the list and the summary of the focused column.
+  void UpdateSums();
   void UpdateOpenGrades();
+  void ShowOpenGrades();
   std::string ColumnSummary();
   const char* GotoOpenGradeElsewhere();
   int OpenCellsShown();
@@ -50,11 +54,15 @@ class TSubjectsView final : public TBaseView {
   bool GotoOpenSubject();
   void Handle_SubjectsChange(TListChange change);
   void Handle_ProjectChange(const TProjectChange& change);
+  void Handle_ChangeBracket(TChangeBracket bracket);
 
   /// 0, 1 or 2; null where none is chosen.
   TVariant LastFilter = TVariant::Null();
   TVariant LastClassFilter = TVariant::Null();
   TVariant FShownSubject = TVariant::Null();
+  std::map<std::int32_t, int> FOpenGrades;  ///< by subject, of the grade type that is chosen
+  bool FIsInBracket = false;
+  bool FHasChanged = false;  ///< courses, within the bracket
   std::optional<TListPane> FSubjects;
   std::optional<TAchievementsPane> FAchievements;
   TProjectListeners::TToken FListener;

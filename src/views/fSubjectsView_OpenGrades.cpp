@@ -1,6 +1,7 @@
 // The subjects view: which grades are open, where the next one is, and what the focused column comes to.
 
 #include <algorithm>
+#include <utility>
 
 #include "VantrelI18n.h"
 #include "VantrelMsgBox.h"
@@ -24,16 +25,41 @@ std::string DecimalText(double number) {
 }  // namespace
 
 void TSubjectsView::Handle_ProjectChange(const TProjectChange& change) {
-  if (dynamic_cast<const TCourse*>(&change.Record) == nullptr) return;
+  const auto* course = dynamic_cast<const TCourse*>(&change.Record);
+  if (course == nullptr) return;
+  if (FIsInBracket) {
+    FHasChanged = true;
+    return;
+  }
+  const auto effect = OpenGrades::EffectOf(change);
+  if (effect == OpenGrades::TEffect::Any) return UpdateSums();
+  if (effect == OpenGrades::TEffect::OwnSubject) {
+    const auto subject = course->SubjectId.AsInt();
+    FOpenGrades[subject] = OpenGrades::CountOf(*CurrentProject, LastFilter, subject);
+    ShowOpenGrades();
+  }
+  if (change.Key == TCourseColumns::Of(TCourseGrid::Subjects).KeyOf(Grid().FocusedColumn())) UpdateNote();
+}
+
+void TSubjectsView::Handle_ChangeBracket(TChangeBracket bracket) {
+  FIsInBracket = bracket == TChangeBracket::Begin;
+  if (!FIsInBracket && std::exchange(FHasChanged, false)) UpdateSums();
+}
+
+void TSubjectsView::UpdateSums() {
   UpdateOpenGrades();
   UpdateNote();
 }
 
 void TSubjectsView::UpdateOpenGrades() {
-  const auto counts = OpenGrades::CountBySubject(*CurrentProject, LastFilter);
+  FOpenGrades = OpenGrades::CountBySubject(*CurrentProject, LastFilter);
+  ShowOpenGrades();
+}
+
+void TSubjectsView::ShowOpenGrades() {
   FSubjects->SetValues(OpenGradesField, [&](const TVariant& id) {
-    const auto count = counts.find(id.IsEmpty() ? -1 : id.AsInteger());
-    return count == counts.end() || count->second == 0 ? TVariant::Null() : TVariant(count->second);
+    const auto count = FOpenGrades.find(id.IsEmpty() ? -1 : id.AsInteger());
+    return count == FOpenGrades.end() || count->second == 0 ? TVariant::Null() : TVariant(count->second);
   });
 }
 

@@ -5,6 +5,7 @@
 
 #include "VantrelI18n.h"
 #include "VantrelMsgBox.h"
+#include "VantrelText.h"
 #include "ViewTexts.h"
 #include "uCXUtils.h"
 #include "uUpdates.h"
@@ -27,8 +28,13 @@ bool MayEdit(const TStudent& student) {
   return student.LehrerTyp() == 0 || student.LehrerTyp() == 2;
 }
 
+bool IsSpace(char16_t unit) {
+  constexpr std::u16string_view others = u"\u0020\u0085\u00A0\u1680\u2028\u2029\u202F\u205F\u3000";
+  return (unit >= u'\t' && unit <= u'\r') || (unit >= 0x2000 && unit <= 0x200A) || others.find(unit) != others.npos;
+}
+
 bool IsBlank(std::string_view text) {
-  return text.find_first_not_of(" \t\r\n") == std::string_view::npos;
+  return std::ranges::all_of(Utf8ToUtf16(text), IsSpace);
 }
 
 /// The remarks without making a list where there is none.
@@ -131,10 +137,10 @@ void TCertificateCommentsSheet::UpdateCommands() {
 }
 
 void TCertificateCommentsSheet::AddCertificateComment() {
-  int position = -1;
+  int position = 0;
   std::string attribute, description;
   if (!FFrame.EditRemark(position, attribute, description, FStudent->ViewDisplayName()) || IsBlank(description)) return;
-  FStudent->AddCertificateComment(std::max(position, 0), attribute, description);
+  FStudent->AddCertificateComment(position, attribute, description);
 }
 
 void TCertificateCommentsSheet::EditCertificateComment() {

@@ -118,7 +118,8 @@ TEST_F(CertificateCommentsTest, TheDialogSaysWhatIsStored) {
     const char* Stored;
     bool Changes;
   } cases[] = {{Qt::Key_Insert, {.Ok = false, .Description = "neu"}, nullptr, false},
-               {Qt::Key_Insert, {.Description = " \r\n"}, nullptr, false},
+               {Qt::Key_Insert, {.Description = " \r\n\u00A0\u2028\u2003\u3000"}, nullptr, false},
+               {Qt::Key_Insert, {.Position = -1, .Description = "\u200Bneu"}, "-1||\u200Bneu", true},
                {Qt::Key_Insert, {.Description = "neu"}, "0||neu", true},
                {Qt::Key_Insert,
                 {.Position = 7, .Attribute = "mehr als acht", .Description = "neu"},
@@ -217,8 +218,11 @@ TEST_F(CertificateCommentsTest, KeysTurnThePagesAndFindThem) {
   auto& list = List().View();
   FUi->SetPageVisible(CertificateDataSheet, false);
   const auto turn = [&](Qt::Key key) { QTest::keyClick(QApplication::focusWidget(), key, Qt::ControlModifier); };
+  const auto name = Student(0).ViewDisplayName();
+  EXPECT_EQ(Title(), name + " - " + Course(0).SubjectName);
   turn(Qt::Key_PageDown);
   EXPECT_EQ(FUi->ActivePage(), CertificateCommentsSheet);
+  EXPECT_EQ(Title(), name);
   EXPECT_TRUE(list.hasFocus());
   EXPECT_FALSE(FFrame.ExportToExcelCommand.Enabled());
   for (const auto key : {Qt::Key_Tab, Qt::Key_F6}) {
@@ -230,6 +234,7 @@ TEST_F(CertificateCommentsTest, KeysTurnThePagesAndFindThem) {
   EXPECT_EQ(QApplication::focusWidget(), &Button("Hinzufügen"));
   turn(Qt::Key_PageDown);
   EXPECT_EQ(FUi->ActivePage(), AchievementSheet);
+  EXPECT_EQ(Title(), name + " - " + Course(0).SubjectName);
   EXPECT_TRUE(Grid().View().hasFocus());
   turn(Qt::Key_PageUp);
   EXPECT_EQ(FUi->ActivePage(), CertificateCommentsSheet);

@@ -13,13 +13,13 @@ TEST_F(StudentsViewTest, ShowsTheFirstStudentAtOnce) {
   EXPECT_EQ(StudentsView, FView.get());
   EXPECT_EQ(FUi->Students().Status().Value().AsText(), "Anzahl: 12");
   EXPECT_EQ(FUi->Achievements().Status().Value().AsText(), "Anzahl: 5");
+  EXPECT_EQ(Title(), Student(0).ViewDisplayName() + " - " + Course(0).SubjectName);
   const auto* pages = FWindow.findChild<QTabWidget*>();
   EXPECT_TRUE(pages->isTabVisible(0) && pages->isTabVisible(1) && pages->isTabVisible(2));
   QTest::keyClick(&Grid().View(), Qt::Key_Tab, Qt::ControlModifier);
   EXPECT_EQ(pages->currentIndex(), 1);
   EXPECT_EQ(Grid().Columns().size(), 34U);
   EXPECT_EQ(Grid().Columns()[Note1].Caption, FProject->Options().Columns().Find("Note1")->Customname());
-  EXPECT_EQ(Title(), Student(0).ViewDisplayName() + " - " + Course(0).SubjectName);
   EXPECT_EQ(List().DisplayText(0, 1), FProject->Classes().Find(Student(0).ClassId.Value)->Token);
 }
 

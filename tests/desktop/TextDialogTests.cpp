@@ -33,7 +33,8 @@ TEST_F(TextDialogTest, ARemarkKeepsWhatWasNotTouched) {
   FAttribute = "länger als acht";
   FText = "eins\nzwei\u2028\n";
   EXPECT_TRUE(EditRemark([this] {
-    EXPECT_EQ(ItemText(TTextDialogItem::PositionEdit), "0");
+    FDialog->Item(TTextDialogItem::PositionEdit).SetFocus();
+    EXPECT_EQ(Focus()->findChild<QLineEdit*>()->placeholderText(), "0");
     SaveAndClose();
   }));
   EXPECT_EQ(FPosition, -5);
@@ -45,9 +46,19 @@ TEST_F(TextDialogTest, ARemarkKeepsWhatWasNotTouched) {
   }));
   EXPECT_EQ(FPosition, -5);
   EXPECT_EQ(FText, "eins\r\nzwei\u2028\r\ndrei");
-  FPosition = 3;
-  EXPECT_TRUE(EditRemark([this] {
+  const auto type = [this](const char* position) {
     FDialog->Item(TTextDialogItem::PositionEdit).SetFocus();
+    Type(position);
+    EXPECT_EQ(dynamic_cast<TValueEditor&>(*Focus()).HasRefused(), *position != '0') << position;
+  };
+  EXPECT_TRUE(EditRemark([type] {
+    type("0");
+    SaveAndClose();
+  }));
+  EXPECT_EQ(FPosition, 0) << "what is typed is meant, also where it stood there";
+  FPosition = 3;
+  EXPECT_TRUE(EditRemark([this, type] {
+    type("21474836471");
     Key(Qt::Key_Delete);
     Key(Qt::Key_Tab);
     Key(Qt::Key_End);

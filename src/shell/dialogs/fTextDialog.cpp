@@ -31,7 +31,8 @@ struct TTextDialogKind {
 
 TTextDialogKind RemarkDialog(TLookupTables& lookups) {
   const auto text = [](const char* id) { return ResourceText(id); };
-  const TEditorDescription number{.Kind = TEditorKind::Spin, .ValueKind = TValueKind::Integer, .DeleteClears = true};
+  const TEditorDescription number{
+      .Kind = TEditorKind::Spin, .ValueKind = TValueKind::Integer, .NullText = "0", .DeleteClears = true};
   return {.Description = {.Title = text(DialogTexts::RemarkTitle),
                           .TextGroup = text(DialogTexts::RemarkGroup),
                           .Fields = {{PositionEdit, text(DialogTexts::Position), number},
@@ -277,7 +278,8 @@ bool TTextDialog::MayClose(bool ok) {
 bool EditCertificateCommentValues(const TTextDialogFrame& frame, int& position, std::string& attribute,
                                   std::string& description, const std::string& student) {
   TTextDialog dialog(frame, RemarkDialog(frame.Lookups), student);
-  dialog.Show(PositionEdit, std::max(position, 0));
+  // Below 0 it reads like 0 and stays what it is until the user enters one.
+  dialog.Show(PositionEdit, position < 0 ? TVariant::Null() : TVariant(position));
   dialog.Show(AttributeEdit, attribute);
   dialog.Show(Text, description);
   if (!dialog.Execute()) return false;
