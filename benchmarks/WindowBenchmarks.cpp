@@ -167,9 +167,7 @@ void NextSubject(benchmark::State& state) {
 }
 
 /// Grades typed into a column: a digit opens the editor with its drop-down, marks and posts; Enter goes down.
-void Keystroke(benchmark::State& state) {
-  TProgram program(static_cast<int>(state.range(0)));
-  program.ShowStudents();
+void TypeGrades(benchmark::State& state, TProgram& program) {
   auto& grid = program.Grid(false);
   grid.SetFocus();
   bool digit = true;
@@ -187,6 +185,21 @@ void Keystroke(benchmark::State& state) {
     program.Paint();
     state.ResumeTiming();
   }
+}
+
+void Keystroke(benchmark::State& state) {
+  TProgram program(static_cast<int>(state.range(0)));
+  program.ShowStudents();
+  TypeGrades(state, program);
+}
+
+/// In the grades of one subject, each of which its list counts as entered or open.
+void KeystrokeInSubject(benchmark::State& state) {
+  TProgram program(static_cast<int>(state.range(0)));
+  program.Show(TMyTessaronViews::viewSubjects);
+  SubjectsView->UpdateFilter(0, TVariant::Null());
+  program.Paint();
+  TypeGrades(state, program);
 }
 
 /// The key that opens an editor with its drop-down, alone.
@@ -320,6 +333,7 @@ BENCHMARK(ShowSubjects)->Arg(28)->Arg(2000)->Unit(benchmark::kMillisecond);
 BENCHMARK(NextSubject)->Arg(28)->Arg(2000)->Unit(benchmark::kMillisecond);
 BENCHMARK(ShowClasses)->Arg(2000)->Unit(benchmark::kMillisecond);
 BENCHMARK(Keystroke)->Arg(120)->Unit(benchmark::kMillisecond);
+BENCHMARK(KeystrokeInSubject)->Arg(2000)->Unit(benchmark::kMillisecond);
 BENCHMARK(FirstKey)->Arg(120)->Unit(benchmark::kMillisecond);
 BENCHMARK(SortByHeader)->Arg(2000)->Unit(benchmark::kMillisecond);
 BENCHMARK(Search)->Arg(2000)->Unit(benchmark::kMillisecond);

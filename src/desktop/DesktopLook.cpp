@@ -2,12 +2,16 @@
 
 #include <QApplication>
 #include <QFontInfo>
+#include <QGroupBox>
 #include <QLibraryInfo>
 #include <QLocale>
 #include <QMainWindow>
+#include <QPainter>
+#include <QPlainTextEdit>
 #include <QProxyStyle>
 #include <QStyleFactory>
 #include <QStyleOption>
+#include <QStyleOptionComplex>
 #include <QTranslator>
 #include <algorithm>
 #include <cmath>
@@ -23,24 +27,39 @@ double Luminance(const QColor& colour) {
   return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) + 0.0722 * linear(colour.blueF());
 }
 
-/// Moves the highlight away from its text, as far as needed and no further.
-void DeepenHighlight(const QPalette& palette) {
-  QPalette changed = QApplication::palette();
-  bool changes = false;
-  for (const auto group : {QPalette::Active, QPalette::Inactive}) {
-    const QColor text = palette.color(group, QPalette::HighlightedText);
-    const QColor told = palette.color(group, QPalette::Highlight);
-    const QColor away = Luminance(text) > 0.18 ? Qt::black : Qt::white;
-    QColor ground = told;
-    for (int step = 1; step <= 20 && Contrast(text, ground) < MinimumContrast; ++step)
-      ground = Blend(told, away, step * 0.05);
-    changed.setColor(group, QPalette::Highlight, ground);
-    changes = changes || ground != told;
-  }
-  if (changes) QApplication::setPalette(changed);
+/// The highlight, as far away from its text as needed and no further.
+QColor DeepHighlight(const QPalette& palette, QPalette::ColorGroup group) {
+  const QColor text = palette.color(group, QPalette::HighlightedText);
+  const QColor told = palette.color(group, QPalette::Highlight);
+  const QColor away = Luminance(text) > 0.18 ? Qt::black : Qt::white;
+  QColor ground = told;
+  for (int step = 1; step <= 20 && Contrast(text, ground) < MinimumContrast; ++step)
+    ground = Blend(told, away, step * 0.05);
+  return ground;
 }
 
-/// Fusion, with grid lines that can be seen on dark palettes as well.
+/// What stands in an empty field: fainter than a text, where the palette has nothing that can be read.
+QColor ReadablePlaceholder(const QPalette& palette, QPalette::ColorGroup group) {
+  const QColor base = palette.color(group, QPalette::Base), told = palette.color(group, QPalette::PlaceholderText);
+  const bool isReadable = Contrast(Blend(base, told, told.alphaF()), base) >= MinimumContrast;
+  return isReadable ? told : Blend(base, palette.color(group, QPalette::Text), 0.6);
+}
+
+bool IsDark(const QPalette& palette) {
+  return palette.color(QPalette::Window).lightness() < 128;
+}
+
+void MakeReadable(const QPalette& palette) {
+  QPalette changed = QApplication::palette();
+  for (const auto group : {QPalette::Active, QPalette::Inactive}) {
+    changed.setColor(group, QPalette::Highlight, DeepHighlight(palette, group));
+    changed.setColor(group, QPalette::PlaceholderText, ReadablePlaceholder(palette, group));
+  }
+  if (changed != QApplication::palette()) QApplication::setPalette(changed);
+}
+
+/// Fusion, with lines and edges that can be seen on dark palettes as well, and a frame around the text that has the
+/// keyboard.
 class TLook : public QProxyStyle {
  public:
   TLook() : QProxyStyle(QStyleFactory::create("Fusion")) {}
@@ -49,6 +68,47 @@ class TLook : public QProxyStyle {
     if (hint != SH_Table_GridLineColor || option == nullptr) return QProxyStyle::styleHint(hint, option, widget, data);
     const QPalette& palette = option->palette;
     return static_cast<int>(Blend(palette.color(QPalette::Base), palette.color(QPalette::Text), 0.22).rgb());
+  }
+  void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                     const QWidget* widget) const override {
+    QProxyStyle::drawPrimitive(element, option, painter, widget);
+    if (element == PE_Frame) DrawFrame(*option, *painter, qobject_cast<const QPlainTextEdit*>(widget) != nullptr);
+    if (element == PE_FrameLineEdit) DrawEdge(option->rect, *option, *painter);
+    if (element != PE_FrameGroupBox) return;
+    // Fusion leaves room for the title above.
+    constexpr int titleMargin = 3;
+    const auto* box = qobject_cast<const QGroupBox*>(widget);
+    const bool hasTitle = box == nullptr || !box->title().isEmpty();
+    const int title =
+        hasTitle ? std::max(pixelMetric(PM_IndicatorHeight, option, widget), option->fontMetrics.height()) : 0;
+    DrawEdge(option->rect.adjusted(0, title + titleMargin, 0, 0), *option, *painter);
+  }
+  void drawComplexControl(ComplexControl control, const QStyleOptionComplex* option, QPainter* painter,
+                          const QWidget* widget) const override {
+    QProxyStyle::drawComplexControl(control, option, painter, widget);
+    const auto* number = qstyleoption_cast<const QStyleOptionSpinBox*>(option);
+    const auto* choice = qstyleoption_cast<const QStyleOptionComboBox*>(option);
+    if ((number != nullptr && number->frame) || (choice != nullptr && choice->frame))
+      DrawEdge(option->rect, *option, *painter);
+  }
+
+ private:
+  static void DrawFrame(const QStyleOption& option, QPainter& painter, bool isText) {
+    if (!isText || !option.state.testFlag(State_HasFocus)) return DrawEdge(option.rect, option, painter);
+    painter.save();
+    painter.setPen(option.palette.color(QPalette::Highlight));
+    painter.drawRect(option.rect.adjusted(0, 0, -1, -1));
+    painter.restore();
+  }
+  /// What has the keyboard shows so by its own edge.
+  static void DrawEdge(const QRect& rect, const QStyleOption& option, QPainter& painter) {
+    if (!IsDark(option.palette) || option.state.testFlag(State_HasFocus)) return;
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Blend(option.palette.color(QPalette::Window), option.palette.color(QPalette::WindowText), 0.35));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRoundedRect(QRectF(rect).adjusted(0.5, 0.5, -0.5, -0.5), 2, 2);
+    painter.restore();
   }
 };
 
@@ -68,10 +128,9 @@ void PrepareApplication(QApplication& application) {
 }
 
 void FollowPalette(const QPalette& palette) {
-  const bool dark = palette.color(QPalette::Window).lightness() < 128;
-  const QString theme = dark ? "breeze-dark" : "breeze";
+  const QString theme = IsDark(palette) ? "breeze-dark" : "breeze";
   if (QIcon::themeName() != theme) QIcon::setThemeName(theme);
-  DeepenHighlight(palette);
+  MakeReadable(palette);
 }
 
 double Contrast(const QColor& a, const QColor& b) {

@@ -13,8 +13,8 @@ class QWidget;
 /// Style, icon theme and German texts of Qt itself. Called once, before the first window.
 void PrepareApplication(QApplication& application);
 
-/// Makes text and icons readable on the palette: the dark variant of the theme on dark windows, and a highlight that
-/// leaves its text a contrast of MinimumContrast at least.
+/// Makes text and icons readable on the palette: the dark variant of the theme on dark windows, a highlight that leaves
+/// its text a contrast of MinimumContrast at least, and placeholders that have it on their ground.
 void FollowPalette(const QPalette& palette);
 inline constexpr double MinimumContrast = 4.5;
 

@@ -43,7 +43,8 @@ class TGridView : public QTableView {
 
   bool IsKeyboardIn() const;
   bool IsTinted(int ordinal) const;
-  /// Opens the whole text of a cell that shows a part of it, to be read. False where the cell shows all of it.
+  /// Opens the whole text of a cell that shows a part of it, to be read; in a read-only grid the first of the row where
+  /// the cell itself shows all. False where there is none.
   bool Read(const QModelIndex& index);
   bool IsEditing() const { return state() == EditingState; }
   /// Writes the value of the open editor.
@@ -122,6 +123,7 @@ class TGridView : public QTableView {
   /// The first key that a grid without a focused record gets: true where it has found its row and does nothing more.
   bool TakeFirstKey(const QKeyEvent& event);
   bool TakeGroupKey(QKeyEvent* event);
+  bool IsCut(const QModelIndex& index) const;
   bool TakeReadingKey(const QKeyEvent& event);
   bool TakeSearchKey(QKeyEvent* event);
   bool Search(const QString& text, int fromRow);

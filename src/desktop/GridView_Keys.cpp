@@ -1,5 +1,6 @@
 // The keys of a grid, with and without an open editor.
 #include <QApplication>
+#include <QHeaderView>
 #include <QKeyEvent>
 #include <algorithm>
 #include <initializer_list>
@@ -7,6 +8,7 @@
 
 #include "GridDelegate.h"
 #include "GridView.h"
+#include "QtText.h"
 #include "ReadingPane.h"
 
 namespace {
@@ -63,17 +65,25 @@ void TGridView::MoveDown() {
   FEnd = currentIndex();
 }
 
+bool TGridView::IsCut(const QModelIndex& index) const {
+  const QString shown = ShownPart(index.data().toString());
+  const QRect area = TGridDelegate::TextArea(visualRect(index));
+  if (FitsInLine(shown, fontMetrics(), area.width())) return false;
+  return !FModel.Options().RowsFollowContent || TGridDelegate::InArea(shown, font(), area, Qt::AlignLeft).IsCut();
+}
+
 bool TGridView::Read(const QModelIndex& index) {
   if (!index.isValid() || FModel.IsGroup(index)) return false;
-  const QString text = index.data().toString();
-  const QRect cell = visualRect(index), area = TGridDelegate::TextArea(cell);
-  const QString shown = ShownPart(text);
-  const bool showsAll =
-      FitsInLine(shown, fontMetrics(), area.width()) ||
-      (FModel.Options().RowsFollowContent && !TGridDelegate::InArea(shown, font(), area, Qt::AlignLeft).IsCut());
-  if (showsAll) return false;
-  auto* pane = new TReadingPane(text, model()->headerData(index.column(), Qt::Horizontal).toString(), this);
-  pane->ShowOver(QRect(viewport()->mapToGlobal(cell.topLeft()), cell.size()));
+  const auto hasMore = [&](int column) { return !isColumnHidden(column) && IsCut(index.siblingAtColumn(column)); };
+  int column = index.column();
+  // Where whole rows are chosen any of their texts may be meant.
+  for (int visual = 0; FModel.Options().ReadOnly && visual < FModel.columnCount() && !hasMore(column); ++visual)
+    column = horizontalHeader()->logicalIndex(visual);
+  if (!hasMore(column)) return false;
+  const auto cell = index.siblingAtColumn(column);
+  const QRect place = visualRect(cell);
+  auto* pane = new TReadingPane(cell.data().toString(), FromUtf8(FModel.Data().Column(column).Caption), this);
+  pane->ShowOver(QRect(viewport()->mapToGlobal(place.topLeft()), place.size()));
   return true;
 }
 

@@ -24,8 +24,11 @@ void TGridView::ForgetHeights() {
 
 int TGridView::HeightOf(int row) const {
   const int usual = fontMetrics().height();
-  // No row fills the view: those around it say where one is.
-  const int room = std::max(usual, viewport()->height() / 2 - TGridDelegate::LinePadding);
+  // No row fills the view: those around it say where one is. A low view shows some lines all the same.
+  constexpr int someLines = 5;
+  const int view = viewport()->height();
+  const int most = std::max(view / 3, std::min(view / 2, someLines * usual + TGridDelegate::LinePadding));
+  const int room = std::max(usual, most - TGridDelegate::LinePadding);
   const int line = showGrid() ? 1 : 0;
   int height = usual;
   for (int column = 0; column < FModel.columnCount() && FModel.RecordAt(row) >= 0; ++column) {

@@ -431,9 +431,10 @@ TEST_F(GridTest, ATextBreaksWhereItMustAndIsReadWholeByKeys) {
       auto options = Grid.Options();
       options.ReadOnly = readOnly;
       Grid.SetOptions(options);
-      FocusCell(1, Name);
-      for (const auto key : {Qt::Key_F2, Qt::Key_Return}) {
-        Key(key);
+      FocusCell(1, readOnly ? Absences : Name);
+      for (const auto& [key, modifiers] :
+           {std::pair(Qt::Key_F2, Qt::NoModifier), {Qt::Key_F2, Qt::ShiftModifier}, {Qt::Key_Return, Qt::NoModifier}}) {
+        Key(key, modifiers);
         auto* pane = qobject_cast<QPlainTextEdit*>(QApplication::activePopupWidget());
         ASSERT_EQ(pane != nullptr, isCut && (readOnly || key == Qt::Key_F2)) << text;
         if (pane == nullptr) continue;

@@ -1,6 +1,11 @@
 #include <QAccessible>
+#include <QComboBox>
+#include <QGroupBox>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMenu>
+#include <QPlainTextEdit>
+#include <QSpinBox>
 #include <QSplitter>
 #include <QStatusBar>
 #include <QStyleOption>
@@ -133,6 +138,7 @@ TEST_F(GridTest, TextsKeepEveryCharacterThatTheUserLeftAlone) {
 
 TEST_F(GridTest, RowsHaveRoomForWrappedTextsAtEveryWidth) {
   FollowContent();
+  Grid.resize(800, 600);
   const int ordinal = AddColumn({"text", "Beurteilung"}, "Arbeitet selbstständig, sorgfältig und stets hilfsbereit");
   Source.Rows[1]->Cells[static_cast<std::size_t>(ordinal)] = "Arda Maximilian";
   Source.Rows[2]->Cells[static_cast<std::size_t>(ordinal)] = "Ella Mia Willkommen";
@@ -208,6 +214,37 @@ TEST(DesktopLookTest, SelectedTextIsReadableOnEveryPalette) {
     const QColor line(static_cast<QRgb>(QApplication::style()->styleHint(QStyle::SH_Table_GridLineColor, &option)));
     EXPECT_GE(Contrast(line, base), 1.4);
     EXPECT_LE(Contrast(line, base), 2.2);
+
+    const bool isDark = QColor(base).lightness() < 128;
+    option.palette.setColor(QPalette::Window, isDark ? "#2a2e32" : "#efefef");
+    option.palette.setColor(QPalette::WindowText, text);
+    option.palette.setColor(QPalette::PlaceholderText, QColor(0, 0, 0, 128));
+    QApplication::setPalette(option.palette);
+    FollowPalette(option.palette);
+    const QPalette now = QApplication::palette();
+    const QColor placeholder = now.color(QPalette::PlaceholderText);
+    EXPECT_GE(Contrast(Blend(base, placeholder, placeholder.alphaF()), base), MinimumContrast);
+    QWidget window;
+    window.resize(100, 200);
+    const std::vector<QWidget*> edged{new QPlainTextEdit(&window), new QLineEdit(&window), new QSpinBox(&window),
+                                      new QComboBox(&window), new QGroupBox("Titel", &window)};
+    for (int i = 0; i < 5; ++i) edged[static_cast<std::size_t>(i)]->setGeometry(0, i * 40, 100, 38);
+    window.show();
+    window.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    window.setFocus();
+    const auto edgeOf = [&](int place) {
+      // The edge at the bottom, where no title stands in it.
+      const QImage image = window.grab().toImage();
+      double best = 1;
+      for (int y = place * 40 + 35; y < place * 40 + 38; ++y)
+        best = std::max(best, Contrast(image.pixelColor(50, y), now.color(QPalette::Window)));
+      return best;
+    };
+    for (int i = 0; i < 5 && isDark; ++i) EXPECT_GE(edgeOf(i), 2.5) << i;
+    edged.front()->setFocus();
+    EXPECT_EQ(window.grab().toImage().pixelColor(50, 0), now.color(QPalette::Highlight))
+        << "the text with the keyboard";
   }
   QApplication::setPalette(before);
   EXPECT_NEAR(Contrast(Qt::black, Qt::white), 21, 0.01);

@@ -226,6 +226,20 @@ TEST_F(SubjectsViewTest, TheListCountsOpenGradesAndF8GoesThroughThem) {
   EXPECT_TRUE(Grid().View().hasFocus() && Grid().Columns()[Note1].Visible);
   Keys("1\n");
   EXPECT_THAT(ListTexts(3), ElementsAre("1", "1", "2", "2", "2"));
+  // Changes from elsewhere: one by one, and several that are told at their end.
+  auto &open = Course(1), &typed = Course(11);
+  const auto here = open.SubjectId.Value, other = List().Value(List().ShownRows()[1].Record, 0);
+  FProject->ChangeField(typed, "Note1ID", TVariant::Null());
+  EXPECT_THAT(ListTexts(3), ElementsAre("2", "1", "2", "2", "2"));
+  {
+    const TJoinedChanges joined(*FProject);
+    FProject->ChangeField(typed, "Note1ID", 1);
+    FProject->ChangeField(open, "SubjectId", other);
+    EXPECT_THAT(ListTexts(3), ElementsAre("2", "1", "2", "2", "2"));
+  }
+  EXPECT_THAT(ListTexts(3), ElementsAre("", "2", "2", "2", "2"));
+  FProject->ChangeField(open, "SubjectId", here);
+  EXPECT_THAT(ListTexts(3), ElementsAre("1", "1", "2", "2", "2"));
   EXPECT_EQ(go().substr(0, 3), "En ");
   FView->GotoLast();
   EXPECT_EQ(go().substr(0, 4), "Bio ");
