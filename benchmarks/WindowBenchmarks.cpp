@@ -333,7 +333,7 @@ BENCHMARK(ShowSubjects)->Arg(28)->Arg(2000)->Unit(benchmark::kMillisecond);
 BENCHMARK(NextSubject)->Arg(28)->Arg(2000)->Unit(benchmark::kMillisecond);
 BENCHMARK(ShowClasses)->Arg(2000)->Unit(benchmark::kMillisecond);
 BENCHMARK(Keystroke)->Arg(120)->Unit(benchmark::kMillisecond);
-BENCHMARK(KeystrokeInSubject)->Arg(2000)->Unit(benchmark::kMillisecond);
+BENCHMARK(KeystrokeInSubject)->Arg(28)->Arg(2000)->Unit(benchmark::kMillisecond);
 BENCHMARK(FirstKey)->Arg(120)->Unit(benchmark::kMillisecond);
 BENCHMARK(SortByHeader)->Arg(2000)->Unit(benchmark::kMillisecond);
 BENCHMARK(Search)->Arg(2000)->Unit(benchmark::kMillisecond);

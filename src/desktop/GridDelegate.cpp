@@ -48,11 +48,12 @@ void TGridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
   const QRect area = TextArea(option.rect);
   const QString text = ShownPart(index.data().toString());
   const auto alignment = AlignmentOf(column);
-  if (Model().Options().RowsFollowContent && !FitsInLine(text, option.fontMetrics, area.width()))
+  const bool fits = FitsInLine(text, option.fontMetrics, area.width());
+  if (!fits && Model().Options().RowsFollowContent)
     InArea(text, option.font, area, alignment).Draw(*painter, area);
   else
     painter->drawText(area, static_cast<int>(alignment) | Qt::TextSingleLine,
-                      option.fontMetrics.elidedText(InOneLine(text), Qt::ElideRight, area.width()));
+                      fits ? text : option.fontMetrics.elidedText(InOneLine(text), Qt::ElideRight, area.width()));
   if (index != FView.currentIndex()) return;
   painter->setPen(Qt::NoPen);
   painter->setBrush(option.palette.color(QPalette::Active, bright ? QPalette::HighlightedText : QPalette::Highlight));

@@ -243,7 +243,10 @@ void TGridView::currentChanged(const QModelIndex& current, const QModelIndex& pr
                                             previous.column() != current.column());
   QTableView::currentChanged(current, previous);
   verticalHeader()->viewport()->update();
-  viewport()->update();
+  // A heading goes across all cells; without a focused cell the whole grid has the frame.
+  const bool areCells =
+      previous.isValid() && current.isValid() && !FModel.IsGroup(previous) && !FModel.IsGroup(current);
+  if (!areCells) viewport()->update();
   if (OnCurrent) OnCurrent(current);
 }
 
