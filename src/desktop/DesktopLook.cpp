@@ -69,6 +69,16 @@ class TLook : public QProxyStyle {
     const QPalette& palette = option->palette;
     return static_cast<int>(Blend(palette.color(QPalette::Base), palette.color(QPalette::Text), 0.22).rgb());
   }
+  int pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const override {
+    const bool isText = metric == PM_DefaultFrameWidth && qobject_cast<const QPlainTextEdit*>(widget) != nullptr;
+    return isText ? 2 : QProxyStyle::pixelMetric(metric, option, widget);
+  }
+  void polish(QWidget* widget) override {
+    QProxyStyle::polish(widget);
+    // It has asked for the width of its frame before it was known as a text.
+    if (auto* text = qobject_cast<QPlainTextEdit*>(widget)) text->setFrameStyle(text->frameStyle());
+  }
+  using QProxyStyle::polish;
   void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                      const QWidget* widget) const override {
     QProxyStyle::drawPrimitive(element, option, painter, widget);
@@ -94,11 +104,13 @@ class TLook : public QProxyStyle {
 
  private:
   static void DrawFrame(const QStyleOption& option, QPainter& painter, bool isText) {
-    if (!isText || !option.state.testFlag(State_HasFocus)) return DrawEdge(option.rect, option, painter);
+    const bool hasKeyboard = isText && option.state.testFlag(State_HasFocus);
     painter.save();
-    painter.setPen(option.palette.color(QPalette::Highlight));
-    painter.drawRect(option.rect.adjusted(0, 0, -1, -1));
+    painter.setPen(option.palette.color(hasKeyboard ? QPalette::Highlight : QPalette::Base));
+    if (isText) painter.drawRect(option.rect.adjusted(1, 1, -2, -2));
+    if (hasKeyboard) painter.drawRect(option.rect.adjusted(0, 0, -1, -1));
     painter.restore();
+    if (!hasKeyboard) DrawEdge(option.rect, option, painter);
   }
   /// What has the keyboard shows so by its own edge.
   static void DrawEdge(const QRect& rect, const QStyleOption& option, QPainter& painter) {

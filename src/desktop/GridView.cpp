@@ -229,7 +229,7 @@ void TGridView::mouseDoubleClickEvent(QMouseEvent* event) {
   const bool isCell = index.isValid() && !FModel.IsGroup(index);
   if (isCell && FEvents.OnDoubleClick) FEvents.OnDoubleClick(index.column());
   QTableView::mouseDoubleClickEvent(event);
-  if (isCell && FModel.Options().ReadOnly && !FEvents.OnDoubleClick) Read(index);
+  if (isCell && ReadsAtOnce()) Read(index);
 }
 
 void TGridView::contextMenuEvent(QContextMenuEvent* event) {
@@ -286,7 +286,7 @@ void TGridView::PaintGroups() {
     style()->drawPrimitive(FModel.IsClosed(row) ? QStyle::PE_IndicatorArrowRight : QStyle::PE_IndicatorArrowDown,
                            &arrow, &painter, this);
     painter.setPen(palette().color(QPalette::Text));
-    painter.drawText(line.adjusted(left + 18, 0, 0, 0), Qt::AlignVCenter, FModel.Row(row).Text);
+    painter.drawText(line.adjusted(left + 18, 0, 0, 0), Qt::AlignVCenter, InOneLine(FModel.Row(row).Text));
     if (!current) continue;
     painter.setPen(QPen(palette().color(QPalette::Highlight), IsKeyboardIn() ? 2 : 1));
     painter.drawRect(line.adjusted(1, 1, -1, -2));

@@ -124,6 +124,8 @@ class TGridView : public QTableView {
   bool TakeFirstKey(const QKeyEvent& event);
   bool TakeGroupKey(QKeyEvent* event);
   bool IsCut(const QModelIndex& index) const;
+  /// Enter and a double click have nothing else to do.
+  bool ReadsAtOnce() const;
   bool TakeReadingKey(const QKeyEvent& event);
   bool TakeSearchKey(QKeyEvent* event);
   bool Search(const QString& text, int fromRow);

@@ -87,13 +87,18 @@ bool TGridView::Read(const QModelIndex& index) {
   return true;
 }
 
+bool TGridView::ReadsAtOnce() const {
+  // Return goes on from where rows are chosen.
+  return FModel.Options().ReadOnly && !FModel.Options().MultiSelect && !FEvents.OnDoubleClick;
+}
+
 bool TGridView::TakeReadingKey(const QKeyEvent& event) {
   const QModelIndex current = currentIndex();
   if (event.key() == Qt::Key_F2) {
     const bool isAny = event.modifiers() == Qt::ShiftModifier;
     return (isAny || (event.modifiers() == Qt::NoModifier && !MayEditCell(current))) && Read(current);
   }
-  return KeyOf(event) == TGridKey::Enter && FModel.Options().ReadOnly && !FEvents.OnDoubleClick && Read(current);
+  return KeyOf(event) == TGridKey::Enter && ReadsAtOnce() && Read(current);
 }
 
 bool TGridView::TakesLetterBehindEnd(const QKeyEvent& event) {

@@ -26,8 +26,9 @@ void TReadingPane::ShowOver(const QRect& cell) {
   const int lines = fontMetrics().averageCharWidth() * lineLength;
   const int width = std::min(std::max(cell.width(), lines + margins), room.width());
   const TCellText text(ShownPart(toPlainText()), font(), width - margins, room.height() / 2);
-  // Half a line more: the last one stands whole in it, without a scroll bar.
   const int height = std::max(cell.height(), text.Height() + margins + fontMetrics().height() / 2);
+  // The bar of a size that the pane has no more would break the lines elsewhere.
+  setVerticalScrollBarPolicy(text.IsCut() ? Qt::ScrollBarAsNeeded : Qt::ScrollBarAlwaysOff);
   setGeometry(std::clamp(cell.x(), room.left(), room.left() + room.width() - width),
               std::clamp(cell.y(), room.top(), room.top() + std::max(0, room.height() - height)), width, height);
   show();
