@@ -6,15 +6,6 @@
 #include "VantrelI18n.h"
 #include "uFields.h"
 
-namespace {
-
-void StartTable(TVantrelMemTable& memData) {
-  memData.Close();
-  memData.Open();
-}
-
-}  // namespace
-
 // The order of these tables is the file format.
 constexpr auto TCatalog::FieldTable() {
   return std::tuple(Fields::String("Token", &TCatalog::Token), Fields::String("Description", &TCatalog::Description));
@@ -55,13 +46,9 @@ TCatalog* TCatalogs::AddCatalog(std::string_view token, std::string_view descrip
 }
 
 void TCatalogs::Populate(TVantrelMemTable& memData) const {
-  StartTable(memData);
-  for (int i = 0; i < Count(); ++i) {
-    memData.Append();
-    memData.FieldByName("Token").SetValue(GetItem(i)->Token);
-    memData.FieldByName("Description").SetValue(GetItem(i)->Description);
-    memData.Post();
-  }
+  memData.Reopen();
+  for (int i = 0; i < Count(); ++i)
+    memData.AppendRow({{"Token", GetItem(i)->Token}, {"Description", GetItem(i)->Description}});
 }
 
 TVantrelPtr<TCertificateComment> TCertificateComments::NewComment(std::string_view token, std::string_view description,
@@ -82,16 +69,14 @@ TCertificateComment* TCertificateComments::AddCertificateComment(std::string_vie
 }
 
 void TCertificateComments::Populate(TVantrelMemTable& memData) const {
-  StartTable(memData);
+  memData.Reopen();
   for (int i = 0; i < Count(); ++i) {
     const auto* item = GetItem(i);
-    memData.Append();
-    memData.FieldByName("ID").SetValue(GuidToText(item->ID()));
-    memData.FieldByName("Token").SetValue(item->Token);
-    memData.FieldByName("Description").SetValue(item->Description);
-    memData.FieldByName("Attribute").SetValue(item->Attribute);
-    memData.FieldByName("Position").SetValue(item->Position);
-    memData.Post();
+    memData.AppendRow({{"ID", GuidToText(item->ID())},
+                       {"Token", item->Token},
+                       {"Description", item->Description},
+                       {"Attribute", item->Attribute},
+                       {"Position", item->Position}});
   }
 }
 
@@ -114,18 +99,16 @@ TGrade* TGrades::Find(std::int32_t tessaronId) const {
 }
 
 void TGrades::Populate(TVantrelMemTable& memData, const std::vector<TGradeTypes>& gradeTypeFilter) const {
-  StartTable(memData);
+  memData.Reopen();
   for (int i = 0; i < Count(); ++i) {
     const auto* item = GetItem(i);
     if (!gradeTypeFilter.empty() &&
         std::find(gradeTypeFilter.begin(), gradeTypeFilter.end(), item->GradeType()) == gradeTypeFilter.end())
       continue;
-    memData.Append();
-    memData.FieldByName("Token").SetValue(item->Token);
-    memData.FieldByName("Description").SetValue(item->Description);
-    memData.FieldByName("ID").SetValue(item->TessaronId);
-    memData.FieldByName("GradeValue").SetValue(double{item->GradeValue});
-    memData.FieldByName("GradeType").SetValue(static_cast<std::int32_t>(item->GradeType()));
-    memData.Post();
+    memData.AppendRow({{"Token", item->Token},
+                       {"Description", item->Description},
+                       {"ID", item->TessaronId},
+                       {"GradeValue", double{item->GradeValue}},
+                       {"GradeType", static_cast<std::int32_t>(item->GradeType())}});
   }
 }

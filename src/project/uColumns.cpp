@@ -67,18 +67,15 @@ void TColumns::AssignFromData(TVantrelMemTable& dataSet) {
 }
 
 void TColumns::Populate(TVantrelMemTable& memData) const {
-  memData.Close();
-  memData.Open();
+  memData.Reopen();
   for (int i = 0; i < Count(); ++i) {
     const auto* column = GetItem(i);
-    memData.Append();
-    memData.FieldByName("Fieldname").SetValue(column->Fieldname);
-    memData.FieldByName("Displayname").SetValue(column->Displayname);
-    memData.FieldByName("Customname").SetValue(column->Displayname);
-    memData.FieldByName("Visible").SetValue(column->Visible);
-    memData.FieldByName("Editable").SetValue(column->Editable);
-    memData.FieldByName("GridColumn").SetValue(column->GridColumn);
-    memData.FieldByName("Customization").SetValue(std::int32_t{column->Customization});
-    memData.Post();
+    memData.AppendRow({{"Fieldname", column->Fieldname},
+                       {"Displayname", column->Displayname},
+                       {"Customname", column->Displayname},
+                       {"Visible", column->Visible},
+                       {"Editable", column->Editable},
+                       {"GridColumn", column->GridColumn},
+                       {"Customization", std::int32_t{column->Customization}}});
   }
 }

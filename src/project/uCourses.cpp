@@ -60,11 +60,8 @@ void TCourses::PopulateSubjects(TVantrelMemTable& memData) const {
   for (int i = 0; i < Count(); ++i) {
     const auto* course = GetItem(i);
     if (memData.Locate("ID", course->SubjectId.Value)) continue;
-    memData.Append();
-    memData.FieldByName("ID").SetValue(course->SubjectId.Value);
-    memData.FieldByName("Token").SetValue(course->SubjectToken);
-    memData.FieldByName("Name").SetValue(course->SubjectName);
-    memData.Post();
+    memData.AppendRow(
+        {{"ID", course->SubjectId.Value}, {"Token", course->SubjectToken}, {"Name", course->SubjectName}});
   }
 }
 

@@ -92,31 +92,25 @@ TStudent* TStudents::Find(const TVariant& tessaronId) const {
 }
 
 void TStudents::Populate(TVantrelMemTable& memData) const {
-  memData.Close();
-  memData.Open();
+  memData.Reopen();
   for (int i = 0; i < Count(); ++i) {
     const auto* student = GetItem(i);
-    memData.Append();
-    memData.FieldByName("ID").SetValue(student->TessaronId.Value);
-    memData.FieldByName("Vorname").SetValue(student->Vorname);
-    memData.FieldByName("Nachname").SetValue(student->Nachname);
-    memData.FieldByName("Geburtsdatum").SetValue(student->Geburtsdatum.Value);
-    memData.FieldByName("Klasse").SetValue(student->ClassId.Value);
-    memData.Post();
+    memData.AppendRow({{"ID", student->TessaronId.Value},
+                       {"Vorname", student->Vorname},
+                       {"Nachname", student->Nachname},
+                       {"Geburtsdatum", student->Geburtsdatum.Value},
+                       {"Klasse", student->ClassId.Value}});
   }
 }
 
 void TStudents::PopulateClasses(TVantrelMemTable& memData) const {
-  memData.Close();
-  memData.Open();
+  memData.Reopen();
   for (int i = 0; i < Count(); ++i) {
     const auto& classId = GetItem(i)->ClassId.Value;
     const auto* schoolClass = CurrentProject->Classes().Find(classId);
     if (schoolClass == nullptr || memData.Locate("ID", classId)) continue;
-    memData.Append();
-    memData.FieldByName("ID").SetValue(schoolClass->TessaronId);
-    memData.FieldByName("Token").SetValue(schoolClass->Token);
-    memData.FieldByName("GradeType").SetValue(static_cast<std::int32_t>(schoolClass->GradeType()));
-    memData.Post();
+    memData.AppendRow({{"ID", schoolClass->TessaronId},
+                       {"Token", schoolClass->Token},
+                       {"GradeType", static_cast<std::int32_t>(schoolClass->GradeType())}});
   }
 }

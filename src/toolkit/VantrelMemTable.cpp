@@ -122,6 +122,11 @@ void TVantrelMemTable::Open() {
   Notify(&TVantrelTableListener::DataChanged);
 }
 
+void TVantrelMemTable::Reopen() {
+  Close();
+  Open();
+}
+
 void TVantrelMemTable::Close() {
   if (!Active()) return;
   FState = TVantrelTableState::tsInactive;
@@ -151,6 +156,12 @@ void TVantrelMemTable::Append() {
   LeaveEdit();
   FBuffer.assign(FFields.size(), TVariant::Null());
   FState = TVantrelTableState::tsInsert;
+}
+
+void TVantrelMemTable::AppendRow(std::initializer_list<std::pair<std::string_view, TVariant>> values) {
+  Append();
+  for (const auto& [field, value] : values) FieldByName(field).SetValue(value);
+  Post();
 }
 
 void TVantrelMemTable::Edit() {

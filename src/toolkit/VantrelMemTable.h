@@ -3,10 +3,12 @@
 #include <cstddef>
 #include <cstdint>
 #include <functional>
+#include <initializer_list>
 #include <memory>
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 #include "VantrelClasses.h"
@@ -83,6 +85,8 @@ class TVantrelMemTable : public TVantrelObject {
   /// Both leave the table empty.
   void Open();
   void Close();
+  /// Closes and opens the table.
+  void Reopen();
   bool Active() const { return FState != TVantrelTableState::tsInactive; }
   bool CanModify() const { return Active(); }
   TVantrelTableState State() const { return FState; }
@@ -92,6 +96,8 @@ class TVantrelMemTable : public TVantrelObject {
 
   /// Starts a new record, which Post puts at the end or where the kept sort wants it.
   void Append();
+  /// Appends and posts a record with these values, each by the name of its field.
+  void AppendRow(std::initializer_list<std::pair<std::string_view, TVariant>> values);
   /// Starts a change of the current record.
   void Edit();
   void Post();
