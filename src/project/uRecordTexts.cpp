@@ -28,19 +28,13 @@ std::string_view FieldnameOf(std::string_view key) {
   return key;
 }
 
-std::string TokenOr(const std::string& token, std::int32_t id, bool exact) {
-  if (token.empty()) return FormatText(ProjectTexts::NumberOnly, id);
-  return exact ? FormatText(ProjectTexts::WithNumber, Printable(token), id) : Printable(token);
-}
-
-std::string GradeOf(const TMyTessaronProject& project, std::int32_t id, bool exact) {
-  const auto* grade = project.Noten().Find(id);
-  return grade == nullptr ? FormatText(ProjectTexts::UnknownNumber, id) : TokenOr(grade->Token, id, exact);
-}
-
-std::string ClassOf(const TMyTessaronProject& project, std::int32_t id, bool exact) {
-  const auto* schoolClass = project.Classes().Find(id);
-  return schoolClass == nullptr ? FormatText(ProjectTexts::UnknownNumber, id) : TokenOr(schoolClass->Token, id, exact);
+/// The token that the entry of that id has in its list.
+template <class TList>
+std::string TokenOf(const TList& list, std::int32_t id, bool exact) {
+  const auto* entry = list.Find(id);
+  if (entry == nullptr) return FormatText(ProjectTexts::UnknownNumber, id);
+  if (entry->Token.empty()) return FormatText(ProjectTexts::NumberOnly, id);
+  return exact ? FormatText(ProjectTexts::WithNumber, Printable(entry->Token), id) : Printable(entry->Token);
 }
 
 std::string DateText(const TVariant& value, bool exact) {
@@ -124,8 +118,8 @@ std::string FieldValue(const TMyTessaronProject& project, std::string_view key, 
   for (const auto& known : ProjectTexts::ValueNames)
     if (key == known.Key && text == known.Value) return ResourceText(known.Shown);
   if (value.Kind() == TVariantKind::Text) return FormatText(ProjectTexts::Quoted, Printable(text));
-  if (IsGradeKey(key)) return GradeOf(project, value.AsInteger(), exact);
-  if (key == "ClassId") return ClassOf(project, value.AsInteger(), exact);
+  if (IsGradeKey(key)) return TokenOf(project.Noten(), value.AsInteger(), exact);
+  if (key == "ClassId") return TokenOf(project.Classes(), value.AsInteger(), exact);
   return text;
 }
 
