@@ -3,7 +3,6 @@
 #include "ProjectDifferences.h"
 #include "ProjectFiles.h"
 #include "VantrelDataJson.h"
-#include "VantrelI18n.h"
 #include "uRecordTexts.h"
 
 using RecordTexts::PrintableText;

@@ -2,7 +2,6 @@
 #include "Commands.h"
 #include "ProjectFiles.h"
 #include "SampleProject.h"
-#include "VantrelI18n.h"
 #include "uRecordTexts.h"
 
 using RecordTexts::PrintableText;

@@ -3,7 +3,6 @@
 #include <memory>
 #include <string>
 #include <string_view>
-#include <vector>
 
 #include "VantrelVariant.h"
 #include "uDBConnection.h"

@@ -1,6 +1,5 @@
 #include "DesktopMsgBox.h"
 
-#include <QApplication>
 #include <QCloseEvent>
 #include <QKeyEvent>
 #include <QMessageBox>

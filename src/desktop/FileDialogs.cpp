@@ -1,6 +1,5 @@
 // How a project file is chosen.
 #include <QApplication>
-#include <QDateTime>
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
@@ -14,7 +13,6 @@
 
 #include "DesktopDialogs.h"
 #include "DesktopLook.h"
-#include "DesktopTexts.h"
 #include "QtText.h"
 
 namespace {

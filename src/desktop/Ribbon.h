@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QStringList>
 #include <QTabBar>
 #include <QWidget>
 #include <vector>

@@ -5,7 +5,6 @@
 #include <QStyleOptionToolButton>
 #include <QStylePainter>
 #include <algorithm>
-#include <cmath>
 
 #include "DesktopLook.h"
 #include "QtText.h"

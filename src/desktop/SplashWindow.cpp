@@ -5,7 +5,6 @@
 #include <QSvgRenderer>
 
 #include "QtText.h"
-#include "VantrelI18n.h"
 #include "ViewTexts.h"
 
 namespace {

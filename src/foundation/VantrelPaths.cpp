@@ -1,7 +1,6 @@
 #include "VantrelPaths.h"
 
 #include <algorithm>
-#include <array>
 #include <cctype>
 #include <filesystem>
 #include <vector>

@@ -6,7 +6,6 @@
 #include "FoundationTexts.h"
 #include "SystemFolders.h"
 #include "VantrelExceptions.h"
-#include "VantrelFileSystem.h"
 #include "VantrelGuid.h"
 #include "VantrelPaths.h"
 

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
-#include <utility>
 
 #include "FoundationTexts.h"
 #include "VantrelDateTime.h"

@@ -6,6 +6,7 @@
 #include "VantrelExceptions.h"
 #include "VantrelRtti.h"
 #include "VantrelStorage.h"
+#include "VantrelStringList.h"
 #include "VantrelText.h"
 
 using enum TVantrelTypeKind;

@@ -4,7 +4,7 @@
 #include <string_view>
 #include <vector>
 
-#include "VantrelStringList.h"
+#include "VantrelClasses.h"
 
 /// A property that outlives the run: its path below the component, and where it is stored below the form's own key.
 struct TVantrelPropertyLink {

@@ -2,7 +2,6 @@
 
 #include <functional>
 #include <memory>
-#include <string_view>
 #include <vector>
 
 #include "VantrelDialogs.h"

@@ -1,7 +1,5 @@
 #include "VantrelCommands.h"
 
-#include <algorithm>
-
 std::string TVantrelCommand::Hint() const {
   if (!FHint.empty()) return FHint;
   std::string hint = FInfo.Caption;

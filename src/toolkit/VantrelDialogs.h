@@ -3,7 +3,6 @@
 #include <functional>
 #include <memory>
 #include <string>
-#include <vector>
 
 #include "VantrelScopes.h"
 #include "VantrelVariant.h"

@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "VantrelSheet.h"
-#include "VantrelText.h"
 
 namespace {
 

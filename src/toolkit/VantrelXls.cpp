@@ -1,10 +1,8 @@
-#include <algorithm>
 #include <map>
 
 #include "ToolkitTexts.h"
 #include "VantrelBiffRecords.h"
 #include "VantrelCompoundFile.h"
-#include "VantrelI18n.h"
 #include "VantrelSheet.h"
 #include "VantrelText.h"
 

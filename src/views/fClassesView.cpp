@@ -2,7 +2,6 @@
 
 #include "VantrelI18n.h"
 #include "ViewTexts.h"
-#include "uCXUtils.h"
 #include "uClassOverview.h"
 #include "uUpdates.h"
 

@@ -7,7 +7,6 @@
 #include "VantrelExceptions.h"
 #include "VantrelFileSystem.h"
 #include "VantrelI18n.h"
-#include "VantrelText.h"
 #include "ViewTexts.h"
 #include "uMissingGrades.h"
 #include "uProject.h"

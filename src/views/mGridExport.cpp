@@ -1,7 +1,6 @@
 #include "mGridExport.h"
 
 #include <algorithm>
-#include <array>
 
 #include "SystemFolders.h"
 #include "VantrelExceptions.h"

@@ -1,13 +1,10 @@
 #pragma once
 
-#include <cstdint>
 #include <functional>
 #include <string>
-#include <vector>
 
 #include "VantrelDialogs.h"
 #include "VantrelGrid.h"
-#include "VantrelSheet.h"
 
 /// Writes a grid as it is shown to a spreadsheet or a web page that the user names, and opens it with the program for
 /// it. Made for one export.

@@ -1,7 +1,5 @@
 #include "uCXUtils.h"
 
-#include <algorithm>
-
 using enum TDataMode;
 
 void TCXUtils::GotoFirst(TVantrelGrid& gridView) {

@@ -2,6 +2,7 @@
 #include "PublishedObjects.h"
 #include "Testing.h"
 #include "VantrelForms.h"
+#include "VantrelStringList.h"
 #include "mStorage.h"
 
 namespace {
