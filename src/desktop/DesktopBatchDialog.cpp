@@ -119,7 +119,8 @@ void TDesktopBatchDialog::SetActivePage(TBatchPage page) {
 
 void TDesktopBatchDialog::showEvent(QShowEvent* event) {
   const QSize room = screen()->availableSize() - QSize(2 * margin, 3 * margin);
-  setFixedSize(sizeHint().expandedTo(toldMinimum).boundedTo(room));
+  const QSize fields(FFields->minimumSizeHint().width() + 3 * margin, 0);
+  setFixedSize(sizeHint().expandedTo(toldMinimum).expandedTo(fields).boundedTo(room));
   TDesktopModalForm::showEvent(event);
 }
 

@@ -6,11 +6,22 @@
 #include <QGroupBox>
 #include <QLabel>
 #include <QSignalBlocker>
+#include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "DesktopLook.h"
 #include "FieldEdit.h"
 #include "QtText.h"
+
+namespace {
+/// What the narrowest editor shows: a date, or the longest of its entries.
+int NarrowestText(const TEditorDescription& description, const QFontMetrics& metrics) {
+  int width = metrics.horizontalAdvance("00.00.0000");
+  for (const auto& item : description.Items) width = std::max(width, metrics.horizontalAdvance(FromUtf8(item.Text)));
+  return width;
+}
+}  // namespace
 
 TDesktopFieldForm::TDesktopFieldForm(QWidget* parent) : QWidget(parent) {
   auto* layout = new QHBoxLayout(this);
@@ -22,16 +33,21 @@ void TDesktopFieldForm::SetFields(const TFormDescription& form) {
   for (const auto& group : form.Groups) {
     auto* box = new QGroupBox(FromUtf8(group.Caption));
     box->setAlignment(Qt::AlignHCenter);
-    box->setMinimumWidth(static_cast<int>(std::lround(group.Width * FontScale(*box))));
     auto* fields = new QGridLayout;
     fields->setColumnStretch(1, 1);
-    for (const auto& field : group.Fields) AddField(*fields, field, form);
+    for (const auto& field : group.Fields) {
+      AddField(*fields, field, form);
+      FFields[field.Key].StartsGroup = &field == &group.Fields.front();
+    }
     auto* column = new QVBoxLayout(box);
+    const auto edges = column->contentsMargins();
+    column->addStrut(static_cast<int>(std::lround(group.Width * FontScale(*box))) - edges.left() - edges.right());
     column->addLayout(fields);
     column->addStretch();
     row->insertWidget(row->count() - 1, box);
     FGroups[group.Key] = box;
   }
+  UpdateGaps();
   for (std::size_t i = 1; i < FTabOrder.size(); ++i) setTabOrder(FTabOrder[i - 1], FTabOrder[i]);
 }
 
@@ -64,11 +80,11 @@ QWidget* TDesktopFieldForm::AddLabel(TField& added, const TFormField& field, boo
 void TDesktopFieldForm::AddField(QGridLayout& layout, const TFormField& field, const TFormDescription& form) {
   constexpr int gapHeight = 8;
   auto& added = FFields[field.Key];
+  FOrder.push_back(&added);
   if (field.StartsBlock) {
-    auto* gap = new QWidget;
-    gap->setFixedHeight(gapHeight);
-    layout.addWidget(gap, layout.rowCount(), 0);
-    added.Widgets.push_back(gap);
+    added.Gap = new QWidget;
+    added.Gap->setFixedHeight(gapHeight);
+    layout.addWidget(added.Gap, layout.rowCount(), 0);
   }
   added.Edit = new TFieldEdit(field.Editor, this);
   if (form.KeepsWrong) added.Edit->KeepWrong();
@@ -79,12 +95,13 @@ void TDesktopFieldForm::AddField(QGridLayout& layout, const TFormField& field, c
     if (const auto handler = OnLeave) handler(key);
   };
   auto& editor = added.Edit->Editor().Widget();
-  editor.setAccessibleName(FromUtf8(field.Caption));
-  auto* label = AddLabel(added, field, form.Ticks);
+  editor.setAccessibleName(FromUtf8(field.Name.empty() ? field.Caption : field.Name));
+  editor.setMinimumWidth(editor.minimumSizeHint().width() + NarrowestText(field.Editor, editor.fontMetrics()));
+  added.Label = AddLabel(added, field, form.Ticks);
   const int row = layout.rowCount();
-  layout.addWidget(label, row, 0);
+  layout.addWidget(added.Label, row, 0);
   layout.addWidget(&editor, row, 1);
-  if (form.Ticks) FTabOrder.push_back(label);
+  if (form.Ticks) FTabOrder.push_back(added.Label);
   FTabOrder.push_back(&editor);
   if (!form.Note.empty()) {
     added.Note = new QLabel(FromUtf8(form.Note));
@@ -94,7 +111,19 @@ void TDesktopFieldForm::AddField(QGridLayout& layout, const TFormField& field, c
     added.Note->hide();
     layout.addWidget(added.Note, row, 2);
   }
-  added.Widgets.insert(added.Widgets.end(), {label, &editor});
+}
+
+void TDesktopFieldForm::UpdateGaps() {
+  bool isAbove = false;
+  QWidget* gap = nullptr;
+  for (const auto* field : FOrder) {
+    if (field->StartsGroup) isAbove = false;
+    if (field->StartsGroup || field->Gap != nullptr) gap = field->Gap;
+    if (field->Gap != nullptr) field->Gap->hide();
+    if (!field->IsVisible) continue;
+    if (auto* above = std::exchange(gap, nullptr); above != nullptr && isAbove) above->show();
+    isAbove = true;
+  }
 }
 
 const TDesktopFieldForm::TField* TDesktopFieldForm::Find(const std::string& key) const {
@@ -121,8 +150,12 @@ void TDesktopFieldForm::SetEnabled(const std::string& key, bool enabled) {
 }
 
 void TDesktopFieldForm::SetVisible(const std::string& key, bool visible) {
-  if (const auto* field = Find(key))
-    for (auto* widget : field->Widgets) widget->setVisible(visible);
+  const auto field = FFields.find(key);
+  if (field == FFields.end()) return;
+  field->second.IsVisible = visible;
+  field->second.Label->setVisible(visible);
+  field->second.Edit->Editor().Widget().setVisible(visible);
+  UpdateGaps();
 }
 
 void TDesktopFieldForm::SetGroupVisible(const std::string& key, bool visible) {

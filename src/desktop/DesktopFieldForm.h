@@ -37,14 +37,20 @@ class TDesktopFieldForm : public QWidget, public TVantrelFieldForm {
     TFieldEdit* Edit = nullptr;
     QCheckBox* Tick = nullptr;
     QLabel* Note = nullptr;
-    std::vector<QWidget*> Widgets;  ///< all that is shown of it
+    QWidget* Label = nullptr;
+    QWidget* Gap = nullptr;  ///< above the first field of a block
+    bool StartsGroup = false;
+    bool IsVisible = true;
   };
 
   void AddField(QGridLayout& layout, const TFormField& field, const TFormDescription& form);
   QWidget* AddLabel(TField& added, const TFormField& field, bool ticks);
   const TField* Find(const std::string& key) const;
+  /// A gap stands between blocks of which something is shown.
+  void UpdateGaps();
 
   std::map<std::string, TField> FFields;
+  std::vector<const TField*> FOrder;
   std::map<std::string, QGroupBox*> FGroups;
   std::vector<QWidget*> FTabOrder;
 };

@@ -9,6 +9,18 @@ void Span(QTextCursor& cursor, std::size_t start, std::size_t length) {
   cursor.setPosition(static_cast<int>(start));
   cursor.setPosition(static_cast<int>(start + length), QTextCursor::KeepAnchor);
 }
+
+/// A step of its own: Qt joins no change to one at which the text counts as unmodified.
+class TTextStep {
+ public:
+  explicit TTextStep(QTextDocument& document) : FDocument(document) { FDocument.setModified(false); }
+  TTextStep(const TTextStep&) = delete;
+  TTextStep& operator=(const TTextStep&) = delete;
+  ~TTextStep() { FDocument.setModified(false); }
+
+ private:
+  QTextDocument& FDocument;
+};
 }  // namespace
 
 TDesktopText::TDesktopText(TMemoEdit& memo) : FMemo(memo) {
@@ -36,6 +48,7 @@ void TDesktopText::Select(std::size_t start, std::size_t length) {
 }
 
 void TDesktopText::Append(const std::string& text) {
+  const TTextStep step(*FMemo.document());
   auto cursor = FMemo.textCursor();
   cursor.movePosition(QTextCursor::End);
   cursor.insertText(FromUtf8(text));
@@ -44,6 +57,7 @@ void TDesktopText::Append(const std::string& text) {
 }
 
 void TDesktopText::Replace(const std::vector<TSpellWord>& words, const std::string& by) {
+  const TTextStep step(*FMemo.document());
   auto cursor = FMemo.textCursor();
   cursor.beginEditBlock();
   for (auto word = words.rbegin(); word != words.rend(); ++word) {

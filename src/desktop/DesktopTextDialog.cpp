@@ -8,6 +8,7 @@
 #include <QScreen>
 #include <QShortcut>
 #include <QSplitter>
+#include <utility>
 
 #include "CommandBar.h"
 #include "DesktopGrid.h"
@@ -23,8 +24,9 @@ constexpr int fieldWidth = 110;
 /// A field of one line.
 class TDesktopFieldItem final : public TVantrelFormItem {
  public:
-  explicit TDesktopFieldItem(TFieldEdit& field) : FField(field) {
+  TDesktopFieldItem(TFieldEdit& field, TDialogUndo& undo) : FField(field), FUndo(undo) {
     FField.OnChange = [this] {
+      FUndo.Add(FField, FField.ValueBefore());
       if (const auto handler = OnChange) handler();
     };
   }
@@ -33,7 +35,11 @@ class TDesktopFieldItem final : public TVantrelFormItem {
   ~TDesktopFieldItem() override { FField.Release(); }
 
   TVariant Value() const override { return FField.Value(); }
-  void SetValue(const TVariant& value) override { FField.SetValue(value); }
+  void SetValue(const TVariant& value) override {
+    const auto before = FField.Value();
+    FField.SetValue(value);
+    if (FUndo.IsJoining()) FUndo.Add(FField, before);
+  }
   void SetEnabled(bool enabled) override { Widget().setEnabled(enabled); }
   void SetVisible(bool visible) override { Widget().setVisible(visible); }
   void SetFocus() override { Widget().setFocus(); }
@@ -42,6 +48,7 @@ class TDesktopFieldItem final : public TVantrelFormItem {
   QWidget& Widget() { return FField.Editor().Widget(); }
 
   TFieldEdit& FField;
+  TDialogUndo& FUndo;
 };
 
 QLabel* MakeLabel(const std::string& text, QWidget* buddy) {
@@ -54,6 +61,7 @@ QLabel* MakeLabel(const std::string& text, QWidget* buddy) {
 
 TDesktopTextDialog::TDesktopTextDialog()
     : FActions(*this),
+      FUndo(*this),
       FMemo(new TMemoEdit({.Kind = TEditorKind::Memo}, this)),
       FText(*FMemo),
       FCatalog(new TDesktopGrid(this)),
@@ -99,6 +107,7 @@ void TDesktopTextDialog::SetDescription(const TTextDialogDescription& descriptio
   layout->addWidget(groups, 1);
   layout->addLayout(MakeNoteLine());
   if (!description.Foot.empty()) layout->addLayout(MakeFoot(description));
+  FUndo.Follow(*FMemo->document());
   Place();
 }
 
@@ -126,7 +135,7 @@ void TDesktopTextDialog::AddField(QBoxLayout& row, const TTextDialogField& field
   }
   auto* edit = new TFieldEdit(*field.Editor, this);
   auto& editor = edit->Editor().Widget();
-  item = std::make_unique<TDesktopFieldItem>(*edit);
+  item = std::make_unique<TDesktopFieldItem>(*edit, FUndo);
   editor.setAccessibleName(FromUtf8(field.Label));
   editor.setFixedWidth(static_cast<int>(fieldWidth * FontScale(editor)));
   row.addWidget(MakeLabel(field.Label, &editor));
@@ -174,6 +183,11 @@ void TDesktopTextDialog::Place() {
   setMaximumSize(largest);
   resize(largest.boundedTo(most));
   move(room.center() - rect().center());
+}
+
+void TDesktopTextDialog::showEvent(QShowEvent* event) {
+  TDesktopModalForm::showEvent(event);
+  if (const auto handler = std::exchange(OnShow, nullptr)) handler();
 }
 
 void TDesktopTextDialog::Search(int step) {

@@ -7,6 +7,7 @@
 #include "DesktopFormItems.h"
 #include "DesktopModalForm.h"
 #include "DesktopText.h"
+#include "DialogUndo.h"
 
 class QBoxLayout;
 class QLineEdit;
@@ -24,9 +25,11 @@ class TDesktopTextDialog final : public TDesktopModalForm, public TTextDialogUi 
   TVantrelFormItem& Item(TTextDialogItem item) override;
   TTextUi& Text() override { return FText; }
   TVantrelGrid& Catalog() override;
+  void InOneStep(const std::function<void()>& change) override { FUndo.Join(change); }
   TDesktopGrid& DesktopCatalog() { return *FCatalog; }
 
  protected:
+  void showEvent(QShowEvent* event) override;
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
@@ -40,6 +43,7 @@ class TDesktopTextDialog final : public TDesktopModalForm, public TTextDialogUi 
   bool TakeSearchKey(int key);
 
   TCommandActions FActions;
+  TDialogUndo FUndo;
   TMemoEdit* FMemo;
   TDesktopText FText;
   TDesktopGrid* FCatalog;

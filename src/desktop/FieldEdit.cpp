@@ -3,6 +3,7 @@
 #include <QCoreApplication>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <utility>
 
 namespace {
 /// The handler may end the form.
@@ -49,7 +50,7 @@ void TFieldEdit::EditorChanged() {
 
 void TFieldEdit::Take(const TVariant& value) {
   if (value == FValue || (value.IsEmpty() && FValue.IsEmpty())) return;
-  FValue = value;
+  FBefore = std::exchange(FValue, value);
   Tell(OnChange);
 }
 

@@ -12,6 +12,8 @@ class TFieldEdit : public QObject, public TEditorOwner {
 
   TValueEditor& Editor() { return FEditor; }
   const TVariant& Value() const { return FValue; }
+  /// What it was before the user's last change.
+  const TVariant& ValueBefore() const { return FBefore; }
   void SetValue(const TVariant& value);
   bool IsValid() const { return FEditor.IsComplete(); }
   /// What is no value stays there when the keyboard goes, for the form to ask about; else the value from before the
@@ -40,5 +42,6 @@ class TFieldEdit : public QObject, public TEditorOwner {
   TValueEditor& FEditor;
   bool FKeepsWrong = false;
   TVariant FValue = TVariant::Null();
+  TVariant FBefore = TVariant::Null();
   TVariant FEntered = TVariant::Null();  ///< as it was when the keyboard came
 };

@@ -6,6 +6,7 @@
 #include <QRegularExpression>
 #include <QScreen>
 #include <QScrollBar>
+#include <QSizeGrip>
 #include <QStyledItemDelegate>
 #include <QTreeWidget>
 #include <QWheelEvent>
@@ -71,7 +72,7 @@ QAccessibleInterface* MakeAccess(const QString&, QObject* object) {
 }  // namespace
 
 TLookupEdit::TLookupEdit(const TEditorDescription& description, QWidget* parent)
-    : QLineEdit(parent), TValueEditor(*this, description), FEntries(ReadEntries()), FList(new QTreeWidget(this)) {
+    : QLineEdit(parent), TValueEditor(*this, description), FEntries(ReadEntries()), FList(new QTreeWidget(this)), FGrip(new QSizeGrip(FList)) {
   [[maybe_unused]] static const bool once = (QAccessible::installFactory(MakeAccess), true);
   // What is typed picks an entry: keys go through keyPressEvent.
   setReadOnly(true);
@@ -121,8 +122,8 @@ void TLookupEdit::Reload() {
 }
 
 void TLookupEdit::MakeList() {
-  // A tool-tip window: it stands above all without ever taking the keyboard.
-  FList->setWindowFlags(Qt::ToolTip);
+  // A tool-tip window: it stands above all without ever taking the keyboard. No window manager would size it.
+  FList->setWindowFlags(Qt::ToolTip | Qt::X11BypassWindowManagerHint);
   FList->setFocusPolicy(Qt::NoFocus);
   FList->setRootIsDecorated(false);
   FList->setUniformRowHeights(true);
@@ -269,6 +270,7 @@ void TLookupEdit::OpenList() {
 
 bool TLookupEdit::CloseList() {
   const bool wasOpen = IsListOpen();
+  KeepSize();
   FList->hide();
   for (auto* around = parentWidget(); around != nullptr; around = around->isWindow() ? nullptr : around->parentWidget())
     around->removeEventFilter(this);
@@ -295,7 +297,12 @@ void TLookupEdit::moveEvent(QMoveEvent* event) {
   if (IsListOpen()) PlaceList();
 }
 
+void TLookupEdit::KeepSize() {
+  if (IsListOpen() && FList->size() != FPlaced) FSized = FList->size();
+}
+
 void TLookupEdit::PlaceList() {
+  KeepSize();
   int wanted = 2 * FList->frameWidth() + 4;
   for (int column = 0; column < FList->columnCount(); ++column) {
     const int needed = std::max(static_cast<const QAbstractItemView*>(FList)->sizeHintForColumn(column),
@@ -304,10 +311,16 @@ void TLookupEdit::PlaceList() {
     wanted += needed + 12;
   }
   const int rows = static_cast<int>(FEntries.size());
-  if (rows > shownRows) wanted += FList->verticalScrollBar()->sizeHint().width();
+  const bool isLong = rows > shownRows;
+  if (isLong) wanted += FList->verticalScrollBar()->sizeHint().width();
+  FList->setVerticalScrollBarPolicy(isLong ? Qt::ScrollBarAlwaysOn : Qt::ScrollBarAsNeeded);
   const int head = FList->isHeaderHidden() ? 0 : FList->header()->sizeHint().height();
   const int rowHeight = std::max(FList->sizeHintForRow(0), 1);
   int high = 2 * FList->frameWidth() + head + rowHeight * std::min(rows, shownRows);
+  if (isLong && FSized.isValid()) {
+    wanted = FSized.width();
+    high = FSized.height();
+  }
 
   const QRect room = screen()->availableGeometry();
   const QPoint cell = mapToGlobal(QPoint(0, 0));
@@ -318,6 +331,8 @@ void TLookupEdit::PlaceList() {
   const int wide = std::min(std::max(wanted, width()), room.width());
   const int left = std::clamp(cell.x(), room.left(), room.right() + 1 - wide);
   FList->setGeometry(left, upwards ? cell.y() - high : cell.y() + height(), wide, high);
+  FList->addScrollBarWidget(FGrip, upwards ? Qt::AlignTop : Qt::AlignBottom);
+  FPlaced = FList->size();
 }
 
 void TLookupEdit::keyPressEvent(QKeyEvent* event) {

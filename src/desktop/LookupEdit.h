@@ -5,11 +5,13 @@
 
 #include "ValueEditor.h"
 
+class QSizeGrip;
 class QTreeWidget;
 
 /// Picks one of the entries of a lookup or a list. What is typed marks the entry at once: the one that reads so, else
 /// the number of that value, else the first that starts so. What names no entry stays as it was typed and is not
-/// stored. A value that is not on offer is shown as it reads. The drop-down never takes the keyboard.
+/// stored. A value that is not on offer is shown as it reads. The drop-down never takes the keyboard; a long one can be
+/// sized with the mouse and stays so.
 class TLookupEdit : public QLineEdit, public TValueEditor {
  public:
   TLookupEdit(const TEditorDescription& description, QWidget* parent);
@@ -68,10 +70,14 @@ class TLookupEdit : public QLineEdit, public TValueEditor {
   void MakeList();
   void FillList();
   void PlaceList();
+  /// Keeps the size that the user has given the open list.
+  void KeepSize();
   void MarkUnderMouse(int entry);
 
   std::vector<TEntry> FEntries;
   QTreeWidget* FList;
+  QSizeGrip* FGrip;
+  QSize FPlaced, FSized;  ///< of the list as the program and as the user made it
   int FMarked = -1;
   int FUnderMouse = -1;
   QString FTyped;

@@ -79,6 +79,11 @@ constexpr TCertificateField NotCleared(TCertificateField field, const char* null
   return field;
 }
 
+constexpr TCertificateField PartOf(const char* total, TCertificateField field) {
+  field.Total = total;
+  return field;
+}
+
 constexpr TCertificateField Block(TCertificateField field) {
   field.StartsBlock = true;
   return field;
@@ -109,11 +114,11 @@ constexpr TCertificateField Table[] = {
     Block(NotCleared(Count("Unterrichtstage", ProjectTexts::Unterrichtstage), ProjectTexts::NullShown)),
     NotCleared(Count("Versaeumnisse", ProjectTexts::Versaeumnisse)),
     Block(Count("Fehltage", ProjectTexts::Fehltage)),
-    Count("FehltageU", ProjectTexts::FehltageU),
+    PartOf(ProjectTexts::Fehltage, Count("FehltageU", ProjectTexts::FehltageU)),
     Block(Count("Fehlstunden", ProjectTexts::Fehlstunden)),
-    Count("FehlstundenU", ProjectTexts::Unentschuldigt),
+    PartOf(ProjectTexts::Fehlstunden, Count("FehlstundenU", ProjectTexts::Unentschuldigt)),
     Block(Count("FehltagePraktikum", ProjectTexts::FehltagePraktikum)),
-    Count("FehltagePraktikumU", ProjectTexts::Unentschuldigt),
+    PartOf(ProjectTexts::FehltagePraktikum, Count("FehltagePraktikumU", ProjectTexts::Unentschuldigt)),
 };
 
 TEditorDescription EditorOf(const TCertificateField& field, TCertificateUse use, const TLookupTables& lookups) {
@@ -159,7 +164,8 @@ TFormDescription CertificateForm(TCertificateUse use, const TLookupTables& looku
       shown.Fields.push_back({.Key = std::string(field.Fieldname),
                               .Caption = ResourceText(field.Caption),
                               .Editor = EditorOf(field, use, lookups),
-                              .StartsBlock = field.StartsBlock});
+                              .StartsBlock = field.StartsBlock,
+                              .Name = Join(ResourceText(field.Total), ResourceText(field.Caption), ", ")});
     }
     if (!shown.Fields.empty()) form.Groups.push_back(std::move(shown));
   }

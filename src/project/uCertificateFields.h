@@ -18,6 +18,7 @@ struct TCertificateField {
   std::string_view Key;  ///< the stored field of the student
   TCertificateGroup Group = TCertificateGroup::AbschlussdatenGroup;
   const char* Caption = "";
+  const char* Total = "";  ///< the caption of the count that it is a part of
 
   TEditorKind Editor = TEditorKind::Lookup;
   TValueKind ValueKind = TValueKind::Text;

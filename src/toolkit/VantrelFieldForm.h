@@ -11,7 +11,8 @@ struct TFormField {
   std::string Key;
   std::string Caption;
   TEditorDescription Editor = {};
-  bool StartsBlock = false;  ///< a thin empty row stands above it
+  bool StartsBlock = false;  ///< a thin empty row parts it from what is shown above it
+  std::string Name = {};     ///< what a screen reader calls it, where the caption alone does not tell
 };
 
 /// Fields that stand below one caption.

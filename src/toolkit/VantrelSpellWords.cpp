@@ -44,14 +44,15 @@ bool IsSpace(char16_t unit) {
          unit == 0x3000;
 }
 
-/// The ending that a sign between two genders stands before; its length with the sign, 0 where there is none.
+/// The ending that a sign between two genders stands before; its length with the sign, 0 where there is none. A
+/// compound can go on behind the plural.
 std::size_t GenderEnding(TText rest) {
   if (rest.empty() || (rest[0] != u'*' && rest[0] != u':' && rest[0] != u'_')) return 0;
-  for (const TText ending : {TText(u"innen"), TText(u"in")}) {
-    const bool isThere = rest.substr(1).starts_with(ending);
-    if (isThere && (rest.size() == ending.size() + 1 || !IsWordUnit(rest[ending.size() + 1]))) return ending.size() + 1;
-  }
-  return 0;
+  constexpr TText plural = u"innen", singular = u"in";
+  const auto ending = rest.substr(1);
+  if (ending.starts_with(plural)) return plural.size() + 1;
+  const bool ends = ending.size() == singular.size() || (ending.size() > singular.size() && !IsWordUnit(ending[2]));
+  return ending.starts_with(singular) && ends ? singular.size() + 1 : 0;
 }
 
 /// Letter and combining mark, one behind the other, and the letter that they make.

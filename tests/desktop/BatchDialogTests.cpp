@@ -12,6 +12,7 @@
 #include "DesktopGrid.h"
 #include "MsgBoxes.h"
 #include "SampleProjectTest.h"
+#include "ScreenReader.h"
 #include "dialogs/fBatchCertificateDataDialog.h"
 #include "uProjectLookups.h"
 
@@ -98,14 +99,19 @@ class BatchDialogTest : public SampleProjectTest {
 
 TEST_F(BatchDialogTest, ChangesTheSelectedStudentsInTheTickedFieldsAlone) {
   std::vector<std::string> changed;
-  const auto token = FProject->Listen([&](const TProjectChange& change) {
-    changed.push_back(static_cast<TStudent&>(change.Record).Vorname + " " + std::string(change.Key));
-  });
+  const auto token = FProject->Listen(
+      [&](const TProjectChange& change) {
+        changed.push_back(static_cast<TStudent&>(change.Record).Vorname + " " + std::string(change.Key));
+      },
+      [&](TChangeBracket bracket) { changed.push_back(bracket == TChangeBracket::Begin ? "{" : "}"); });
   const auto before = Student(0).Versetzungsart;
   Run([&] {
     EXPECT_EQ(FDialog->windowTitle(), "Sammelzuweisung \"Zeugnisdaten\"");
     EXPECT_THAT(Labels(), testing::Contains("Anzahl: 12"));
     EXPECT_THAT(Open(), ElementsAre("&Weiter", "&Schließen"));
+    EXPECT_THAT(TabWalk(*FDialog),
+                ElementsAre("Table Schüler", "Button Alle auswählen", "Button Weiter", "Button Schließen"));
+    EXPECT_THAT(Nameless(*FDialog), IsEmpty());
     Grid().ClearSelection();
     EXPECT_THAT(Open(), ElementsAre("&Schließen"));
     Grid().SelectRecords({0, 2});
@@ -124,14 +130,19 @@ TEST_F(BatchDialogTest, ChangesTheSelectedStudentsInTheTickedFieldsAlone) {
     Type("v");
     Key(Qt::Key_Return);
     ASSERT_TRUE(FDialog->isVisible());
+    EXPECT_THAT(TabWalk(*FDialog), testing::IsSupersetOf({"CheckBox Abschluss 1", "EditableText Abschlussdatum 1",
+                                                  "ComboBox Versetzt", "CheckBox Leistungsanforderung",
+                                                  "Button Zurück", "Button Fertigstellen", "Button Schließen"}));
+    EXPECT_THAT(Nameless(*FDialog), IsEmpty());
     EXPECT_THAT(changed, IsEmpty());
     Key(Qt::Key_F, Qt::AltModifier);
     EXPECT_TRUE(QTest::qWaitFor([&] { return !FDialog->isVisible(); }));
   });
   const auto fields = {"Abschluss1Datum", "Versetzt", "Zeugnisdatum"};
-  std::vector<std::string> expected;
+  std::vector<std::string> expected{"{"};
   for (const int i : {0, 2})
     for (const char* field : fields) expected.push_back(Student(i).Vorname + " " + field);
+  expected.push_back("}");
   EXPECT_EQ(changed, expected);
   for (const int i : {0, 2}) {
     EXPECT_EQ(Student(i).Abschluss1Datum.AsDateTime(), 46192);

@@ -1,12 +1,14 @@
 #include <fmt/format.h>
 
 #include <QGroupBox>
+#include <QLabel>
 #include <QLineEdit>
 #include <QTabWidget>
 #include <map>
 
 #include "DesktopFieldForm.h"
 #include "LookupEdit.h"
+#include "ScreenReader.h"
 #include "StudentsViewFixture.h"
 #include "uCertificateFields.h"
 
@@ -56,6 +58,11 @@ class CertificateDataTest : public StudentsViewTest {
     if (line == nullptr) line = widget->findChild<QLineEdit*>();
     return line->text().isEmpty() ? "[" + line->placeholderText() + "]" : line->text();
   }
+  QString CaptionOf(const QWidget& editor) {
+    for (const auto* label : FWindow.findChildren<QLabel*>())
+      if (label->buddy() == &editor) return label->text();
+    return {};
+  }
   TFields FieldsOf(int student) {
     TFields fields;
     Student(student).VisitFields([&](std::string_view key, const TVariant& value) {
@@ -75,7 +82,7 @@ TEST_F(CertificateDataTest, EachFieldIsReachedByTabAndWritesItsOwn) {
   const auto two = FLookups.OfOpen().Grades.Lookup("Token", "2", "ID");
   const auto june = TVariant::DateTime(46192);
   const struct {
-    const char* Caption;
+    const char* Name;
     const char* Key;
     const char* Typed;
     TVariant Stored;
@@ -97,13 +104,14 @@ TEST_F(CertificateDataTest, EachFieldIsReachedByTabAndWritesItsOwn) {
                 {"Unterrichtstage", "Unterrichtstage", "2147483647", 2147483647},
                 {"Versäumnisse", "Versaeumnisse", "0", 0},
                 {"Fehltage", "Fehltage", "3", 3},
-                {"davon untentschuldigt", "FehltageU", "1", 1},
+                {"Fehltage, davon untentschuldigt", "FehltageU", "1", 1},
                 {"Fehlstunden", "Fehlstunden", "5", 5},
-                {"davon unentschuldigt", "FehlstundenU", "4", 4},
+                {"Fehlstunden, davon unentschuldigt", "FehlstundenU", "4", 4},
                 {"Fehltage Praktikum", "FehltagePraktikum", "2", 2},
-                {"davon unentschuldigt", "FehltagePraktikumU", "2", 2}};
-  for (const auto& [caption, key, typed, stored] : fields) {
-    EXPECT_EQ(Focus(), caption);
+                {"Fehltage Praktikum, davon unentschuldigt", "FehltagePraktikumU", "2", 2}};
+  for (const auto& [name, key, typed, stored] : fields) {
+    EXPECT_EQ(Focus(), name);
+    EXPECT_EQ(QString(name).split(", ").last(), CaptionOf(*QApplication::focusWidget()));
     auto expected = FieldsOf(0);
     Type(typed);
     EXPECT_EQ(TStudent::FieldOf(key)->Value(Student(0)), stored) << key;
@@ -112,6 +120,13 @@ TEST_F(CertificateDataTest, EachFieldIsReachedByTabAndWritesItsOwn) {
     EXPECT_EQ(after, expected) << key;
     Key(Qt::Key_Tab);
   }
+  EXPECT_THAT(Nameless(FWindow), testing::IsEmpty());
+  std::map<std::string, int> roles;
+  Form().SetFocus("Abschluss1");
+  for (const auto& place : TabWalk(FWindow)) ++roles[place.substr(0, place.find(' '))];
+  EXPECT_EQ(roles["ComboBox"], 9);
+  EXPECT_EQ(roles["SpinBox"], 10);
+  EXPECT_EQ(roles["EditableText"], 4) << "dates";
 }
 
 TEST_F(CertificateDataTest, WhatIsOnlySeenStaysAsItIs) {

@@ -1,6 +1,8 @@
 #include <QCheckBox>
 #include <QGroupBox>
+#include <QLabel>
 #include <QLineEdit>
+#include <QSizeGrip>
 #include <QTest>
 #include <QTimer>
 #include <QTreeWidget>
@@ -19,13 +21,17 @@ class FieldFormTest : public testing::Test {
     Grades.AddField("ID", TVantrelFieldType::ftInteger);
     Grades.AddField("Token", TVantrelFieldType::ftText, 20);
     Grades.Open();
-    for (int id = 1; id <= 4; ++id) {
+    AddGrades(1, 4);
+    Build(false);
+  }
+
+  void AddGrades(int first, int last) {
+    for (int id = first; id <= last; ++id) {
       Grades.Append();
       Grades.FieldByName("ID").SetValue(100 + id);
       Grades.FieldByName("Token").SetValue(std::to_string(id));
       Grades.Post();
     }
-    Build(false);
   }
 
   void Build(bool ticks) {
@@ -211,6 +217,47 @@ TEST_F(FieldFormTest, ALookupOffersWhatPassesTheFilterNow) {
   Form->SetValue("grade", 102);
   EXPECT_EQ(Shown(editor), "2");
   EXPECT_EQ(Told.size(), 1U);
+}
+
+TEST_F(FieldFormTest, ALongDropDownCanBeSizedAndStaysSo) {
+  AddGrades(5, 30);
+  auto& editor = static_cast<TLookupEdit&>(Editor("grade"));
+  editor.OpenList();
+  const int high = editor.List().height();
+  auto& grip = *editor.List().findChild<QSizeGrip*>();
+  ASSERT_TRUE(grip.isVisible());
+  const QPoint corner = grip.rect().center();
+  QTest::mousePress(&grip, Qt::LeftButton, {}, corner);
+  QTest::mouseMove(&grip, corner + QPoint(0, 50));
+  QTest::mouseRelease(&grip, Qt::LeftButton, {}, corner);
+  EXPECT_EQ(editor.List().height(), high + 50);
+  editor.CloseList();
+  editor.OpenList();
+  EXPECT_EQ(editor.List().height(), high + 50);
+}
+
+TEST_F(FieldFormTest, NothingIsCutAndBlocksStandApart) {
+  const auto usual = QApplication::font();
+  auto large = usual;
+  large.setPointSize(24);
+  QApplication::setFont(large);
+  Build(false);
+  QApplication::setFont(usual);
+  Form->resize(Form->minimumSizeHint());
+  QTest::qWait(1);
+  for (const auto* label : Form->findChildren<QLabel*>())
+    EXPECT_GE(label->width(), label->sizeHint().width()) << label->text().toStdString();
+  for (const auto& [key, text] : {std::pair("date", "30.12.2026"), {"moved", "nicht versetzt"}})
+    EXPECT_GT(Editor(key).width(), Editor(key).fontMetrics().horizontalAdvance(text)) << key;
+
+  const auto above = [this](const char* key) { return Editor(key).geometry().top(); };
+  const int top = above("days"), step = above("grade") - above("date");
+  Form->SetVisible("mark", false);
+  QTest::qWait(1);
+  EXPECT_GT(above("date") - top, step) << "its block stands apart without it";
+  Form->SetVisible("days", false);
+  QTest::qWait(1);
+  EXPECT_EQ(above("date"), top) << "there is nothing to stand apart from";
 }
 
 TEST_F(FieldFormTest, TicksAndGroups) {

@@ -3,6 +3,7 @@
 #include <QListWidget>
 #include <QTextBlock>
 
+#include "ScreenReader.h"
 #include "TextDialogFixture.h"
 #include "dialogs/fRechtschreibungDialog.h"
 
@@ -46,6 +47,10 @@ TEST_F(SpellingDialogTest, MistakesAreMarkedAndNothingIsChanged) {
     Key(Qt::Key_Space);
     EXPECT_THAT(Marked(), ElementsAre("fleisig", "gans"));
   });
+  EXPECT_TRUE(EditRemark([this] {
+    EXPECT_THAT(Marked(), ElementsAre("fleisig", "gans"));
+    SaveAndClose();
+  }));
   EXPECT_EQ(FText, "Sören arbeitet fleisig mit\nfür Qwrtzer gans gut");
   FOptions->RechtschreibungEingabe = false;
   EditRemark([this] { EXPECT_THAT(Marked(), IsEmpty()); });
@@ -95,6 +100,20 @@ TEST_F(SpellingDialogTest, TheCheckGoesRoundFromTheCursor) {
     EXPECT_FALSE(FDialogs.Waiting);
   }
   EXPECT_EQ(ReadFileText(FFolder / "User.dic"), "abre\n") << "known from then on";
+  FCorrectionScript = [&] { Press(*FCorrection, changeAll); };
+  FText = "fleisig, fleisig";
+  EditRemark([this] {
+    Type("!");
+    Key(Qt::Key_Home);
+    Key(Qt::Key_F7);
+    EXPECT_EQ(ItemText(TTextDialogItem::Text), "fleißig, fleißig!");
+    Key(Qt::Key_End);
+    Type("!");
+    for (const char* before : {"fleißig, fleißig!", "fleisig, fleisig!", "fleisig, fleisig"}) {
+      Key(Qt::Key_Z, Qt::ControlModifier);
+      EXPECT_EQ(ItemText(TTextDialogItem::Text), before);
+    }
+  });
 }
 
 TEST_F(SpellingDialogTest, TheReplacementIsWhatStandsInItsLine) {
@@ -114,6 +133,10 @@ TEST_F(SpellingDialogTest, TheReplacementIsWhatStandsInItsLine) {
     }
     Replacement().setFocus();
     EXPECT_EQ(Focus(), &Replacement());
+    EXPECT_THAT(TabWalk(*FCorrection), ElementsAre("EditableText Ersetzen durch", "List Vorschläge", "Button Ändern",
+                                       "Button Alle ändern", "Button Ignorieren", "Button Alle ignorieren",
+                                       "Button Hinzufügen", "Button Schließen"));
+    EXPECT_THAT(Nameless(*FCorrection), IsEmpty());
     Type("sehr laut");
     Key(Qt::Key_Return);
   };
@@ -164,6 +187,15 @@ TEST_F(SpellingDialogTest, WithoutDictionaryOnlyTheRemarkHasTheCommand) {
     Key(Qt::Key_F7);
   });
   EXPECT_EQ(FBoxes.Texts.size(), 1U);
+  // Neither in the environment nor in the system, though the user wants the check.
+  FOptions->RechtschreibungAktiv = true;
+  ::setenv("XDG_DATA_DIRS", (FFolder / "all").c_str(), 1);
+  EditAssessment([this] {
+    EXPECT_THAT(Marked(), IsEmpty());
+    Key(Qt::Key_F7);
+  });
+  ::unsetenv("XDG_DATA_DIRS");
+  EXPECT_EQ(FBoxes.Texts.size(), 2U);
 }
 
 TEST_F(SpellingDialogTest, TheOptionsFollowTheFirstBox) {
@@ -180,6 +212,9 @@ TEST_F(SpellingDialogTest, TheOptionsFollowTheFirstBox) {
   const auto boxes = [] { return QApplication::activeModalWidget()->findChildren<QCheckBox*>(); };
   EXPECT_FALSE(edit([&] {
     for (const auto* box : boxes()) captions.push_back(box->text());
+    boxes().front()->setFocus();
+    EXPECT_THAT(TabWalk(*QApplication::activeModalWidget()), ElementsAre("CheckBox  Rechtschreibprüfung aktiv  ", "Button OK", "Button Abbrechen"));
+    EXPECT_THAT(Nameless(*QApplication::activeModalWidget()), IsEmpty());
     for (const auto* box : boxes().mid(1)) EXPECT_FALSE(box->isEnabled());
     QTest::keyClick(boxes().front(), Qt::Key_Space);
     for (const auto* box : boxes().mid(1))

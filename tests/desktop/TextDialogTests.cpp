@@ -1,5 +1,6 @@
 #include <QLineEdit>
 
+#include "ScreenReader.h"
 #include "TextDialogFixture.h"
 
 namespace {
@@ -133,9 +134,60 @@ TEST_F(TextDialogTest, TheSearchMovesTheFocusAndHidesNothing) {
     Key(Qt::Key_Return);
     Key(Qt::Key_Escape);
     EXPECT_TRUE(FDialog->isVisible());
+    // What was put together stays so; only what was looked for is taken.
+    Click(0);
+    Click(2, Qt::ControlModifier);
+    Key(Qt::Key_F, Qt::ControlModifier);
+    Type("zweite");
+    Key(Qt::Key_Return);
+    EXPECT_EQ(Catalog().SelectedCount(), 2);
     SaveAndClose();
   }));
-  EXPECT_EQ(FText, "Dritte Bemerkung");
+  EXPECT_EQ(FText, "Dritte Bemerkung\r\nZweite\r\nBemerkung");
+}
+
+TEST_F(TextDialogTest, TheLastStepIsTakenBackFirstWhereverTheKeyboardIs) {
+  using enum TTextDialogItem;
+  FText = "Text";
+  EXPECT_TRUE(EditRemark([this] {
+    const auto at = [this](TTextDialogItem item, const char* typed) {
+      FDialog->Item(item).SetFocus();
+      Type(typed);
+    };
+    const std::vector<TScript> steps{[&] { at(Text, "ab"); },
+                                     [&] {
+                                       Click(0);
+                                       Press("Hinzufügen");
+                                     },
+                                     [&] { at(Text, "cd"); },
+                                     [&] { at(PositionEdit, "34"); },
+                                     [&] { at(AttributeEdit, "Y"); },
+                                     [&] { at(PositionEdit, "5"); },
+                                     [&] { at(Text, "e"); }};
+    const auto shown = [this] {
+      return ItemText(Text) + "|" + ItemText(PositionEdit) + "|" + ItemText(AttributeEdit);
+    };
+    std::vector<std::string> states;
+    for (const auto& step : steps) {
+      states.push_back(shown());
+      step();
+    }
+    EXPECT_EQ(shown(), "Textab\r\nErste Bemerkungcde|7345|XY");
+    states.push_back(shown());
+    Catalog().SetFocus();
+    for (std::size_t i = steps.size(); i > 0; --i) {
+      Key(Qt::Key_Z, Qt::ControlModifier);
+      EXPECT_EQ(shown(), states[i - 1]);
+      Key(Qt::Key_Tab);
+    }
+    for (std::size_t i = 1; i <= steps.size(); ++i) {
+      Key(Qt::Key_Y, Qt::ControlModifier);
+      EXPECT_EQ(shown(), states[i]);
+      Key(Qt::Key_Tab);
+    }
+    SaveAndClose();
+  }));
+  EXPECT_EQ(FPosition, 7345);
 }
 
 TEST_F(TextDialogTest, OnlyASlipIsAskedAbout) {
@@ -169,19 +221,8 @@ TEST_F(TextDialogTest, OnlyASlipIsAskedAbout) {
 }
 
 TEST_F(TextDialogTest, EachDialogSaysWhatItIsFor) {
-  const auto names = [this] {
-    QStringList chain;
-    const auto* first = QApplication::focusWidget();
-    do {
-      chain << QApplication::focusWidget()->accessibleName();
-      if (chain.last().isEmpty())
-        if (auto* button = qobject_cast<QAbstractButton*>(QApplication::focusWidget())) chain.last() = button->text();
-      Key(Qt::Key_Tab);
-    } while (QApplication::focusWidget() != first && chain.size() < 20);
-    return chain.join(", ").toStdString();
-  };
   FText = "für\nMila\n";
-  EditAssessment([&] {
+  EditAssessment([this] {
     EXPECT_EQ(FDialog->windowTitle(), "Zeugnisbeurteilung editieren");
     EXPECT_EQ(ItemText(TTextDialogItem::StudentText), "Mila Kowalski (6a), D");
     EXPECT_EQ(ItemText(TTextDialogItem::SubjectText), "D");
@@ -189,19 +230,24 @@ TEST_F(TextDialogTest, EachDialogSaysWhatItIsFor) {
     EXPECT_EQ(QApplication::focusWidget(), &Memo());
     EXPECT_TRUE(Memo().textCursor().atEnd());
     EXPECT_EQ(FDialog->maximumSize(), QSize(1024, 768));
-    EXPECT_EQ(names(),
-              "Beurteilung, Im Katalog suchen (Strg+F), Katalog der Zeugnisbeurteilungen, "
-              "Speichern und Schließen, Schließen, Hinzufügen");
+    EXPECT_THAT(TabWalk(*FDialog),
+                ElementsAre("EditableText Beurteilung", "EditableText Im Katalog suchen (Strg+F)",
+                            "Table Katalog der Zeugnisbeurteilungen", "Button Speichern und Schließen",
+                            "Button Schließen", "Button Hinzufügen"));
+    EXPECT_THAT(Nameless(*FDialog), IsEmpty());
   });
-  EditRemark([&] {
+  EditRemark([this] {
     EXPECT_EQ(FDialog->windowTitle(), "Zeugnisbemerkung");
     EXPECT_EQ(ItemText(TTextDialogItem::StudentText), "Mila Kowalski (6a)");
-    EXPECT_EQ(names(),
-              "Text, Im Katalog suchen (Strg+F), Katalog der Zeugnisbemerkungen, OK, Abbrechen, Speichern und "
-              "Schließen, Schließen, Hinzufügen, Rechtschreibung prüfen..., Position, Merkmal");
+    EXPECT_THAT(TabWalk(*FDialog),
+                ElementsAre("EditableText Text", "EditableText Im Katalog suchen (Strg+F)",
+                            "Table Katalog der Zeugnisbemerkungen", "Button OK", "Button Abbrechen",
+                            "Button Speichern und Schließen", "Button Schließen", "Button Hinzufügen",
+                            "Button Rechtschreibung prüfen...", "SpinBox Position", "EditableText Merkmal"));
+    EXPECT_THAT(Nameless(*FDialog), IsEmpty());
   });
   FText.clear();
-  EditAssessment([&] {
+  EditAssessment([this] {
     EXPECT_EQ(ItemText(TTextDialogItem::CountText), "Zeichen: 0, Zeilen: 0");
     Key(Qt::Key_F, Qt::ControlModifier);
     Type("xxx");

@@ -42,6 +42,7 @@ TEST_F(SpellingTest, MarksWhatIsWrongAndNothingElse) {
       {"Der Deutsch- und Englischunterricht, die Vor- und -nachteile", {}},
       {"Der Deutsxh- und Englischunterrichd", {"Deutsxh", "Englischunterrichd"}},
       {"Schüler*innen, Lehrer:innen, Schüler_innen, SchülerInnen, eine Schüler*in", {}},
+      {"Schüler*innenvertretung, Lehrer:innenzimmers, Schüler*innenqwrtz, Schüler*inka", {"Schüler*innenqwrtz", "inka"}},
       {"Schühler*innen arbeiten*gut", {"Schühler*innen"}},
       {"usw., bzw. und z. B. oder z.B. d. h.", {}},
       {"usw und so", {"usw"}},

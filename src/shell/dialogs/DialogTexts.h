@@ -53,8 +53,8 @@ inline constexpr const char* UpperCaseWords = " Wörter in GROSSBUCHSTABEN ignor
 inline constexpr const char* MixedCaseWords = " Wörter in MiScHfÄlLeN ignorieren ";
 inline constexpr const char* WordsWithNumbers = " Wörter mit Zahlen ignorieren ";
 inline constexpr const char* RepeatedWords = " Wiederholte Wörter ignorieren ";
-inline constexpr const char* EMails = "E-Mails ignorieren (name@schule.de)";
-inline constexpr const char* WebAddresses = "Web-Adressen ignorieren (www.schule.de)";
+inline constexpr const char* EMails = " E-Mails ignorieren (name@schule.de) ";
+inline constexpr const char* WebAddresses = " Web-Adressen ignorieren (www.schule.de) ";
 
 // Batch dialog
 inline constexpr const char* BatchTitle = "Sammelzuweisung \"Zeugnisdaten\"";

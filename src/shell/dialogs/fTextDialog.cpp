@@ -25,6 +25,7 @@ struct TTextDialogKind {
   TTextDialogDescription Description;
   TVantrelMemTable& Catalog;
   std::vector<TGridColumn> Columns;  ///< the last takes the room that is left
+  bool FitsColumns = false;          ///< the others are as wide as their content
   bool HasFoot = false;
   bool AlwaysChecks = false;  ///< the command is there even if spelling is not checked at all
 };
@@ -47,6 +48,7 @@ TTextDialogKind RemarkDialog(TLookupTables& lookups) {
                        .Field = "Position"},
                       {.Id = "Attribute", .Caption = text(DialogTexts::Attribute), .Field = "Attribute"},
                       {.Id = "Description", .Caption = text(DialogTexts::Description), .Field = "Description"}},
+          .FitsColumns = true,
           .HasFoot = true,
           .AlwaysChecks = true};
 }
@@ -97,6 +99,13 @@ std::string TextCount(const std::string& text) {
   return FormatText(DialogTexts::TextCount, characters, lines.size());
 }
 
+/// As RunForUser; false where the question raises.
+bool AnswerForUser(const std::function<bool()>& question) {
+  bool answer = false;
+  RunForUser([&] { answer = question(); });
+  return answer;
+}
+
 /// One of the dialogs, from its making to its end.
 class TTextDialog {
  public:
@@ -117,7 +126,9 @@ class TTextDialog {
   TVantrelCommand* AddCommand(const char* caption, const char* icon, const char* shortcut,
                               const std::function<void()>& handler);
   void BuildCatalog(const TTextDialogKind& kind);
-  void Add();
+  std::vector<int> SelectedRows() const;
+  /// The texts of these rows of the catalogue are appended.
+  void Add(const std::vector<int>& rows);
   void TakeFocused();
   bool Search(const std::string& words, int step);
   bool HasWords(int record, const std::vector<std::string>& words) const;
@@ -138,9 +149,11 @@ TTextDialog::TTextDialog(const TTextDialogFrame& frame, TTextDialogKind kind, co
   AddCommands(frame, kind);
   FUi->SetDescription(kind.Description);
   BuildCatalog(kind);
-  FUi->OnSearch = [this](const std::string& words, int step) { return Search(words, step); };
-  FUi->OnSearchTaken = [this] { TakeFocused(); };
-  FUi->Form().OnCloseQuery = [this](bool ok) { return MayClose(ok); };
+  FUi->OnSearch = [this](const std::string& words, int step) {
+    return AnswerForUser([&] { return Search(words, step); });
+  };
+  FUi->OnSearchTaken = [this] { RunForUser([this] { Add({FUi->Catalog().FocusedRecord()}); }); };
+  FUi->Form().OnCloseQuery = [this](bool ok) { return AnswerForUser([&] { return MayClose(ok); }); };
   FUi->Item(StudentText).SetValue(about);
   FUi->Text().OnChange = [this] { FUi->Item(CountText).SetValue(TextCount(EnteredText())); };
   if (FChecker.CanCheck() && FChecker.CheckAsYouType) FUi->Text().MarkMistakes(FChecker);
@@ -155,7 +168,7 @@ void TTextDialog::AddCommands(const TTextDialogFrame& frame, TTextDialogKind& ki
   check->SetEnabled(frame.Options.RechtschreibungAktiv || kind.AlwaysChecks);
   kind.Description.Bar = {AddCommand(DialogTexts::SaveAndClose, "document-save", "Ctrl+Return", saves),
                           AddCommand(DialogTexts::Close, "dialog-close", "", closes),
-                          AddCommand(DialogTexts::Add, "list-add", "", [this] { Add(); }), check};
+                          AddCommand(DialogTexts::Add, "list-add", "", [this] { Add(SelectedRows()); }), check};
   if (kind.HasFoot)
     kind.Description.Foot = {AddCommand(DialogTexts::OK, "", "", saves),
                              AddCommand(DialogTexts::Cancel, "", "", closes)};
@@ -173,15 +186,16 @@ void TTextDialog::BuildCatalog(const TTextDialogKind& kind) {
   catalog.SetOptions({.MultiSelect = true, .RowsFollowContent = true});
   catalog.SetName(kind.Description.CatalogGroup);
   for (std::size_t i = 0; i + 1 < kind.Columns.size(); ++i) catalog.AddColumn(kind.Columns[i]);
+  FUi->OnShow = [&catalog, last = kind.Columns.back(), fits = kind.FitsColumns]() mutable {
+    if (fits) catalog.BestFitAll();
+    last.TakesRest = true;
+    catalog.AddColumn(last);
+  };
   catalog.BindTable(&kind.Catalog);
-  catalog.BestFitAll();
-  auto last = kind.Columns.back();
-  last.TakesRest = true;
-  catalog.AddColumn(last);
   // The user has chosen none.
   catalog.GotoFirst();
   catalog.ClearSelection();
-  catalog.OnDoubleClick = [this](int) { TakeFocused(); };
+  catalog.OnDoubleClick = [this](int) { RunForUser([this] { TakeFocused(); }); };
 }
 
 void TTextDialog::Show(TTextDialogItem item, const TVariant& value) {
@@ -207,28 +221,34 @@ bool TTextDialog::IsChanged() {
   return std::ranges::any_of(FShown, [this](const auto& shown) { return Changed(shown.first).has_value(); });
 }
 
-void TTextDialog::Add() {
-  auto& catalog = FUi->Catalog();
+std::vector<int> TTextDialog::SelectedRows() const {
+  std::vector<int> rows;
+  for (int i = 0; i < FUi->Catalog().SelectedCount(); ++i) rows.push_back(FUi->Catalog().SelectedRecord(i));
+  return rows;
+}
+
+void TTextDialog::Add(const std::vector<int>& rows) {
+  if (rows.empty()) return;
+  const auto& catalog = FUi->Catalog();
   bool isEmpty = EnteredText().empty();
   std::string added;
-  int last = -1;
-  for (int i = 0; i < catalog.SelectedCount(); ++i) {
-    last = catalog.SelectedRecord(i);
-    const auto text = catalog.FieldValue(last, "Description").AsTextOrEmpty();
+  for (const int row : rows) {
+    const auto text = catalog.FieldValue(row, "Description").AsTextOrEmpty();
     added += isEmpty ? text : lineEnd + text;
     isEmpty = isEmpty && text.empty();
   }
-  if (last < 0) return;
-  FUi->Text().Append(added);
-  for (const auto& [item, field] : {std::pair{PositionEdit, "Position"}, std::pair{AttributeEdit, "Attribute"}})
-    if (FShown.contains(item)) FUi->Item(item).SetValue(catalog.FieldValue(last, field));
+  FUi->InOneStep([&] {
+    FUi->Text().Append(added);
+    for (const auto& [item, field] : {std::pair{PositionEdit, "Position"}, std::pair{AttributeEdit, "Attribute"}})
+      if (FShown.contains(item)) FUi->Item(item).SetValue(catalog.FieldValue(rows.back(), field));
+  });
 }
 
 /// A row that the keyboard has reached is taken without having been selected.
 void TTextDialog::TakeFocused() {
   auto& catalog = FUi->Catalog();
   if (catalog.SelectedCount() == 0 && catalog.FocusedRecord() >= 0) catalog.SelectRecords({catalog.FocusedRecord()});
-  Add();
+  Add(SelectedRows());
 }
 
 bool TTextDialog::Search(const std::string& text, int step) {
@@ -246,8 +266,10 @@ bool TTextDialog::Search(const std::string& text, int step) {
     const int at = ((from + (step < 0 ? -i : i)) % count + count) % count;
     const int record = rows[static_cast<std::size_t>(at)].Record;
     if (!HasWords(record, words)) continue;
+    // What was put together by hand stays so.
+    const auto selected = SelectedRows();
     catalog.FocusRecord(record);
-    catalog.SelectRecords({record});
+    catalog.SelectRecords(selected.size() > 1 ? selected : std::vector{record});
     return true;
   }
   return false;

@@ -19,7 +19,8 @@ class TTextUi : public TVantrelFormItem {
   virtual void GotoEnd() = 0;
   /// Selects that part and brings it into sight.
   virtual void Select(std::size_t start, std::size_t length) = 0;
-  /// These change the text as the user does, in one step that he can undo.
+  /// These change the text as the user does, in one step that he can take back; what he types before and behind it is
+  /// no part of it.
   virtual void Append(const std::string& text) = 0;
   virtual void Replace(const std::vector<TSpellWord>& words, const std::string& by) = 0;
   /// Marks what the checker, which outlives the text, calls a mistake, from now on and as the text changes.
@@ -56,6 +57,8 @@ class TTextDialogUi {
  public:
   virtual ~TTextDialogUi() = default;
 
+  /// The window has its size and is about to be seen.
+  std::function<void()> OnShow;
   /// Looks for words in the catalogue: from the focused row on, behind it (`step` 1) or before it (-1). False where no
   /// row has them.
   std::function<bool(const std::string& words, int step)> OnSearch;
@@ -68,4 +71,7 @@ class TTextDialogUi {
   virtual TVantrelFormItem& Item(TTextDialogItem item) = 0;
   virtual TTextUi& Text() = 0;
   virtual TVantrelGrid& Catalog() = 0;
+  /// What the change appends and sets is one step, which the user takes back as he takes back what he has typed: the
+  /// last step first, wherever in the window the keyboard is. What is set otherwise is no step.
+  virtual void InOneStep(const std::function<void()>& change) = 0;
 };
