@@ -6,6 +6,8 @@
 #include <QKeyEvent>
 #include <QPushButton>
 #include <QRegularExpressionValidator>
+#include <QScreen>
+#include <algorithm>
 
 #include "DesktopLook.h"
 #include "DesktopTexts.h"
@@ -22,14 +24,24 @@ QDate DateOf(const QString& text) {
   const QDate brief = QDate::fromString(text, "d.M.yy");
   return brief.isValid() ? brief.addYears(100) : QDate();
 }
+
+/// The beginning of a date. The number pad has a comma for the point.
+class TDateValidator : public QRegularExpressionValidator {
+ public:
+  explicit TDateValidator(QObject* parent)
+      : QRegularExpressionValidator(QRegularExpression("\\d{0,2}(\\.\\d{0,2}(\\.\\d{0,4})?)?"), parent) {}
+  State validate(QString& input, int& place) const override {
+    input.replace(',', '.').replace('-', '.');
+    return QRegularExpressionValidator::validate(input, place);
+  }
+};
 }  // namespace
 
 TDateEdit::TDateEdit(const TEditorDescription& description, QWidget* parent) : TLineEdit(description, parent) {
   auto* open = addAction(ThemeIcon("view-calendar"), QLineEdit::TrailingPosition);
   open->setToolTip(UserText(DesktopTexts::OpenCalendar));
   connect(open, &QAction::triggered, this, [this] { OpenCalendar(); });
-  static const QRegularExpression beginning("\\d{0,2}(\\.\\d{0,2}(\\.\\d{0,4})?)?");
-  setValidator(new QRegularExpressionValidator(beginning, this));
+  setValidator(new TDateValidator(this));
 }
 
 bool TDateEdit::CanStore() const {
@@ -72,9 +84,16 @@ void TDateEdit::OpenCalendar() {
   auto* clear = new QPushButton(UserText(DesktopTexts::ClearDate));
   connect(today, &QPushButton::clicked, this, [choose] { choose(QDate::currentDate()); });
   connect(clear, &QPushButton::clicked, this, [choose] { choose({}); });
+  // Return presses them though this is no dialog.
+  for (auto* button : {today, clear}) button->setAutoDefault(true);
   row->addWidget(today);
   row->addWidget(clear);
-  popup->move(mapToGlobal(QPoint(0, height())));
+  const QRect room = screen()->availableGeometry();
+  const QSize size = popup->sizeHint();
+  const QPoint below = mapToGlobal(QPoint(0, height())), above = mapToGlobal(QPoint(0, -size.height()));
+  const bool fitsBelow = below.y() + size.height() <= room.bottom() + 1;
+  popup->move(std::clamp(below.x(), room.left(), std::max(room.left(), room.right() + 1 - size.width())),
+              fitsBelow ? below.y() : std::max(room.top(), above.y()));
   popup->show();
   calendar->setFocus();
 }

@@ -57,7 +57,7 @@ TDesktopFieldForm::~TDesktopFieldForm() {
 }
 
 void TDesktopFieldForm::Release() {
-  OnChange = OnLeave = OnTick = nullptr;
+  OnChange = OnType = OnLeave = OnTick = nullptr;
   for (const auto& [key, field] : FFields) field.Edit->Release();
 }
 
@@ -90,6 +90,9 @@ void TDesktopFieldForm::AddField(QGridLayout& layout, const TFormField& field, c
   if (form.KeepsWrong) added.Edit->KeepWrong();
   added.Edit->OnChange = [this, key = field.Key] {
     if (const auto handler = OnChange) handler(key);
+  };
+  added.Edit->OnType = [this, key = field.Key] {
+    if (const auto handler = OnType) handler(key);
   };
   added.Edit->OnLeave = [this, key = field.Key] {
     if (const auto handler = OnLeave) handler(key);
@@ -143,6 +146,10 @@ void TDesktopFieldForm::SetValue(const std::string& key, const TVariant& value) 
 bool TDesktopFieldForm::IsValid(const std::string& key) const {
   const auto* field = Find(key);
   return field != nullptr && field->Edit->IsValid();
+}
+
+void TDesktopFieldForm::Check() {
+  for (const auto& [key, field] : FFields) field.Edit->Check();
 }
 
 void TDesktopFieldForm::SetEnabled(const std::string& key, bool enabled) {

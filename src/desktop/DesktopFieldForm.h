@@ -21,6 +21,7 @@ class TDesktopFieldForm : public QWidget, public TVantrelFieldForm {
   TVariant Value(const std::string& key) const override;
   void SetValue(const std::string& key, const TVariant& value) override;
   bool IsValid(const std::string& key) const override;
+  void Check() override;
   void SetEnabled(const std::string& key, bool enabled) override;
   void SetVisible(const std::string& key, bool visible) override;
   void SetGroupVisible(const std::string& key, bool visible) override;

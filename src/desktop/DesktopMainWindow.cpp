@@ -17,6 +17,7 @@
 #include "ApplicationMenu.h"
 #include "DesktopLook.h"
 #include "DesktopTexts.h"
+#include "MenuKey.h"
 #include "QtText.h"
 #include "RecentList.h"
 #include "Ribbon.h"
@@ -201,14 +202,8 @@ void TDesktopMainWindow::dropEvent(QDropEvent* event) {
       Qt::QueuedConnection);
 }
 
-// For keyboards that have no key for the menu.
 void TDesktopMainWindow::keyPressEvent(QKeyEvent* event) {
-  auto* focused = focusWidget();
-  if (event->key() != Qt::Key_F10 || event->modifiers() != Qt::ShiftModifier || focused == nullptr)
-    return QMainWindow::keyPressEvent(event);
-  const QPoint place = focused->inputMethodQuery(Qt::ImCursorRectangle).toRect().center();
-  QContextMenuEvent menu(QContextMenuEvent::Keyboard, place, focused->mapToGlobal(place));
-  QApplication::sendEvent(focused, &menu);
+  if (!OpensMenu(*event, *this)) QMainWindow::keyPressEvent(event);
 }
 
 void TDesktopMainWindow::changeEvent(QEvent* event) {

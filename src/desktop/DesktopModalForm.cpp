@@ -1,6 +1,9 @@
 #include "DesktopModalForm.h"
 
+#include <QKeyEvent>
+
 #include "DesktopLook.h"
+#include "MenuKey.h"
 
 TDesktopModalForm::TDesktopModalForm() : QDialog(ActiveWindow()) {}
 
@@ -14,4 +17,8 @@ bool TDesktopModalForm::ShowModal() {
 
 void TDesktopModalForm::done(int result) {
   if (!OnCloseQuery || OnCloseQuery(result == Accepted)) QDialog::done(result);
+}
+
+void TDesktopModalForm::keyPressEvent(QKeyEvent* event) {
+  if (!OpensMenu(*event, *this)) QDialog::keyPressEvent(event);
 }

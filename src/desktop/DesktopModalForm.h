@@ -12,4 +12,7 @@ class TDesktopModalForm : public QDialog, public TVantrelModalForm {
   bool ShowModal() override;
   void Close(bool ok) override { done(ok ? Accepted : Rejected); }
   void done(int result) override;
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override;
 };

@@ -1,5 +1,6 @@
 #include "DesktopViewScreen.h"
 
+#include <QApplication>
 #include <QBoxLayout>
 #include <QScreen>
 #include <QScrollArea>
@@ -14,6 +15,7 @@ namespace {
 
 constexpr QSize toldMinimum(1264, 616);
 constexpr int listWidth = 300;
+constexpr int edge = 12;          // what stays around a field that is brought into sight
 constexpr int windowParts = 260;  // title bar, ribbon, status bar and taskbar
 
 /// List and rest side by side. At the told minimum the list is as wide as told; a wider window shows more of the
@@ -55,6 +57,14 @@ QScrollArea* Scrolled(QWidget* content) {
   area->setFocusPolicy(Qt::NoFocus);
   area->setWidgetResizable(true);
   area->setWidget(content);
+  // Qt brings no more than the cursor into sight.
+  QObject::connect(qApp, &QApplication::focusChanged, area, [area, content](const QWidget*, const QWidget* place) {
+    if (place == nullptr || !content->isAncestorOf(place)) return;
+    const QRect whole(place->mapTo(content, QPoint(0, 0)), place->size());
+    if (whole.width() > area->viewport()->width() || whole.height() > area->viewport()->height()) return;
+    area->ensureVisible(whole.right(), whole.bottom(), edge, edge);
+    area->ensureVisible(whole.left(), whole.top(), edge, edge);
+  });
   return area;
 }
 

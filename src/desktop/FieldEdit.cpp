@@ -26,14 +26,18 @@ TFieldEdit::TFieldEdit(const TEditorDescription& description, QWidget* parent)
 }
 
 void TFieldEdit::Release() {
-  OnChange = OnLeave = nullptr;
+  OnChange = OnType = OnLeave = nullptr;
   FEditor.Widget().removeEventFilter(this);
 }
 
 void TFieldEdit::SetValue(const TVariant& value) {
   FValue = FEntered = value;
+  FEditor.CloseList();
   Show();
-  // What is typed next begins anew, as after Tab.
+  SelectAll();
+}
+
+void TFieldEdit::SelectAll() {
   const bool isPicked = FEditor.Description().Picks() || FEditor.HasLines();
   if (FEditor.Widget().hasFocus() && !isPicked) QMetaObject::invokeMethod(&FEditor.Widget(), "selectAll");
 }
@@ -46,6 +50,11 @@ void TFieldEdit::Show() {
 
 void TFieldEdit::EditorChanged() {
   Take(FEditor.IsComplete() ? FEditor.Value() : FEntered);
+  Tell(OnType);
+}
+
+void TFieldEdit::Check() {
+  if (!FEditor.IsComplete()) FEditor.RefuseText();
 }
 
 void TFieldEdit::Take(const TVariant& value) {
@@ -63,7 +72,12 @@ void TFieldEdit::Enter() {
 }
 
 void TFieldEdit::Leave() {
-  if (!FEditor.IsComplete() && !FKeepsWrong) FEditor.Restore();
+  if (FEditor.IsComplete())
+    Show();
+  else if (FKeepsWrong)
+    FEditor.RefuseText();
+  else
+    FEditor.Restore();
   Tell(OnLeave);
 }
 
@@ -71,7 +85,9 @@ bool TFieldEdit::TakeBack() {
   const bool wasOpen = FEditor.CloseList();
   if (!FEditor.IsChanged()) return wasOpen;
   FEditor.Restore();
+  SelectAll();
   Take(FEntered);
+  Tell(OnType);
   return true;
 }
 
@@ -87,8 +103,8 @@ bool TFieldEdit::TakeReturn() {
 bool TFieldEdit::TakeKey(const QKeyEvent& key) {
   const bool isReturn = key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter;
   const bool isTab = key.key() == Qt::Key_Tab || key.key() == Qt::Key_Backtab;
-  if ((isReturn || isTab) && FEditor.KeepsOpen()) {
-    FEditor.Refuse();
+  if ((isReturn || isTab) && !FEditor.IsComplete()) {
+    FEditor.RefuseText();
     return true;
   }
   if (isReturn) return TakeReturn();

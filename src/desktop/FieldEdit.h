@@ -19,12 +19,16 @@ class TFieldEdit : public QObject, public TEditorOwner {
   /// What is no value stays there when the keyboard goes, for the form to ask about; else the value from before the
   /// keyboard came stands there again.
   void KeepWrong() { FKeepsWrong = true; }
+  /// Tells the user where what stands there is no value.
+  void Check();
 
   void EditorChanged() override;
   /// Nothing is told any more: the form goes, and its editors lose the keyboard.
   void Release();
 
   std::function<void()> OnChange;
+  /// What stands there is another, be it a value or none.
+  std::function<void()> OnType;
   std::function<void()> OnLeave;
 
  protected:
@@ -32,6 +36,8 @@ class TFieldEdit : public QObject, public TEditorOwner {
 
  private:
   void Show();
+  /// What is typed next begins anew, as after Tab.
+  void SelectAll();
   void Take(const TVariant& value);
   void Enter();
   void Leave();

@@ -11,6 +11,7 @@
 #include <QTreeWidget>
 #include <QWheelEvent>
 #include <algorithm>
+#include <limits>
 #include <optional>
 #include <utility>
 
@@ -21,6 +22,7 @@
 
 namespace {
 constexpr int shownRows = 12;
+constexpr int noTarget = std::numeric_limits<int>::min();
 
 /// The value of a text that is a number without a sign.
 std::optional<double> ValueOf(const QString& text) {
@@ -72,7 +74,11 @@ QAccessibleInterface* MakeAccess(const QString&, QObject* object) {
 }  // namespace
 
 TLookupEdit::TLookupEdit(const TEditorDescription& description, QWidget* parent)
-    : QLineEdit(parent), TValueEditor(*this, description), FEntries(ReadEntries()), FList(new QTreeWidget(this)), FGrip(new QSizeGrip(FList)) {
+    : QLineEdit(parent),
+      TValueEditor(*this, description),
+      FEntries(ReadEntries()),
+      FList(new QTreeWidget(this)),
+      FGrip(new QSizeGrip(FList)) {
   [[maybe_unused]] static const bool once = (QAccessible::installFactory(MakeAccess), true);
   // What is typed picks an entry: keys go through keyPressEvent.
   setReadOnly(true);
@@ -230,8 +236,8 @@ bool TLookupEdit::Type(const QString& typed) {
   if (FTyped.isEmpty()) FBefore = {FMarked, text(), IsChanged()};
   if (const int entry = Find(typed); entry >= 0) return MarkByUser(entry, typed);
   Mark(-1, typed, typed);
-  Refuse();
   SetChanged();
+  RefuseText();
   return true;
 }
 
@@ -262,7 +268,10 @@ void TLookupEdit::OpenList() {
   if (FEntries.empty()) return;
   PlaceList();
   FList->show();
-  if (auto* item = FList->currentItem()) FList->scrollToItem(item);
+  if (auto* item = FList->currentItem())
+    FList->scrollToItem(item);
+  else
+    FList->scrollToTop();
   // Whatever it stands in may move.
   for (auto* around = parentWidget(); around != nullptr; around = around->isWindow() ? nullptr : around->parentWidget())
     around->installEventFilter(this);
@@ -335,15 +344,36 @@ void TLookupEdit::PlaceList() {
   FPlaced = FList->size();
 }
 
-void TLookupEdit::keyPressEvent(QKeyEvent* event) {
-  const bool upOrDown = event->key() == Qt::Key_Up || event->key() == Qt::Key_Down;
-  const bool turnsList = event->key() == Qt::Key_F4 || (upOrDown && (event->modifiers() & Qt::AltModifier) != 0);
+int TLookupEdit::TargetOf(const QKeyEvent& key) const {
   const int last = static_cast<int>(FEntries.size()) - 1;
+  if (key.key() == Qt::Key_Up) return FMarked - 1;
+  if (key.key() == Qt::Key_Down) return FMarked + 1;
+  if (!IsListOpen() || key.modifiers() != Qt::NoModifier) return noTarget;
+  switch (key.key()) {
+    case Qt::Key_PageUp:
+      return FMarked - shownRows + 1;
+    case Qt::Key_PageDown:
+      return FMarked + shownRows - 1;
+    case Qt::Key_Home:
+      return 0;
+    case Qt::Key_End:
+      return last;
+    default:
+      return noTarget;
+  }
+}
+
+void TLookupEdit::keyPressEvent(QKeyEvent* event) {
+  const bool isAlt = (event->modifiers() & Qt::AltModifier) != 0;
+  const bool upOrDown = event->key() == Qt::Key_Up || event->key() == Qt::Key_Down;
+  const bool turnsList = event->key() == Qt::Key_F4 || (upOrDown && isAlt);
+  const int last = static_cast<int>(FEntries.size()) - 1;
+  const int target = TargetOf(*event);
   bool changes = false;
   if (turnsList) {
     if (!CloseList()) OpenList();
-  } else if (upOrDown) {
-    if (last >= 0) changes = MarkByUser(std::clamp(FMarked + (event->key() == Qt::Key_Down ? 1 : -1), 0, last), {});
+  } else if (target != noTarget) {
+    if (last >= 0) changes = MarkByUser(std::clamp(target, 0, last), {});
   } else if (event->matches(QKeySequence::Undo)) {
     changes = !IsComplete() && TakeBack();
   } else if (event->key() == Qt::Key_Backspace) {

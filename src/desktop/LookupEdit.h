@@ -64,6 +64,8 @@ class TLookupEdit : public QLineEdit, public TValueEditor {
   bool MarkByUser(int entry, const QString& typed);
   bool Type(const QString& typed);
   bool Shorten();
+  /// The entry that a key leads to, which may lie beyond the first or last one.
+  int TargetOf(const QKeyEvent& key) const;
   bool TakeBack();
   /// Selects what completes the typed text, so that the text shows from its start.
   void SelectRest();

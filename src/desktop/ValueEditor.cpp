@@ -16,20 +16,23 @@
 #include "VantrelNumbers.h"
 
 namespace {
-/// The warning frame over an editor. It ends with the next key there.
+/// The warning frame over an editor. It ends with the next key there, unless what stands there is refused.
 class TRefusedSign : public QWidget {
  public:
-  explicit TRefusedSign(QWidget& editor);
+  explicit TRefusedSign(const TValueEditor& editor);
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
+
+ private:
+  const TValueEditor& FEditor;
 };
 
-TRefusedSign::TRefusedSign(QWidget& editor) : QWidget(&editor) {
+TRefusedSign::TRefusedSign(const TValueEditor& editor) : QWidget(&editor.Widget()), FEditor(editor) {
   setAttribute(Qt::WA_TransparentForMouseEvents);
-  setGeometry(editor.rect());
-  editor.installEventFilter(this);
+  setGeometry(parentWidget()->rect());
+  parentWidget()->installEventFilter(this);
   raise();
   show();
 }
@@ -37,7 +40,8 @@ TRefusedSign::TRefusedSign(QWidget& editor) : QWidget(&editor) {
 bool TRefusedSign::eventFilter(QObject*, QEvent* event) {
   if (event->type() == QEvent::Resize) setGeometry(parentWidget()->rect());
   // Gone at once: the key may be refused as well.
-  if (event->type() == QEvent::KeyPress || event->type() == QEvent::FocusOut) delete this;
+  const bool ends = event->type() == QEvent::KeyPress || event->type() == QEvent::FocusOut;
+  if (ends && !FEditor.IsTextRefused()) delete this;
   return false;
 }
 
@@ -61,6 +65,7 @@ void TValueEditor::SetValue(const TVariant& value, const QString& shown) {
 void TValueEditor::Restore() {
   FChanged = false;
   Show(FStored, FShown);
+  EndRefusal();
 }
 
 void TValueEditor::Clear() {
@@ -70,12 +75,13 @@ void TValueEditor::Clear() {
 }
 
 void TValueEditor::Tell() {
+  EndRefusal();
   if (FOwner != nullptr) FOwner->EditorChanged();
 }
 
 void TValueEditor::Changed() {
   FChanged = true;
-  if (FOwner != nullptr) FOwner->EditorChanged();
+  Tell();
 }
 
 void TValueEditor::Accepted() {
@@ -101,7 +107,17 @@ bool TValueEditor::DecidesOn(QEvent& event) const {
 
 void TValueEditor::Refuse() {
   QApplication::beep();
-  if (FSign == nullptr) FSign = new TRefusedSign(FWidget);
+  if (FSign == nullptr) FSign = new TRefusedSign(*this);
+}
+
+void TValueEditor::RefuseText() {
+  FRefusesText = true;
+  Refuse();
+}
+
+void TValueEditor::EndRefusal() {
+  if (FRefusesText && !IsTextRefused()) delete FSign;
+  FRefusesText = IsTextRefused();
 }
 
 bool TValueEditor::HasRefused() const {

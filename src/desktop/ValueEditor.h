@@ -68,7 +68,10 @@ class TValueEditor {
   bool DecidesOn(QEvent& event) const;
   /// Tells the user that the last key was not taken: the bell, and a warning frame until the next key.
   void Refuse();
+  /// Likewise that what stands in the editor is no value: the frame stays until it is one.
+  void RefuseText();
   bool HasRefused() const;
+  bool IsTextRefused() const { return FRefusesText && !IsComplete(); }
 
  protected:
   virtual TVariant Entered() const = 0;
@@ -82,12 +85,15 @@ class TValueEditor {
   void Accepted();
 
  private:
+  void EndRefusal();
+
   QWidget& FWidget;
   TEditorDescription FDescription;
   TEditorOwner* FOwner = nullptr;
   TVariant FStored = TVariant::Null();
   QString FShown;
   bool FChanged = false;
+  bool FRefusesText = false;
   QPointer<QWidget> FSign;
 };
 

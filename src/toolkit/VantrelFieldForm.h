@@ -41,6 +41,8 @@ class TVantrelFieldForm {
 
   /// The user made the value of a field another one: at each change, and when Escape takes it back.
   std::function<void(const std::string& key)> OnChange;
+  /// The user has typed into a field, be it a value or none; and Escape.
+  std::function<void(const std::string& key)> OnType;
   /// The keyboard has left a field.
   std::function<void(const std::string& key)> OnLeave;
   std::function<void(const std::string& key)> OnTick;
@@ -54,6 +56,8 @@ class TVantrelFieldForm {
   virtual void SetValue(const std::string& key, const TVariant& value) = 0;
   /// What stands in the field can be stored.
   virtual bool IsValid(const std::string& key) const = 0;
+  /// Marks the fields in which stands what cannot be stored, until it can.
+  virtual void Check() = 0;
   virtual void SetEnabled(const std::string& key, bool enabled) = 0;
   virtual void SetVisible(const std::string& key, bool visible) = 0;
   virtual void SetGroupVisible(const std::string& key, bool visible) = 0;

@@ -13,6 +13,7 @@ class TCertificateDataSheet final : public TStudentsViewPage {
 
   void ShowStudent(TStudent* student, const TClass* schoolClass) override;
   void ShowPlace(const TProjectPlace& place) override;
+  void PostEdits() override { FForm.Check(); }
   std::vector<TGradeTypes> GradeTypes(const TClass&) const override {
     return {TGradeTypes::gtValue, TGradeTypes::gtFill};
   }

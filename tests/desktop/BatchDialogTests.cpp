@@ -109,6 +109,15 @@ TEST_F(BatchDialogTest, ChangesTheSelectedStudentsInTheTickedFieldsAlone) {
     EXPECT_EQ(FDialog->windowTitle(), "Sammelzuweisung \"Zeugnisdaten\"");
     EXPECT_THAT(Labels(), testing::Contains("Anzahl: 12"));
     EXPECT_THAT(Open(), ElementsAre("&Weiter", "&Schließen"));
+    bool hasMenu = false;
+    QTimer::singleShot(0, [&] {
+      hasMenu = QApplication::activePopupWidget() != nullptr;
+      if (hasMenu) QApplication::activePopupWidget()->close();
+    });
+    Key(Qt::Key_F10, Qt::ShiftModifier);
+    EXPECT_TRUE(hasMenu);
+    FDialog->activateWindow();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(FDialog));
     EXPECT_THAT(TabWalk(*FDialog),
                 ElementsAre("Table Schüler", "Button Alle auswählen", "Button Weiter", "Button Schließen"));
     EXPECT_THAT(Nameless(*FDialog), IsEmpty());
@@ -130,9 +139,10 @@ TEST_F(BatchDialogTest, ChangesTheSelectedStudentsInTheTickedFieldsAlone) {
     Type("v");
     Key(Qt::Key_Return);
     ASSERT_TRUE(FDialog->isVisible());
-    EXPECT_THAT(TabWalk(*FDialog), testing::IsSupersetOf({"CheckBox Abschluss 1", "EditableText Abschlussdatum 1",
-                                                  "ComboBox Versetzt", "CheckBox Leistungsanforderung",
-                                                  "Button Zurück", "Button Fertigstellen", "Button Schließen"}));
+    EXPECT_THAT(TabWalk(*FDialog),
+                testing::IsSupersetOf({"CheckBox Abschluss 1", "EditableText Abschlussdatum 1", "ComboBox Versetzt",
+                                       "CheckBox Leistungsanforderung", "Button Zurück", "Button Fertigstellen",
+                                       "Button Schließen"}));
     EXPECT_THAT(Nameless(*FDialog), IsEmpty());
     EXPECT_THAT(changed, IsEmpty());
     Key(Qt::Key_F, Qt::AltModifier);
@@ -197,6 +207,7 @@ TEST_F(BatchDialogTest, WhatIsNoValueWritesNothing) {
     EXPECT_EQ(QApplication::focusWidget()->accessibleName(), "Zeugnisdatum");
     Tick("Abschlussnote 2");
     Type("0,5");
+    EXPECT_THAT(Labels(), testing::Not(testing::Contains("wird geleert")));
     Key(Qt::Key_Tab);
     Click("&Fertigstellen");
     Click("&Fertigstellen");
@@ -218,6 +229,19 @@ TEST_F(BatchDialogTest, WhatIsNoValueWritesNothing) {
   const auto note = HasSubstr("„Abschlussnote 2“"), date = HasSubstr("„Zeugnisdatum“");
   EXPECT_THAT(FBoxes.Texts, ElementsAre(date, note, note, date));
   EXPECT_FALSE(FProject->Modified());
+}
+
+TEST_F(BatchDialogTest, WhatIsRaisedIsShown) {
+  const auto token =
+      FProject->Listen([](const TProjectChange&) { throw std::runtime_error("nicht möglich"); }, nullptr);
+  Run([&] {
+    Click("&Weiter");
+    Tick("Versetzt");
+    Click("&Fertigstellen");
+    EXPECT_TRUE(FDialog->isVisible());
+    EXPECT_THAT(Open(), ElementsAre("&Zurück", "&Fertigstellen", "&Schließen"));
+  });
+  EXPECT_THAT(FBoxes.Texts, ElementsAre("nicht möglich"));
 }
 
 TEST_F(BatchDialogTest, WithoutRightsNoWindowOpens) {

@@ -2,6 +2,8 @@
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPushButton>
+#include <QScrollArea>
 #include <QSizeGrip>
 #include <QTest>
 #include <QTimer>
@@ -10,6 +12,7 @@
 
 #include "DesktopFieldForm.h"
 #include "DesktopModalForm.h"
+#include "DesktopViewScreen.h"
 #include "LookupEdit.h"
 #include "Testing.h"
 #include "VantrelMemTable.h"
@@ -219,6 +222,56 @@ TEST_F(FieldFormTest, ALookupOffersWhatPassesTheFilterNow) {
   EXPECT_EQ(Told.size(), 1U);
 }
 
+TEST_F(FieldFormTest, WhatIsNoValueIsMarkedUntilItIsOne) {
+  const struct {
+    const char* Key;
+    const char* Typed;
+    Qt::Key Leaves;
+  } cases[] = {{"grade", "x", Qt::Key_F4}, {"date", "1.2", Qt::Key_Control}, {"mark", "0,5", Qt::Key_Tab}};
+  for (const auto& [key, typed, leaves] : cases) {
+    auto& editor = Editor(key);
+    const auto isMarked = [&] { return dynamic_cast<TValueEditor&>(editor).HasRefused(); };
+    Type(typed);
+    Form->Check();
+    QTest::keyClick(&editor, leaves);
+    EXPECT_TRUE(isMarked() && editor.hasFocus()) << key;
+    QTest::keyClick(&editor, Qt::Key_Escape);
+    EXPECT_FALSE(isMarked()) << key;
+    Form->Check();
+    EXPECT_FALSE(isMarked()) << key;
+  }
+  Form->SetValue("days", 99999);
+  auto& days = Editor("days");
+  Type("1");
+  QTest::keyClick(&days, Qt::Key_Escape);
+  Type("9");
+  EXPECT_EQ(Form->Value("days"), TVariant(9)) << "Escape leaves all of it to be replaced";
+  auto& date = Editor("date");
+  Type("1,2-24");
+  QTest::keyClick(&date, Qt::Key_Tab);
+  EXPECT_EQ(Shown(date), "01.02.2024");
+  Editor("date");
+  QTest::keyClick(&date, Qt::Key_F4);
+  auto* none = QApplication::activePopupWidget()->findChildren<QPushButton*>().last();
+  none->setFocus();
+  QTest::keyClick(none, Qt::Key_Return);
+  EXPECT_TRUE(Form->Value("date").IsNull());
+}
+
+TEST_F(FieldFormTest, AFieldIsSeenWholeWhenTheKeyboardComes) {
+  auto* form = Form.release();
+  const std::unique_ptr<QScrollArea> area(Scrolled(form));
+  area->resize(form->minimumSizeHint().width() / 2, 120);
+  area->show();
+  QTest::qWait(1);
+  for (const char* key : {"moved", "text", "grade"}) {
+    form->SetFocus(key);
+    const auto& editor = *area->focusWidget();
+    EXPECT_TRUE(area->viewport()->rect().contains(QRect(editor.mapTo(area->viewport(), QPoint()), editor.size())))
+        << key;
+  }
+}
+
 TEST_F(FieldFormTest, ALongDropDownCanBeSizedAndStaysSo) {
   AddGrades(5, 30);
   auto& editor = static_cast<TLookupEdit&>(Editor("grade"));
@@ -234,6 +287,20 @@ TEST_F(FieldFormTest, ALongDropDownCanBeSizedAndStaysSo) {
   editor.CloseList();
   editor.OpenList();
   EXPECT_EQ(editor.List().height(), high + 50);
+  for (const auto& [key, value] : {std::pair(Qt::Key_PageDown, 111),
+                                   {Qt::Key_PageDown, 122},
+                                   {Qt::Key_PageUp, 111},
+                                   {Qt::Key_End, 130},
+                                   {Qt::Key_PageDown, 130},
+                                   {Qt::Key_Home, 101}}) {
+    QTest::keyClick(&editor, key);
+    EXPECT_EQ(Form->Value("grade"), TVariant(value));
+  }
+  QTest::keyClick(&editor, Qt::Key_End);
+  Form->SetValue("grade", TVariant::Null());
+  EXPECT_FALSE(editor.IsListOpen()) << "another one is shown";
+  editor.OpenList();
+  EXPECT_EQ(editor.List().indexAt({1, 1}).row(), 0);
 }
 
 TEST_F(FieldFormTest, NothingIsCutAndBlocksStandApart) {

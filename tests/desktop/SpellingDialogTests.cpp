@@ -133,9 +133,9 @@ TEST_F(SpellingDialogTest, TheReplacementIsWhatStandsInItsLine) {
     }
     Replacement().setFocus();
     EXPECT_EQ(Focus(), &Replacement());
-    EXPECT_THAT(TabWalk(*FCorrection), ElementsAre("EditableText Ersetzen durch", "List Vorschläge", "Button Ändern",
-                                       "Button Alle ändern", "Button Ignorieren", "Button Alle ignorieren",
-                                       "Button Hinzufügen", "Button Schließen"));
+    EXPECT_THAT(TabWalk(*FCorrection),
+                ElementsAre("EditableText Ersetzen durch", "List Vorschläge", "Button Ändern", "Button Alle ändern",
+                            "Button Ignorieren", "Button Alle ignorieren", "Button Hinzufügen", "Button Schließen"));
     EXPECT_THAT(Nameless(*FCorrection), IsEmpty());
     Type("sehr laut");
     Key(Qt::Key_Return);
@@ -213,7 +213,8 @@ TEST_F(SpellingDialogTest, TheOptionsFollowTheFirstBox) {
   EXPECT_FALSE(edit([&] {
     for (const auto* box : boxes()) captions.push_back(box->text());
     boxes().front()->setFocus();
-    EXPECT_THAT(TabWalk(*QApplication::activeModalWidget()), ElementsAre("CheckBox  Rechtschreibprüfung aktiv  ", "Button OK", "Button Abbrechen"));
+    EXPECT_THAT(TabWalk(*QApplication::activeModalWidget()),
+                ElementsAre("CheckBox  Rechtschreibprüfung aktiv  ", "Button OK", "Button Abbrechen"));
     EXPECT_THAT(Nameless(*QApplication::activeModalWidget()), IsEmpty());
     for (const auto* box : boxes().mid(1)) EXPECT_FALSE(box->isEnabled());
     QTest::keyClick(boxes().front(), Qt::Key_Space);

@@ -164,9 +164,7 @@ TEST_F(TextDialogTest, TheLastStepIsTakenBackFirstWhereverTheKeyboardIs) {
                                      [&] { at(AttributeEdit, "Y"); },
                                      [&] { at(PositionEdit, "5"); },
                                      [&] { at(Text, "e"); }};
-    const auto shown = [this] {
-      return ItemText(Text) + "|" + ItemText(PositionEdit) + "|" + ItemText(AttributeEdit);
-    };
+    const auto shown = [this] { return ItemText(Text) + "|" + ItemText(PositionEdit) + "|" + ItemText(AttributeEdit); };
     std::vector<std::string> states;
     for (const auto& step : steps) {
       states.push_back(shown());

@@ -6,6 +6,7 @@
 #include "ShellTexts.h"
 #include "VantrelI18n.h"
 #include "VantrelMsgBox.h"
+#include "fBaseView.h"
 #include "uCXUtils.h"
 #include "uStudentsList.h"
 
@@ -38,7 +39,7 @@ TBatchCertificateDataDialog::TBatchCertificateDataDialog(std::unique_ptr<TBatchC
     : FStudents(ui->Students(), StudentsToSelect()), FUi(std::move(ui)) {
   FUi->SetTexts(Texts());
   SetUpFields(lookups);
-  FUi->OnButton = [this](TBatchButton button) { Handle_Button(button); };
+  FUi->OnButton = [this](TBatchButton button) { RunForUser([&] { Handle_Button(button); }); };
   FUi->Form().OnCloseQuery = [this](bool ok) { return Handle_CloseQuery(ok); };
   FUi->Students().OnSelectAll = [this] { TCXUtils::SelectAll(FStudents.Grid(), true); };
   FStudents.Fill([](auto& table) { CurrentProject->Students().Populate(table); });
@@ -58,8 +59,8 @@ void TBatchCertificateDataDialog::SetUpFields(const TLookupTables& lookups) {
     form.SetEnabled(fieldname, false);
     if (field.BatchStart) form.SetValue(fieldname, *field.BatchStart);
   }
-  form.OnTick = [this](const std::string& fieldname) { Handle_Tick(fieldname); };
-  form.OnChange = form.OnLeave = [this](const std::string&) { UpdateNotes(); };
+  form.OnTick = [this](const std::string& fieldname) { RunForUser([&] { Handle_Tick(fieldname); }); };
+  form.OnType = form.OnLeave = [this](const std::string&) { UpdateNotes(); };
 }
 
 void TBatchCertificateDataDialog::Handle_Button(TBatchButton button) {
@@ -133,6 +134,7 @@ bool TBatchCertificateDataDialog::AcceptsValues() {
     MsgBoxWarning(ResourceText(ShellTexts::NoteCaption),
                   FormatText(DialogTexts::BatchNoValue, ResourceText(FindCertificateField(each)->Caption)));
     form.SetFocus(each);
+    form.Check();
     return false;
   }
   return true;
