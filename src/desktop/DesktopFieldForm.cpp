@@ -5,6 +5,7 @@
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QLabel>
+#include <QLineEdit>
 #include <QSignalBlocker>
 #include <algorithm>
 #include <cmath>
@@ -15,11 +16,13 @@
 #include "QtText.h"
 
 namespace {
-/// What the narrowest editor shows: a date, or the longest of its entries.
-int NarrowestText(const TEditorDescription& description, const QFontMetrics& metrics) {
-  int width = metrics.horizontalAdvance("00.00.0000");
-  for (const auto& item : description.Items) width = std::max(width, metrics.horizontalAdvance(FromUtf8(item.Text)));
-  return width;
+/// The least that an editor needs: room for a date, and for the longest of its entries.
+int LeastWidth(const TEditorDescription& description, const QWidget& editor) {
+  const auto metrics = editor.fontMetrics();
+  int text = metrics.horizontalAdvance("00.00.0000");
+  for (const auto& item : description.Items) text = std::max(text, metrics.horizontalAdvance(FromUtf8(item.Text)));
+  const int letter = qobject_cast<const QLineEdit*>(&editor) != nullptr ? metrics.maxWidth() : 0;
+  return editor.minimumSizeHint().width() - letter + text;
 }
 }  // namespace
 
@@ -99,7 +102,7 @@ void TDesktopFieldForm::AddField(QGridLayout& layout, const TFormField& field, c
   };
   auto& editor = added.Edit->Editor().Widget();
   editor.setAccessibleName(FromUtf8(field.Name.empty() ? field.Caption : field.Name));
-  editor.setMinimumWidth(editor.minimumSizeHint().width() + NarrowestText(field.Editor, editor.fontMetrics()));
+  editor.setMinimumWidth(LeastWidth(field.Editor, editor));
   added.Label = AddLabel(added, field, form.Ticks);
   const int row = layout.rowCount();
   layout.addWidget(added.Label, row, 0);

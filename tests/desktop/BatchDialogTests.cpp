@@ -226,7 +226,7 @@ TEST_F(BatchDialogTest, WhatIsNoValueWritesNothing) {
     Key(Qt::Key_Escape);
     EXPECT_FALSE(FDialog->isVisible());
   });
-  const auto note = HasSubstr("„Abschlussnote 2“"), date = HasSubstr("„Zeugnisdatum“");
+  const auto note = HasSubstr("„Abschlussnote 2“ kann kein Wert unter 1 "), date = HasSubstr("„Zeugnisdatum“");
   EXPECT_THAT(FBoxes.Texts, ElementsAre(date, note, note, date));
   EXPECT_FALSE(FProject->Modified());
 }

@@ -79,6 +79,8 @@ inline constexpr const char* BatchNoRights =
     "Sie besitzen nicht die erforderlichen Rechte auf die Daten, die per Sammelzuweisung gesetzt werden können.";
 inline constexpr const char* BatchNoValue =
     "Was im Feld „{}“ steht, kann nicht gespeichert werden. Es wurde nichts zugewiesen.";
+inline constexpr const char* BatchTooSmall =
+    "Im Feld „{}“ kann kein Wert unter {} gespeichert werden. Es wurde nichts zugewiesen.";
 inline constexpr const char* BatchDone =
     "Die Sammelzuweisung wurde erfolgreich beendet.\r\nMöchten Sie weitere Sammelzuweisungen durchführen?";
 }  // namespace DialogTexts

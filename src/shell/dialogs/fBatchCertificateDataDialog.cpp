@@ -131,8 +131,11 @@ bool TBatchCertificateDataDialog::AcceptsValues() {
   auto& form = FUi->Fields();
   for (const auto& each : Fieldnames()) {
     if (!form.IsTicked(each) || form.IsValid(each)) continue;
+    const auto& field = *FindCertificateField(each);
+    const auto caption = ResourceText(field.Caption);
     MsgBoxWarning(ResourceText(ShellTexts::NoteCaption),
-                  FormatText(DialogTexts::BatchNoValue, ResourceText(FindCertificateField(each)->Caption)));
+                  field.Minimum > 0 ? FormatText(DialogTexts::BatchTooSmall, caption, field.Minimum)
+                                    : FormatText(DialogTexts::BatchNoValue, caption));
     form.SetFocus(each);
     form.Check();
     return false;
