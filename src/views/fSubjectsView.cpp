@@ -37,7 +37,7 @@ TSubjectsView::TSubjectsView(TViewFrame& frame, std::unique_ptr<TListViewUi> ui)
   FSubjects->OnChange = [this](TListChange change) { Handle_SubjectsChange(change); };
   FUi->Achievements().OnFit = [this] { FAchievements->Fit(); };
   FListener = CurrentProject->Listen([this](const auto& change) { Handle_ProjectChange(change); },
-                                     [this](auto bracket) { Handle_ChangeBracket(bracket); });
+                                     [this](auto mark) { Handle_ChangeMark(mark); });
 }
 
 TSubjectsView::~TSubjectsView() {

@@ -54,7 +54,7 @@ class TSubjectsView final : public TBaseView {
   bool GotoOpenSubject();
   void Handle_SubjectsChange(TListChange change);
   void Handle_ProjectChange(const TProjectChange& change);
-  void Handle_ChangeBracket(TChangeBracket bracket);
+  void Handle_ChangeMark(TChangeMark mark);
 
   /// 0, 1 or 2; null where none is chosen.
   TVariant LastFilter = TVariant::Null();

@@ -41,8 +41,9 @@ void TSubjectsView::Handle_ProjectChange(const TProjectChange& change) {
   if (change.Key == TCourseColumns::Of(TCourseGrid::Subjects).KeyOf(Grid().FocusedColumn())) UpdateNote();
 }
 
-void TSubjectsView::Handle_ChangeBracket(TChangeBracket bracket) {
-  FIsInBracket = bracket == TChangeBracket::Begin;
+void TSubjectsView::Handle_ChangeMark(TChangeMark mark) {
+  if (mark != TChangeMark::Begin && mark != TChangeMark::End) return;
+  FIsInBracket = mark == TChangeMark::Begin;
   if (!FIsInBracket && std::exchange(FHasChanged, false)) UpdateSums();
 }
 

@@ -103,7 +103,7 @@ TEST_F(BatchDialogTest, ChangesTheSelectedStudentsInTheTickedFieldsAlone) {
       [&](const TProjectChange& change) {
         changed.push_back(static_cast<TStudent&>(change.Record).Vorname + " " + std::string(change.Key));
       },
-      [&](TChangeBracket bracket) { changed.push_back(bracket == TChangeBracket::Begin ? "{" : "}"); });
+      [&](TChangeMark mark) { changed.push_back(mark == TChangeMark::Begin ? "{" : "}"); });
   const auto before = Student(0).Versetzungsart;
   Run([&] {
     EXPECT_EQ(FDialog->windowTitle(), "Sammelzuweisung \"Zeugnisdaten\"");
