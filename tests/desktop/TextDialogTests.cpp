@@ -47,19 +47,19 @@ TEST_F(TextDialogTest, ARemarkKeepsWhatWasNotTouched) {
   }));
   EXPECT_EQ(FPosition, -5);
   EXPECT_EQ(FText, "eins\r\nzwei\u2028\r\ndrei");
-  const auto type = [this](const char* position) {
+  const auto type = [this](const char* position, bool isRefused) {
     FDialog->Item(TTextDialogItem::PositionEdit).SetFocus();
     Type(position);
-    EXPECT_EQ(dynamic_cast<TValueEditor&>(*Focus()).HasRefused(), *position != '0') << position;
+    EXPECT_EQ(dynamic_cast<TValueEditor&>(*Focus()).HasRefused(), isRefused) << position;
   };
   EXPECT_TRUE(EditRemark([type] {
-    type("0");
+    type("0", false);
     SaveAndClose();
   }));
   EXPECT_EQ(FPosition, 0) << "what is typed is meant, also where it stood there";
   FPosition = 3;
   EXPECT_TRUE(EditRemark([this, type] {
-    type("21474836471");
+    for (const char* tooLong : {"21474836471", "00000000000"}) type(tooLong, true);
     Key(Qt::Key_Delete);
     Key(Qt::Key_Tab);
     Key(Qt::Key_End);
