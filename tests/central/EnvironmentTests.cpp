@@ -8,8 +8,7 @@
 namespace {
 
 /// A machine of the test's own, at first with nothing on it.
-class EnvironmentTest : public testing::Test {
- protected:
+struct EnvironmentTest : testing::Test {
   EnvironmentTest() {
     ::setenv("XDG_DATA_DIRS", ("relative:" + (FFolder / "fehlt") + ":" + (FFolder / "daten")).c_str(), 1);
     ::setenv("XDG_DATA_HOME", (FFolder / "eigene").c_str(), 1);
@@ -49,7 +48,7 @@ TEST_F(EnvironmentTest, AMachineWithoutTheCentralSystemIsNoError) {
     EXPECT_EQ(Environment->FileName(), FFolder / "fehlt/Orvenda Labs/Tessaron 10/Tessaron.evm");
   }
   EXPECT_TRUE(Session == nullptr && Environment == nullptr);
-  EXPECT_THAT(FBoxes.Texts, testing::IsEmpty());
+  EXPECT_THAT(FBoxes.Texts, IsEmpty());
 }
 
 TEST_F(EnvironmentTest, InstallationAndPathsFileSayWhereThingsLie) {
@@ -60,10 +59,7 @@ TEST_F(EnvironmentTest, InstallationAndPathsFileSayWhereThingsLie) {
   Register("Software\\Orvenda Labs\\Tessaron 10", "BinFolder", bin);
   Register("Software\\Orvenda Labs\\Tessaron 10", "DatabaseFolder", "/db");
   Register("Software\\Orvenda Labs\\Tessaron 10 - MyTessaron", "ProductVersion", "10.3.2");
-  const struct {
-    const char* Paths;
-    std::string Dictionary, Options;
-  } cases[] = {
+  const std::tuple<const char*, std::string, std::string> cases[] = {
       {"<Paths><Entry Name='TessaronEnvironmentFolder' Value='/umgebung'/><Entry Name='TessaronOptionsFolder' "
        "Value=''/><Entry Name='TessaronEnvironmentFolder' Value='/zweite'/></Paths>",
        "/umgebung", Common()},
@@ -72,14 +68,14 @@ TEST_F(EnvironmentTest, InstallationAndPathsFileSayWhereThingsLie) {
        Common(), "/optionen"},
       {"<Paths><Entry Name='TessaronOptionsFolder' Value='/optionen'/>", Common(), Common()},
   };
-  for (const auto& one : cases) {
-    WriteFileText(bin + "/Tessaron.paths", one.Paths);
+  for (const auto& [paths, dictionary, options] : cases) {
+    WriteFileText(bin + "/Tessaron.paths", paths);
     const TTessaronStart start({});
     EXPECT_EQ(ProductVersion + MyTessaronVersion + DatabaseFolder, "10.3.110.3.2/db");
-    EXPECT_EQ(DictionaryFileName, one.Dictionary + "/de_DE_frami.dic");
-    EXPECT_EQ(OptionsFileName, one.Options + "/MyTessaron.opt");
+    EXPECT_EQ(DictionaryFileName, dictionary + "/de_DE_frami.dic");
+    EXPECT_EQ(OptionsFileName, options + "/MyTessaron.opt");
   }
-  EXPECT_THAT(FBoxes.Texts, testing::ElementsAre(testing::StartsWith("Fehler beim Laden der Systemumgebung!\r\n")));
+  EXPECT_THAT(FBoxes.Texts, ElementsAre(StartsWith("Fehler beim Laden der Systemumgebung!\r\n")));
 }
 
 TEST_F(EnvironmentTest, NoPathsFileIsReadFromTheCurrentFolder) {
@@ -107,7 +103,7 @@ TEST_F(EnvironmentTest, EnvironmentIsLoadedAndSorted) {
       "</Items></Connections><DefaultAlias>Schule</DefaultAlias></Storage>");
   const TTessaronStart start({"datei.kvrx", "-debug"});
   EXPECT_TRUE(DebugFlag);
-  EXPECT_THAT(FBoxes.Texts, testing::IsEmpty());
+  EXPECT_THAT(FBoxes.Texts, IsEmpty());
   EXPECT_EQ(Environment->DefaultAlias, "Schule");
   const auto& connections = Environment->Connections();
   ASSERT_EQ(connections.Count(), 3);
@@ -144,14 +140,14 @@ TEST_F(EnvironmentTest, ADamagedRegistryOfTheMachineIsToldAndEmpty) {
   WriteFileText(file, "<Preferences>");
   const TTessaronStart start({});
   EXPECT_EQ(ProductVersion, "10.x");
-  EXPECT_THAT(FBoxes.Texts, testing::ElementsAre(testing::HasSubstr(file)));
+  EXPECT_THAT(FBoxes.Texts, ElementsAre(HasSubstr(file)));
 }
 
 TEST_F(EnvironmentTest, ADamagedEnvironmentIsToldAndEmpty) {
   InstallCommonData("<Storage><Connections><Items><Item Class='TStrange'/></Items></Connections></Storage>");
   const TTessaronStart start({"Debugger"});
   EXPECT_FALSE(DebugFlag);
-  EXPECT_THAT(FBoxes.Texts, testing::ElementsAre(testing::StartsWith("Fehler beim Laden der Systemumgebung!\r\n")));
+  EXPECT_THAT(FBoxes.Texts, ElementsAre(StartsWith("Fehler beim Laden der Systemumgebung!\r\n")));
   EXPECT_FALSE(Environment->ExistConnection());
 }
 }  // namespace

@@ -32,31 +32,28 @@ TEST(Firebird, ParameterListStandsInItsOrder) {
   connection->SetProtocol(TDBProtocol::dbpTCPIP);
   const auto database = TFBUtils::GetConnection(*connection, {"MUE", "a=b"});
   EXPECT_THAT(database->Params(),
-              testing::ElementsAre("DriverID=FB", "Database=/daten/schule.fdb", "Protocol=TCPIP", "Server=zentrale",
-                                   "SQLDialect=3", "User_Name=MUE", "Password=a=b", "CharacterSet=UTF8"));
+              ElementsAre("DriverID=FB", "Database=/daten/schule.fdb", "Protocol=TCPIP", "Server=zentrale",
+                          "SQLDialect=3", "User_Name=MUE", "Password=a=b", "CharacterSet=UTF8"));
   EXPECT_EQ(std::tuple(database->Param("Password"), database->Param("Pass")), std::tuple("a=b", ""));
   EXPECT_THROW(database->Handle(), EDBError);
 }
 
 TEST(Firebird, LogonIsJudgedByTheServer) {
   NEEDS_FIREBIRD(server, "");
-  const struct {
-    const char* Database;
-    TCredentials Credentials;
-    const char* Report;
-  } cases[] = {{"", {"SYSDBA", "geheim"}, ""},
-               {"", {"SYSDBA", "falsch"}, WrongLogon},
-               {"", {"NIEMAND", "geheim"}, WrongLogon},
-               {"", {"SYSDBA", std::string(40000, 'x')}, WrongLogon},
-               {"/fehlt.fdb", {"SYSDBA", "geheim"}, OtherFailure}};
-  for (const auto& one : cases) {
+  const std::tuple<const char*, TCredentials, const char*> cases[] = {
+      {"", {"SYSDBA", "geheim"}, ""},
+      {"", {"SYSDBA", "falsch"}, WrongLogon},
+      {"", {"NIEMAND", "geheim"}, WrongLogon},
+      {"", {"SYSDBA", std::string(40000, 'x')}, WrongLogon},
+      {"/fehlt.fdb", {"SYSDBA", "geheim"}, OtherFailure}};
+  for (const auto& [database, credentials, expected] : cases) {
     const auto connection = ConnectionTo(server);
-    if (*one.Database != '\0') connection->FileName = one.Database;
-    const auto report = TFBUtils::CheckConnection(*connection, one.Credentials);
-    if (one.Report == OtherFailure)
-      EXPECT_THAT(report, StartsWith(one.Report));
+    if (*database != '\0') connection->FileName = database;
+    const auto report = TFBUtils::CheckConnection(*connection, credentials);
+    if (expected == OtherFailure)
+      EXPECT_THAT(report, StartsWith(expected));
     else
-      EXPECT_EQ(report, one.Report) << one.Credentials.Username;
+      EXPECT_EQ(report, expected) << credentials.Username;
   }
 }
 
@@ -108,7 +105,7 @@ TEST(Session, RightsGoByUserAndFlag) {
     FakeBoxes boxes;
     for (const auto& user : one.Users) EXPECT_TRUE(one.Ask(*SessionOf(user)->FPrivileges)) << user << one.Refusal;
     EXPECT_FALSE(one.Ask(*SessionOf("MUE")->FPrivileges));
-    EXPECT_THAT(boxes.Texts, testing::ElementsAre(HasSubstr(one.Refusal)));
+    EXPECT_THAT(boxes.Texts, ElementsAre(HasSubstr(one.Refusal)));
     EXPECT_EQ(one.Ask(*SessionOf("MUE", one.Rights.value_or(TUserRights()))->FPrivileges), one.Rights.has_value());
   }
 }
@@ -116,7 +113,7 @@ TEST(Session, RightsGoByUserAndFlag) {
 TEST(Session, GuestsAndViewRights) {
   const FakeBoxes boxes;
   EXPECT_TRUE(SessionOf("MUE")->FPrivileges->DenyGuest() && !SessionOf("Gast")->FPrivileges->DenyGuest());
-  EXPECT_THAT(boxes.Texts, testing::ElementsAre(HasSubstr("mit Gastrechten angemeldet.\r\nDiese Funktion kann")));
+  EXPECT_THAT(boxes.Texts, ElementsAre(HasSubstr("mit Gastrechten angemeldet.\r\nDiese Funktion kann")));
   const auto session = SessionOf("MUE");
   session->FPrivileges->InitViewRight("Noten", "Lesen");
   session->FPrivileges->InitViewRight("Statistik", "Administrator");

@@ -28,8 +28,7 @@ class TProbe final : public TVantrelObject {
 };
 
 template <class TList>
-class Lists : public ::testing::Test {
- protected:
+struct Lists : ::testing::Test {
   TProbe* New(int number, TVantrelAbstractList* home = nullptr) {
     return CreateVantrel<TProbe>(number, FFreed, home).release();
   }

@@ -51,28 +51,25 @@ TEST(Logs, ATextLogGathersAsManyLinesAsItIsTold) {
   const TempFolder folder;
   const std::string line = "03.05.2008 18:00.00 - [Projekt] [beck] [WARNING] a\r\n";
   const std::string full = "*** Log limit reached ***\r\n";
-  const struct {
-    int EntryLimit, BufferLimit;
-    std::string Meanwhile, AtTheEnd;
-  } cases[] = {{0, 0, line + line + line, ""},
-               {0, 2, line + line, line},
-               {2, 2, line + line + full, ""},
-               {2, 4, "", line + line + full},
-               {1, 0, line + full, ""}};
-  for (const auto& c : cases) {
-    auto log = CreateVantrel<TVantrelTextLog>(folder / "lines.log", c.BufferLimit);
+  const std::tuple<int, int, std::string, std::string> cases[] = {{0, 0, line + line + line, ""},
+                                                                  {0, 2, line + line, line},
+                                                                  {2, 2, line + line + full, ""},
+                                                                  {2, 4, "", line + line + full},
+                                                                  {1, 0, line + full, ""}};
+  for (const auto& [entryLimit, bufferLimit, meanwhile, atTheEnd] : cases) {
+    auto log = CreateVantrel<TVantrelTextLog>(folder / "lines.log", bufferLimit);
     const std::string name = log->FileName();
     const auto before = ReadFileText(name);
-    log->SetEntryLimit(c.EntryLimit);
+    log->SetEntryLimit(entryLimit);
     for (int i = 0; i < 4; ++i) {
       log->SetEnabled(i != 1);
       log->AddEntry({letWarning, "a", "Projekt", Evening, "beck"});
       log->AddEntry({letDebugInfo, "hidden", "Projekt", Evening, "beck"});
     }
-    EXPECT_EQ(ReadFileText(name), before + c.Meanwhile);
-    EXPECT_EQ(log->EntryCount(), c.EntryLimit == 0 ? 3 : c.EntryLimit);
+    EXPECT_EQ(ReadFileText(name), before + meanwhile);
+    EXPECT_EQ(log->EntryCount(), entryLimit == 0 ? 3 : entryLimit);
     log.reset();
-    EXPECT_EQ(ReadFileText(name), before + c.Meanwhile + c.AtTheEnd);
+    EXPECT_EQ(ReadFileText(name), before + meanwhile + atTheEnd);
   }
 }
 }  // namespace

@@ -55,7 +55,7 @@ TEST(HashMap, PlainValuesStandForKeyObjectsOfTheirClass) {
   check(std::int32_t{7}, TVantrelLongInt(7));
   check(std::int64_t{7}, TVantrelInt64(7));
   EXPECT_FALSE(map.ContainsKey(GuidToText(guid)));
-  EXPECT_THAT(map.Items(), testing::ElementsAre(&text, &text, &text, &text));
+  EXPECT_THAT(map.Items(), ElementsAre(&text, &text, &text, &text));
 }
 
 TEST(HashMap, EqualKeyReplacesItemAndFreesNewKey) {

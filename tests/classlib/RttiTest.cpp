@@ -5,7 +5,6 @@
 #include "VantrelRegistry.h"
 #include "VantrelTypes.h"
 
-namespace {
 TEST(ClassRtti, ListsInheritedPropertiesFirst) {
   const TVantrelClassRTTI rtti(*TLeaf().ClassReference());
   EXPECT_EQ(&rtti.Class(), &TLeaf::Class);
@@ -127,4 +126,3 @@ TEST(ClassRegistry, ExistsOnce) {
   }
   EXPECT_NO_THROW(TVantrelClassRegistry());
 }
-}  // namespace

@@ -2,7 +2,6 @@
 
 #include "Testing.h"
 
-namespace {
 TEST(TimeSpan, ShowsWhatTheFormatAsksFor) {
   using enum TVantrelTimeSpanFormat;
   constexpr std::int64_t span = ((26 * 60 + 3) * 60 + 4) * 1000;
@@ -12,4 +11,3 @@ TEST(TimeSpan, ShowsWhatTheFormatAsksFor) {
   EXPECT_EQ(TimeSpanToText(-61'123, tsfMinSecMSec), "-00:01:01:123");
   EXPECT_EQ(TimeSpanToText(INT64_MIN, tsfMinSec), "-106751991167.07:12:55");
 }
-}  // namespace

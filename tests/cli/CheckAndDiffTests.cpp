@@ -63,12 +63,12 @@ TEST_F(CheckTest, FindsDefects) {
   };
   for (const auto& [spoil, finding, forTeacher] : cases) {
     const auto project = Project();
-    EXPECT_THAT(FindDefects(*project, TDefectScope::All).Texts, testing::IsEmpty());
+    EXPECT_THAT(FindDefects(*project, TDefectScope::All).Texts, IsEmpty());
     auto* student = &Anna(*project);
     spoil(*project);
     EXPECT_THAT(FindDefects(*project, TDefectScope::All).Texts, testing::UnorderedElementsAre(HasSubstr(finding)));
     const auto told = FindDefects(*project, TDefectScope::Teacher, 0);
-    EXPECT_THAT(told.Texts, testing::IsEmpty());
+    EXPECT_THAT(told.Texts, IsEmpty());
     EXPECT_EQ(told.Count, forTeacher ? 1U : 0U) << finding;
     if (project->Students().IsEmpty()) TVantrelDeleter()(student);
   }
@@ -106,12 +106,7 @@ TEST_F(CheckTest, TellsWhatTheReaderPassedOver) {
   one.replace(one.find("<Note1ID>-1</Note1ID>"), 21, "<Note1Id>-1</Note1Id>");
   auto negative = std::string(94, '\0');
   negative.replace(37, 4, "\xFF\xFF\xFF\xFF");
-  const struct {
-    const char* Name;
-    std::string Bytes;
-    int Result;
-    std::vector<const char*> Told;
-  } cases[] = {
+  const std::tuple<const char*, std::string, int, std::vector<const char*>> cases[] = {
       {"a.kvrxr", xml, 0, {"in Ordnung\n"}},
       {"a.kvr7", binary, 0, {"in Ordnung\n"}},
       {"a.kvr7", binary + "xyz", 1, {"1 Befund\n", "Die Datei ist beschädigt: Ab Byte ", " stehen 3 Byte, die nicht"}},
@@ -150,13 +145,12 @@ TEST_F(CheckTest, AsksForPasswordsAndKeepsTheOrder) {
   const auto first = Fixture("protected.kvrx");
   const auto second = Fixture("protected.kvr7");
   EXPECT_EQ(Run({"check", first, good, second}), 2);
-  EXPECT_THAT(asked, testing::ElementsAre(first, second));
+  EXPECT_THAT(asked, ElementsAre(first, second));
   EXPECT_LT(Out().find(first), Out().find(good));
   EXPECT_THAT(Err(), HasSubstr("Passwort ist nicht korrekt"));
 }
 
-class DiffTest : public CliFixture {
- protected:
+struct DiffTest : CliFixture {
   struct TCase {
     void (*Change)(TMyTessaronProject& project);
     const char* Output;

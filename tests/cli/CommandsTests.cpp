@@ -34,7 +34,7 @@ TEST_F(CommandsTest, TellsWrongUse) {
   for (const auto& [arguments, text] : cases) {
     EXPECT_EQ(Run(arguments), 2) << text;
     EXPECT_THAT(Err(), HasSubstr(text));
-    EXPECT_THAT(Out(), testing::IsEmpty());
+    EXPECT_THAT(Out(), IsEmpty());
   }
   EXPECT_EQ(Run({"info", "--help"}), 0);
   EXPECT_THAT(Out(), HasSubstr("Aufruf"));
@@ -72,7 +72,7 @@ TEST_F(CommandsTest, ProtectedFilesNeedTheirPassword) {
     EXPECT_THAT(Err(), HasSubstr("mit einem Kennwort geschützt"));
     EXPECT_EQ(with(wrong), 2);
     EXPECT_EQ(Err(), "Das angegebene Passwort ist nicht korrekt. Datei wird geschlossen.\n");
-    EXPECT_THAT(Out(), testing::IsEmpty());
+    EXPECT_THAT(Out(), IsEmpty());
     EXPECT_FALSE(fs::exists(target));
     EXPECT_NE(with(good), 2);
     fs::remove(target);

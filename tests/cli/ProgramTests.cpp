@@ -9,8 +9,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-class ProgramTest : public CliFixture {
- protected:
+struct ProgramTest : CliFixture {
   /// The real program, from its arguments to its exit code.
   int RunProgram(std::vector<std::string> arguments) {
     arguments.insert(arguments.begin(), CLI_PROGRAM);
@@ -98,8 +97,7 @@ INSTANTIATE_TEST_SUITE_P(Kinds, ConvertFaultTest,
                                           testing::Values(TDiskFault::Kill, TDiskFault::Full, TDiskFault::Failure)));
 
 /// Where the folder lets nobody replace the file, it is written in place, for the user whom permissions bind.
-class ConvertInPlaceTest : public ProgramTest {
- protected:
+struct ConvertInPlaceTest : ProgramTest {
   void SetUp() override {
     if (::geteuid() != 0) GTEST_SKIP() << "only the superuser can make such a folder";
     ASSERT_EQ(Run({"convert", Fixture("small.kvr7"), FFolder / "neu.kvr"}), 0);

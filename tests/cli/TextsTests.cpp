@@ -67,7 +67,7 @@ TEST_F(TTextsTest, ADictionaryIsCompletedAndKeepsTheRest) {
     dictionary.LoadStrings(file);
     EXPECT_EQ(dictionary.Translate("&Ja"), "Oui");
     const auto key = TVantrelI18nManager::GetStringHash(CliTexts::NoDifference);
-    EXPECT_THAT(completed, testing::HasSubstr(fmt::format("\r\n{:08X}={}\r\n", key, CliTexts::NoDifference)));
+    EXPECT_THAT(completed, HasSubstr(fmt::format("\r\n{:08X}={}\r\n", key, CliTexts::NoDifference)));
   }
 }
 }  // namespace

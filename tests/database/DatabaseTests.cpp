@@ -11,8 +11,6 @@ const char* __lsan_default_suppressions() {
   return "leak:libfbclient.so";
 }
 
-namespace {
-
 TEST(Database, AMachineWithoutTheClientLibraryTellsSoAtTheLogon) {
 #ifdef __SANITIZE_ADDRESS__
   GTEST_SKIP() << "the sanitizer opens files of its own";
@@ -68,4 +66,3 @@ TEST(Database, QueriesGiveAndTakeValues) {
   EXPECT_FALSE(query.Next() || query.Next());
   EXPECT_THROW(TDBQuery(database, "SELECT FROM"), EDBError);
 }
-}  // namespace

@@ -83,15 +83,10 @@ TEST_F(StudentsViewTest, ThePaneServesTheCoursesOfOneSubjectToo) {
 }
 
 TEST_F(StudentsViewTest, AChangeFromElsewhereReachesTheOpenEditor) {
-  const struct {
-    bool Types;
-    Qt::Key End;
-    const char* Shown;
-    const char* Stored;
-  } cases[] = {{false, Qt::Key_Escape, "neu", "neu"},
-               {false, Qt::Key_Tab, "neu", "neu"},
-               {true, Qt::Key_Escape, "altx", "neu"},
-               {true, Qt::Key_Tab, "altx", "altx"}};
+  const std::tuple<bool, Qt::Key, const char*, const char*> cases[] = {{false, Qt::Key_Escape, "neu", "neu"},
+                                                                       {false, Qt::Key_Tab, "neu", "neu"},
+                                                                       {true, Qt::Key_Escape, "altx", "neu"},
+                                                                       {true, Qt::Key_Tab, "altx", "altx"}};
   for (const auto& [types, end, shown, stored] : cases) {
     Open();
     auto& course = Course(0);

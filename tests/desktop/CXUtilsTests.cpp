@@ -1,37 +1,22 @@
-#include "DesktopGrid.h"
-#include "Testing.h"
-#include "VantrelMemTable.h"
+#include "GridFixture.h"
 #include "uCXUtils.h"
 
-namespace {
-
-TEST(CXUtils, GridHelpers) {
-  TVantrelMemTable table;
-  TDesktopGrid grid;
+TEST_F(ListTest, SelectingAllAndTheModeOfEditing) {
+  FillGrades({"a", "b", "c"});
+  TDesktopGrid& grid = Grid;
   TVantrelCommands commands;
   auto& command = commands.Add({});
   grid.SetOptions({.MultiSelect = true, .Grouping = true});
-  table.AddField("ID", TVantrelFieldType::ftInteger);
-  table.AddField("Name", TVantrelFieldType::ftInteger);
-  table.Open();
-  grid.AddColumn({.Id = "name", .Caption = "Name", .Field = "Name"});
-  grid.BindTable(&table);
-  for (int i = 0; i < 3; ++i) {
-    table.Append();
-    table.FieldByName("ID").SetValue(i * 10);
-    table.FieldByName("Name").SetValue(i);
-    table.Post();
-  }
+  grid.ClearSelection();
   TCXUtils::SelectAll(grid, false);
   EXPECT_EQ(grid.SelectedCount(), 3);
-  EXPECT_EQ(TCXUtils::GetSelectedRecord(grid, 1, "ID"), TVariant(10));
+  EXPECT_EQ(TCXUtils::GetSelectedRecord(grid, 1, "ID"), TVariant(101));
   EXPECT_TRUE(TCXUtils::GetSelectedRecord(grid, 3, "ID").IsNull());
   TCXUtils::SelectAll(grid, true);
   EXPECT_EQ(grid.SelectedCount(), 3);
   TCXUtils::SelectAll(grid, false);
   EXPECT_EQ(grid.SelectedCount(), 0);
-  grid.AddFilter(0, 1, "");
-  grid.SetFilterActive(true);
+  Filter(0, "b", "");
   for (const int selected : {1, 0}) {
     TCXUtils::SelectAll(grid, false);
     EXPECT_EQ(grid.SelectedCount(), selected);
@@ -54,5 +39,3 @@ TEST(CXUtils, GridHelpers) {
     EXPECT_EQ(command.Checked(), expected == dmEdit);
   }
 }
-
-}  // namespace

@@ -3,13 +3,10 @@
 
 namespace {
 
-class ClassesViewTest : public ListViewTest {
- protected:
+struct ClassesViewTest : ListViewTest {
   void Open() { Show<TClassesView>(); }
   std::vector<std::string> Captions() {
-    std::vector<std::string> captions;
-    for (const int ordinal : Grid().ShownColumns()) captions.push_back(Grid().Columns()[ordinal].Caption);
-    return captions;
+    return Collected(Grid().ShownColumns(), [this](int ordinal) { return Grid().Columns()[ordinal].Caption; });
   }
   std::string Cell(int record, const std::string& caption) {
     const auto& columns = Grid().Columns();
@@ -39,15 +36,12 @@ TEST_F(ClassesViewTest, ShowsARowPerStudentAndAColumnPerSubject) {
   EXPECT_EQ(GotoStates(), (std::vector{false, false, true, true}));
   EXPECT_TRUE(FFrame.ExportToExcelCommand.Enabled());
   Grid().SetFocus();
-  for (const QChar letter : QString::fromStdString(Cell(2, "Nachname"))) {
-    QKeyEvent key(QEvent::KeyPress, 0, Qt::NoModifier, letter);
-    QApplication::sendEvent(&Grid().View(), &key);
-  }
+  for (const QChar letter : QString::fromStdString(Cell(2, "Nachname")))
+    QTest::sendKeyEvent(QTest::Press, &Grid().View(), Qt::Key_unknown, letter, {});
   EXPECT_EQ(Grid().FocusedRecord(), 2);
   EXPECT_FALSE(FFrame.EditZeugnisbeurteilungenCommand.Enabled() || TypeInto(Grid(), 4, "1"));
-  std::vector<bool> frozen;
-  for (const auto& column : Grid().Columns()) frozen.push_back(column.Frozen);
-  EXPECT_EQ(frozen, (std::vector{true, true, true, false, false, false, false, false, false, false}));
+  EXPECT_EQ(Collected(Grid().Columns(), &TGridColumn::Frozen),
+            (std::vector{true, true, true, false, false, false, false, false, false, false}));
   FView->GotoLast();
   EXPECT_EQ(Grid().FocusedRecord(), 3);
   EXPECT_EQ(GotoStates(), (std::vector{true, true, false, false}));

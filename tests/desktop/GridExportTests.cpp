@@ -1,29 +1,15 @@
 #include <fmt/ranges.h>
 
+#include "FakeOpener.h"
 #include "FakeShell.h"
 #include "GridFixture.h"
 #include "MsgBoxes.h"
-#include "VantrelFileLauncher.h"
 #include "mGridExport.h"
 #include "uGridSheet.h"
 
 namespace {
 
-class FakeOpener : public TVantrelOpener {
- public:
-  FakeOpener() { TVantrelFileLauncher::SetOpener(this); }
-  FakeOpener(const FakeOpener&) = delete;
-  FakeOpener& operator=(const FakeOpener&) = delete;
-  ~FakeOpener() override { TVantrelFileLauncher::SetOpener(nullptr); }
-  std::uint32_t Open(const TVantrelLaunch& launch, std::function<void()>*) override {
-    Opened.push_back(launch.FileName);
-    return 0;
-  }
-  std::vector<std::string> Opened;
-};
-
-class GridExportTest : public GridTest {
- protected:
+struct GridExportTest : GridTest {
   void Export(const std::string& name, int filter = 1) {
     FDialogs.FileName = FFolder / name;
     FDialogs.FilterIndex = filter;
@@ -97,17 +83,13 @@ TEST_F(GridExportTest, NumbersAndDatesAreValuesAndNothingElseIs) {
 }
 
 TEST_F(GridExportTest, TheChosenKindDecidesTheEnding) {
-  const struct {
-    const char* Name;
-    int Filter;
-    const char* Written;
-  } cases[] = {{"a.xls", 1, "a.xls \xD0\xCF"},
-               {"b", 2, "b.html <!"},
-               {"c.xls", 2, "c.html <!"},
-               {"d.HTM", 1, "d.xls \xD0\xCF"},
-               {"e.html", 3, "e.xlsx PK"},
-               {"f.kvrx", 1, "f.kvrx.xls \xD0\xCF"},
-               {"g 5. Klasse.", 3, "g 5. Klasse.xlsx PK"}};
+  const std::tuple<const char*, int, const char*> cases[] = {{"a.xls", 1, "a.xls \xD0\xCF"},
+                                                             {"b", 2, "b.html <!"},
+                                                             {"c.xls", 2, "c.html <!"},
+                                                             {"d.HTM", 1, "d.xls \xD0\xCF"},
+                                                             {"e.html", 3, "e.xlsx PK"},
+                                                             {"f.kvrx", 1, "f.kvrx.xls \xD0\xCF"},
+                                                             {"g 5. Klasse.", 3, "g 5. Klasse.xlsx PK"}};
   std::vector<std::string> written;
   for (const auto& [name, filter, file] : cases) {
     Export(name, filter);
@@ -117,7 +99,7 @@ TEST_F(GridExportTest, TheChosenKindDecidesTheEnding) {
   EXPECT_THAT(FBoxes.Texts, IsEmpty());
   EXPECT_EQ(FNote, "g 5. Klasse.xlsx");
   EXPECT_EQ(FOpener.Opened.size(), std::size(cases));
-  EXPECT_EQ(FOpener.Opened.back(), FFolder / "g 5. Klasse.xlsx");
+  EXPECT_EQ(FOpener.Opened.back().FileName, FFolder / "g 5. Klasse.xlsx");
   EXPECT_FALSE(FDialogs.Waiting);
 }
 

@@ -7,14 +7,14 @@
 #include <QTreeWidget>
 #include <stdexcept>
 
+#include "Collected.h"
 #include "DesktopGrid.h"
 #include "LookupEdit.h"
 #include "Testing.h"
 #include "VantrelMemTable.h"
 
 /// Rows of variants; what was written is kept in order.
-class TRowsSource : public TVantrelGridSource {
- public:
+struct TRowsSource : TVantrelGridSource {
   struct TRow : TVantrelObject {
     std::vector<TVariant> Cells;
   };
@@ -59,8 +59,7 @@ inline QStringList MenuOf(TDesktopGrid& grid) {
 }
 
 /// Three students with name, grade, absences and result; the grades 1, 1-, 2, 15 and tf by id.
-class GridTest : public testing::Test {
- protected:
+struct GridTest : testing::Test {
   enum { Name, Grade, Absences, Result };
 
   GridTest() {
@@ -137,16 +136,21 @@ class GridTest : public testing::Test {
     return editor != nullptr && Grid.IsEditing() ? editor : &Grid.View();
   }
   void Key(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) { QTest::keyClick(Keyboard(), key, modifiers); }
+  /// A key for each character: '\r' is Return, '\t' Tab, '\b' Backspace, '\033' Escape.
   void Type(const std::string& text) {
     for (const char c : text) QTest::keyClick(Keyboard(), c);
   }
+  void Type(int record, int ordinal, const std::string& text) {
+    FocusCell(record, ordinal);
+    Type(text);
+  }
+  using TCell = std::pair<int, int>;
+  TCell Focus() const { return {Grid.FocusedRecord(), Grid.FocusedColumn()}; }
   bool IsRefused() { return dynamic_cast<TValueEditor*>(Keyboard())->HasRefused(); }
   TLookupEdit* Lookup() { return dynamic_cast<TLookupEdit*>(Keyboard()); }
   std::string Shown(int record, int ordinal) { return Grid.DisplayText(record, ordinal); }
   std::vector<int> Records() {
-    std::vector<int> records;
-    for (const auto& row : Grid.ShownRows()) records.push_back(row.Record);
-    return records;
+    return Collected(Grid.ShownRows(), [](const auto& row) { return row.Record; });
   }
 
   TVantrelMemTable Grades;
@@ -154,4 +158,16 @@ class GridTest : public testing::Test {
       {{"Özil", TVariant::Null(), 5, "P"}, {"adam", 102, 12, "F"}, {"Zink", 101, TVariant::Null(), "P"}}};
   TDesktopGrid Grid;
   QAbstractItemModelTester ModelTester{Grid.View().model()};
+};
+
+/// A read-only list over the table of grades.
+struct ListTest : GridTest {
+  ListTest() {
+    Grid.ClearColumns();
+    Grid.SetOptions({.MultiSelect = true});
+    Grid.BindTable(&Grades);
+    Grid.AddColumn({.Id = "col_Token", .Caption = "Kürzel", .Field = "Token"});
+    Grades.First();
+  }
+  ~ListTest() override { Grid.BindTable(nullptr); }
 };

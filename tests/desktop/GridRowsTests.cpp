@@ -220,19 +220,6 @@ TEST_F(GridTest, AColumnTakesTheRestUntilItIsGivenAWidth) {
   EXPECT_EQ(Grid.Columns()[static_cast<std::size_t>(ordinal)].Width, 222);
 }
 
-/// A read-only list over the table of grades.
-class ListTest : public GridTest {
- protected:
-  ListTest() {
-    Grid.ClearColumns();
-    Grid.SetOptions({.MultiSelect = true});
-    Grid.BindTable(&Grades);
-    Grid.AddColumn({.Id = "col_Token", .Caption = "Kürzel", .Field = "Token"});
-    Grades.First();
-  }
-  ~ListTest() override { Grid.BindTable(nullptr); }
-};
-
 TEST_F(ListTest, FocusAndTableGoTogether) {
   EXPECT_EQ(Grid.FocusedRecord(), 0);
   Grades.SetRecNo(Grades.RecordCount());

@@ -1,11 +1,11 @@
 #pragma once
 
+#include "Collected.h"
 #include "DesktopListView.h"
 #include "ViewFixture.h"
 
 /// A view with a list and one grid on its real screen.
-class ListViewTest : public ViewTest {
- protected:
+struct ListViewTest : ViewTest {
   void TearDown() override {
     FView.reset();
     ViewTest::TearDown();
@@ -24,15 +24,12 @@ class ListViewTest : public ViewTest {
   TDesktopGrid& List() { return dynamic_cast<TDesktopGrid&>(FUi->List().Grid()); }
   TDesktopGrid& Grid() { return dynamic_cast<TDesktopGrid&>(FUi->Achievements().Grid()); }
   std::vector<int> Records() {
-    std::vector<int> records;
-    for (const auto& row : Grid().ShownRows()) records.push_back(row.Record);
-    return records;
+    return Collected(Grid().ShownRows(), [](const auto& row) { return row.Record; });
   }
+  std::pair<int, int> Focus() { return {Grid().FocusedRecord(), Grid().FocusedColumn()}; }
   std::string Title() { return FUi->TitleLabel().Value().AsText(); }
   std::vector<std::string> ListTexts(int ordinal) {
-    std::vector<std::string> texts;
-    for (const auto& row : List().ShownRows()) texts.push_back(List().DisplayText(row.Record, ordinal));
-    return texts;
+    return Collected(List().ShownRows(), [&](const auto& row) { return List().DisplayText(row.Record, ordinal); });
   }
 
   TDesktopListView* FUi = nullptr;

@@ -4,12 +4,12 @@
 #include <QTest>
 
 #include "ApplicationMenu.h"
+#include "Collected.h"
 #include "DesktopMainWindow.h"
 #include "Testing.h"
 
 /// A window with two tabs; the first has three groups of three buttons, of which the second is a radio group.
-class RibbonTest : public testing::Test {
- protected:
+struct RibbonTest : testing::Test {
   RibbonTest() {
     TRibbonDescription description{
         "Datei", {{Add("Öff&nen...", "", "Ctrl+O")}}, {Add("Beenden", "", "F12")}, "Dokumente", {}};
@@ -41,9 +41,7 @@ class RibbonTest : public testing::Test {
     return Ribbon().Page(0).Groups()[group]->Buttons()[button];
   }
   std::vector<TRibbonLevel> Levels() {
-    std::vector<TRibbonLevel> levels;
-    for (const auto* group : Ribbon().Page(0).Groups()) levels.push_back(group->Level());
-    return levels;
+    return Collected(Ribbon().Page(0).Groups(), [](const auto* group) { return group->Level(); });
   }
   void ClickTab(int tab) { QTest::mouseClick(&Tabs(), Qt::LeftButton, {}, Tabs().tabRect(tab).center()); }
 
@@ -86,9 +84,7 @@ TEST_F(RibbonTest, ButtonsFollowTheirCommands) {
 TEST_F(RibbonTest, CaptionsKeepTheirDotsAndMenuEntriesShowTheirKeys) {
   EXPECT_EQ(Button(0, 2)->text(), "A Drei lang...");
   EXPECT_EQ(Button(0, 2)->toolTip(), "A Drei lang");
-  QStringList shown;
-  for (const auto* label : Ribbon().Menu().findChildren<QLabel*>()) shown << label->text();
-  EXPECT_TRUE(shown.contains("Strg+O"));
+  EXPECT_THAT(Collected(Ribbon().Menu().findChildren<QLabel*>(), &QLabel::text), testing::Contains("Strg+O"));
 }
 
 TEST_F(RibbonTest, OneOfARadioGroupIsDown) {

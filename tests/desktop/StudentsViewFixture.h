@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Collected.h"
 #include "DesktopStudentsView.h"
 #include "ViewFixture.h"
 
@@ -8,8 +9,7 @@ enum { Klasse = 1, Nachname = 3 };
 
 /// The students view on its real screen. Every student has the subjects 1 to 5, each one beginning with another; the
 /// second one has no subject 3.
-class StudentsViewTest : public ViewTest {
- protected:
+struct StudentsViewTest : ViewTest {
   void SetUp() override {
     ViewTest::SetUp();
     for (int student = 0; student < FProject->Students().Count(); ++student) {
@@ -49,15 +49,14 @@ class StudentsViewTest : public ViewTest {
     return *FProject->CoursesByStudent(List().Value(List().FocusedRecord(), 0))->GetItem(row);
   }
   std::vector<std::string> ShownIds() {
-    std::vector<std::string> ids;
-    for (const int ordinal : Grid().ShownColumns()) ids.push_back(Grid().Columns()[ordinal].Id);
-    return ids;
+    return Collected(Grid().ShownColumns(), [this](int ordinal) { return Grid().Columns()[ordinal].Id; });
   }
   void Turn(TStudentsPage page) {
     FUi->SetPageVisible(page, true);
     FUi->SetActivePage(page);
     FUi->OnPageChanged();
   }
+  std::pair<int, int> Focus() { return {Grid().FocusedRecord(), Grid().FocusedColumn()}; }
   int Subject() { return Course(Grid().FocusedRecord()).SubjectId.AsInt(); }
   TDesktopStudentsView* FUi = nullptr;
   TVantrelPtr<TStudentsView> FView;

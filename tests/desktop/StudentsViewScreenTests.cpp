@@ -4,8 +4,6 @@
 
 #include "StudentsViewFixture.h"
 
-namespace {
-
 TEST_F(StudentsViewTest, GotoAndTheCurrentStudentFollowTheShownRows) {
   PutIntoClass({2, 5, 9}, 4711);
   Open();
@@ -18,17 +16,14 @@ TEST_F(StudentsViewTest, GotoAndTheCurrentStudentFollowTheShownRows) {
     EXPECT_EQ(List().FocusedRecord(), after) << before;
     EXPECT_THAT(Title(), StartsWith(Student(after).ViewDisplayName()));
   }
-  const struct {
-    void (TStudentsView::*Go)();
-    int Record;
-    std::vector<bool> States;
-  } moves[] = {{&TStudentsView::GotoFirst, 2, {false, false, true, true}},
-               {&TStudentsView::GotoPrev, 2, {false, false, true, true}},
-               {&TStudentsView::GotoNext, 5, {true, true, true, true}},
-               {&TStudentsView::GotoNext, 9, {true, true, false, false}},
-               {&TStudentsView::GotoNext, 9, {true, true, false, false}},
-               {&TStudentsView::GotoPrev, 5, {true, true, true, true}},
-               {&TStudentsView::GotoLast, 9, {true, true, false, false}}};
+  const std::tuple<void (TStudentsView::*)(), int, std::vector<bool>> moves[] = {
+      {&TStudentsView::GotoFirst, 2, {false, false, true, true}},
+      {&TStudentsView::GotoPrev, 2, {false, false, true, true}},
+      {&TStudentsView::GotoNext, 5, {true, true, true, true}},
+      {&TStudentsView::GotoNext, 9, {true, true, false, false}},
+      {&TStudentsView::GotoNext, 9, {true, true, false, false}},
+      {&TStudentsView::GotoPrev, 5, {true, true, true, true}},
+      {&TStudentsView::GotoLast, 9, {true, true, false, false}}};
   for (const auto& [go, record, states] : moves) {
     (FView.get()->*go)();
     EXPECT_EQ(List().FocusedRecord(), record);
@@ -101,18 +96,14 @@ TEST_F(StudentsViewTest, AFilterIsToldLiftedAndNotKept) {
 TEST_F(StudentsViewTest, TheNextStudentKeepsTheSubject) {
   Open();
   FView->GotoLast();
-  EXPECT_EQ(Grid().FocusedRecord(), 0);
-  EXPECT_EQ(Grid().FocusedColumn(), Note1);
+  EXPECT_EQ(Focus(), std::pair(0, +Note1));
   FView->GotoFirst();
   Grid().SetFocus();
-  QTest::keyClick(&Grid().View(), Qt::Key_Down);
-  QTest::keyClick(&Grid().View(), Qt::Key_Down);
-  QTest::keyClick(&Grid().View(), Qt::Key_Right);
+  for (const auto key : {Qt::Key_Down, Qt::Key_Down, Qt::Key_Right}) QTest::keyClick(&Grid().View(), key);
   ASSERT_EQ(Subject(), 3);
   const auto place = [this] { return std::pair(Subject(), Grid().FocusedColumn()); };
   FView->GotoNext();
-  EXPECT_EQ(Grid().FocusedRecord(), 0);
-  EXPECT_EQ(Grid().FocusedColumn(), Kurs);
+  EXPECT_EQ(Focus(), std::pair(0, +Kurs));
   QTest::keyClick(&Grid().View(), '1');
   EXPECT_FALSE(Grid().IsEditing() || FProject->Modified());
   FView->GotoNext();
@@ -145,7 +136,7 @@ TEST_F(StudentsViewTest, WorkInTheFirstCellChoosesItsSubject) {
   Course(3).SubjectId.SetNull();
   FProject->CoursesByStudent(Student(2).TessaronId.Value)->GetItem(2)->SubjectId.SetNull();
   FView->GotoNext();
-  EXPECT_EQ(std::pair(Grid().FocusedRecord(), Grid().FocusedColumn()), std::pair(0, +Kurs));
+  EXPECT_EQ(Focus(), std::pair(0, +Kurs));
 }
 
 TEST_F(StudentsViewTest, AssessmentsTakeTheRoomThatIsLeft) {
@@ -188,9 +179,7 @@ TEST_F(StudentsViewTest, AnEntryTakenBackLeavesTheProjectAsItWas) {
   const TempFolder folder;
   Open();
   Grid().SetFocus();
-  const struct {
-    bool Modified, Saved, Expected;
-  } cases[] = {{false, false, false}, {true, false, true}, {false, true, true}};
+  const std::tuple<bool, bool, bool> cases[] = {{false, false, false}, {true, false, true}, {false, true, true}};
   for (const auto& [modified, saved, expected] : cases) {
     bool told = false;
     FProject->CoursesByStudent(Student(0).TessaronId.Value)->GetItem(0)->Note1Id.SetNull();
@@ -206,5 +195,3 @@ TEST_F(StudentsViewTest, AnEntryTakenBackLeavesTheProjectAsItWas) {
     FProject->OnModified = nullptr;
   }
 }
-
-}  // namespace

@@ -4,8 +4,6 @@
 
 #include "StudentsViewFixture.h"
 
-namespace {
-
 using enum TStudentsPage;
 
 TEST_F(StudentsViewTest, ShowsTheFirstStudentAtOnce) {
@@ -56,8 +54,7 @@ TEST_F(StudentsViewTest, EnterGoesDownInGradeColumnsOnly) {
     EXPECT_EQ(Grid().OnKeyDown(ordinal, TGridKey::Enter), isGrade ? TGridKeyAction::MoveDown : TGridKeyAction::Pass);
   }
   for (int key = 0; key < 6; ++key) QTest::keyClick(&Grid().View(), Qt::Key_Return);
-  EXPECT_EQ(Grid().FocusedRecord(), 4);
-  EXPECT_EQ(Grid().FocusedColumn(), Note1);
+  EXPECT_EQ(Focus(), std::pair(4, +Note1));
 }
 
 TEST_F(StudentsViewTest, GradeListsOfferTheTypesOfClassAndPage) {
@@ -144,5 +141,3 @@ TEST_F(StudentsViewTest, AssessmentComesBackFromItsDialog) {
   EXPECT_EQ(Course(0).Beurteilung, "sehr gut");
   EXPECT_TRUE(FProject->Modified());
 }
-
-}  // namespace

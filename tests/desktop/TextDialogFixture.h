@@ -1,7 +1,5 @@
 #pragma once
 
-#include <gmock/gmock.h>
-
 #include <QAbstractButton>
 #include <QTest>
 #include <QTimer>
@@ -11,7 +9,6 @@
 #include "DesktopTextDialog.h"
 #include "FakeShell.h"
 #include "SampleProjectTest.h"
-#include "TempFolder.h"
 #include "dialogs/fTextDialog.h"
 #include "uProjectLookups.h"
 #include "uTessaron.h"

@@ -12,8 +12,7 @@
 #include "uProjectLookups.h"
 
 /// A view on its real screen, over the sample with Note1, Note2 and Beurteilung visible and editable.
-class ViewTest : public SampleProjectTest {
- protected:
+struct ViewTest : SampleProjectTest {
   void SetUp() override {
     SampleProjectTest::SetUp();
     CurrentProject = FProject.get();

@@ -89,11 +89,10 @@ TEST(DesktopMsgBox, AnswersOnlyByItsButtons) {
 }
 
 TEST(DesktopLabels, EndAtAWholeWordAndKeepWhatCounts) {
-  const struct {
-    const char *LastPart, *Text, *Room, *Shown;
-  } cases[] = {{", ", "Filter: Klasse: 9a, 3 von 12", "Filter: Klasse: 9a, 3 von 12", "Filter: Klasse: 9a, 3 von 12"},
-               {", ", "Filter: Klasse: 9a, 3 von 12", "Filter: Klasse…, 3 von 12", "Filter:…, 3 von 12"},
-               {"", "Durchschnitt 2,88   Note: 8 von 8", "Durchschnitt 2,88   Not…", "Durchschnitt 2,88…"}};
+  const std::tuple<const char*, const char*, const char*, const char*> cases[] = {
+      {", ", "Filter: Klasse: 9a, 3 von 12", "Filter: Klasse: 9a, 3 von 12", "Filter: Klasse: 9a, 3 von 12"},
+      {", ", "Filter: Klasse: 9a, 3 von 12", "Filter: Klasse…, 3 von 12", "Filter:…, 3 von 12"},
+      {"", "Durchschnitt 2,88   Note: 8 von 8", "Durchschnitt 2,88   Not…", "Durchschnitt 2,88…"}};
   for (const auto& [lastPart, text, room, shown] : cases) {
     TElidedLabel label(lastPart);
     label.setText(text);
@@ -113,26 +112,22 @@ TEST(DesktopMsgBox, StandsOverItsParentAndHelps) {
   active.show();
   int context = 0;
   TVantrelMsgBox::OnHelp = [&](int helpContext) { context += helpContext; };
-  const struct {
-    TVantrelMsgBoxParent Parent;
-    TDesktopMainWindow* Owner;
-    QWidget* Expected;
-  } cases[] = {{mbpApplication, &other, &window},
-               {mbpMainWindow, &other, &window},
-               {mbpActiveWindow, &other, &active},
-               {mbpOwner, &other, &other},
-               {mbpOwner, nullptr, &active}};
-  for (const auto& one : cases) {
+  const std::tuple<TVantrelMsgBoxParent, TDesktopMainWindow*, QWidget*> cases[] = {{mbpApplication, &other, &window},
+                                                                                   {mbpMainWindow, &other, &window},
+                                                                                   {mbpActiveWindow, &other, &active},
+                                                                                   {mbpOwner, &other, &other},
+                                                                                   {mbpOwner, nullptr, &active}};
+  for (const auto& [parent, owner, expected] : cases) {
     active.activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&active));
     TVantrelMsgBox box;
-    box.SetParent(one.Parent);
-    box.SetOwner(one.Owner);
+    box.SetParent(parent);
+    box.SetOwner(owner);
     box.SetHelpButton(true);
     box.SetHelpContext(7);
     box.SetDefaultButton(2);
-    InDialog<QMessageBox>([&](QMessageBox& shown) {
-      EXPECT_EQ(shown.parentWidget(), one.Expected);
+    InDialog<QMessageBox>([over = expected](QMessageBox& shown) {
+      EXPECT_EQ(shown.parentWidget(), over);
       EXPECT_EQ(shown.defaultButton(), ButtonOf(shown, "Hilfe"));
       QTest::keyClick(&shown, Qt::Key_Return);
       ASSERT_TRUE(shown.isVisible());

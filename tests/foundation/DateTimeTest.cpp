@@ -7,7 +7,6 @@
 #include "Testing.h"
 #include "VantrelVariant.h"
 
-namespace {
 TEST(DateTime, TextsOfBothDirectionsMeet) {
   const std::pair<double, const char*> cases[] = {
       {0, "1899-12-30T00:00:00.000Z"},       {1, "1899-12-31T00:00:00.000Z"},
@@ -79,4 +78,3 @@ TEST(DateTime, OffsetIsThatOfTheTimeZoneThen) {
   unsetenv("TZ");
   tzset();
 }
-}  // namespace

@@ -85,9 +85,8 @@ TEST_F(FileSystem, EveryErrorSaysInGermanWhatToDo) {
   const auto codeOf = [](int error) { return System::CodeOf({error, std::generic_category()}); };
   for (const int error : {ENOENT, ENOTDIR, EACCES, ENOMEM, EBUSY, ENOSPC, EIO, ENXIO, EMFILE, EFBIG, ENOTEMPTY, EXDEV,
                           EINVAL, EINTR, ENOSYS, ETIMEDOUT, ESTALE})
-    EXPECT_THAT(
-        EVantrelWin32Error::TextOf(codeOf(error)),
-        testing::AllOf(testing::ContainsRegex("[.] .*Sie.*[.]$"), testing::Not(testing::HasSubstr("unerwartet"))))
+    EXPECT_THAT(EVantrelWin32Error::TextOf(codeOf(error)),
+                testing::AllOf(testing::ContainsRegex("[.] .*Sie.*[.]$"), testing::Not(HasSubstr("unerwartet"))))
         << error;
   for (const auto code : {4U, 1223U, codeOf(ENOTTY)})
     EXPECT_THAT(EVantrelWin32Error::TextOf(code),

@@ -2,7 +2,6 @@
 
 #include "Testing.h"
 
-namespace {
 constexpr const char* SampleText = "{00112233-4455-6677-8899-AABBCCDDEEFF}";
 const TGuid Sample{{0x33, 0x22, 0x11, 0x00, 0x55, 0x44, 0x77, 0x66, 0x88, 0x99, 0xAA, 0xBB, 0xCC, 0xDD, 0xEE, 0xFF}};
 
@@ -39,4 +38,3 @@ TEST(Guid, NameBasedOnesAreTheKnownOnes) {
   EXPECT_NE(NameBasedGuid(GuidNamespaceOid(), "python.org", 5), NameBasedGuid(GuidNamespaceDns(), "python.org", 5));
   EXPECT_THROW(text(4), EArgumentOutOfRangeException);
 }
-}  // namespace

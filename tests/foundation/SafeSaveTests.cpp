@@ -175,12 +175,9 @@ TEST_F(SafeSave, InAStickyFolderWritesInPlaceAndFollowsNoForeignLink) {
   EXPECT_EQ(FFolder.FileCount(), 3u);
 
   // Of a folder, at the end of a link of one's own, and where not all may write.
-  const struct {
-    const char* Link;
-    unsigned Mode, Owner;
-    int Code;
-  } links[] = {{"tief/weit/f", 01777, 65534, 5}, {"eigener/f", 01777, 65534, 5},  {"tief/weit/f", 01777, 0, 0},
-               {"tief/weit/f", 01777, 1234, 0},  {"tief/weit/f", 0777, 65534, 0}, {"tief/weit/f", 01775, 65534, 0}};
+  const std::tuple<const char*, unsigned, unsigned, int> links[] = {
+      {"tief/weit/f", 01777, 65534, 5}, {"eigener/f", 01777, 65534, 5},  {"tief/weit/f", 01777, 0, 0},
+      {"tief/weit/f", 01777, 1234, 0},  {"tief/weit/f", 0777, 65534, 0}, {"tief/weit/f", 01775, 65534, 0}};
   std::filesystem::create_directories(FFolder / "tief");
   std::filesystem::create_directory(FFolder / "anderswo");
   std::filesystem::create_directory_symlink("../anderswo", FFolder / "tief/weit");
@@ -197,11 +194,7 @@ TEST_F(SafeSave, InAStickyFolderWritesInPlaceAndFollowsNoForeignLink) {
 
 TEST_F(SafeSave, AFileThatAnotherProgramChangedIsSeen) {
   const auto other = FFolder / "g";
-  const struct {
-    const char* What;
-    std::function<void()> Change;
-    bool Outdated;
-  } cases[] = {
+  const std::tuple<const char*, std::function<void()>, bool> cases[] = {
       {"nothing", [] {}, false},
       {"touched", [&] { std::filesystem::last_write_time(FName, {}); }, false},
       {"same bytes", [&] { WriteFileText(other, "eins"), std::filesystem::rename(other, FName); }, false},

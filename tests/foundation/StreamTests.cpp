@@ -9,8 +9,7 @@ using enum TVantrelFileAccessMode;
 using enum TVantrelFileOpenMode;
 
 /// A stream that never takes more than three bytes at a time.
-class TSmallStream final : public TVantrelStream {
- public:
+struct TSmallStream final : TVantrelStream {
   std::int64_t Read(void*, std::int64_t) override { return 0; }
   std::int64_t Write(const void*, std::int64_t count) override { return std::min<std::int64_t>(count, 3); }
   std::int64_t Position() const override { return 0; }

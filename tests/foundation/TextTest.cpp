@@ -6,7 +6,6 @@
 #include "Testing.h"
 #include "VantrelNumbers.h"
 
-namespace {
 using namespace std::string_literals;
 
 TEST(Text, ShortensBetweenCharacters) {
@@ -95,19 +94,31 @@ TEST(Text, DelimitedTextGoesBothWays) {
 using TLimits = std::numeric_limits<double>;
 
 TEST(Numbers, FloatTextIsGeneralWithFifteenDigits) {
-  using TCase = std::pair<double, const char*>;
-  const TCase round[] = {{0, "0"},       {-0.0, "0"},    {1, "1"},       {0.1, "0.1"},      {-2.5, "-2.5"},
-                         {1e15, "1E15"}, {1e25, "1E25"}, {1e-7, "1E-7"}, {0.1 + 0.2, "0.3"}};
-  const TCase others[] = {{0.00001, "0.00001"},           {0.000123, "0.000123"},       {0.0000099, "9.9E-6"},
-                          {1234.0625, "1234.0625"},       {99.99999999999999, "100"},   {2.3F, "2.29999995231628"},
-                          {0.1F, "0.100000001490116"},    {999999999999999.9, "1E15"},  {TLimits::infinity(), "INF"},
-                          {-TLimits::infinity(), "-INF"}, {TLimits::quiet_NaN(), "NAN"}};
-  for (const auto& [value, text] : round) EXPECT_EQ(FloatToText(value), text);
-  for (const auto& [value, text] : others) EXPECT_EQ(FloatToText(value), text);
-  EXPECT_EQ(FloatToText(99999999999999.5), "99999999999999.5");
-  EXPECT_EQ(FloatToText(999999999999999), "999999999999999");
-  EXPECT_EQ(FloatToText(1234567890123456789.0), "1.23456789012346E18");
-  EXPECT_EQ(FloatToText(-1.23456789012345e-300), "-1.23456789012345E-300");
+  const std::pair<double, const char*> cases[] = {{0, "0"},
+                                                  {-0.0, "0"},
+                                                  {1, "1"},
+                                                  {0.1, "0.1"},
+                                                  {-2.5, "-2.5"},
+                                                  {1e15, "1E15"},
+                                                  {1e25, "1E25"},
+                                                  {1e-7, "1E-7"},
+                                                  {0.1 + 0.2, "0.3"},
+                                                  {0.00001, "0.00001"},
+                                                  {0.000123, "0.000123"},
+                                                  {0.0000099, "9.9E-6"},
+                                                  {1234.0625, "1234.0625"},
+                                                  {99.99999999999999, "100"},
+                                                  {2.3F, "2.29999995231628"},
+                                                  {0.1F, "0.100000001490116"},
+                                                  {999999999999999.9, "1E15"},
+                                                  {TLimits::infinity(), "INF"},
+                                                  {-TLimits::infinity(), "-INF"},
+                                                  {TLimits::quiet_NaN(), "NAN"},
+                                                  {99999999999999.5, "99999999999999.5"},
+                                                  {999999999999999, "999999999999999"},
+                                                  {1234567890123456789.0, "1.23456789012346E18"},
+                                                  {-1.23456789012345e-300, "-1.23456789012345E-300"}};
+  for (const auto& [value, text] : cases) EXPECT_EQ(FloatToText(value), text);
 }
 
 TEST(Numbers, EveryWrittenFloatIsReadAgain) {
@@ -159,4 +170,3 @@ TEST(Numbers, IntegersAreReadDecimalAndHexadecimal) {
     EXPECT_EQ(TextToIntegerOr(text, -7), -7) << text;
   }
 }
-}  // namespace

@@ -3,7 +3,6 @@
 #include "Testing.h"
 #include "VantrelClasses.h"
 
-namespace {
 const TVariant MayThird = TVariant::DateTime(39571.75);
 
 TEST(Variant, ConvertsToNumbersAndText) {
@@ -50,4 +49,3 @@ TEST(StaticClass, HasNoInstance) {
   EXPECT_EQ(ErrorOf<EVantrelStaticClassError>([] { TNever(); }),
             "Eine Instanz der Klasse \"TNever\" darf nicht abgelegt werden.");
 }
-}  // namespace

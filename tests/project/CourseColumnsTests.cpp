@@ -22,8 +22,7 @@ std::vector<std::string> Words(const std::string& text) {
 }
 
 /// The fields of the grids stand in the file, each captioned by its name with a "!"; one of them is hidden.
-class CourseColumnsTest : public SampleProjectTest {
- protected:
+struct CourseColumnsTest : SampleProjectTest {
   void SetUp() override {
     SampleProjectTest::SetUp();
     CurrentProject = FProject.get();

@@ -35,8 +35,7 @@ namespace {
 
 using TForm = TVantrelDataStorageFormat;
 
-class DamagedFilesTest : public testing::Test {
- protected:
+struct DamagedFilesTest : testing::Test {
   void SetUp() override { TMyTessaronProject::RegisterClasses(); }
 
   static std::string Fixture(const char* name) { return ReadFileText(std::string(FIXTURES) + "/" + name); }
@@ -79,15 +78,11 @@ class DamagedFilesTest : public testing::Test {
   }
 };
 
-const struct {
-  const char* Name;
-  TForm Form;
-  std::size_t Stride;
-} Files[] = {{"empty.kvr7", TForm::dsfBinary, 1},
-             {"protected.kvr7", TForm::dsfBinary, 5},
-             {"small.kvr7", TForm::dsfBinary, 41},
-             {"empty.kvrxr", TForm::dsfXml, 1},
-             {"protected.kvrxr", TForm::dsfXml, 211}};
+const std::tuple<const char*, TForm, std::size_t> Files[] = {{"empty.kvr7", TForm::dsfBinary, 1},
+                                                             {"protected.kvr7", TForm::dsfBinary, 5},
+                                                             {"small.kvr7", TForm::dsfBinary, 41},
+                                                             {"empty.kvrxr", TForm::dsfXml, 1},
+                                                             {"protected.kvrxr", TForm::dsfXml, 211}};
 
 TEST_F(DamagedFilesTest, ShortMemoryIsNoDamage) {
   for (const char* name : {"small.kvrx", "small.kvr7", "small.kvrxr"}) {

@@ -8,8 +8,7 @@
 
 namespace {
 
-class DataSourceTest : public SampleProjectTest {
- protected:
+struct DataSourceTest : SampleProjectTest {
   void SetUp() override {
     SampleProjectTest::SetUp();
     CurrentProject = FProject.get();
@@ -98,20 +97,16 @@ TEST_F(DataSourceTest, GradesAreCountedSharedOutAndAveraged) {
   for (const auto& [token, value] : values) add(token, value, gtValue);
   add("neg", -1, gtValue), add("nan", nan, gtValue), add("15", 15, gtPoints), add("nb", 6, gtFill);
   enum { OneMinus = 9000, TwoPlus, TwoMinus, ThreeMinus, Three, FivePlus, Five, Zero, Negative, Nan, Points, Fill };
-  const struct {
-    std::vector<TVariant> Ids;
-    int Count;
-    std::optional<double> Average;
-    const char* Shares;
-  } cases[] = {{{}, 0, {}, ""},
-               {{TVariant::Null(), 4711, Fill}, 2, {}, "nb1 "},
-               {{TwoPlus, Five, Three, OneMinus, TwoMinus, TwoPlus, ThreeMinus, FivePlus, Fill},
-                9,
-                2.88,
-                "1-1 2+2 2-1 31 3-1 5+1 51 nb1 "},
-               {{Zero, Three, Negative, Nan}, 4, 1.5, "nan1 neg1 z1 31 "},
-               {{Zero, Zero, Zero, Zero, Zero, Zero, Zero, Five}, 8, 0.63, "z7 51 "},
-               {{Three, Points}, 2, {}, "31 151 "}};
+  const std::tuple<std::vector<TVariant>, int, std::optional<double>, const char*> cases[] = {
+      {{}, 0, {}, ""},
+      {{TVariant::Null(), 4711, Fill}, 2, {}, "nb1 "},
+      {{TwoPlus, Five, Three, OneMinus, TwoMinus, TwoPlus, ThreeMinus, FivePlus, Fill},
+       9,
+       2.88,
+       "1-1 2+2 2-1 31 3-1 5+1 51 nb1 "},
+      {{Zero, Three, Negative, Nan}, 4, 1.5, "nan1 neg1 z1 31 "},
+      {{Zero, Zero, Zero, Zero, Zero, Zero, Zero, Five}, 8, 0.63, "z7 51 "},
+      {{Three, Points}, 2, {}, "31 151 "}};
   for (const auto& [ids, count, average, shares] : cases) {
     const auto statistics = GradeStatisticsOf(grades, ids);
     std::string told;

@@ -7,8 +7,7 @@ namespace {
 using enum TVantrelFileAccessMode;
 using enum TVantrelFileOpenMode;
 
-class ProjectFilesTest : public testing::Test {
- protected:
+struct ProjectFilesTest : testing::Test {
   void SetUp() override {
     TMyTessaronProject::RegisterClasses();
     Renew();
@@ -43,15 +42,12 @@ class ProjectFilesTest : public testing::Test {
 
 /// What LoadFile does with a file in each state: error code, events (before, after, modified), and what stands then.
 TEST_F(ProjectFilesTest, LoadFile) {
-  const struct {
-    const char* State;
-    const char* HeldKinds;
-    const char* Enciphered;
-  } cases[] = {{"good", "0 BAM named held 12", "0 BAM named held 12"},
-               {"missing", "0 M 0", "2 BA 0"},
-               {"locked", "32 B named held 0", "32 BA held 0"},
-               {"foreign", "0 BAM named damage 0", "0 BAM box damage 0"},
-               {"cut", "0 BAM named damage 12", "0 BAM box damage 0"}};
+  const std::tuple<const char*, const char*, const char*> cases[] = {
+      {"good", "0 BAM named held 12", "0 BAM named held 12"},
+      {"missing", "0 M 0", "2 BA 0"},
+      {"locked", "32 B named held 0", "32 BA held 0"},
+      {"foreign", "0 BAM named damage 0", "0 BAM box damage 0"},
+      {"cut", "0 BAM named damage 12", "0 BAM box damage 0"}};
   for (const auto& [state, heldKinds, enciphered] : cases) {
     for (const std::string extension : {"kvr", "kvr7", "kvrxr", "kvrx"}) {
       SCOPED_TRACE(state + extension);

@@ -9,8 +9,7 @@
 
 namespace {
 
-class ProjectRecordsTest : public testing::Test {
- protected:
+struct ProjectRecordsTest : testing::Test {
   void SetUp() override {
     TMyTessaronProject::RegisterClasses();
     CurrentProject = FProject.get();

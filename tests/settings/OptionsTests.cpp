@@ -6,8 +6,7 @@
 
 namespace {
 
-class OptionsTest : public testing::Test {
- protected:
+struct OptionsTest : testing::Test {
   auto Create() { return CreateVantrel<TMyTessaronOptions>(FCommon, FFolder / "own"); }
 
   TempFolder FFolder;

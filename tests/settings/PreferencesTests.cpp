@@ -48,8 +48,7 @@ std::vector<std::string> Names(TStore& store, void (TStore::*get)(std::vector<st
 }
 
 /// Both stores, each closed and opened again between writing and reading.
-class PreferencesTest : public testing::TestWithParam<bool> {
- protected:
+struct PreferencesTest : testing::TestWithParam<bool> {
   std::unique_ptr<TStore> Open() {
     if (GetParam()) return std::make_unique<TVantrelRegistryPreferences>(HKEY_CURRENT_USER, Full);
     return std::make_unique<TVantrelXMLPreferences>(FConfig.Folder / "ablage/store.pref", false);
@@ -120,8 +119,7 @@ TEST(Storage, HandsEveryKindOn) {
   EXPECT_EQ(font, SomeFont);
 }
 
-class PreferenceFileTest : public testing::Test {
- protected:
+struct PreferenceFileTest : testing::Test {
   std::string ValueOf(const char* key, const char* name) {
     const auto entry = TVantrelPreferenceFile(FName, false).Read({key}, name);
     return entry ? entry->Value.value_or("") : "-";
@@ -241,7 +239,7 @@ TEST_F(PreferenceFileTest, ADamagedFileIsTheDefaultsAndIsKept) {
     WriteFileText(FName, damaged);
     TVantrelPreferenceFile file(FName, false);
     EXPECT_THAT(file.Damage(), HasSubstr(FName));
-    EXPECT_THAT(file.KeyTags({}), testing::IsEmpty());
+    EXPECT_THAT(file.KeyTags({}), IsEmpty());
     file.Flush();
     EXPECT_EQ(ReadFileText(FName), damaged);
     file.Write({}, "a", Text("neu"));

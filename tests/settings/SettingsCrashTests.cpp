@@ -7,8 +7,7 @@
 
 namespace {
 
-class SettingsCrash : public testing::TestWithParam<std::tuple<TDiskFault, bool>> {
- protected:
+struct SettingsCrash : testing::TestWithParam<std::tuple<TDiskFault, bool>> {
   /// What the program finds at its next start are settings and options that are whole; true if all are the new ones.
   bool AreNew() {
     const auto options = CreateVantrel<TMyTessaronOptions>(FFolder / "MyTessaron.opt", FFolder.Path().string());

@@ -18,8 +18,7 @@ struct TComponent : TLeaf {
   }
 };
 
-class StorageTest : public testing::Test {
- protected:
+struct StorageTest : testing::Test {
   StorageTest() { FStorage.SetActive(true); }
   void Reopen() {
     FStorage.SetActive(false);

@@ -12,8 +12,7 @@
 #include "uTessaronSession.h"
 
 /// The main window without a screen, and a folder of project files.
-class MainFormTest : public testing::Test {
- protected:
+struct MainFormTest : testing::Test {
   void SetUp() override {
     TMyTessaronProject::RegisterClasses();
     FSession->FModule = TApplicationKind::akMyTessaron;

@@ -1,3 +1,4 @@
+#include "Collected.h"
 #include "MainFormFixture.h"
 #include "uOptions.h"
 
@@ -36,9 +37,8 @@ TEST_F(MainFormTest, CommandsStandOnTheRibbonWithTheirKeys) {
   FForm->Commands().BatchCertificateDataCommand.Execute();
   EXPECT_EQ(FBatchDialogs, 0) << "nothing is open";
   ASSERT_EQ(FWindow.Ribbon.Tabs.size(), 2U);
-  std::vector<std::string> captions;
-  for (const auto& group : FWindow.Ribbon.Tabs[0].Groups) captions.push_back(group.Caption);
-  EXPECT_THAT(captions, ElementsAre("Ansichten", "Navigation", "Beurteilungsart", "Extras"));
+  EXPECT_THAT(Collected(FWindow.Ribbon.Tabs[0].Groups, &TRibbonGroup::Caption),
+              ElementsAre("Ansichten", "Navigation", "Beurteilungsart", "Extras"));
   FForm->Commands().VersionCommand.Execute();
   EXPECT_EQ(FDialogs.About.Product, "MyTESSARON");
   EXPECT_EQ(FDialogs.About.Version.back(), ' ');
@@ -126,12 +126,7 @@ TEST_F(MainFormTest, TellsWhatIsWrongInAFileOnceItIsOpen) {
   const auto classless = spoilt([](auto& project) {
     for (int i = 0; i < 12; ++i) project.Students().GetItem(i)->ClassId.SetAsInt(999);
   });
-  const struct {
-    const char* Name;
-    std::string Bytes;
-    std::vector<const char*> Told;
-    bool Keeps;
-  } cases[] = {
+  const std::tuple<const char*, std::string, std::vector<const char*>, bool> cases[] = {
       {"a.kvr7", whole, {}, false},
       {"a.kvr7", whole + "xyz", {"In der Datei „a.kvr7“", "3 Byte", "„.beschaedigt“"}, true},
       {"a.kvr7", whole.substr(0, whole.size() - 99), {"Die Datei ist beschädigt: Es konnten nicht alle Daten"}, true},
@@ -242,17 +237,14 @@ TEST_F(MainFormTest, ACommandGoesToTheViewOnShow) {
 }
 
 TEST_F(MainFormTest, HoldsItsFileAndNoOther) {
-  const auto isFree = [this](const char* name) { return OpeningErrorOf(FFolder / name) == 0; };
   Start();
-  for (const char* name : {"small.kvrx", "small.kvr7"}) {
-    Open(name);
-    EXPECT_FALSE(isFree(name)) << name;
+  std::string former;
+  for (const char* name : {"small.kvrx", "small.kvr7", "neu.kvrx", "neu.kvrxr", "neu.kvr7"}) {
+    std::string_view(name).starts_with("neu") ? SaveAs(FFolder / name) : Open(name);
+    EXPECT_EQ(OpeningErrorOf(FFolder / name), 32u);
+    EXPECT_EQ(former.empty() ? 0u : OpeningErrorOf(FFolder / former), 0u) << former;
+    former = name;
   }
-  for (const char* name : {"neu.kvrx", "neu.kvrxr", "neu.kvr7"}) {
-    SaveAs(FFolder / name);
-    EXPECT_FALSE(isFree(name)) << name;
-  }
-  for (const char* name : {"small.kvrx", "small.kvr7", "neu.kvrx", "neu.kvrxr"}) EXPECT_TRUE(isFree(name)) << name;
   EXPECT_THAT(FBoxes.Texts, IsEmpty());
   Open("neu.kvr7");
   EXPECT_THAT(FBoxes.Texts, ElementsAre(HasSubstr("Diese Datei ist hier bereits geöffnet.")));

@@ -14,8 +14,7 @@ inline constexpr TFormat AllFormats[] = {TFormat::dsfBinary, TFormat::dsfXml, TF
 
 /// An item with a name, a reference, and items of its own. Counts how many live and how many were told that they were
 /// removed.
-class TTestItem : public TVantrelDataClassOf<TTestItem> {
- public:
+struct TTestItem : TVantrelDataClassOf<TTestItem> {
   static constexpr std::string_view ClassName = "TTestItem";
   using TVantrelDataClassOf::TVantrelDataClassOf;
 
@@ -57,16 +56,14 @@ class TTestItem : public TVantrelDataClassOf<TTestItem> {
   }
 };
 
-class TOtherItem : public TVantrelDataClassOf<TOtherItem> {
- public:
+struct TOtherItem : TVantrelDataClassOf<TOtherItem> {
   static constexpr std::string_view ClassName = "TOtherItem";
   using TVantrelDataClassOf::TVantrelDataClassOf;
 };
 
 /// A document whose content a test tells by callbacks, and which logs its hooks. Without callbacks it stores two
 /// lists: references to items, then the items.
-class TTestDocument : public TVantrelDataStorage {
- public:
+struct TTestDocument : TVantrelDataStorage {
   TVantrelPtr<TVantrelDataList> Items;
   TVantrelPtr<TVantrelDataList> Refs;
   std::function<void(TVantrelDataObjectReader&)> OnRead = [this](auto& reader) {

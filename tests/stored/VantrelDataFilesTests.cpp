@@ -12,8 +12,7 @@ constexpr std::string_view Xml =
 constexpr std::string_view Damaged = "<Storage><Items/></Storage>";
 constexpr auto dsfXml = TFormat::dsfXml;
 
-class DataFilesTest : public testing::Test {
- protected:
+struct DataFilesTest : testing::Test {
   void SetUp() override {
     TTestDocument::RegisterClasses();
     WriteFileText(FName, Xml);
@@ -25,10 +24,7 @@ class DataFilesTest : public testing::Test {
 };
 
 TEST_F(DataFilesTest, EachEntryPointHoldsTheFileInItsWay) {
-  const struct {
-    std::function<void(TTestDocument&)> Open;
-    bool Held, OthersRead, OthersWrite;
-  } cases[] = {
+  const std::tuple<std::function<void(TTestDocument&)>, bool, bool, bool> cases[] = {
       {[&](auto& document) { document.LoadFromFile(FName, dsfXml); }, false, true, true},
       {[&](auto& document) { document.OpenFile(FName, dsfXml); }, true, true, false},
       {[&](auto& document) { document.OpenFileReadOnly(FName, dsfXml); }, true, true, true},
@@ -36,16 +32,17 @@ TEST_F(DataFilesTest, EachEntryPointHoldsTheFileInItsWay) {
       {[&](auto& document) { document.SaveToFile(FName, dsfXml); }, false, true, true},
       {[&](auto& document) { document.StoreFile(FName, dsfXml); }, true, true, false},
   };
-  for (const auto& item : cases) {
-    SCOPED_TRACE(&item - cases);
+  int at = 0;
+  for (const auto& [open, held, othersRead, othersWrite] : cases) {
+    SCOPED_TRACE(at++);
     auto document = CreateVantrel<TTestDocument>();
     document->SetModifiedFlag(true);
-    item.Open(*document);
+    open(*document);
     EXPECT_EQ(document->FileName(), FName);
     EXPECT_FALSE(document->Modified());
-    EXPECT_EQ(document->IsFileOpen(), item.Held);
-    EXPECT_EQ(OpeningErrorOf(FName, fomOpenRead), item.OthersRead ? 0u : 32u);
-    EXPECT_EQ(OpeningErrorOf(FName, fomOpenWrite), item.OthersWrite ? 0u : 32u);
+    EXPECT_EQ(document->IsFileOpen(), held);
+    EXPECT_EQ(OpeningErrorOf(FName, fomOpenRead), othersRead ? 0u : 32u);
+    EXPECT_EQ(OpeningErrorOf(FName, fomOpenWrite), othersWrite ? 0u : 32u);
     document->CloseFile();
     EXPECT_EQ(OpeningErrorOf(FName), 0u);
   }

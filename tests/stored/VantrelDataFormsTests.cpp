@@ -59,8 +59,7 @@ const TScalar Scalars[] = {
     SCALAR(Word, 65535, "65535", "FFFF"),
 };
 
-class DataFormsTest : public testing::Test {
- protected:
+struct DataFormsTest : testing::Test {
   void SetUp() override { TTestDocument::RegisterClasses(); }
   TVantrelPtr<TTestDocument> FDocument = CreateVantrel<TTestDocument>();
 };
@@ -139,8 +138,7 @@ TEST_F(DataFormsTest, VersionsOfTheTextForms) {
             "Daten liegen nicht im XML-Format vor");
 }
 
-class TPair final : public TVantrelDataProperty {
- public:
+struct TPair final : TVantrelDataProperty {
   std::int32_t A = 1;
   void DoClear() override { A = 0; }
   void ReadData(TVantrelDataObjectReader& reader) override {

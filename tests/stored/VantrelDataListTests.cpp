@@ -4,8 +4,7 @@
 
 namespace {
 
-class DataListTest : public testing::Test {
- protected:
+struct DataListTest : testing::Test {
   void SetUp() override {
     TTestItem::Alive = 0;
     for (const char* name : {"A", "B", "C", "D", "E"}) FDocument->AddItem(name);
@@ -28,10 +27,7 @@ class DataListTest : public testing::Test {
 };
 
 TEST_F(DataListTest, OrderAfterMovesAndChanges) {
-  const struct {
-    const char* Expected;
-    std::function<void(TVantrelDataList&)> Change;
-  } cases[] = {
+  const std::pair<const char*, std::function<void(TVantrelDataList&)>> cases[] = {
       {"BCADE", [](auto& list) { list.Move(0, 2); }},
       {"EABCD", [](auto& list) { list.MoveToFirstIndex(4); }},
       {"BCDEA", [](auto& list) { list.MoveToLastIndex(list.First()); }},

@@ -16,8 +16,7 @@ std::string Items(const std::string& content) {
   return "<Items><Items>" + content + "</Items></Items>";
 }
 
-class DataReadingTest : public testing::Test {
- protected:
+struct DataReadingTest : testing::Test {
   void SetUp() override {
     TTestDocument::RegisterClasses();
     TTestItem::Alive = 0;
@@ -79,10 +78,7 @@ TEST_F(DataReadingTest, ItemBehindStrangersIsTakenOncePerStranger) {
 
 TEST_F(DataReadingTest, MessagesOfTheXmlForm) {
   const std::string known = "<Refs><Items>" + Object("Item", A) + "</Items></Refs>";
-  const struct {
-    std::string Content;
-    const char* Error;
-  } cases[] = {
+  const std::pair<std::string, const char*> cases[] = {
       {"<Items/>", "Knoten /Storage/Items konnte nicht gelesen werden: XML-Tag \"Items\" erwartet."},
       {Items("<Item ID=''/>"),
        "Knoten /Storage/Items/Items konnte nicht gelesen werden: XML-Attribut \"Class\" erwartet."},

@@ -5,7 +5,6 @@
 
 #include "Processes.h"
 
-namespace {
 TEST(WorkersTest, ADeadWorkerCostsItsOwnJobOnly) {
   std::vector<std::string> results;
   const auto code = System::RunInWorkers(
@@ -25,4 +24,3 @@ TEST(WorkersTest, ADeadWorkerCostsItsOwnJobOnly) {
   EXPECT_THAT(results, testing::ElementsAre("0", "100001", "200002", "died", "400004", "died", "600006", "700007",
                                             "800008", "900009", "1000010", "1100011"));
 }
-}  // namespace

@@ -1,32 +1,11 @@
-#include "VantrelFileLauncher.h"
-
-#include <future>
-
+#include "FakeOpener.h"
 #include "Testing.h"
 
-namespace {
-
-/// Answers with a code; a program that it starts ends when Finish is called.
-class TFakeOpener : public TVantrelOpener {
- public:
-  TFakeOpener() { TVantrelFileLauncher::SetOpener(this); }
-  ~TFakeOpener() override { TVantrelFileLauncher::SetOpener(nullptr); }
-  std::uint32_t Open(const TVantrelLaunch& launch, std::function<void()>* wait) override {
-    Last = launch;
-    if (wait != nullptr) *wait = [end = End.get_future().share()] { end.wait(); };
-    return Code;
-  }
-  TVantrelLaunch Last;
-  std::uint32_t Code = 33;
-  std::promise<void> End;
-};
-
-}  // namespace
-
 TEST(VantrelFileLauncher, HandsOverAndAnswers) {
-  TFakeOpener opener;
+  FakeOpener opener;
   EXPECT_TRUE(TCommonUtils::FileExecute("a.xls", "-x", "/tmp"));
-  EXPECT_EQ(opener.Last.FileName + opener.Last.StartParams + opener.Last.StartDir, "a.xls-x/tmp");
+  const auto& opened = opener.Opened.back();
+  EXPECT_EQ(opened.FileName + opened.StartParams + opened.StartDir, "a.xls-x/tmp");
   opener.Code = 32;
   EXPECT_FALSE(TCommonUtils::FileExecute("a.xls"));
 
@@ -42,11 +21,11 @@ TEST(VantrelFileLauncher, HandsOverAndAnswers) {
     opener.Code = code;
     EXPECT_EQ(ErrorOf<EVantrelFileLaunchError>([&] { launcher.Execute("print"); }), text);
   }
-  EXPECT_EQ(opener.Last.Operation, "print");
+  EXPECT_EQ(opener.Opened.back().Operation, "print");
 }
 
 TEST(VantrelFileLauncher, FollowsTheProgramToItsEnd) {
-  TFakeOpener opener;
+  FakeOpener opener;
   TVantrelFileLauncher launcher;
   std::promise<void> told;
   launcher.SetOnExitProcess([&told] { told.set_value(); });

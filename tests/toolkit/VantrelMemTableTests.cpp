@@ -8,15 +8,13 @@ namespace {
 using enum TDBEnableType;
 using enum TVantrelFieldType;
 
-class TCountingListener : public TVantrelTableListener {
- public:
+struct TCountingListener : TVantrelTableListener {
   void RecordMoved() override { ++Moves; }
   void DataChanged() override { ++Changes; }
   int Moves = 0, Changes = 0;
 };
 
-class VantrelMemTable : public testing::Test {
- protected:
+struct VantrelMemTable : testing::Test {
   void SetUp() override {
     Table.AddField("ID", ftInteger);
     Table.AddField("Name", ftText, 5, "Kürzel");
@@ -190,15 +188,13 @@ TEST(VantrelCommandLinks, EveryTestFollowsTheTable) {
     if (i == 1) table.FieldByName("A").SetValue(i);
     table.Post();
   }
-  const struct {
-    int RecNo;
-    bool NotFirst, NotLast, NotNull;
-  } cases[] = {{1, false, true, false}, {2, true, true, true}, {3, true, false, false}};
-  for (const auto& expected : cases) {
-    table.SetRecNo(expected.RecNo);
-    EXPECT_EQ(link({dbtNotBOF, dbtHasRecords}), expected.NotFirst);
-    EXPECT_EQ(link({dbtNotEOF, dbtHasRecords}), expected.NotLast);
-    EXPECT_EQ(link({dbtFieldNotNull}), expected.NotNull);
+  const std::tuple<int, bool, bool, bool> cases[] = {
+      {1, false, true, false}, {2, true, true, true}, {3, true, false, false}};
+  for (const auto& [recNo, notFirst, notLast, notNull] : cases) {
+    table.SetRecNo(recNo);
+    EXPECT_EQ(link({dbtNotBOF, dbtHasRecords}), notFirst);
+    EXPECT_EQ(link({dbtNotEOF, dbtHasRecords}), notLast);
+    EXPECT_EQ(link({dbtFieldNotNull}), notNull);
   }
   EXPECT_FALSE(link({dbtFieldNotNull}, "B"));
 

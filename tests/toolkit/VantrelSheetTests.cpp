@@ -146,7 +146,7 @@ TEST(Sheet, WhatAFormCannotHoldIsRefused) {
   EXPECT_NE(ErrorOf<ESheetLimitError>([&] { XlsBytes(longCaption); }), "");
   EXPECT_NE(ErrorOf<ESheetLimitError>([&] { XlsxBytes(longCaption); }), "");
   for (const auto& told : {refusal(65536, 1, 1), refusal(1, 257, 1), refusal(1, 1, 32768)})
-    EXPECT_THAT(told, testing::HasSubstr("HTML-Format"));
+    EXPECT_THAT(told, HasSubstr("HTML-Format"));
 }
 
 TEST(Sheet, AFullDiskIsToldAndNothingIsLeftThere) {

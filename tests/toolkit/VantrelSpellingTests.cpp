@@ -7,8 +7,7 @@ namespace {
 
 using TWords = std::vector<std::string>;
 
-class SpellingTest : public testing::Test {
- protected:
+struct SpellingTest : testing::Test {
   SpellingTest() {
     FChecker.MainDictionary.Path = "/usr/share/hunspell/de_DE_frami.dic";
     FChecker.MainDictionary.AffixPath = "/usr/share/hunspell/de_DE_frami.aff";
@@ -33,10 +32,7 @@ class SpellingTest : public testing::Test {
 
 TEST_F(SpellingTest, MarksWhatIsWrongAndNothingElse) {
   ASSERT_TRUE(FChecker.CanCheck());
-  const struct {
-    const char* Text;
-    TWords Mistakes;
-  } cases[] = {
+  const std::pair<const char*, TWords> cases[] = {
       {"Sören arbeitet fleisig mit", {"fleisig"}},
       {"Sören arbeitet fleißig mit. „Das ist gut“, sagt er (oft).", {}},
       {"Der Deutsch- und Englischunterricht, die Vor- und -nachteile", {}},
@@ -100,15 +96,12 @@ TEST_F(SpellingTest, WithoutDictionaryNothingIsMarked) {
 
 TEST_F(SpellingTest, UserWordsAreReadAndAppendedInTheirOwnForm) {
   const auto path = FFolder / "User.dic";
-  const struct {
-    const char* Before;
-    const char* Word;
-    const char* After;
-  } cases[] = {{"", "Grünkraut", "Grünkraut\n"},
-               {"qwrtz\r\n", "Grünkraut", "qwrtz\r\nGrünkraut\r\n"},
-               {"\xEF\xBB\xBFqwrtz\nasdfx/N", "Grünkraut", "qwrtz\nasdfx/N\nGrünkraut\n"},
-               {"1\nqw\xFCrtz\n", "Gr\u00FCnkraut", "2\nqw\xFCrtz\nGr\xFCnkraut\n"},
-               {"qw\xFCrtz\n", "Kovač", "qwürtz\nKovač\n"}};
+  const std::tuple<const char*, const char*, const char*> cases[] = {
+      {"", "Grünkraut", "Grünkraut\n"},
+      {"qwrtz\r\n", "Grünkraut", "qwrtz\r\nGrünkraut\r\n"},
+      {"\xEF\xBB\xBFqwrtz\nasdfx/N", "Grünkraut", "qwrtz\nasdfx/N\nGrünkraut\n"},
+      {"1\nqw\xFCrtz\n", "Gr\u00FCnkraut", "2\nqw\xFCrtz\nGr\xFCnkraut\n"},
+      {"qw\xFCrtz\n", "Kovač", "qwürtz\nKovač\n"}};
   for (const auto& [before, word, after] : cases) {
     WriteFileText(path, before);
     TVantrelUserDictionary words;

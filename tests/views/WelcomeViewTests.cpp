@@ -6,8 +6,7 @@ namespace {
 
 using enum TWelcomeText;
 
-class WelcomeViewTest : public SampleProjectTest {
- protected:
+struct WelcomeViewTest : SampleProjectTest {
   void Open() {
     FView.reset();
     FView = CreateVantrel<TWelcomeView>(FFrame, std::make_unique<FakeWelcomeUi>());
