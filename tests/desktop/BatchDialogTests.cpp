@@ -1,5 +1,3 @@
-#include <gmock/gmock.h>
-
 #include <QCheckBox>
 #include <QLabel>
 #include <QPushButton>
@@ -18,13 +16,8 @@
 
 namespace {
 
-using testing::ElementsAre;
-using testing::HasSubstr;
-using testing::IsEmpty;
-
 /// The batch dialog in its real window, with all columns of the file shown.
-class BatchDialogTest : public SampleProjectTest {
- protected:
+struct BatchDialogTest : SampleProjectTest {
   void SetUp() override {
     SampleProjectTest::SetUp();
     CurrentProject = FProject.get();

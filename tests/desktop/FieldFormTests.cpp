@@ -18,8 +18,7 @@
 #include "VantrelMemTable.h"
 
 /// A form with a field of each kind, and a text before it that Return leaves.
-class FieldFormTest : public testing::Test {
- protected:
+struct FieldFormTest : testing::Test {
   FieldFormTest() {
     Grades.AddField("ID", TVantrelFieldType::ftInteger);
     Grades.AddField("Token", TVantrelFieldType::ftText, 20);
@@ -95,28 +94,24 @@ class FieldFormTest : public testing::Test {
 
 TEST_F(FieldFormTest, EachKindTakesWhatIsTypedAndEscapeTakesItBack) {
   const TVariant null = TVariant::Null();
-  const struct {
-    const char* Key;
-    TVariant Before;
-    const char* Typed;
-    TVariant After;
-  } cases[] = {{"text", "ab", "cd", "abcd"},
-               {"text", "", "123456789", "12345678"},
-               {"text", "zwölf Zeichen", "x", "zwölf Zeichen"},
-               {"text", "zwölf Zeichen", "\b", "zwölf Zeiche"},
-               {"memo", "eins\ncd", "\bx\ny", "x\nyeins\ncd"},
-               {"days", null, "12", 12},
-               {"days", 3, "x", 3},
-               {"days", 7, "\b", null},
-               {"mark", null, "2,345", 2.34},
-               {"mark", 2.5, "\b\b\b0,5", 2.5},
-               {"date", null, "1.2.24", TVariant::DateTime(45323)},
-               {"date", TVariant::DateTime(45323), "\b", TVariant::DateTime(45323)},
-               {"grade", null, "2", 102},
-               {"grade", 103, "x", 103},
-               {"grade", 4711, "x\b", 4711},
-               {"moved", "J", "n", "N"},
-               {"moved", "J", "x\b", "J"}};
+  const std::tuple<const char*, TVariant, const char*, TVariant> cases[] = {
+      {"text", "ab", "cd", "abcd"},
+      {"text", "", "123456789", "12345678"},
+      {"text", "zwölf Zeichen", "x", "zwölf Zeichen"},
+      {"text", "zwölf Zeichen", "\b", "zwölf Zeiche"},
+      {"memo", "eins\ncd", "\bx\ny", "x\nyeins\ncd"},
+      {"days", null, "12", 12},
+      {"days", 3, "x", 3},
+      {"days", 7, "\b", null},
+      {"mark", null, "2,345", 2.34},
+      {"mark", 2.5, "\b\b\b0,5", 2.5},
+      {"date", null, "1.2.24", TVariant::DateTime(45323)},
+      {"date", TVariant::DateTime(45323), "\b", TVariant::DateTime(45323)},
+      {"grade", null, "2", 102},
+      {"grade", 103, "x", 103},
+      {"grade", 4711, "x\b", 4711},
+      {"moved", "J", "n", "N"},
+      {"moved", "J", "x\b", "J"}};
   for (const auto& [key, before, typed, after] : cases) {
     Editor(key == std::string_view("days") ? "moved" : "days");
     Form->SetValue(key, before);
@@ -185,15 +180,11 @@ TEST_F(FieldFormTest, KeysLeadThroughTheFields) {
 }
 
 TEST_F(FieldFormTest, DeleteEmptiesAFieldWhereItIsTold) {
-  const struct {
-    const char* Key;
-    TVariant Value;
-    bool Clears;
-  } cases[] = {{"days", 12, false},
-               {"mark", 2.25, true},
-               {"date", TVariant::DateTime(45323), true},
-               {"grade", 104, true},
-               {"moved", "J", false}};
+  const std::tuple<const char*, TVariant, bool> cases[] = {{"days", 12, false},
+                                                           {"mark", 2.25, true},
+                                                           {"date", TVariant::DateTime(45323), true},
+                                                           {"grade", 104, true},
+                                                           {"moved", "J", false}};
   for (const auto& [key, value, clears] : cases) {
     Form->SetValue(key, value);
     QTest::keyClick(&Editor(key), Qt::Key_Delete);

@@ -23,9 +23,6 @@
 
 namespace {
 
-/// A place among the cells: record and column.
-using TCell = std::pair<int, int>;
-
 TEST_F(GridTest, TabAndEnterGoRoundTheCells) {
   const struct {
     TCell From;
@@ -48,7 +45,7 @@ TEST_F(GridTest, TabAndEnterGoRoundTheCells) {
       if (editing) Key(Qt::Key_F4);
       EXPECT_EQ(Grid.IsEditing(), editing);
       Key(move.Key, move.Modifiers);
-      EXPECT_EQ(TCell(Grid.FocusedRecord(), Grid.FocusedColumn()), move.To) << move.Key << editing;
+      EXPECT_EQ(Focus(), move.To) << move.Key << editing;
       EXPECT_FALSE(Grid.IsEditing());
     }
   }
@@ -56,19 +53,14 @@ TEST_F(GridTest, TabAndEnterGoRoundTheCells) {
 }
 
 TEST_F(GridTest, WhatIsTypedBehindTheLastRowOverwritesNobody) {
-  FocusCell(2, Grade);
-  Type("2");
-  Key(Qt::Key_Return);
-  Type("11");
+  Type(2, Grade, "2\r11");
   EXPECT_FALSE(Grid.IsEditing());
   EXPECT_EQ(Shown(2, Grade), "2");
-  Key(Qt::Key_Return);
-  Type("1");
+  Type("\r1");
   EXPECT_EQ(Shown(2, Grade), "2");
   Key(Qt::Key_Left);
   Key(Qt::Key_Right);
-  Type("1");
-  Key(Qt::Key_Return);
+  Type("1\r");
   EXPECT_EQ(Shown(2, Grade), "1");
   QTest::mouseClick(Grid.View().viewport(), Qt::LeftButton, {},
                     Grid.View().visualRect(Grid.View().currentIndex()).center());
@@ -118,10 +110,7 @@ TEST_F(GridTest, TextsOfSeveralLinesKeepThem) {
 TEST_F(GridTest, TextsKeepEveryCharacterThatTheUserLeftAlone) {
   FollowContent();
   const int ordinal = AddColumn({"text", "Beurteilung"}, TVariant::Null());
-  const struct {
-    const char* Before;
-    const char* After;
-  } cases[] = {
+  const std::pair<const char*, const char*> cases[] = {
       {"a\u00A0b\u2028c\nd\r\ne\rf", "a\u00A0b\u2028c\nd\r\ne\rf\nx"}, {"a\u00A0b", "a\u00A0b\r\nx"}, {"", "\r\nx"}};
   for (const auto& [before, after] : cases) {
     auto& cell = Source.Rows[0]->Cells.back();
@@ -130,8 +119,7 @@ TEST_F(GridTest, TextsKeepEveryCharacterThatTheUserLeftAlone) {
     Key(Qt::Key_F2);
     EXPECT_EQ(dynamic_cast<TMemoEdit*>(Keyboard())->Value(), TVariant(before));
     Key(Qt::Key_Return, Qt::ShiftModifier);
-    Type("x");
-    Key(Qt::Key_Return);
+    Type("x\r");
     EXPECT_EQ(cell, TVariant(after));
   }
 }

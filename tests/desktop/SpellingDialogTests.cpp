@@ -9,12 +9,9 @@
 
 namespace {
 
-using testing::ElementsAre;
-using testing::IsEmpty;
 using TWords = std::vector<std::string>;
 
-class SpellingDialogTest : public TextDialogTest {
- protected:
+struct SpellingDialogTest : TextDialogTest {
   void SetUp() override {
     TextDialogTest::SetUp();
     FOptions->RechtschreibungAktiv = true;

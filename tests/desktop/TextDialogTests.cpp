@@ -5,20 +5,14 @@
 
 namespace {
 
-using testing::ElementsAre;
-using testing::IsEmpty;
-
 TEST_F(TextDialogTest, AnAssessmentEndsInOneBreakHoweverOftenItIsSaved) {
-  const struct {
-    const char* Before;
-    const char* After;
-  } cases[] = {{"", ""},
-               {"\r\n", ""},
-               {"eins", "eins\r\n"},
-               {"eins\r\n", "eins\r\n"},
-               {"eins\nzwei\n", "eins\r\nzwei\r\n"},
-               {"eins\r\n\r\n", "eins\r\n\r\n"},
-               {"a\u00A0b\u2028c", "a\u00A0b\u2028c\r\n"}};
+  const std::pair<const char*, const char*> cases[] = {{"", ""},
+                                                       {"\r\n", ""},
+                                                       {"eins", "eins\r\n"},
+                                                       {"eins\r\n", "eins\r\n"},
+                                                       {"eins\nzwei\n", "eins\r\nzwei\r\n"},
+                                                       {"eins\r\n\r\n", "eins\r\n\r\n"},
+                                                       {"a\u00A0b\u2028c", "a\u00A0b\u2028c\r\n"}};
   for (const auto& [before, after] : cases) {
     FText = before;
     for (int i = 0; i < 2; ++i) {

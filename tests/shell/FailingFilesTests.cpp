@@ -54,8 +54,7 @@ class TPlainUser {
 };
 
 /// Files that do not open as they should, next to those of the main window's test.
-class FailingFilesTest : public MainFormTest {
- protected:
+struct FailingFilesTest : MainFormTest {
   enum class TWay { Dialog, Pane, CommandLine };
 
   void SetUp() override {

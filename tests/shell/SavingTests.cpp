@@ -43,7 +43,7 @@ TEST_F(MainFormTest, SavingUnderANameMakesItAKnownKind) {
   SaveAs(FFolder / "klasse.txt");
   EXPECT_THAT(FBoxes.Texts, ElementsAre(HasSubstr("klasse.txt")));
   SaveAs("/dev/null/neu.kvrx");
-  EXPECT_THAT(FBoxes.Texts.back(), testing::StartsWith("Fehler beim Speichern der Datei.\r\n"));
+  EXPECT_THAT(FBoxes.Texts.back(), StartsWith("Fehler beim Speichern der Datei.\r\n"));
   EXPECT_EQ(FWindow.Status, FFolder / "a\\b.kvr7");
   EXPECT_EQ(OpeningErrorOf(FFolder / "a\\b.kvr7"), 32u);
 }
@@ -73,14 +73,11 @@ TEST_F(MainFormTest, AFileThatIsNotTheOpenOneIsOverwrittenAfterAYes) {
 }
 
 TEST_F(MainFormTest, AFileThatAnotherProgramChangedIsAskedAbout) {
-  const struct {
-    TVantrelMsgBoxResult Answer;
-    bool Closes;
-    const char* Holds;  ///< the file with the entry, none where nothing was saved
-  } cases[] = {{TVantrelMsgBoxResult::mbrYes, false, "small.kvr7"},
-               {TVantrelMsgBoxResult::mbrNo, false, "neu.kvr7"},
-               {TVantrelMsgBoxResult::mbrCancel, false, nullptr},
-               {TVantrelMsgBoxResult::mbrYes, true, "small.kvr7"}};
+  const std::tuple<TVantrelMsgBoxResult, bool, const char*> cases[] = {
+      {TVantrelMsgBoxResult::mbrYes, false, "small.kvr7"},
+      {TVantrelMsgBoxResult::mbrNo, false, "neu.kvr7"},
+      {TVantrelMsgBoxResult::mbrCancel, false, nullptr},
+      {TVantrelMsgBoxResult::mbrYes, true, "small.kvr7"}};
   const auto foreign = ReadFileText(FFolder / "empty.kvrx");
   const auto own = ReadFileText(FFolder / "small.kvr7");
   for (const auto& [answer, closes, holds] : cases) {

@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <ranges>
+#include <type_traits>
 #include <vector>
 
 /// What `get` gives of each element, in their order.
