@@ -1,5 +1,6 @@
 #include "CommandActions.h"
 
+#include <QApplication>
 #include <QWidget>
 
 #include "DesktopLook.h"
@@ -37,8 +38,10 @@ QAction* TCommandActions::ActionOf(TVantrelCommand& command) {
   action->setShortcuts(keys);
   action->setCheckable(!info.RadioGroup.empty());
   ShowState(command, *action);
-  QObject::connect(action, &QAction::triggered, action, [&command, &state = *action] {
-    command.Execute();
+  QObject::connect(action, &QAction::triggered, action, [this, &command, &state = *action] {
+    // A key may come while a dialog is being shown that does not take the keys yet.
+    const auto* modal = QApplication::activeModalWidget();
+    if (modal == nullptr || modal == FWindow.window()) command.Execute();
     ShowState(command, state);
   });
   command.OnChanged = [&command, &state = *action] { ShowState(command, state); };

@@ -2,8 +2,10 @@
 
 #include <algorithm>
 #include <array>
+#include <fstream>
 #include <hunspell/hunspell.hxx>
 
+#include "SystemFolders.h"
 #include "VantrelFileSystem.h"
 #include "VantrelText.h"
 
@@ -31,6 +33,21 @@ struct TVantrelHunspellDictionary::THunspell {
   bool IsUtf8 = Words.get_dict_encoding() == "UTF-8";
 };
 
+namespace {
+/// What is no dictionary loads as well, and knows nothing: one that does knows some of the first words of its file.
+bool KnowsItself(const Hunspell& words, const std::string& path) {
+  constexpr int tried = 100;
+  std::ifstream file(System::PathOf(path));
+  std::string line;
+  std::getline(file, line);  // the count
+  for (int i = 0; i < tried && std::getline(file, line); ++i) {
+    const auto word = line.substr(0, line.find_first_of("/\t\r "));
+    if (!word.empty() && words.spell(word)) return true;
+  }
+  return false;
+}
+}  // namespace
+
 TVantrelHunspellDictionary::TVantrelHunspellDictionary() = default;
 TVantrelHunspellDictionary::~TVantrelHunspellDictionary() = default;
 
@@ -39,7 +56,8 @@ bool TVantrelHunspellDictionary::Load() {
   if (!TVantrelFileSystem::Exists(Path) || !TVantrelFileSystem::Exists(AffixPath)) return false;
   auto hunspell = std::make_unique<THunspell>(AffixPath, Path);
   const auto& encoding = hunspell->Words.get_dict_encoding();
-  if (encoding == "UTF-8" || encoding == "ISO8859-1") FHunspell = std::move(hunspell);
+  const bool isReadable = encoding == "UTF-8" || encoding == "ISO8859-1";
+  if (isReadable && KnowsItself(hunspell->Words, Path)) FHunspell = std::move(hunspell);
   return IsLoaded();
 }
 

@@ -1,5 +1,6 @@
 #include "Ribbon.h"
 
+#include <QDialog>
 #include <QLabel>
 #include <QTest>
 
@@ -85,6 +86,17 @@ TEST_F(RibbonTest, CaptionsKeepTheirDotsAndMenuEntriesShowTheirKeys) {
   EXPECT_EQ(Button(0, 2)->text(), "A Drei lang...");
   EXPECT_EQ(Button(0, 2)->toolTip(), "A Drei lang");
   EXPECT_THAT(Collected(Ribbon().Menu().findChildren<QLabel*>(), &QLabel::text), testing::Contains("Strg+O"));
+}
+
+TEST_F(RibbonTest, KeysThatComeBeforeADialogTakesThemOpenNothing) {
+  QDialog dialog(&Window);
+  dialog.setModal(true);
+  dialog.show();
+  Button(0, 0)->defaultAction()->trigger();
+  EXPECT_TRUE(Executed.empty());
+  dialog.close();
+  Button(0, 0)->defaultAction()->trigger();
+  EXPECT_EQ(Executed.size(), 1U);
 }
 
 TEST_F(RibbonTest, OneOfARadioGroupIsDown) {

@@ -85,11 +85,18 @@ TEST_F(SpellingTest, WithoutDictionaryNothingIsMarked) {
   checker.Active = true;
   checker.MainDictionary.Path = FFolder / "fehlt.dic";
   EXPECT_FALSE(checker.MainDictionary.Load());
-  WriteFileText(FFolder / "fremd.aff", "SET KOI8-R\n");
-  WriteFileText(FFolder / "fremd.dic", "1\nwort\n");
   checker.MainDictionary.Path = FFolder / "fremd.dic";
   checker.MainDictionary.AffixPath = FFolder / "fremd.aff";
-  EXPECT_FALSE(checker.MainDictionary.Load());
+  const std::tuple<const char*, const char*, bool> files[] = {{"SET UTF-8\n", "1\nwort\n", true},
+                                                              {"SET KOI8-R\n", "1\nwort\n", false},
+                                                              {"", "", false},
+                                                              {"SET UTF-8\n", "1\n", false},
+                                                              {"SET UTF-8\n", "kein\nWörterbuch\n", false}};
+  for (const auto& [rules, words, loads] : files) {
+    WriteFileText(FFolder / "fremd.aff", rules);
+    WriteFileText(FFolder / "fremd.dic", words);
+    EXPECT_EQ(checker.MainDictionary.Load(), loads) << words;
+  }
   EXPECT_THAT(checker.Mistakes(u"xyzzq"), IsEmpty());
   EXPECT_THAT(checker.Suggest("xyzzq"), IsEmpty());
 }
