@@ -35,7 +35,7 @@ struct TVantrelHunspellDictionary::THunspell {
 
 namespace {
 /// What is no dictionary loads as well, and knows nothing: one that does knows some of the first words of its file.
-bool KnowsItself(const Hunspell& words, const std::string& path) {
+bool KnowsItself(Hunspell& words, const std::string& path) {
   constexpr int tried = 100;
   std::ifstream file(System::PathOf(path));
   std::string line;

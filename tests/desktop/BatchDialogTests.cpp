@@ -51,6 +51,11 @@ struct BatchDialogTest : SampleProjectTest {
   static void Key(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
     QTest::keyClick(QApplication::focusWidget(), key, modifiers);
   }
+  bool IsOpen(const char* editor) {
+    for (const auto* widget : FDialog->findChildren<QWidget*>())
+      if (widget->accessibleName() == editor) return widget->isEnabled();
+    throw std::runtime_error(editor);
+  }
   static void Type(const char* text) { QTest::keyClicks(QApplication::focusWidget(), text); }
   /// The captions of the buttons that can be pressed.
   std::vector<std::string> Open() {
@@ -98,6 +103,7 @@ TEST_F(BatchDialogTest, ChangesTheSelectedStudentsInTheTickedFieldsAlone) {
       },
       [&](TChangeMark mark) { changed.push_back(mark == TChangeMark::Begin ? "{" : "}"); });
   const auto before = Student(0).Versetzungsart;
+  FProject->Options().Columns().Find("Abschluss2")->Visible = false;
   Run([&] {
     EXPECT_EQ(FDialog->windowTitle(), "Sammelzuweisung \"Zeugnisdaten\"");
     EXPECT_THAT(Labels(), testing::Contains("Anzahl: 12"));
@@ -122,6 +128,8 @@ TEST_F(BatchDialogTest, ChangesTheSelectedStudentsInTheTickedFieldsAlone) {
     EXPECT_THAT(Open(), ElementsAre("&Zurück", "&Schließen"));
     EXPECT_THAT(Labels(), testing::Contains("Es werden 2 Schüler geändert."));
     EXPECT_EQ(QApplication::focusWidget(), &Box("Abschluss 1"));
+    EXPECT_FALSE(Box("Abschluss 2").isVisible());
+    EXPECT_FALSE(IsOpen("Abschlussdatum 1"));
     Tick("Abschlussdatum 1");
     EXPECT_THAT(Open(), ElementsAre("&Zurück", "&Fertigstellen", "&Schließen"));
     Type("19.6.2026");
@@ -206,6 +214,7 @@ TEST_F(BatchDialogTest, WhatIsNoValueWritesNothing) {
     Click("&Fertigstellen");
     EXPECT_EQ(QApplication::focusWidget()->accessibleName(), "Abschlussnote 2");
     Tick("Abschlussnote 2");
+    EXPECT_FALSE(IsOpen("Abschlussnote 2"));
     Click("&Fertigstellen");
     EXPECT_EQ(QApplication::focusWidget()->accessibleName(), "Zeugnisdatum");
     Key(Qt::Key_Escape);

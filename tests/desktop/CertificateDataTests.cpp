@@ -282,6 +282,8 @@ TEST_F(CertificateDataTest, FollowsTheStudentAndChangesFromElsewhere) {
   FView->GotoPrev();
   Type("3");
   EXPECT_EQ(Student(0).Fehltage.AsInt(), 3);
+  Key(Qt::Key_Escape);
+  EXPECT_EQ(Student(0).Fehltage.AsInt(), 5) << "what this student had, not what the field had before";
   FView->GotoNext();
 
   FProject->SetModified(false);

@@ -5,6 +5,7 @@
 #include <QPushButton>
 #include <QScrollArea>
 #include <QSizeGrip>
+#include <QTableView>
 #include <QTest>
 #include <QTimer>
 #include <QTreeWidget>
@@ -155,6 +156,59 @@ TEST_F(FieldFormTest, AFieldThatIsEnteredAgainBeginsAnew) {
   };
   EXPECT_EQ(typed("grade", 102, "2", "3"), TVariant(103));
   EXPECT_EQ(typed("days", TVariant::Null(), "3,", "4"), TVariant(34));
+  auto& days = Editor("days");
+  Type("5");
+  QTest::keyClick(&days, Qt::Key_Escape);
+  EXPECT_EQ(Form->Value("days"), TVariant(34)) << "as it was on this visit";
+}
+
+TEST_F(FieldFormTest, AnotherWindowInBetweenCostsNothingTyped) {
+  for (const auto reason : {Qt::ActiveWindowFocusReason, Qt::PopupFocusReason, Qt::MenuBarFocusReason}) {
+    Form->SetValue("date", TVariant::Null());
+    auto& date = Editor("date");
+    Type("1.2");
+    for (const auto type : {QEvent::FocusOut, QEvent::FocusIn}) {
+      QFocusEvent event(type, reason);
+      QApplication::sendEvent(&date, &event);
+    }
+    Type(".24");
+    EXPECT_EQ(Form->Value("date"), TVariant::DateTime(45323)) << reason;
+  }
+}
+
+TEST_F(FieldFormTest, StepsStayWithinTheLimits) {
+  for (const auto& [key, before, pressed, after] :
+       {std::tuple("days", TVariant(2147483647), Qt::Key_Up, TVariant(2147483647)),
+        {"days", TVariant(0), Qt::Key_Down, TVariant(0)},
+        {"mark", TVariant::Null(), Qt::Key_Up, TVariant(1.0)},
+        {"mark", TVariant(1.5), Qt::Key_Down, TVariant(1.0)}}) {
+    Form->SetValue(key, before);
+    QTest::keyClick(&Editor(key), pressed);
+    EXPECT_EQ(Form->Value(key), after) << key;
+  }
+}
+
+TEST_F(FieldFormTest, TheCalendarGivesTheDateThatIsChosen) {
+  const auto choose = [this](const std::function<void(QWidget & calendar, QTableView & days)>& how) {
+    Form->SetValue("date", TVariant::DateTime(45323));
+    auto& date = Editor("date");
+    QTest::keyClick(&date, Qt::Key_F4);
+    auto& calendar = *QApplication::activePopupWidget();
+    how(calendar, *calendar.findChild<QTableView*>());
+    return Shown(date);
+  };
+  EXPECT_EQ(choose([](QWidget&, QTableView& days) {
+              QTest::keyClick(&days, Qt::Key_Right);
+              QTest::keyClick(&days, Qt::Key_Return);
+            }),
+            "02.02.2024");
+  EXPECT_EQ(choose([](QWidget&, QTableView& days) {
+              const auto next = days.currentIndex().siblingAtColumn(days.currentIndex().column() + 1);
+              QTest::mouseClick(days.viewport(), Qt::LeftButton, {}, days.visualRect(next).center());
+            }),
+            "02.02.2024");
+  EXPECT_EQ(choose([](QWidget& calendar, QTableView&) { calendar.findChild<QPushButton*>()->click(); }),
+            QDate::currentDate().toString("dd.MM.yyyy"));
 }
 
 TEST_F(FieldFormTest, KeysLeadThroughTheFields) {

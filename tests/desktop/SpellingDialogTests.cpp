@@ -53,6 +53,36 @@ TEST_F(SpellingDialogTest, MistakesAreMarkedAndNothingIsChanged) {
   EditRemark([this] { EXPECT_THAT(Marked(), IsEmpty()); });
 }
 
+TEST_F(SpellingDialogTest, EachOptionHasItsOwnWords) {
+  FProject->Courses().GetItem(0)->SubjectName = "Jklqwrtz";
+  FText = "Jklqwrtz QWRTZ 10qx irina@qwrtz.qq www.jkl.qq";
+  const std::pair<bool TMyTessaronOptions::*, TWords> cases[] = {
+      {&TMyTessaronOptions::RechtschreibungMischfaelle, {}},
+      {&TMyTessaronOptions::RechtschreibungGross, {"QWRTZ"}},
+      {&TMyTessaronOptions::RechtschreibungZahl, {"10qx"}},
+      {&TMyTessaronOptions::RechtschreibungEmail, {"irina", "qwrtz", "qq"}},
+      {&TMyTessaronOptions::RechtschreibungURL, {"www", "jkl", "qq"}}};
+  for (const auto& [option, marked] : cases) {
+    (*FOptions).*option = false;
+    EditRemark([&] { EXPECT_EQ(Marked(), marked); });
+    (*FOptions).*option = true;
+  }
+}
+
+TEST_F(SpellingDialogTest, AnAddedWordIsKeptWhereTheUserMayWrite) {
+  UserDictionaryFileName = FFolder / "fehlt/User.dic";
+  FText = "gans";
+  FCorrectionScript = [this] { Press(*FCorrection, "Hinzufügen"); };
+  for (const bool mayWrite : {false, true}) {
+    UserDataFolder = mayWrite ? FFolder / "eigene" : "";
+    EditRemark([] { Key(Qt::Key_F7); });
+  }
+  UserDataFolder.clear();
+  const auto complete = "Die Rechtschreibprüfung ist abgeschlossen.";
+  EXPECT_THAT(FBoxes.Texts, ElementsAre(testing::HasSubstr("gans"), complete, complete));
+  EXPECT_EQ(ReadFileText(FFolder / "eigene/User.dic"), "gans\n");
+}
+
 TEST_F(SpellingDialogTest, TheCheckGoesRoundFromTheCursor) {
   const char *const change = "Ändern", *const changeAll = "Alle ändern", *const ignore = "Ignorieren",
                     *const ignoreAll = "Alle ignorieren", *const add = "Hinzufügen";

@@ -11,6 +11,7 @@ TEST_F(TextDialogTest, AnAssessmentEndsInOneBreakHoweverOftenItIsSaved) {
                                                        {"eins", "eins\r\n"},
                                                        {"eins\r\n", "eins\r\n"},
                                                        {"eins\nzwei\n", "eins\r\nzwei\r\n"},
+                                                       {"eins\rzwei", "eins\r\nzwei\r\n"},
                                                        {"eins\r\n\r\n", "eins\r\n\r\n"},
                                                        {"a\u00A0b\u2028c", "a\u00A0b\u2028c\r\n"}};
   for (const auto& [before, after] : cases) {
@@ -62,6 +63,13 @@ TEST_F(TextDialogTest, ARemarkKeepsWhatWasNotTouched) {
   }));
   EXPECT_EQ(FPosition, 0);
   EXPECT_EQ(FAttribute, "länger als acht") << "no more than eight can be typed";
+  EXPECT_TRUE(EditRemark([this] {
+    FDialog->Item(TTextDialogItem::AttributeEdit).SetFocus();
+    Key(Qt::Key_A, Qt::ControlModifier);
+    Key(Qt::Key_Delete);
+    SaveAndClose();
+  }));
+  EXPECT_EQ(FAttribute, "");
 }
 
 TEST_F(TextDialogTest, RowsAreAddedInTheOrderOfTheClicks) {
@@ -100,6 +108,19 @@ TEST_F(TextDialogTest, ReturnInAnEmptyCatalogueEndsNothing) {
     Key(Qt::Key_Return);
     EXPECT_TRUE(FDialog->isVisible());
   }));
+  FProject->CertificateComments().AddCertificateComment("A", "", "", 3);
+  FProject->CertificateComments().AddCertificateComment("B", "b", "", 0);
+  FLookups.AfterLoad(*FProject);
+  FLookups.SetOpen(FProject.get());
+  EXPECT_TRUE(EditRemark([this] {
+    Catalog().View().setFocus();
+    Key(Qt::Key_Return);
+    EXPECT_EQ(ItemText(TTextDialogItem::PositionEdit), "3") << "the row with the frame, though none is selected";
+    Key(Qt::Key_A, Qt::ControlModifier);
+    Key(Qt::Key_Return);
+    SaveAndClose();
+  }));
+  EXPECT_EQ(FText, "b") << "no break behind a row without a text";
 }
 
 TEST_F(TextDialogTest, TheSearchMovesTheFocusAndHidesNothing) {
