@@ -11,7 +11,9 @@
 #include "DesktopStudentsView.h"
 #include "DesktopTextDialog.h"
 #include "DesktopWelcomeView.h"
+#include "Environment.h"
 #include "Memory.h"
+#include "ProductNames.h"
 #include "QtText.h"
 #include "ShellTexts.h"
 #include "VantrelI18n.h"
@@ -52,6 +54,11 @@ TMainDialogs DialogScreens() {
           .BatchCertificateData = [] { return std::make_unique<TDesktopBatchDialog>(); }};
 }
 
+std::string RecoveryFolder() {
+  return System::UserFolder(System::TFolderKind::State) + '/' +
+         ProductNames::Path({ProductNames::Vendor, ProductNames::OwnName}, '/');
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -81,7 +88,8 @@ int main(int argc, char** argv) {
                                                             .Dialogs = dialogs,
                                                             .Storage = storage,
                                                             .Views = ViewsOn(window),
-                                                            .Screens = DialogScreens()},
+                                                            .Screens = DialogScreens(),
+                                                            .RecoveryFolder = RecoveryFolder()},
                                              arguments);
   window.show();
   return QApplication::exec();

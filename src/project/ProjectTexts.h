@@ -58,6 +58,7 @@ inline constexpr const char* StepOfField = "{} für {}";
 inline constexpr const char* StepOfRemarks = "Zeugnisbemerkungen für {}";
 inline constexpr const char* StepOfStudent = "{} Angaben für {}";
 inline constexpr const char* StepOfMany = "{} Angaben bei {} Schülern";
+inline constexpr const char* NoJournal = "Die gemerkten Eingaben sind nicht lesbar.";
 inline constexpr const char* TokenLabel = "Kürzel";
 inline constexpr const char* PasswordNotStorable =
     "Das Kennwort der Datei enthält Zeichen, die das XML-Format nicht aufnehmen kann. Die Datei wurde nicht "

@@ -1,5 +1,15 @@
 #include "uProjectChanges.h"
 
+#include <bit>
+
+bool IsSameValue(const TVariant& one, const TVariant& other) {
+  if (one.Kind() != other.Kind()) return false;
+  if (one.Kind() == TVariantKind::Text) return one.AsText() == other.AsText();
+  if (one.Kind() == TVariantKind::Float || one.Kind() == TVariantKind::DateTime)
+    return std::bit_cast<std::uint64_t>(one.AsFloat()) == std::bit_cast<std::uint64_t>(other.AsFloat());
+  return one == other;
+}
+
 TProjectListeners::TToken TProjectListeners::Add(TListener listener, TMarkListener onMark) {
   auto token = std::make_shared<const TEntry>(TEntry{std::move(listener), std::move(onMark)});
   FListeners.push_back(token);

@@ -29,6 +29,9 @@ struct TProjectChange {
   TVantrelPtr<TVantrelDataObject>* Removed = nullptr;
 };
 
+/// Bit for bit, and not as a database sees it.
+bool IsSameValue(const TVariant& one, const TVariant& other);
+
 /// What is told between the changes.
 enum class TChangeMark {
   Begin,  ///< what comes until the end belongs together

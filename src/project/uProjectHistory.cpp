@@ -1,6 +1,5 @@
 #include "uProjectHistory.h"
 
-#include <bit>
 #include <set>
 
 #include "ProjectTexts.h"
@@ -9,15 +8,6 @@
 #include "uRecordTexts.h"
 
 namespace {
-
-/// Bit for bit, and not as a database sees it.
-bool IsSame(const TVariant& one, const TVariant& other) {
-  if (one.Kind() != other.Kind()) return false;
-  if (one.Kind() == TVariantKind::Text) return one.AsText() == other.AsText();
-  if (one.Kind() == TVariantKind::Float || one.Kind() == TVariantKind::DateTime)
-    return std::bit_cast<std::uint64_t>(one.AsFloat()) == std::bit_cast<std::uint64_t>(other.AsFloat());
-  return one == other;
-}
 
 const TStudent* OwnerOf(const TMyTessaronProject& project, const TVantrelDataList* list,
                         const TVantrelDataObject& remark) {
@@ -35,6 +25,22 @@ std::string NameOf(const TMyTessaronProject& project, const TStudent* student) {
 }
 
 }  // namespace
+
+TProjectPlace PlaceOf(const TMyTessaronProject& project, const TVantrelDataObject& record, const TVantrelDataList* list,
+                      std::string_view key) {
+  TProjectPlace place{.Key = key};
+  if (const auto* course = dynamic_cast<const TCourse*>(&record)) {
+    place.Course = course;
+    place.Student = course->Student;
+  } else if (const auto* student = dynamic_cast<const TStudent*>(&record)) {
+    place.Student = student;
+  } else if (const auto* remark = dynamic_cast<const TCertificateComment*>(&record)) {
+    place.IsRemark = true;
+    place.Student = OwnerOf(project, list, *remark);
+    if (place.Student != nullptr && place.Student->CertificateComments()->IndexOf(remark) >= 0) place.Remark = remark;
+  }
+  return place;
+}
 
 TProjectHistory::TProjectHistory(TMyTessaronProject& project)
     : FProject(project),
@@ -82,7 +88,7 @@ void TProjectHistory::Follow(TChangeMark mark) {
 void TProjectHistory::Seal() {
   TStep step = std::exchange(FOpen, {});
   std::erase_if(step, [](const auto& change) {
-    return change.Kind == TChangeKind::Field && IsSame(change.Before, change.After);
+    return change.Kind == TChangeKind::Field && IsSameValue(change.Before, change.After);
   });
   if (step.empty()) return;
   if (FSavedAt != NowhereSaved && FSavedAt > FPosition) FSavedAt = NowhereSaved;
@@ -115,7 +121,7 @@ TProjectPlace TProjectHistory::Replay(TStep& step, bool forwards) {
   FPosition = forwards ? FPosition + 1 : FPosition - 1;
   FProject.SetModified(FPosition != FSavedAt);
   TellChange();
-  return PlaceOf(step.front());
+  return PlaceOf(FProject, *step.front().Record, step.front().List, step.front().Key);
 }
 
 /// What cannot be replayed is followed by nothing that could be.
@@ -152,31 +158,16 @@ void TProjectHistory::Apply(TKeptChange& change, bool forwards) {
   FReplayed = nullptr;
 }
 
-TProjectPlace TProjectHistory::PlaceOf(const TKeptChange& change) const {
-  TProjectPlace place{.Key = change.Key};
-  if (const auto* course = dynamic_cast<const TCourse*>(change.Record)) {
-    place.Course = course;
-    place.Student = course->Student;
-  } else if (const auto* student = dynamic_cast<const TStudent*>(change.Record)) {
-    place.Student = student;
-  } else if (const auto* remark = dynamic_cast<const TCertificateComment*>(change.Record)) {
-    place.IsRemark = true;
-    place.Student = OwnerOf(FProject, change.List, *remark);
-    if (place.Student != nullptr && place.Student->CertificateComments()->IndexOf(remark) >= 0) place.Remark = remark;
-  }
-  return place;
-}
-
 std::string TProjectHistory::TextOf(const TStep& step) const {
   std::set<const TStudent*> students;
   bool areRemarks = true;
   for (const auto& change : step) {
-    const auto place = PlaceOf(change);
+    const auto place = PlaceOf(FProject, *change.Record, change.List);
     students.insert(place.Student);
     areRemarks = areRemarks && place.IsRemark;
   }
   if (students.size() > 1) return FormatText(ProjectTexts::StepOfMany, step.size(), students.size());
-  const auto place = PlaceOf(step.front());
+  const auto place = PlaceOf(FProject, *step.front().Record, step.front().List, step.front().Key);
   const auto name = NameOf(FProject, place.Student);
   if (areRemarks) return FormatText(ProjectTexts::StepOfRemarks, name);
   if (step.size() > 1) return FormatText(ProjectTexts::StepOfStudent, step.size(), name);

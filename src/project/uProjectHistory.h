@@ -19,6 +19,11 @@ struct TProjectPlace {
   std::string_view Key = {};
 };
 
+/// The place of a record, and of its field. `list` is the one that holds it or has held it; null where it stands in its
+/// own.
+TProjectPlace PlaceOf(const TMyTessaronProject& project, const TVantrelDataObject& record, const TVantrelDataList* list,
+                      std::string_view key = {});
+
 /// Everything that was changed in the project since it was opened, in steps that can be taken back and done again: one
 /// per change, or one for all that belongs together or was posted by one editor. What ends where it began is no step.
 ///
@@ -68,7 +73,6 @@ class TProjectHistory {
   TProjectPlace Replay(TStep& step, bool forwards);
   void Apply(TKeptChange& change, bool forwards);
   void Forget();
-  TProjectPlace PlaceOf(const TKeptChange& change) const;
   std::string TextOf(const TStep& step) const;
 
   TMyTessaronProject& FProject;

@@ -88,6 +88,16 @@ inline constexpr const char* DefectsOpened = "Die Datei ist geöffnet. Bitte mel
 inline constexpr const char* DamagedOpened =
     "Geöffnet ist, was sich lesen ließ. Beim ersten Speichern bleibt die Datei, wie sie jetzt ist, daneben erhalten "
     "(mit der Endung „.beschaedigt“).";
+inline constexpr const char* RecoveryRests = "{} - die Eingaben können gerade nicht gesichert werden";
+inline constexpr const char* RecoveryCaption = "Wiederherstellung";
+inline constexpr const char* RecoveryQuestion =
+    "Eingaben zu dieser Datei, die nicht gespeichert wurden: {} (begonnen {}).\r\n\r\n"
+    "Ja stellt sie wieder her; sie können danach gespeichert oder zurückgenommen werden.\r\n"
+    "Nein verwirft sie.\r\nAbbrechen lässt sie bis zum nächsten Öffnen liegen.";
+inline constexpr const char* RecoveryDiffers =
+    "In der Datei steht inzwischen etwas anderes: {} der Eingaben wurden deshalb nicht übernommen.";
+inline constexpr const char* TodayAt = "heute, {:02}:{:02} Uhr";
+inline constexpr const char* DayAt = "am {:02}.{:02}.{}, {:02}:{:02} Uhr";
 inline constexpr const char* NotSaved = "Nicht gespeichert";
 inline constexpr const char* NotSavedSince = "Nicht gespeichert (zuletzt um {:02}:{:02} Uhr)";
 inline constexpr const char* SavedAt = "Gespeichert um {:02}:{:02} Uhr";

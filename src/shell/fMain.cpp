@@ -38,6 +38,8 @@ TMainForm::TMainForm(TMainFormPorts ports, std::vector<std::string> arguments)
                  .ExportGrid = [this](TVantrelGrid& grid, const std::string& title) { ExportGrid(grid, title); },
                  .RecentFiles = [this] { return FRecentFiles.Items(); },
                  .OpenRecentFile = [this](int index) { FWindow.OnRecentClick(index); }},
+      FRecovery(FPorts.RecoveryFolder),
+      FRecoveryTimer(FPorts.Dialogs.CreateTimer()),
       FFormContainer(FPorts.Dialogs, FWaitCursor) {
   FOpenFileDialog.Title = ResourceText(ShellTexts::OpenTitle);
   FOpenFileDialog.FilterIndex = EncryptedXmlFilter;

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "VantrelFormContainer.h"
+#include "VantrelMsgBox.h"
 #include "dialogs/fSplashScreen.h"
 #include "dialogs/fTextDialog.h"
 #include "fBaseMainForm.h"
@@ -18,6 +19,7 @@
 #include "uProjectHistory.h"
 #include "uProjectLookups.h"
 #include "uRecentFiles.h"
+#include "uRecovery.h"
 
 /// What the main window is built on. All of it outlives it.
 struct TMainFormPorts {
@@ -26,6 +28,8 @@ struct TMainFormPorts {
   TVantrelStorage& Storage;
   TViewClasses Views;
   TMainDialogs Screens = {};
+  /// Where entries are kept until they are saved; empty for nowhere.
+  std::string RecoveryFolder = {};
 };
 
 /// The spine of the program: owns the open project, opens, saves and closes it, and changes the views. Made before the
@@ -81,6 +85,9 @@ class TMainForm final : public TBaseMainForm {
   bool CostsEntries(const TMyTessaronProject& project) const;
   void SetCurrentProject(TVantrelPtr<TMyTessaronProject> project);
   void AfterProjectLoaded();
+  /// Once the view has been painted.
+  void OfferRecovery();
+  TVantrelMsgBoxResult AskToSave();
   void LoadOptions();
   /// What cannot be saved is told once for all of it: the program ends in any case.
   void SaveSettings();
@@ -119,6 +126,8 @@ class TMainForm final : public TBaseMainForm {
   TMyTessaronViews FCurrentView = TMyTessaronViews::viewWelcome;
   TVantrelPtr<TMyTessaronProject> FProject;
   std::optional<TProjectHistory> FHistory;
+  TRecovery FRecovery;
+  std::unique_ptr<TVantrelTimer> FRecoveryTimer;
   /// When the open project was saved last, in days; 0 while it was not.
   double FSavedAt = 0;
   TProjectLookups FLookups;

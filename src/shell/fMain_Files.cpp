@@ -31,12 +31,6 @@ bool FileIsThere(const std::string& path) {
   return std::filesystem::is_regular_file(System::PathOf(path), ignored);
 }
 
-TVantrelMsgBoxResult AskToSave() {
-  // No costs the entries: that takes more than Escape.
-  return MsgBoxAsk(ResourceText(ShellTexts::NoteCaption), ResourceText(ShellTexts::SaveQuestion), false,
-                   TVantrelMsgBoxParent::mbpActiveWindow, 2, false);
-}
-
 /// The whole name for one that was chosen in the save dialog: without final dots, of a kind of its own or of the usual.
 std::string TargetOf(std::string path) {
   while (path.ends_with('.') && !path.ends_with("/.")) path.pop_back();
@@ -100,12 +94,16 @@ bool TMainForm::CostsEntries(const TMyTessaronProject& project) const {
 /// The view goes before the project that it shows.
 void TMainForm::SetCurrentProject(TVantrelPtr<TMyTessaronProject> project) {
   FFormContainer.FreeEmbeddedForm();
+  FRecovery.Leave();
   CurrentProject = nullptr;
   FHistory.reset();
   FSavedAt = 0;
   FProject = std::move(project);
   CurrentProject = FProject.get();
-  if (FProject != nullptr) FHistory.emplace(*FProject).OnChange = [this] { UpdateHistoryCommands(); };
+  if (FProject != nullptr) {
+    FHistory.emplace(*FProject).OnChange = [this] { UpdateHistoryCommands(); };
+    FRecovery.Follow(*FProject);
+  }
   FLookups.SetOpen(CurrentProject);
   ShowStandingNote();
 }
@@ -116,11 +114,26 @@ void TMainForm::AfterProjectLoaded() {
   UpdateCommands();
   if (const auto report = LoadReport(*CurrentProject); !report.empty())
     MsgBoxWarning(ResourceText(ShellTexts::NoteCaption), report);
+  OfferRecovery();
+}
+
+void TMainForm::OfferRecovery() {
+  FRecoveryTimer->Start(1, [this] {
+    FRecoveryTimer->Stop();
+    RunForUser([this] { FRecovery.Offer([this] { return FPorts.Dialogs.AskPassword(); }); });
+  });
 }
 
 /// The welcome view is built anew with each open project, so that only the status text is left.
 void TMainForm::UpdateAll() {
   UpdateStatusText();
+}
+
+TVantrelMsgBoxResult TMainForm::AskToSave() {
+  FRecovery.Flush();
+  // No costs the entries: that takes more than Escape.
+  return MsgBoxAsk(ResourceText(ShellTexts::NoteCaption), ResourceText(ShellTexts::SaveQuestion), false,
+                   TVantrelMsgBoxParent::mbpActiveWindow, 2, false);
 }
 
 void TMainForm::OpenFile() {
@@ -266,9 +279,12 @@ void TMainForm::ShowStandingNote() {
 }
 
 std::string TMainForm::NotSavedText() const {
-  if (FSavedAt == 0) return ResourceText(ShellTexts::NotSaved);
-  const auto saved = DecodeDateTime(FSavedAt);
-  return FormatText(ShellTexts::NotSavedSince, saved.Hour, saved.Minute);
+  auto text = ResourceText(ShellTexts::NotSaved);
+  if (FSavedAt != 0) {
+    const auto saved = DecodeDateTime(FSavedAt);
+    text = FormatText(ShellTexts::NotSavedSince, saved.Hour, saved.Minute);
+  }
+  return FRecovery.IsResting() ? FormatText(ShellTexts::RecoveryRests, text) : text;
 }
 
 bool TMainForm::SaveFileAs() {

@@ -70,6 +70,8 @@ class TFile {
   TCode SetPosition(std::int64_t position);
   TResult<std::int64_t> Size() const;
   TCode SetSize(std::int64_t size);
+  /// What was written stands on the disk.
+  TCode Flush();
 
   TFileState State() const;
   TFileRights Rights() const;

@@ -32,10 +32,13 @@ struct MainFormTest : testing::Test {
 
   void Start(std::vector<std::string> arguments = {}) {
     FForm.reset();
-    FForm = CreateVantrel<TMainForm>(
-        TMainFormPorts{
-            .Window = FWindow, .Dialogs = FDialogs, .Storage = FSettings, .Views = FViews, .Screens = FScreens},
-        std::move(arguments));
+    FForm = CreateVantrel<TMainForm>(TMainFormPorts{.Window = FWindow,
+                                                    .Dialogs = FDialogs,
+                                                    .Storage = FSettings,
+                                                    .Views = FViews,
+                                                    .Screens = FScreens,
+                                                    .RecoveryFolder = FRecoveryFolder},
+                                     std::move(arguments));
     FScreen.show();
     FWindow.OnShow();
   }
@@ -86,6 +89,7 @@ struct MainFormTest : testing::Test {
   TDesktopMainWindow FScreen;
   TDesktopStudentsView* FStudents = nullptr;
   bool FFailing = false;
+  std::string FRecoveryFolder;
   TViewClasses FViews{
       {TMyTessaronViews::viewWelcome, ViewClass<TWelcomeView>([] { return std::make_unique<FakeWelcomeUi>(); })},
       {TMyTessaronViews::viewStudents, ViewClass<TStudentsView>([this] { return StudentsUi(); })}};

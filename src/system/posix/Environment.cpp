@@ -18,7 +18,8 @@ constexpr struct {
   const char* MachineVariable;
   const char* MachineFolders;
 } Rules[] = {{"XDG_CONFIG_HOME", "/.config", "XDG_CONFIG_DIRS", "/etc/xdg"},
-             {"XDG_DATA_HOME", "/.local/share", "XDG_DATA_DIRS", "/usr/local/share:/usr/share"}};
+             {"XDG_DATA_HOME", "/.local/share", "XDG_DATA_DIRS", "/usr/local/share:/usr/share"},
+             {"XDG_STATE_HOME", "/.local/state", "", ""}};
 
 const auto& RulesOf(System::TFolderKind kind) {
   return Rules[static_cast<std::size_t>(kind)];

@@ -154,6 +154,10 @@ TCode TFile::SetSize(std::int64_t size) {
   return ::ftruncate(FNative->Descriptor, std::max<std::int64_t>(size, 0)) != 0 ? LastCode() : Success;
 }
 
+TCode TFile::Flush() {
+  return ::fsync(FNative->Descriptor) != 0 && errno != EINVAL ? LastCode() : Success;
+}
+
 TFileState TFile::State() const {
   TFileState state;
   struct stat status {};
