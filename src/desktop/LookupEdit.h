@@ -43,6 +43,9 @@ class TLookupEdit : public QLineEdit, public TValueEditor {
   void moveEvent(QMoveEvent* event) override;
 
  private:
+  /// So many entries are seen without scrolling.
+  static constexpr int ShownRows = 12;
+
   struct TEntry {
     TVariant Key;
     QString Shown;

@@ -12,7 +12,6 @@
 #include <QWheelEvent>
 
 #include "DesktopFieldForm.h"
-#include "DesktopModalForm.h"
 #include "DesktopViewScreen.h"
 #include "LookupEdit.h"
 #include "Testing.h"
@@ -387,20 +386,4 @@ TEST_F(FieldFormTest, TicksAndGroups) {
   EXPECT_FALSE(Form->IsTicked("days") || Form->IsTicked("unbekannt"));
   Form->SetGroupVisible("values", false);
   EXPECT_FALSE(Form->findChildren<QGroupBox*>()[1]->isVisible());
-}
-
-TEST(ModalFormTest, AsksBeforeItEnds) {
-  TDesktopModalForm form;
-  std::vector<bool> asked;
-  form.OnCloseQuery = [&](bool ok) {
-    asked.push_back(ok);
-    return asked.size() > 2;
-  };
-  QTimer::singleShot(0, [&] {
-    form.Close(true);
-    QTest::keyClick(&form, Qt::Key_Escape);
-    form.close();
-  });
-  EXPECT_FALSE(form.ShowModal());
-  EXPECT_EQ(asked, (std::vector{true, false, false}));
 }
