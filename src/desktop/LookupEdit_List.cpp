@@ -1,5 +1,6 @@
 // The drop-down of a lookup: its rows, its place beside the editor, and the mouse over it.
 #include <QHeaderView>
+#include <QMouseEvent>
 #include <QScreen>
 #include <QScrollBar>
 #include <QSizeGrip>

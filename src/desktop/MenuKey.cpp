@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QContextMenuEvent>
+#include <QWidget>
 
 bool OpensMenu(const QKeyEvent& key, const QWidget& window) {
   auto* focused = window.focusWidget();
