@@ -104,9 +104,11 @@ void TGridDelegate::Finish(QWidget* editor, bool revert) {
 }
 
 bool TGridDelegate::eventFilter(QObject* watched, QEvent* event) {
-  const bool isOwn = FView.CellEdit().IsOf(watched);
-  if (isOwn && FView.CellEdit().Editor()->DecidesOn(*event)) return true;
-  const bool isKey = isOwn && event->type() == QEvent::KeyPress;
-  if (isKey && FView.EditorKey(*static_cast<QKeyEvent*>(event))) return true;
+  // Other events come while the view goes as well.
+  const bool isKey = event->type() == QEvent::KeyPress || event->type() == QEvent::ShortcutOverride;
+  if (isKey && FView.CellEdit().IsOf(watched)) {
+    if (FView.CellEdit().Editor()->DecidesOn(*event)) return true;
+    if (event->type() == QEvent::KeyPress && FView.EditorKey(*static_cast<QKeyEvent*>(event))) return true;
+  }
   return QStyledItemDelegate::eventFilter(watched, event);
 }
