@@ -179,7 +179,7 @@ void TypeGrades(benchmark::State& state, TProgram& program) {
     program.Paint();
     if (grid.IsEditing() != digit) return state.SkipWithError("no editor");
     digit = !digit;
-    if (!digit || grid.FocusedRecord() < grid.RecordCount() - 1) continue;
+    if (!digit || grid.CanGotoNext()) continue;
     state.PauseTiming();
     grid.GotoFirst();
     program.Paint();
