@@ -67,7 +67,8 @@ class TProgram {
                        })},
                       {TMyTessaronViews::viewClasses, ViewClass<TClassesView>([this] {
                          return std::make_unique<TDesktopListView>(Window, ViewTexts::ClassesLabel);
-                       })}}},
+                       })}},
+            .RecoveryFolder = FPath.string() + ".state"},
         std::vector{FPath.string()});
     Window.resize(1366, 768);
     Window.show();
@@ -78,6 +79,7 @@ class TProgram {
   ~TProgram() {
     CurrentProject->SetModified(false);
     FForm.reset();
+    std::filesystem::remove_all(FPath.string() + ".state");
     std::filesystem::remove(FPath);
   }
 
