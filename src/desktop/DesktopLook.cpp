@@ -84,6 +84,11 @@ class TLook : public QProxyStyle {
     QProxyStyle::drawPrimitive(element, option, painter, widget);
     if (element == PE_Frame) DrawFrame(*option, *painter, qobject_cast<const QPlainTextEdit*>(widget) != nullptr);
     if (element == PE_FrameLineEdit) DrawEdge(option->rect, *option, *painter);
+    if (element == PE_IndicatorCheckBox) {
+      QStyleOption edge = *option;
+      edge.state.setFlag(State_HasFocus, false);
+      DrawEdge(edge.rect, edge, *painter);
+    }
     if (element != PE_FrameGroupBox) return;
     // Fusion leaves room for the title above.
     constexpr int titleMargin = 3;
